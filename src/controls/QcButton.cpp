@@ -1,0 +1,244 @@
+#include <Velmora/PostOwnedTask.h>
+#include <Velmora/QcButton.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "controls/ButtonAccessible_p.h"
+#include "controls/ButtonState_p.h"
+#include "core/ApplicationEvents_p.h"
+#include "theme/TokenPainting_p.h"
+
+#include <QCursor>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QResizeEvent>
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+constexpr int kHeight = 24;
+constexpr int kFontPixels = 12;
+
+} // namespace
+
+QcButton::QcButton(QWidget *parent)
+    : QPushButton(parent)
+{
+    InstallButtonAccessibility();
+    setFixedHeight(kHeight);
+    QFont font;
+    font.setPixelSize(kFontPixels);
+    setFont(font);
+    SetBorderRadius(4);
+    connect(this, &QAbstractButton::toggled, this, &QcButton::OnToggled);
+    // Applied directly: it holds no colour, so a theme change need not parse it again.
+    setStyleSheet(QStringLiteral("Velmora--QcButton { padding: 0px; }"));
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+    // Later, when the object is of its own class and the call reaches the variant.
+    PostOwnedTask(this, [this] { UpdateUiParams(); }, std::string());
+    WatchApplicationEvents(this, {QEvent::MouseButtonPress, QEvent::ApplicationDeactivate});
+}
+
+QcButton::~QcButton() = default;
+
+void QcButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_backgroundColorParams[state] = code;
+    update();
+}
+
+void QcButton::SetBorderColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_borderColorParams[state] = code;
+    update();
+}
+
+void QcButton::SetTextColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_textColorParams[state] = code;
+    update();
+}
+
+void QcButton::SetIconParam(QFlags<QStyle::StateFlag> state, const ImageParams &params)
+{
+    m_iconParams[state] = params;
+    updateGeometry();
+    update();
+}
+
+void QcButton::SetIconPath(const QString &path)
+{
+    m_iconPath = path;
+    updateGeometry();
+    update();
+}
+
+void QcButton::SetBorderRadius(int radius)
+{
+    m_borderRadius = radius;
+    update();
+}
+
+void QcButton::setHorizontalMargin(int margin)
+{
+    m_horizontalMargin = margin;
+    updateGeometry();
+}
+
+void QcButton::setText(QString text)
+{
+    QAbstractButton::setText(text);
+    updateGeometry();
+}
+
+QSize QcButton::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize QcButton::minimumSizeHint() const
+{
+    const auto namesIcon = [](const ImageParams &params) { return !params.path.isEmpty(); };
+    const bool hasIcon = !m_iconPath.isEmpty() || std::any_of(m_iconParams.cbegin(), m_iconParams.cend(), namesIcon);
+    const int iconWidth = hasIcon ? height() : 0;
+    const int spacing = hasIcon && !text().isEmpty() ? m_iconTextSpacing : 0;
+    return QSize(QFontMetrics(font()).horizontalAdvance(text()) + spacing + 2 * m_horizontalMargin + iconWidth, kHeight);
+}
+
+// --- State ---
+
+void QcButton::UpdateUiParams() {}
+
+bool QcButton::IsCursorInside() const
+{
+    return rect().contains(mapFromGlobal(QCursor::pos()));
+}
+
+void QcButton::SetStateFlag(QStyle::StateFlag flag, bool on)
+{
+    m_state = on ? m_state | flag : m_state & ~flag;
+}
+
+void QcButton::OnToggled(bool checked)
+{
+    SetStateFlag(QStyle::State_Selected, checked);
+    update();
+}
+
+bool QcButton::eventFilter(QObject *watched, QEvent *event)
+{
+    // Shakes off states that no leave or release event ended, as when a popup or another window took the mouse.
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate) {
+        if (!IsCursorInside()) {
+            SetStateFlag(QStyle::State_MouseOver, false);
+            SetStateFlag(QStyle::State_Sunken, false);
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void QcButton::mousePressEvent(QMouseEvent *event)
+{
+    SetStateFlag(QStyle::State_Sunken, true);
+    update();
+    QAbstractButton::mousePressEvent(event);
+}
+
+void QcButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    SetStateFlag(QStyle::State_Sunken, false);
+    update();
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
+void QcButton::enterEvent(QEvent *event)
+{
+    SetStateFlag(QStyle::State_MouseOver, true);
+    update();
+    QWidget::enterEvent(event);
+}
+
+void QcButton::leaveEvent(QEvent *event)
+{
+    // With the cursor still inside, a popup has opened over the button, which stays hovered.
+    if (!IsCursorInside()) {
+        SetStateFlag(QStyle::State_MouseOver, false);
+        SetStateFlag(QStyle::State_Sunken, false);
+    }
+    update();
+    QWidget::leaveEvent(event);
+}
+
+void QcButton::resizeEvent(QResizeEvent *event)
+{
+    // The icon is as wide as the button is high.
+    if (event->oldSize().height() != event->size().height())
+        updateGeometry();
+    QWidget::resizeEvent(event);
+}
+
+void QcButton::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange) {
+        SetStateFlag(QStyle::State_Enabled, isEnabled());
+        if (isEnabled())
+            unsetCursor();
+        else
+            setCursor(Qt::ForbiddenCursor);
+        update();
+    }
+    QAbstractButton::changeEvent(event);
+}
+
+// --- Painting ---
+
+void QcButton::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QStyle::State look = ButtonState::LookFor(m_state);
+
+    const QString background = m_backgroundColorParams.value(look);
+    if (!background.isEmpty())
+        FillRounded(painter, rect(), m_borderRadius, background);
+
+    // Centred on the outer edge: half of the line lies outside and is clipped.
+    const QString border = m_borderColorParams.value(look);
+    if (!border.isEmpty())
+        OutlineRounded(painter, rect(), m_borderRadius, border);
+
+    PaintContent(painter, m_iconParams.value(look), m_textColorParams.value(look));
+}
+
+void QcButton::PaintContent(QPainter &painter, ImageParams icon, const QString &textCode)
+{
+    const QString caption = text();
+    if (icon.path.isEmpty())
+        icon.path = m_iconPath;
+    icon.size = caption.isEmpty() ? size() : QSize(height(), height());
+    const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(icon);
+
+    if (caption.isEmpty()) {
+        if (!pixmap.isNull())
+            painter.drawPixmap(rect(), pixmap);
+        return;
+    }
+
+    painter.setPen(textCode.isEmpty() ? palette().color(QPalette::ButtonText) : TokenColor(textCode));
+    painter.setFont(font());
+    if (pixmap.isNull()) {
+        painter.drawText(rect(), Qt::AlignCenter, caption);
+        return;
+    }
+    // Icon and text side by side, centred together.
+    const int textWidth = painter.fontMetrics().horizontalAdvance(caption);
+    const int x = (width() - (textWidth + icon.size.width())) / 2;
+    const int y = (height() - icon.size.height()) / 2;
+    painter.drawPixmap(QRect(QPoint(x, y), icon.size), pixmap);
+    painter.drawText(QRect(x + icon.size.width(), 0, textWidth, height()), Qt::AlignVCenter, caption);
+}
+
+} // namespace Velmora

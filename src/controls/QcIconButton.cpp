@@ -1,0 +1,31 @@
+#include <Velmora/QcIconButton.h>
+
+#include "controls/ButtonTables_p.h"
+
+namespace Velmora {
+
+namespace {
+
+constexpr ButtonTables kTables = {
+    {"transparent", "transparent", "bg/bg_transluent_strong_hover", "bg/bg_transluent_strong_press", "bg/bg_transluent_strong_active",
+     "bg/bg_transluent_strong_active", "bg/bg_transluent_strong_active", "bg/bg_transluent_strong_active"},
+    kNoTokens,
+    kNoTokens,
+    {"text/text_disabled", "icon/icon_secondary", "icon/icon_secondary", "icon/icon_secondary", "icon/icon_primary", "icon/icon_primary",
+     "icon/icon_primary", "icon/icon_primary"},
+};
+
+} // namespace
+
+QcIconButton::QcIconButton(QWidget *parent)
+    : QcButton(parent)
+{
+    setFixedSize(24, 24);
+}
+
+void QcIconButton::UpdateUiParams()
+{
+    InstallTables(*this, kTables);
+}
+
+} // namespace Velmora

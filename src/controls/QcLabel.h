@@ -1,0 +1,58 @@
+#pragma once
+
+#include <Velmora/VelmoraExport.h>
+
+#include <QLabel>
+#include <QString>
+
+namespace Velmora {
+
+/// A themed label: one line of text, elided at its right end, or an icon that fills it.
+///
+/// Word wrap, rich text, indent and frame of QLabel play no part. With both a text and an icon only the text shows;
+/// the icon appears when the text goes.
+class VELMORA_EXPORT QcLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    /// The text styles, by family, pixel size and colour token.
+    enum LabelType {
+        Display = 0,           ///< Roboto Bold 28, text/text_primary
+        Headline = 1,          ///< Roboto Bold 20, text/text_primary
+        Subtitle = 2,          ///< Open Sans Medium 16, text/text_primary
+        SubtitleSecondary = 3, ///< Open Sans Medium 16, text/text_secondary
+        Caption = 4,           ///< Roboto Bold 14, text/text_caption
+        CaptionSmall = 5,      ///< Roboto Bold 12, text/text_caption
+        Body = 6,              ///< Open Sans Medium 12, text/text_primary
+        BodySecondary = 7,     ///< Open Sans Medium 12, text/text_secondary
+        Hint = 8,              ///< Open Sans Medium 10, text/text_tertairy
+    };
+    Q_ENUM(LabelType)
+
+    explicit QcLabel(QWidget *parent = nullptr);
+
+    /// Applies a style's font and colour. Until it is called a label has the default font and no colour token. A number
+    /// above 8 keeps the token and applies the default font.
+    void setType(LabelType type);
+    /// Sets the text and announces the new size hint.
+    void setText(const QString &text);
+    /// The icon's file; shown at the label's size once both path and colour are set.
+    void SetIconPath(const QString &path);
+    /// The colour code of the icon.
+    void SetIconColorParams(const QString &code);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void UpdateIcon();
+
+    LabelType m_type = Caption;
+    QString m_textColorParams;
+    QString m_iconPath;
+    QString m_iconColorParams;
+};
+
+} // namespace Velmora

@@ -1,0 +1,32 @@
+#include <Velmora/QcTextLinkButton.h>
+
+#include "controls/ButtonTables_p.h"
+
+namespace Velmora {
+
+namespace {
+
+constexpr ButtonTables kTables = {
+    AllStates("transparent"),
+    AllStates("transparent"),
+    kLinkText,
+    kLinkText,
+};
+
+} // namespace
+
+QcTextLinkButton::QcTextLinkButton(QWidget *parent)
+    : QcButton(parent)
+{
+    setMinimumHeight(24);
+}
+
+void QcTextLinkButton::UpdateUiParams()
+{
+    QFont underlined = font();
+    underlined.setUnderline(true);
+    setFont(underlined);
+    InstallTables(*this, kTables);
+}
+
+} // namespace Velmora

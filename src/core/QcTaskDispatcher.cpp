@@ -1,0 +1,110 @@
+#include <Velmora/QcTaskDispatcher.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QThread>
+#include <QTimer>
+
+namespace Velmora {
+
+namespace {
+
+constexpr qint64 kSlowTaskMs = 100;
+
+} // namespace
+
+QcTaskDispatcher::QcTaskDispatcher(QObject *parent)
+    : QObject(parent)
+    , m_workerThread(new QThread(this))
+{
+    moveToThread(m_workerThread);
+    m_workerThread->start(QThread::InheritPriority);
+}
+
+QcTaskDispatcher::~QcTaskDispatcher()
+{
+    m_workerThread->quit();
+    m_workerThread->wait(QDeadlineTimer(QDeadlineTimer::Forever));
+}
+
+void QcTaskDispatcher::PostTask(const Task &task)
+{
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [this, task] { ExecuteTask(task); }, Qt::QueuedConnection);
+}
+
+void QcTaskDispatcher::ScheduleTask(const Task &task)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, task] {
+            if (m_scheduledTasks.empty()) {
+                QMetaObject::invokeMethod(
+                    this, [this] { QTimer::singleShot(m_scheduleIntervalMs, this, &QcTaskDispatcher::PopScheduledTask); },
+                    Qt::QueuedConnection);
+            }
+            m_scheduledTasks.push_back(task);
+        },
+        Qt::QueuedConnection);
+}
+
+void QcTaskDispatcher::MergeTask(const Task &task, const std::string &key)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, task, key] {
+            if (m_mergedTasks.find(key) == m_mergedTasks.end())
+                ArmMergeTimer(key);
+            m_mergedTasks[key] = task;
+        },
+        Qt::QueuedConnection);
+}
+
+/// Main thread.
+void QcTaskDispatcher::ExecuteTask(const Task &task)
+{
+    if (!task)
+        return;
+
+    if (task->task && !(task->checkOwner && task->owner.isNull())) {
+        QElapsedTimer timer;
+        timer.start();
+        task->task();
+        const qint64 elapsed = timer.elapsed();
+        if (elapsed > kSlowTaskMs)
+            qWarning().noquote().nospace() << "QcTaskDispatcher::ExecuteTask: " << QString::fromStdString(task->name) << " elapsed: " << elapsed;
+    }
+
+    if (task->rearmSchedule) {
+        // Called here, on the main thread, but the timer lives and fires on the thread of its context.
+        QTimer::singleShot(m_scheduleIntervalMs, this, &QcTaskDispatcher::PopScheduledTask);
+    } else if (!task->rearmMergeKey.empty()) {
+        QMetaObject::invokeMethod(
+            this, [this, key = task->rearmMergeKey] { ArmMergeTimer(key); }, Qt::QueuedConnection);
+    }
+}
+
+/// Dispatcher's thread.
+void QcTaskDispatcher::PopScheduledTask()
+{
+    if (m_scheduledTasks.empty())
+        return;
+    PostTask(m_scheduledTasks.front());
+    m_scheduledTasks.pop_front();
+}
+
+/// Dispatcher's thread.
+void QcTaskDispatcher::ArmMergeTimer(const std::string &key)
+{
+    QTimer::singleShot(m_mergeIntervalMs, this, [this, key] {
+        const auto found = m_mergedTasks.find(key);
+        if (found == m_mergedTasks.end())
+            return;
+        PostTask(found->second);
+        m_mergedTasks.erase(found);
+    });
+}
+
+} // namespace Velmora

@@ -1,0 +1,33 @@
+#include <Velmora/ColorParams.h>
+
+#include <QVector>
+
+namespace Velmora {
+
+ColorParams::ColorParams(const QString &text)
+{
+    if (text.isEmpty())
+        return;
+
+    QStringRef parts = QStringRef(&text).trimmed();
+    // The slice is taken from the text as given: blanks around a wrapped code shift it, and callers rely on that.
+    if (parts.startsWith(QLatin1String("${")) && parts.endsWith(QLatin1Char('}')))
+        parts = text.midRef(2, text.size() - 3);
+
+    const int comma = parts.indexOf(QLatin1Char(','));
+    code = parts.left(comma < 0 ? parts.size() : comma).trimmed().toString();
+    const bool exactlyTwo = comma >= 0 && parts.indexOf(QLatin1Char(','), comma + 1) < 0;
+    if (!exactlyTwo)
+        return;
+    bool isNumber = false;
+    const double value = parts.mid(comma + 1).trimmed().toDouble(&isNumber);
+    if (isNumber)
+        alpha = value;
+}
+
+ColorParams::ColorParams(const char *const text)
+    : ColorParams(QString::fromLatin1(text))
+{
+}
+
+} // namespace Velmora

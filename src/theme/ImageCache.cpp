@@ -1,0 +1,143 @@
+#include "theme/ImageCache_p.h"
+
+#include <QCache>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <cstring>
+#include <memory>
+
+namespace Velmora {
+
+namespace {
+
+constexpr int kMaxKibibytes = 32 * 1024;
+
+struct RequestKey
+{
+    ImageParams params;
+};
+
+bool SameColor(const ColorParams &a, const ColorParams &b)
+{
+    // By bits, so that an alpha that is not a number equals itself.
+    return a.code == b.code && std::memcmp(&a.alpha, &b.alpha, sizeof(double)) == 0;
+}
+
+bool SameSubstitutions(const QHash<QString, ColorParams> &a, const QHash<QString, ColorParams> &b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (auto entry = a.cbegin(); entry != a.cend(); ++entry) {
+        const auto other = b.constFind(entry.key());
+        if (other == b.cend() || !SameColor(*entry, *other))
+            return false;
+    }
+    return true;
+}
+
+bool operator==(const RequestKey &a, const RequestKey &b)
+{
+    return a.params.path == b.params.path && a.params.size == b.params.size && SameColor(a.params.color, b.params.color)
+        && SameSubstitutions(a.params.mulColor, b.params.mulColor);
+}
+
+uint qHash(const RequestKey &key, uint seed)
+{
+    const ImageParams &params = key.params;
+    uint hash = qHash(params.path, seed) ^ qHash(params.color.code, seed) ^ uint(params.size.width() * 31 + params.size.height());
+    // A sum, because equal hashes may hold their entries in different orders.
+    for (auto entry = params.mulColor.cbegin(); entry != params.mulColor.cend(); ++entry)
+        hash += qHash(entry.key(), seed) ^ (qHash(entry->code, seed) * 3);
+    return hash;
+}
+
+/// Tells one state of a file on disk from the next.
+struct FileStamp
+{
+    QDateTime modified;
+    qint64 size = -1;
+
+    static FileStamp Of(const QString &path)
+    {
+        const QFileInfo info(path);
+        return {info.lastModified(), info.size()};
+    }
+    bool operator==(const FileStamp &other) const { return size == other.size && modified == other.modified; }
+};
+
+struct Entry
+{
+    FileStamp stamp;
+    QImage image;
+    QPixmap pixmap;
+};
+
+using Cache = QCache<RequestKey, Entry>;
+
+std::unique_ptr<Cache> cache;
+
+Cache *ActiveCache()
+{
+    if (!cache && QCoreApplication::instance()) {
+        cache = std::make_unique<Cache>(kMaxKibibytes);
+        qAddPostRoutine([] { cache.reset(); });
+    }
+    return cache.get();
+}
+
+/// Image and pixmap of the same picture, rounded up.
+int CostInKibibytes(const QImage &image)
+{
+    return int(qMin<qint64>(image.sizeInBytes() * 2 / 1024 + 1, kMaxKibibytes + 1));
+}
+
+/// The entry kept for \a params, or null; it says in \a stamp what the file is like now.
+Entry *FindFresh(Cache &entries, const ImageParams &params, const FileStamp &stamp)
+{
+    Entry *entry = entries.object(RequestKey{params});
+    return entry && entry->stamp == stamp ? entry : nullptr;
+}
+
+} // namespace
+
+QImage ImageCache::Image(const ImageParams &params, const Render &render)
+{
+    Cache *entries = ActiveCache();
+    if (!entries)
+        return render(params);
+    const FileStamp stamp = FileStamp::Of(params.path);
+    if (const Entry *entry = FindFresh(*entries, params, stamp))
+        return entry->image;
+    const QImage image = render(params);
+    // Bound to the stamp from before the reading: a file that changes meanwhile is read again.
+    entries->insert(RequestKey{params}, new Entry{stamp, image, QPixmap()}, CostInKibibytes(image));
+    return image;
+}
+
+QPixmap ImageCache::Pixmap(const ImageParams &params, const Render &render)
+{
+    Cache *entries = ActiveCache();
+    if (!entries)
+        return QPixmap::fromImage(render(params));
+    const FileStamp stamp = FileStamp::Of(params.path);
+    Entry *entry = FindFresh(*entries, params, stamp);
+    if (!entry) {
+        const QImage image = render(params);
+        const QPixmap pixmap = QPixmap::fromImage(image);
+        entries->insert(RequestKey{params}, new Entry{stamp, image, pixmap}, CostInKibibytes(image));
+        return pixmap;
+    }
+    if (entry->pixmap.isNull())
+        entry->pixmap = QPixmap::fromImage(entry->image);
+    return entry->pixmap;
+}
+
+void ImageCache::Clear()
+{
+    if (cache)
+        cache->clear();
+}
+
+} // namespace Velmora

@@ -1,0 +1,334 @@
+#include <Velmora/FileAndDesktop.h>
+#include <Velmora/PostOwnedTask.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "theme/ColorTable_p.h"
+#include "theme/ImageCache_p.h"
+#include "theme/SvgRecoloring_p.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QEvent>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+#include <QVector>
+
+namespace Velmora {
+
+namespace {
+
+QString ClassName(const QWidget *widget)
+{
+    return QString::fromLatin1(widget->metaObject()->className());
+}
+
+/// Hands each visible widget of \a registry to \a refresh and marks each hidden one with the property \a hiddenMark.
+template <typename Registry, typename Refresh>
+void RefreshVisible(const Registry &registry, const char *hiddenMark, const Refresh &refresh)
+{
+    // The keys first: a property change may run code of the host, which may register or delete widgets.
+    QVector<QPointer<QWidget>> widgets;
+    widgets.reserve(int(registry.size()));
+    for (const auto &entry : registry) {
+        if (entry.first)
+            widgets.append(entry.first);
+    }
+    for (const QPointer<QWidget> &widget : qAsConst(widgets)) {
+        if (!widget)
+            continue;
+        if (widget->isVisible())
+            refresh(widget);
+        else
+            widget->setProperty(hiddenMark, true);
+    }
+}
+
+} // namespace
+
+QcStyleManager *QcStyleManager::GetInstance()
+{
+    static QcStyleManager instance;
+    return &instance;
+}
+
+QcStyleManager::QcStyleManager()
+{
+    // The first connection of the signal, so that no other receiver sees an image of the earlier table.
+    connect(this, &QcStyleManager::SignalColorChanged, this, [] { ImageCache::Clear(); });
+}
+
+QcStyleManager::~QcStyleManager() = default;
+
+void QcStyleManager::Initialize()
+{
+    LoadFont();
+    LoadGlobalQss();
+    // Stylesheets are queued before handlers, so a handler finds its widget polished for the new table.
+    connect(this, &QcStyleManager::SignalColorChanged, this, &QcStyleManager::OnUpdateRegisteredWidgetsStyleSheet);
+    connect(this, &QcStyleManager::SignalColorChanged, this, &QcStyleManager::OnRunRegisteredWidgetsColorHandler);
+}
+
+void QcStyleManager::LoadFont()
+{
+    qInfo() << "QcStyleManager::LoadFont";
+    const int ids[] = {
+        QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/Roboto-Bold.ttf")),
+        QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/OpenSans-Medium.ttf")),
+    };
+    for (const int id : ids)
+        qInfo().nospace() << "QcStyleManager::LoadFont: " << QFontDatabase::applicationFontFamilies(id);
+}
+
+QFont QcStyleManager::GetDefaultFont()
+{
+    QFont font;
+    font.setFamily(QStringLiteral("Microsoft YaHei UI, Segoe UI"));
+    font.setPixelSize(14);
+    return font;
+}
+
+void QcStyleManager::LoadGlobalQss()
+{
+    qApp->setStyleSheet(ReplaceStyleSheetColorCodes(qApp->styleSheet() + GetFileContent(QStringLiteral(":/qss/Global.qss"))));
+}
+
+// --- Colours ---
+
+void QcStyleManager::SetColorFilePath(const QString &path)
+{
+    if (path == m_colorFilePath)
+        return;
+    if (!QFileInfo::exists(path)) {
+        qWarning().noquote() << QStringLiteral("QcStyleManager::SetColorTableList: %1 not exists").arg(path);
+        return;
+    }
+    m_colorFilePath = path;
+    m_colorTable = ReadColorTable(path);
+    Q_EMIT SignalColorChanged();
+}
+
+QColor QcStyleManager::GetColor(const ColorParams &params)
+{
+    if (params.code.isEmpty())
+        return QColor();
+    const auto found = m_colorTable.constFind(params.code);
+    QColor color;
+    if (found != m_colorTable.cend())
+        color = *found;
+    else if (params.code == QLatin1String("transparent"))
+        color = Qt::transparent;
+    else
+        color = QColor(params.code);
+    if (params.alpha >= 0.0)
+        SetAlphaQuietly(color, params.alpha);
+    return color;
+}
+
+QString QcStyleManager::GetStyleSheetColor(const QColor &color)
+{
+    return QStringLiteral("rgba(%1, %2, %3, %4)").arg(color.red()).arg(color.green()).arg(color.blue()).arg(color.alphaF());
+}
+
+QString QcStyleManager::ReplaceStyleSheetColorCodes(const QString &styleSheet)
+{
+    // Lazy, so that two codes on one line are two matches.
+    static const QRegularExpression codePattern(QStringLiteral("\\$\\{.*\\}"), QRegularExpression::InvertedGreedinessOption);
+    QString result;
+    int copiedTo = 0;
+    for (auto match = codePattern.globalMatch(styleSheet); match.hasNext();) {
+        const QRegularExpressionMatch code = match.next();
+        result += styleSheet.midRef(copiedTo, code.capturedStart() - copiedTo);
+        result += ParseStyleSheetColorCodeToStyleSheetColor(code.captured());
+        copiedTo = code.capturedEnd();
+    }
+    if (copiedTo == 0)
+        return styleSheet;
+    return result += styleSheet.midRef(copiedTo);
+}
+
+QString QcStyleManager::ParseStyleSheetColorCodeToStyleSheetColor(const QString &code)
+{
+    return GetStyleSheetColor(GetColor(ColorParams(code)));
+}
+
+bool QcStyleManager::IsColorCode(const QString &text)
+{
+    return m_colorTable.contains(text);
+}
+
+// --- Registry ---
+
+void QcStyleManager::RegisterQss(QPointer<QWidget> widget, const QString &path)
+{
+    RegisterStyleSheet(widget, GetFileContent(path));
+}
+
+void QcStyleManager::RegisterStyleSheet(QPointer<QWidget> widget, const QString &styleSheet)
+{
+    if (!widget)
+        return;
+    if (m_styleSheets.find(widget) == m_styleSheets.end())
+        WatchWidget(widget);
+    m_styleSheets[widget] += styleSheet;
+
+    UpdateWidgetStyleSheet(widget);
+    // Once more when the constructors of the widget's class are through.
+    PostOwnedTask(widget.data(), [this, widget] { UpdateWidgetStyleSheet(widget); }, std::string());
+}
+
+void QcStyleManager::RegisterColorHandler(QPointer<QWidget> widget, const std::function<void()> &handler)
+{
+    if (!widget)
+        return;
+    const auto install = [this, widget, handler] {
+        if (m_styleSheets.find(widget) == m_styleSheets.end() && m_colorHandlers.find(widget) == m_colorHandlers.end())
+            WatchWidget(widget);
+        m_colorHandlers[widget] = handler;
+        handler();
+    };
+    install();
+    PostOwnedTask(widget.data(), install, std::string());
+}
+
+void QcStyleManager::WatchWidget(QWidget *widget)
+{
+    widget->installEventFilter(this);
+    connect(widget, &QObject::destroyed, this, &QcStyleManager::OnRegisteredWidgetDestroyed);
+}
+
+void QcStyleManager::OnRegisteredWidgetDestroyed()
+{
+    QObject *object = sender();
+    if (!object || !object->isWidgetType())
+        return;
+    // A widget announces its end while guarded pointers to it still hold, so the entry is found by its key.
+    // Handlers stay to the end of the process: nothing may rely on one being destroyed with its widget.
+    m_styleSheets.erase(QPointer<QWidget>(static_cast<QWidget *>(object)));
+}
+
+void QcStyleManager::UpdateWidgetStyleSheet(QPointer<QWidget> widget)
+{
+    if (!widget)
+        return;
+    const auto found = m_styleSheets.find(widget);
+    if (found != m_styleSheets.end())
+        widget->setStyleSheet(ReplaceStyleSheetColorCodes(found->second));
+}
+
+void QcStyleManager::RunWidgetColorHandler(QPointer<QWidget> widget)
+{
+    if (!widget)
+        return;
+    const auto found = m_colorHandlers.find(widget);
+    if (found == m_colorHandlers.end())
+        return;
+    // A copy: the handler may register another in its own place.
+    const std::function<void()> handler = found->second;
+    handler();
+}
+
+void QcStyleManager::OnUpdateRegisteredWidgetsStyleSheet()
+{
+    RefreshVisible(m_styleSheets, m_needUpdateProperty, [this](const QPointer<QWidget> &widget) {
+        QueueStyleSheetUpdate(widget, QStringLiteral("QcStyleManager::OnUpdateRegisteredStyleSheets: %1 %2 \n"));
+    });
+}
+
+void QcStyleManager::OnRunRegisteredWidgetsColorHandler()
+{
+    RefreshVisible(m_colorHandlers, m_needUpdateProperty, [this](const QPointer<QWidget> &widget) {
+        QueueHandlerRun(widget, QStringLiteral("QcStyleManager::OnUpdateRegisteredStyleSheets: %1 "));
+    });
+}
+
+void QcStyleManager::QueueStyleSheetUpdate(QPointer<QWidget> widget, const QString &taskName)
+{
+    const QString name = taskName.arg(ClassName(widget), m_styleSheets.at(widget));
+    PostOwnedTask(this, [this, widget] { UpdateWidgetStyleSheet(widget); }, name.toStdString());
+}
+
+void QcStyleManager::QueueHandlerRun(QPointer<QWidget> widget, const QString &taskName)
+{
+    PostOwnedTask(this, [this, widget] { RunWidgetColorHandler(widget); }, taskName.arg(ClassName(widget)).toStdString());
+}
+
+bool QcStyleManager::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && watched->isWidgetType() && watched->property(m_needUpdateProperty).toBool()) {
+        const QPointer<QWidget> widget = static_cast<QWidget *>(watched);
+        if (m_styleSheets.find(widget) != m_styleSheets.end()) {
+            QueueStyleSheetUpdate(widget, QStringLiteral("QcStyleManager::eventFilter: Show %1 %2 \n"));
+            widget->setProperty(m_needUpdateProperty, false);
+        }
+        if (m_colorHandlers.find(widget) != m_colorHandlers.end()) {
+            QueueHandlerRun(widget, QStringLiteral("QcStyleManager::eventFilter: Show %1"));
+            widget->setProperty(m_needUpdateProperty, false);
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// --- Images ---
+
+QImage QcStyleManager::GetImage(const ImageParams &params)
+{
+    if (params.size.isEmpty() || !IsFileExists(params.path))
+        return QImage();
+    return ImageCache::Image(params, [this](const ImageParams &request) { return RenderImage(request); });
+}
+
+QPixmap QcStyleManager::GetPixmap(const ImageParams &params)
+{
+    if (params.size.isEmpty() || !IsFileExists(params.path))
+        return QPixmap();
+    return ImageCache::Pixmap(params, [this](const ImageParams &request) { return RenderImage(request); });
+}
+
+QImage QcStyleManager::RenderImage(const ImageParams &params)
+{
+    // Exactly lower case: any other suffix is a raster image, which keeps its own size and colours.
+    if (QFileInfo(params.path).suffix() != QLatin1String("svg"))
+        return QImage(params.path);
+
+    QImage image(params.size, QImage::Format_ARGB32);
+    if (image.isNull())
+        return image; // too large for the memory there is
+    image.fill(Qt::transparent);
+    const QByteArray svg = GetAdjustedSvgData(params);
+    if (!svg.isEmpty()) {
+        QSvgRenderer renderer(svg);
+        QPainter painter(&image);
+        renderer.render(&painter);
+    }
+    return image;
+}
+
+/// Empty for a document that Qt could not render without exhausting the stack.
+QByteArray QcStyleManager::GetAdjustedSvgData(const ImageParams &params)
+{
+    QString text = GetFileContent(params.path);
+    if (!params.color.code.isEmpty()) {
+        text = RecolorSvg(text, params.path, GetColor(params.color));
+    } else {
+        QVector<SvgSubstitution> substitutions;
+        substitutions.reserve(params.mulColor.size());
+        for (auto entry = params.mulColor.cbegin(); entry != params.mulColor.cend(); ++entry)
+            substitutions.append({entry.key(), GetColor(*entry)});
+        text = RecolorSvg(text, params.path, substitutions);
+    }
+    return IsNestedTooDeep(text) ? QByteArray() : text.toUtf8();
+}
+
+QIcon QcStyleManager::GetIcon(const ImageParams &params)
+{
+    const QPixmap pixmap = GetPixmap(params);
+    QIcon icon;
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Active, QIcon::Selected, QIcon::Disabled})
+        icon.addPixmap(pixmap, mode, QIcon::Off);
+    return icon;
+}
+
+} // namespace Velmora

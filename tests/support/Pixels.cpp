@@ -1,0 +1,53 @@
+#include "support/Pixels.h"
+
+#include <QPainter>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace VelmoraTest {
+
+QImage Render(QWidget &widget, const QColor &background)
+{
+    const qreal ratio = widget.devicePixelRatioF();
+    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(background);
+    widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+QColor PixelAt(const QImage &image, const QPointF &logical)
+{
+    const QPointF device = logical * image.devicePixelRatio();
+    return image.pixelColor(int(std::floor(device.x())), int(std::floor(device.y())));
+}
+
+QColor Over(const QColor &top, const QColor &bottom)
+{
+    const double alpha = top.alphaF();
+    const auto mix = [alpha](double a, double b) { return a * alpha + b * (1.0 - alpha); };
+    return QColor::fromRgbF(mix(top.redF(), bottom.redF()), mix(top.greenF(), bottom.greenF()), mix(top.blueF(), bottom.blueF()));
+}
+
+bool Close(const QColor &a, const QColor &b, int tolerance)
+{
+    return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance
+        && std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
+}
+
+QRectF InkBox(const QImage &image, const QColor &background, int tolerance)
+{
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (!Close(image.pixelColor(x, y), background, tolerance))
+                box |= QRect(x, y, 1, 1);
+        }
+    }
+    const qreal ratio = image.devicePixelRatio();
+    return QRectF(box.x() / ratio, box.y() / ratio, box.width() / ratio, box.height() / ratio);
+}
+
+} // namespace VelmoraTest

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPointF>
+#include <QRect>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+namespace VelmoraTest {
+
+/// \a widget with its children, painted over \a background at the scale factor of the run.
+QImage Render(QWidget &widget, const QColor &background = Qt::white);
+
+/// The pixel of \a image at a logical position, whatever its scale factor.
+QColor PixelAt(const QImage &image, const QPointF &logical);
+
+/// \a top painted over the opaque \a bottom.
+QColor Over(const QColor &top, const QColor &bottom = Qt::white);
+
+/// True if no channel differs by more than \a tolerance of 255.
+bool Close(const QColor &a, const QColor &b, int tolerance = 2);
+
+/// The smallest logical rectangle that holds every pixel unlike \a background by more than \a tolerance.
+QRectF InkBox(const QImage &image, const QColor &background, int tolerance = 8);
+
+} // namespace VelmoraTest
+
+/// Compares two colours channel by channel, within two steps, and prints both on failure.
+#define COMPARE_COLOR(actual, expected) \
+    QVERIFY2(VelmoraTest::Close((actual), (expected)), \
+             qPrintable(QStringLiteral("%1 is not %2").arg((actual).name(QColor::HexArgb), (expected).name(QColor::HexArgb))))

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "support/LogGuard.h"
+
+#include <QObject>
+#include <QString>
+#include <QTest>
+
+#include <memory>
+
+namespace VelmoraTest {
+
+/// Handles all events, posted calls and deferred deletions that are due, those that they cause included.
+/// For "nothing happens": drain, then assert.
+void DrainEvents();
+
+/// The base of every test class. A log line that the test did not announce fails it, and so does a top-level widget left behind.
+class TestCase : public QObject
+{
+    Q_OBJECT
+
+protected:
+    LogGuard &Log() { return *m_log; }
+    void ExpectWarning(const QString &text) { m_log->Expect(QtWarningMsg, text); }
+
+    /// Run before and after each test function.
+    virtual void SetUp() {}
+    virtual void TearDown() {}
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+private:
+    std::unique_ptr<LogGuard> m_log;
+};
+
+} // namespace VelmoraTest

@@ -1,5 +1,16 @@
 # What every target of this project has in common.
 
+# With these two settings build folders share what they compile.
+if(VELMORA_USE_CCACHE)
+    find_program(VELMORA_CCACHE ccache)
+    mark_as_advanced(VELMORA_CCACHE)
+    if(VELMORA_CCACHE)
+        set(VELMORA_COMPILER_LAUNCHER
+            "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${VELMORA_CCACHE}"
+        )
+    endif()
+endif()
+
 # C++17, no Qt keywords, high warnings for our own code. Errors only on request, never for an embedding project.
 function(velmora_configure_target target)
     set_target_properties(${target} PROPERTIES
@@ -8,6 +19,9 @@ function(velmora_configure_target target)
         CXX_EXTENSIONS OFF
         AUTOMOC ON
     )
+    if(VELMORA_COMPILER_LAUNCHER)
+        set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER "${VELMORA_COMPILER_LAUNCHER}")
+    endif()
     target_compile_definitions(${target} PRIVATE
         QT_NO_KEYWORDS
         QT_NO_CAST_TO_ASCII

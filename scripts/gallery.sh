@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the library and shows the gallery. Without a display it renders every page in both
+# colour tables instead, and says where the pictures are. Arguments go to the gallery.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+sets=(build)
+[ -n "${DISPLAY:-}" ] || [ -z "${WAYLAND_DISPLAY:-}" ] || sets+=(wayland)
+scripts/install_packages.sh "${sets[@]}"
+
+echo "== Building (build/release)"
+cmake --preset release --log-level=WARNING
+cmake --build --preset release
+gallery=build/release/examples/gallery/gallery
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    echo "== Starting the gallery"
+    exec "$gallery" "$@"
+fi
+
+pictures=$PWD/build/gallery
+echo "== No display: rendering every page in both colour tables"
+rm -rf "$pictures"
+mkdir -p "$pictures"
+runtime=$(mktemp -d)
+trap 'rm -rf "$runtime"' EXIT
+env QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 XDG_RUNTIME_DIR="$runtime" "$gallery" --render "$pictures" "$@"
+echo "== $(find "$pictures" -name '*.png' | wc -l) pictures are in $pictures"

@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds and runs all tests:
+#
+#   format   clang-format has nothing to change
+#   dev      every test: unit and package tests, the fuzz targets' seeds, and the desktop tests under a window manager
+#   asan     the same without package and desktop tests, under the address and undefined-behaviour sanitizers
+#   tsan     what uses threads, under the thread sanitizer
+#   docs     the API reference, in which a warning is an error
+#
+# With arguments, only the steps named. Left out, because it takes long or must be looked at:
+#
+#   fuzzing           cmake --preset fuzz && cmake --build --preset fuzz, then build/fuzz/tests/fuzz/<target> <folder>
+#   coverage          cmake --preset coverage && cmake --build --preset coverage --target coverage
+#   clang-tidy        scripts/tidy.sh
+#   a fresh machine   scripts/try_fresh_machine.sh
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+steps=("$@")
+if [ ${#steps[@]} -eq 0 ]; then
+    steps=(format dev asan tsan)
+    [ ! -e docs/CMakeLists.txt ] || steps+=(docs)
+fi
+
+# Chains of &&: a step's result is tested, and there the shell does not stop at a failing command by itself.
+build_and_test() {
+    cmake --preset "$1" --log-level=WARNING && cmake --build --preset "$1" && ctest --preset "$1" --parallel "$(nproc)"
+}
+format() { scripts/format.sh --check; }
+dev() { build_and_test dev; }
+asan() { build_and_test asan; }
+tsan() { build_and_test tsan; }
+docs() { cmake --preset dev --log-level=WARNING && cmake --build --preset dev --target docs; }
+
+scripts/install_packages.sh build test docs
+summary=""
+for step in "${steps[@]}"; do
+    declare -F "$step" >/dev/null || { echo "test.sh: no step named $step" >&2; exit 2; }
+    echo "== $step"
+    SECONDS=0
+    "$step" || { echo "== $step FAILED after $SECONDS s" >&2; exit 1; }
+    summary+=$(printf '%-8s passed in %d s' "$step" "$SECONDS")$'\n'
+done
+echo "== All steps passed"
+printf '%s' "$summary"

@@ -38,7 +38,8 @@ QcButton::QcButton(QWidget *parent)
     setStyleSheet(QStringLiteral("Velmora--QcButton { padding: 0px; }"));
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     // Later, when the object is of its own class and the call reaches the variant.
-    PostOwnedTask(this, [this] { UpdateUiParams(); }, std::string());
+    PostOwnedTask(
+        this, [this] { UpdateUiParams(); }, std::string());
     WatchApplicationEvents(this, {QEvent::MouseButtonPress, QEvent::ApplicationDeactivate});
 }
 

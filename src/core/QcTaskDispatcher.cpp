@@ -74,7 +74,8 @@ void QcTaskDispatcher::ExecuteTask(const Task &task)
         task->task();
         const qint64 elapsed = timer.elapsed();
         if (elapsed > kSlowTaskMs)
-            qWarning().noquote().nospace() << "QcTaskDispatcher::ExecuteTask: " << QString::fromStdString(task->name) << " elapsed: " << elapsed;
+            qWarning().noquote().nospace() << "QcTaskDispatcher::ExecuteTask: " << QString::fromStdString(task->name)
+                                           << " elapsed: " << elapsed;
     }
 
     if (task->rearmSchedule) {

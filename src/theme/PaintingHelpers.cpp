@@ -113,7 +113,8 @@ void DrawCorners(QPainter &painter, const QRect &outer, int width, const RadiusP
         const double rho = m + radius.bottomLeft;
         const QRect box = CornerBox(outer.left(), outer.bottom() + 1 - 2 * rho, rho);
         const QPointF c = TrueCenter(box);
-        DrawCorner(painter, box, m, radius.bottomLeft, c, {QPointF(c.x(), box.bottom()), -90, QPointF(box.left() + m, c.y()), -180}, alphas);
+        DrawCorner(painter, box, m, radius.bottomLeft, c, {QPointF(c.x(), box.bottom()), -90, QPointF(box.left() + m, c.y()), -180},
+                   alphas);
     }
 }
 

@@ -27,7 +27,8 @@ VELMORA_EXPORT void DrawShadow(QPainter &painter, const QRect &rect, ShadowParam
 
 /// The same from plain values. The largest of \a margins is the width of all eight pieces; each margin by
 /// itself only says where its side begins. \a alphas must not be empty unless all margins are 0.
-VELMORA_EXPORT void DrawShadow(QPainter &painter, const QRect &rect, const QMargins &margins, const RadiusParams &radius, const QList<double> &alphas);
+VELMORA_EXPORT void DrawShadow(QPainter &painter, const QRect &rect, const QMargins &margins, const RadiusParams &radius,
+                               const QList<double> &alphas);
 
 /// Sets up an edge gradient from the first to the second of \a points: black, one stop a pixel, the first stop one
 /// step in; the last of \a alphas repeats. \a alphas must not be empty.
@@ -35,7 +36,8 @@ VELMORA_EXPORT void SetLinearGradient(QLinearGradient &gradient, const QPair<QPo
 
 /// Sets up a corner gradient around \a center: black, one stop a pixel from \a innerRadius outward, positions
 /// being fractions of \a radius. Entries beyond the outer edge stack up on it, the last one winning.
-VELMORA_EXPORT void SetRadialGradient(QRadialGradient &gradient, const QPointF &center, double innerRadius, double radius, const QList<double> &alphas);
+VELMORA_EXPORT void SetRadialGradient(QRadialGradient &gradient, const QPointF &center, double innerRadius, double radius,
+                                      const QList<double> &alphas);
 
 /// A rectangle with four separate corner radii, clockwise from the left edge, in real coordinates.
 VELMORA_EXPORT QPainterPath GetRoundedRectFPath(const QRectF &rect, const RadiusParams &radius);

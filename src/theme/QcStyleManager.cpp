@@ -176,7 +176,8 @@ void QcStyleManager::RegisterStyleSheet(QPointer<QWidget> widget, const QString 
 
     UpdateWidgetStyleSheet(widget);
     // Once more when the constructors of the widget's class are through.
-    PostOwnedTask(widget.data(), [this, widget] { UpdateWidgetStyleSheet(widget); }, std::string());
+    PostOwnedTask(
+        widget.data(), [this, widget] { UpdateWidgetStyleSheet(widget); }, std::string());
 }
 
 void QcStyleManager::RegisterColorHandler(QPointer<QWidget> widget, const std::function<void()> &handler)
@@ -247,12 +248,14 @@ void QcStyleManager::OnRunRegisteredWidgetsColorHandler()
 void QcStyleManager::QueueStyleSheetUpdate(QPointer<QWidget> widget, const QString &taskName)
 {
     const QString name = taskName.arg(ClassName(widget), m_styleSheets.at(widget));
-    PostOwnedTask(this, [this, widget] { UpdateWidgetStyleSheet(widget); }, name.toStdString());
+    PostOwnedTask(
+        this, [this, widget] { UpdateWidgetStyleSheet(widget); }, name.toStdString());
 }
 
 void QcStyleManager::QueueHandlerRun(QPointer<QWidget> widget, const QString &taskName)
 {
-    PostOwnedTask(this, [this, widget] { RunWidgetColorHandler(widget); }, taskName.arg(ClassName(widget)).toStdString());
+    PostOwnedTask(
+        this, [this, widget] { RunWidgetColorHandler(widget); }, taskName.arg(ClassName(widget)).toStdString());
 }
 
 bool QcStyleManager::eventFilter(QObject *watched, QEvent *event)

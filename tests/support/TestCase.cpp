@@ -29,7 +29,8 @@ void TestCase::cleanup()
         DrainEvents();
         const auto widgets = QApplication::topLevelWidgets();
         for (const QWidget *widget : widgets)
-            faults.append(QStringLiteral("left behind: %1 \"%2\"").arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName()));
+            faults.append(
+                QStringLiteral("left behind: %1 \"%2\"").arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName()));
     }
     faults += m_log->TakeFaults();
     m_log.reset();

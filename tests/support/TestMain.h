@@ -34,7 +34,13 @@ int RunBare(int argc, char **argv)
 } // namespace VelmoraTest
 
 #define VELMORA_TEST_MAIN(Class) \
-    int main(int argc, char **argv) { return VelmoraTest::RunInApplication<Class>(argc, argv); }
+    int main(int argc, char **argv) \
+    { \
+        return VelmoraTest::RunInApplication<Class>(argc, argv); \
+    }
 
 #define VELMORA_BARE_TEST_MAIN(Class) \
-    int main(int argc, char **argv) { return VelmoraTest::RunBare<Class>(argc, argv); }
+    int main(int argc, char **argv) \
+    { \
+        return VelmoraTest::RunBare<Class>(argc, argv); \
+    }

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Page.h"
+#include "Tables.h"
+
+#include <QHash>
+#include <QWidget>
+
+QT_BEGIN_NAMESPACE
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QScrollArea;
+QT_END_NAMESPACE
+
+namespace Velmora {
+class QcLabel;
+} // namespace Velmora
+
+namespace Gallery {
+
+class Segmented;
+
+/// The gallery's window: a searchable list of pages at the left, the chosen page and the switch of the
+/// colour table at the right.
+class GalleryWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit GalleryWindow(Table table, QWidget *parent = nullptr);
+
+    /// False if there is no such page.
+    bool ShowPage(const QString &id);
+    void SetTable(Table table);
+    /// Makes the window as high as the whole page needs. The page must have been laid out.
+    bool GrowToContent();
+    /// Where the named controls are on the screen, a line each: name, x, y, width, height.
+    QString ControlPositions() const;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *MakeSidebar();
+    QWidget *MakeHeader();
+    void FillList();
+    void FilterList(const QString &text);
+    void MoveInList(int step);
+    void ShowItem(QListWidgetItem *item);
+    void AddShortcuts();
+
+    QVector<PageInfo> m_pages;
+    QHash<QString, QWidget *> m_widgets; // made when first shown, owned by m_scroll or by this while out of sight
+    QString m_currentId;
+    QLineEdit *m_search = nullptr;
+    QListWidget *m_list = nullptr;
+    Velmora::QcLabel *m_nothingFound = nullptr;
+    Velmora::QcLabel *m_title = nullptr;
+    Velmora::QcLabel *m_summary = nullptr;
+    Segmented *m_tableSwitch = nullptr;
+    QScrollArea *m_scroll = nullptr;
+};
+
+} // namespace Gallery

@@ -1,0 +1,135 @@
+#include "GalleryWindow.h"
+#include "Render.h"
+#include "Tables.h"
+
+#include <Velmora/QcApplication.h>
+#include <Velmora/QcStyleManager.h>
+
+#include <QCommandLineParser>
+#include <QFont>
+#include <QStyleFactory>
+#include <QTextStream>
+
+#include <algorithm>
+
+using namespace Gallery;
+
+namespace {
+
+// Before there is an application object to parse the command line: the platform plugin is chosen in its constructor.
+bool HasArgument(int argc, char **argv, const QByteArray &name)
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray argument(argv[i]);
+        if (argument == name || argument.startsWith(name + '='))
+            return true;
+    }
+    return false;
+}
+
+bool HasDisplay()
+{
+#ifdef Q_OS_LINUX
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+    return true;
+#endif
+}
+
+// Text-only calls and rendering need no display. False if one is needed and missing.
+bool ChoosePlatform(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return true;
+    for (const char *name : {"--render", "--list", "--help", "-h", "--help-all", "--version", "-v"}) {
+        if (HasArgument(argc, argv, name)) {
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            return true;
+        }
+    }
+    return HasDisplay();
+}
+
+void SetUpLook()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion"))); // the same ground everywhere
+    QFont font = Velmora::QcStyleManager::GetDefaultFont();
+    font.setFamilies({QStringLiteral("Open Sans Medium"), font.family()});
+    font.setPixelSize(12);
+    QApplication::setFont(font);
+}
+
+int ShowWindow(Table table, const QString &page, bool printPositions)
+{
+    GalleryWindow window(table);
+    if (!page.isEmpty())
+        window.ShowPage(page);
+    window.show();
+    if (printPositions) {
+        // Asked for by programs that drive the gallery with a real mouse: once it stands still, where is what?
+        QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &window, [&window](Qt::ApplicationState state) {
+            if (state == Qt::ApplicationActive)
+                QTextStream(stdout) << window.ControlPositions() << Qt::flush;
+        });
+    }
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (!ChoosePlatform(argc, argv)) {
+        QTextStream(stderr) << "gallery: there is no display. \"gallery --render DIR\" draws every page to a file.\n";
+        return 1;
+    }
+
+    Velmora::QcApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("gallery"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(GALLERY_VERSION));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("The gallery of Velmora: every control, token and image in both colour tables."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption renderOption(QStringLiteral("render"), QStringLiteral("Render the pages in both tables to PNG files in DIR, without a display."), QStringLiteral("DIR"));
+    const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open, or render, the page NAME."), QStringLiteral("NAME"));
+    const QCommandLineOption tableOption(QStringLiteral("table"), QStringLiteral("Start with the table light (the default) or dark."), QStringLiteral("TABLE"), QStringLiteral("light"));
+    const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Print the names of the pages."));
+    QCommandLineOption positionsOption(QStringLiteral("print-positions"), QStringLiteral("Print where the named controls are on the screen."));
+    positionsOption.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({renderOption, pageOption, tableOption, listOption, positionsOption});
+    parser.process(app);
+
+    const QVector<PageInfo> pages = Pages();
+    if (parser.isSet(listOption)) {
+        QTextStream out(stdout);
+        for (const PageInfo &page : pages)
+            out << page.id << '\n';
+        return 0;
+    }
+    const QString page = parser.value(pageOption);
+    const auto hasId = [&page](const PageInfo &info) { return info.id == page; };
+    if (parser.isSet(pageOption) && std::none_of(pages.cbegin(), pages.cend(), hasId)) {
+        QTextStream(stderr) << "gallery: no page \"" << page << "\"; --list names them.\n";
+        return 1;
+    }
+    const QString tableName = parser.value(tableOption);
+    if (tableName != QLatin1String("light") && tableName != QLatin1String("dark")) {
+        QTextStream(stderr) << "gallery: the table is light or dark, not \"" << tableName << "\".\n";
+        return 1;
+    }
+    const Table table = tableName == QLatin1String("dark") ? Table::Dark : Table::Light;
+
+    auto *styles = Velmora::QcStyleManager::GetInstance();
+    styles->SetColorFilePath(TablePath(table));
+    app.Initialize();
+    app.setDebugTipEnabled(true);
+    SetUpLook();
+    ApplyPalette();
+    QObject::connect(styles, &Velmora::QcStyleManager::SignalColorChanged, &app, [] { ApplyPalette(); });
+
+    if (parser.isSet(renderOption))
+        return RenderPages(parser.value(renderOption), page);
+    return ShowWindow(table, page, parser.isSet(positionsOption));
+}

@@ -1,0 +1,316 @@
+#include "Kit.h"
+#include "Page.h"
+#include "Tables.h"
+
+#include <Velmora/QcStyleManager.h>
+
+#include <QAbstractButton>
+#include <QCompleter>
+#include <QDirIterator>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Gallery;
+using Velmora::ImageParams;
+using Velmora::QcStyleManager;
+
+namespace {
+
+constexpr int kSizes[] = {16, 24, 48};
+
+// An image stretches to the size asked for, so the caller keeps its proportions.
+QSize FitInto(const QString &path, int side)
+{
+    return QImageReader(path).size().scaled(side, side, Qt::KeepAspectRatio);
+}
+
+void DrawImage(QPainter &painter, const QRect &place, ImageParams params)
+{
+    params.size = FitInto(params.path, place.width());
+    const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(params);
+    painter.drawPixmap(place.x() + (place.width() - pixmap.width()) / 2, place.y() + (place.height() - pixmap.height()) / 2, pixmap);
+}
+
+// One image in three sizes, with its name. An empty token shows it as the file draws it.
+class ImageTile : public QWidget
+{
+public:
+    explicit ImageTile(const QString &path)
+    {
+        m_params.path = path;
+        setFixedHeight(11 * kGrid);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        setToolTip(path);
+        setAccessibleName(path);
+        QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+    }
+
+    void SetToken(const QString &token)
+    {
+        m_params.color = token;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        int x = 0;
+        for (const int side : kSizes) {
+            DrawImage(painter, QRect(x, 6 * kGrid - side, side, side), m_params);
+            x += side + 2 * kGrid;
+        }
+        const QRect words(0, 8 * kGrid, width(), 2 * kGrid);
+        const QString name = QString(m_params.path).remove(QStringLiteral(":/images/"));
+        painter.setPen(TokenColor(QStringLiteral("text/text_secondary")));
+        painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, painter.fontMetrics().elidedText(name, Qt::ElideMiddle, width()));
+    }
+
+private:
+    ImageParams m_params;
+};
+
+// A round button that stands for a token.
+class TokenDot : public QAbstractButton
+{
+public:
+    explicit TokenDot(const QString &token)
+        : m_token(token)
+    {
+        setFixedSize(3 * kGrid, 3 * kGrid);
+        setCursor(Qt::PointingHandCursor);
+        setToolTip(token);
+        setAccessibleName(token);
+        setCheckable(true);
+        setAutoExclusive(true);
+        QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+    }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        PaintColor(painter, QRectF(rect()).adjusted(4, 4, -4, -4), 8, TokenColor(m_token));
+        if (!isChecked() && !hasFocus())
+            return;
+        painter.setPen(QPen(TokenColor(QStringLiteral("others/focus")), 2.0));
+        painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
+    }
+
+private:
+    QString m_token;
+};
+
+// What the controls put in place of an image's placeholder colours, state by state.
+struct Substitution
+{
+    const char *state;
+    const char *first;
+    const char *second;
+    const char *third;
+};
+
+struct Placeholder
+{
+    const char *path;
+    const char *colors[3]; // as they stand in the file, in the order of the tokens
+    Substitution states[4];
+};
+
+constexpr Placeholder kPlaceholders[] = {
+    {":/images/checkbox/checkbox_checked.svg", {"#FF0000", "#00FF00", nullptr},
+        {{"disabled", "brand/brand_disable", "#FFFFFF", nullptr},
+            {"normal", "brand/brand", "#FFFFFF", nullptr},
+            {"hovered", "brand/brand_hover", "#FFFFFF", nullptr},
+            {"pressed", "brand/brand_press", "#FFFFFF", nullptr}}},
+    {":/images/checkbox/checkbox_half_checked.svg", {"#FF0000", "#00FF00", "#0000FF"},
+        {{"disabled", "transparent", "border/border_secondary_disabled", "brand/brand_disable"},
+            {"normal", "transparent", "border/border_primary", "brand/brand"},
+            {"hovered", "brand/brand_bg", "brand/brand_hover", "brand/brand"},
+            {"pressed", "brand/brand_bg", "brand/brand_press", "brand/brand"}}},
+    {":/images/checkbox/checkbox_unchecked.svg", {"#FF0000", "#00FF00", nullptr},
+        {{"disabled", "transparent", "border/border_secondary_disabled", nullptr},
+            {"normal", "transparent", "border/border_primary", nullptr},
+            {"hovered", "brand/brand_bg", "brand/brand_hover", nullptr},
+            {"pressed", "brand/brand_bg", "brand/brand_press", nullptr}}},
+    {":/images/radio/radio_check.svg", {"#FF0000", "#00FF00", "#0000FF"},
+        {{"disabled", "transparent", "border/border_secondary_disabled", "brand/brand_disable"},
+            {"normal", "transparent", "border/border_primary", "brand/brand"},
+            {"hovered", "brand/brand_secondary_hover", "border/border_primary", "brand/brand"},
+            {"pressed", "brand/brand_secondary_press", "border/border_primary", "brand/brand"}}},
+    {":/images/radio/radio_uncheck.svg", {"#FF0000", "#00FF00", nullptr},
+        {{"disabled", "transparent", "border/border_secondary_disabled", nullptr},
+            {"normal", "transparent", "border/border_primary", nullptr},
+            {"hovered", "brand/brand_secondary_hover", "border/border_primary", nullptr},
+            {"pressed", "brand/brand_secondary_press", "border/border_primary", nullptr}}},
+    {":/images/slider/slider_handle.svg", {"#005CD1", "#FFFFFF", nullptr},
+        {{"disabled", "brand/brand_disable", "border/border_disable", nullptr},
+            {"normal", "brand/brand", "border/border_normal", nullptr},
+            {"hovered", "brand/brand_hover", "border/border_normal", nullptr},
+            {"pressed", "brand/brand_press", "border/border_normal", nullptr}}},
+};
+
+ImageParams ParamsFor(const Placeholder &image, const Substitution &state)
+{
+    ImageParams params;
+    params.path = QLatin1String(image.path);
+    const char *const tokens[] = {state.first, state.second, state.third};
+    for (int i = 0; i < 3; ++i) {
+        if (image.colors[i] && tokens[i])
+            params.mulColor.insert(QLatin1String(image.colors[i]), Velmora::ColorParams(tokens[i]));
+    }
+    return params;
+}
+
+QStringList ImagesBelow(const QString &folder, bool subfolders)
+{
+    QStringList paths;
+    QDirIterator files(folder, {QStringLiteral("*.svg")}, QDir::Files, subfolders ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
+    while (files.hasNext())
+        paths.append(files.next());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+class ImagesPage : public PageWidget
+{
+public:
+    ImagesPage()
+    {
+        AddPicker();
+        AddGroup(QStringLiteral("Glyphs"), ImagesBelow(QStringLiteral(":/images"), false));
+        AddGroup(QStringLiteral("Docking"), ImagesBelow(QStringLiteral(":/images/dock"), true));
+        QStringList indicators;
+        for (const char *folder : {"checkbox", "radio", "slider", "switch"})
+            indicators += ImagesBelow(QStringLiteral(":/images/") + QLatin1String(folder), true);
+        AddGroup(QStringLiteral("Indicators"), indicators);
+        AddPlaceholders();
+        SetToken(QString());
+    }
+
+private:
+    void AddPicker()
+    {
+        Card *card = AddSection(QStringLiteral("Target colour"), QStringLiteral("One token for every shape of every image below, or each image as its file draws it."));
+        QHBoxLayout *row = card->AddRow(kGrid);
+        auto *drawn = MakeToggle(QStringLiteral("As drawn"));
+        drawn->setAutoExclusive(true);
+        drawn->setChecked(true);
+        connect(drawn, &QAbstractButton::clicked, this, [this] { SetToken(QString()); });
+        row->addWidget(drawn);
+        row->addSpacing(kGrid);
+        for (const char *name : {"icon/icon_primary", "icon/icon_secondary", "icon/icon_toolbar", "brand/brand", "tip/success", "tip/warning", "tip/danger", "tip/info", "text/text_disabled"}) {
+            const QString token = QLatin1String(name);
+            auto *dot = new TokenDot(token);
+            connect(dot, &QAbstractButton::clicked, this, [this, token] { SetToken(token); });
+            row->addWidget(dot);
+        }
+        row->addStretch();
+
+        m_field = new QLineEdit;
+        m_field->setObjectName(QStringLiteral("imageToken"));
+        m_field->setPlaceholderText(QStringLiteral("Any token or colour"));
+        m_field->setAccessibleName(QStringLiteral("Target colour"));
+        m_field->setFixedWidth(30 * kGrid);
+        StyleLineEdit(m_field);
+        auto *completer = new QCompleter(TokensOf(TablePath(Table::Light)), m_field);
+        completer->setFilterMode(Qt::MatchContains);
+        completer->setCaseSensitivity(Qt::CaseInsensitive);
+        auto *list = new QListView;
+        completer->setPopup(list);
+        QcStyleManager::GetInstance()->RegisterStyleSheet(list, QStringLiteral(R"(
+            QListView { border: 1px solid ${border/border_secondary}; background: ${bg/bg_float}; color: ${text/text_primary}; outline: none; }
+            QListView::item { padding: 4px 8px; }
+            QListView::item:selected { background: ${brand/brand_bg}; color: ${text/text_caption}; })"));
+        m_field->setCompleter(completer);
+        connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this, [this](const QString &token) { SetToken(token); });
+        connect(m_field, &QLineEdit::returnPressed, this, [this] { SetToken(m_field->text().trimmed()); });
+        row->addWidget(m_field);
+    }
+
+    void AddGroup(const QString &title, const QStringList &paths)
+    {
+        constexpr int kColumns = 5;
+        Card *card = AddSection(QStringLiteral("%1   \u00b7   %2").arg(title).arg(paths.size()));
+        auto *grid = new QGridLayout;
+        grid->setHorizontalSpacing(3 * kGrid);
+        grid->setVerticalSpacing(kGrid);
+        for (int i = 0; i < paths.size(); ++i) {
+            auto *tile = new ImageTile(paths.at(i));
+            m_tiles.append(tile);
+            grid->addWidget(tile, i / kColumns, i % kColumns);
+        }
+        for (int column = 0; column < kColumns; ++column)
+            grid->setColumnStretch(column, 1);
+        card->Body()->addLayout(grid);
+    }
+
+    void AddPlaceholders()
+    {
+        Card *card = AddSection(QStringLiteral("Placeholders"), QStringLiteral("Images of several colours hold placeholders, and a control maps each to a token, state by state. The left column shows the file as drawn."));
+        auto *grid = new QGridLayout;
+        grid->setHorizontalSpacing(3 * kGrid);
+        grid->setVerticalSpacing(2 * kGrid);
+        int column = 0;
+        for (const char *head : {"Image", "As drawn", "Disabled", "Normal", "Hovered", "Pressed", "Normal: placeholder and token"})
+            grid->addWidget(MakeLabel(QLatin1String(head), QcLabel::CaptionSmall), 0, column++);
+        grid->addWidget(MakeDivider(), 1, 0, 1, 7);
+        int row = 2;
+        for (const Placeholder &image : kPlaceholders) {
+            const QString name = QString::fromLatin1(image.path).section(QLatin1Char('/'), -1);
+            grid->addWidget(MakeLabel(name, QcLabel::Body), row, 0);
+            ImageParams drawn;
+            drawn.path = QLatin1String(image.path);
+            grid->addWidget(MakePicture(drawn), row, 1);
+            column = 2;
+            for (const Substitution &state : image.states)
+                grid->addWidget(MakePicture(ParamsFor(image, state)), row, column++);
+            auto *words = new QVBoxLayout;
+            words->setSpacing(0);
+            const char *const tokens[] = {image.states[1].first, image.states[1].second, image.states[1].third};
+            for (int i = 0; i < 3; ++i) {
+                if (image.colors[i] && tokens[i])
+                    words->addWidget(MakeElidingLabel(QStringLiteral("%1   %2").arg(QLatin1String(image.colors[i]), QLatin1String(tokens[i])), QcLabel::BodySecondary));
+            }
+            grid->addLayout(words, row, 6);
+            ++row;
+        }
+        grid->setColumnStretch(6, 1);
+        card->Body()->addLayout(grid);
+    }
+
+    static Canvas *MakePicture(const ImageParams &params)
+    {
+        auto *picture = new Canvas([params](QPainter &painter, const QRect &rect) {
+            DrawImage(painter, QRect(0, (rect.height() - 24) / 2, 24, 24), params);
+        });
+        picture->setFixedSize(9 * kGrid, 5 * kGrid);
+        return picture;
+    }
+
+    void SetToken(const QString &token)
+    {
+        if (m_field->text() != token)
+            m_field->setText(token);
+        for (ImageTile *tile : qAsConst(m_tiles))
+            tile->SetToken(token);
+    }
+
+    QLineEdit *m_field = nullptr;
+    QVector<ImageTile *> m_tiles;
+};
+
+const PageRegistrar registrar({QStringLiteral("images"), QStringLiteral("Foundations"), QStringLiteral("Images"),
+    QStringLiteral("Seventy drawings of one family at 16, 24 and 48 pixels, recoloured by token."), 110,
+    [] { return new ImagesPage; }});
+
+} // namespace

@@ -26,7 +26,7 @@ namespace Velmora {
 VELMORA_EXPORT void DrawShadow(QPainter &painter, const QRect &rect, ShadowParams &params);
 
 /// The same from plain values. The largest of \a margins is the width of all eight pieces; each margin by
-/// itself only says where its side begins. \a alphas must not be empty unless all margins are 0.
+/// itself only says where its side begins. With no margin of at least 1 or with no \a alphas nothing is drawn.
 VELMORA_EXPORT void DrawShadow(QPainter &painter, const QRect &rect, const QMargins &margins, const RadiusParams &radius,
                                const QList<double> &alphas);
 

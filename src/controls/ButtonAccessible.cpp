@@ -3,27 +3,44 @@
 #include <Velmora/QcButton.h>
 
 #include <QAccessibleWidget>
+#include <QKeySequence>
 
 namespace Velmora {
 
 namespace {
 
-/// A push button whose name is its text or, without one, its tool tip.
+/// \a text without its mnemonic marks: "&Save" is read as "Save", "A && B" as "A & B".
+QString WithoutMnemonic(const QString &text)
+{
+    QString plain;
+    plain.reserve(text.size());
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isMark = text.at(i) == QLatin1Char('&') && i + 1 < text.size();
+        plain += text.at(isMark ? ++i : i);
+    }
+    return plain;
+}
+
+/// A push button whose name is its text or, without one, its tool tip. A name set by the host comes before both.
 class ButtonAccessible : public QAccessibleWidget
 {
 public:
-    explicit ButtonAccessible(QAbstractButton *button)
+    explicit ButtonAccessible(QPushButton *button)
         : QAccessibleWidget(button, QAccessible::Button)
     {
     }
 
     QString text(QAccessible::Text kind) const override
     {
-        const QString own = QAccessibleWidget::text(kind);
-        if (kind != QAccessible::Name || !own.isEmpty())
-            return own;
-        const QString caption = button()->text();
-        return caption.isEmpty() ? button()->toolTip() : caption;
+        if (kind == QAccessible::Accelerator)
+            return button()->shortcut().toString(QKeySequence::NativeText);
+        if (kind == QAccessible::Name) {
+            for (const QString &name : {button()->accessibleName(), WithoutMnemonic(button()->text()), button()->toolTip()}) {
+                if (!name.isEmpty())
+                    return name;
+            }
+        }
+        return QAccessibleWidget::text(kind); // for a name: that of a label that has the button for its buddy
     }
 
     QAccessible::State state() const override
@@ -32,6 +49,7 @@ public:
         state.pressed = button()->isDown();
         state.checkable = button()->isCheckable();
         state.checked = button()->isChecked();
+        state.defaultButton = button()->isDefault();
         return state;
     }
 
@@ -39,20 +57,30 @@ public:
     {
         QStringList names;
         if (button()->isEnabled())
-            names << (button()->isCheckable() ? toggleAction() : pressAction());
+            names << ClickAction();
         return names + QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString &name) override
     {
-        if (name == pressAction() || name == toggleAction())
+        if (name == pressAction() || name == ClickAction())
             button()->click();
         else
             QAccessibleWidget::doAction(name);
     }
 
+    QStringList keyBindingsForAction(const QString &name) const override
+    {
+        const QKeySequence shortcut = button()->shortcut();
+        if (name != ClickAction() || shortcut.isEmpty())
+            return QStringList();
+        return {shortcut.toString()};
+    }
+
 private:
-    QAbstractButton *button() const { return static_cast<QAbstractButton *>(widget()); }
+    QPushButton *button() const { return static_cast<QPushButton *>(widget()); }
+    /// What a click does: a checkable button toggles.
+    const QString &ClickAction() const { return button()->isCheckable() ? toggleAction() : pressAction(); }
 };
 
 QAccessibleInterface *CreateButtonInterface(const QString &className, QObject *object)

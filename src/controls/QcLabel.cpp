@@ -38,6 +38,11 @@ void QcLabel::setText(const QString &text)
     updateGeometry();
 }
 
+void QcLabel::clear()
+{
+    setText(QString());
+}
+
 void QcLabel::SetIconPath(const QString &path)
 {
     m_iconPath = path;

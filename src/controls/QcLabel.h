@@ -17,7 +17,7 @@ class VELMORA_EXPORT QcLabel : public QLabel
 
 public:
     /// The text styles, by family, pixel size and colour token.
-    enum LabelType {
+    enum LabelType : int {
         Display = 0,           ///< Roboto Bold 28, text/text_primary
         Headline = 1,          ///< Roboto Bold 20, text/text_primary
         Subtitle = 2,          ///< Open Sans Medium 16, text/text_primary
@@ -35,8 +35,10 @@ public:
     /// Applies a style's font and colour. Until it is called a label has the default font and no colour token. A number
     /// above 8 keeps the token and applies the default font.
     void setType(LabelType type);
-    /// Sets the text and announces the new size hint.
+    /// Sets the text and announces the new size hint. An empty text brings the icon back.
     void setText(const QString &text);
+    /// setText() with an empty text.
+    void clear();
     /// The icon's file; shown at the label's size once both path and colour are set.
     void SetIconPath(const QString &path);
     /// The colour code of the icon.

@@ -121,6 +121,9 @@ function(_velmora_copy_font source target)
 endfunction()
 
 function(_velmora_install_licence_of_package package)
+    if(NOT VELMORA_INSTALL)
+        return()
+    endif()
     set(copyright "/usr/share/doc/${package}/copyright")
     if(EXISTS "${copyright}")
         install(FILES "${copyright}"
@@ -134,6 +137,9 @@ function(_velmora_install_licence_of_package package)
 endfunction()
 
 function(_velmora_install_licences_of_folder folder)
+    if(NOT VELMORA_INSTALL)
+        return()
+    endif()
     file(GLOB licences LIST_DIRECTORIES false
         "${folder}/LICENSE*" "${folder}/LICENCE*" "${folder}/OFL*" "${folder}/copyright*")
     if(licences)

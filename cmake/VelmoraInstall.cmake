@@ -1,0 +1,35 @@
+# What `cmake --install` lays out: two components, Runtime (the library) and Development (everything a host compiles with).
+
+include(CMakePackageConfigHelpers)
+
+set(VELMORA_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Velmora")
+
+install(TARGETS Velmora EXPORT VelmoraTargets
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_COMPONENT Development
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Development
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime
+)
+
+# Flat: a host writes <Velmora/X.h>, whatever folder X lives in.
+list(TRANSFORM VELMORA_PUBLIC_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE headers)
+install(FILES ${headers} "${VELMORA_INCLUDE_DIR}/Velmora/Velmora.h" "${VELMORA_INCLUDE_DIR}/Velmora/VelmoraExport.h"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Velmora"
+    COMPONENT Development
+)
+
+install(EXPORT VelmoraTargets NAMESPACE Velmora:: DESTINATION "${VELMORA_CMAKE_DIR}" COMPONENT Development)
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/VelmoraConfig.cmake.in" "${PROJECT_BINARY_DIR}/VelmoraConfig.cmake"
+    INSTALL_DESTINATION "${VELMORA_CMAKE_DIR}"
+    NO_SET_AND_CHECK_MACRO
+)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/VelmoraConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/VelmoraConfig.cmake" "${PROJECT_BINARY_DIR}/VelmoraConfigVersion.cmake"
+    DESTINATION "${VELMORA_CMAKE_DIR}"
+    COMPONENT Development
+)
+
+# Relative to itself, so that the installed tree can be moved.
+file(RELATIVE_PATH VELMORA_PC_TO_PREFIX "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+string(REGEX REPLACE "/$" "" VELMORA_PC_TO_PREFIX "${VELMORA_PC_TO_PREFIX}")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/Velmora.pc.in" "${PROJECT_BINARY_DIR}/Velmora.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/Velmora.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)

@@ -1,0 +1,106 @@
+#include "Scenes.h"
+
+#include <Velmora/QcFrame.h>
+#include <Velmora/QcLabel.h>
+#include <Velmora/QcPrimaryButton.h>
+
+#include <QApplication>
+#include <QFrame>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace Bench;
+
+/// Takes every mouse event, so that none goes on to a parent.
+class Target : public QWidget
+{
+protected:
+    bool event(QEvent *event) override { return event->type() == QEvent::MouseButtonPress || QWidget::event(event); }
+};
+
+/// A left press on some widget while N buttons are on show elsewhere.
+void PressElsewhere(benchmark::State &state, Kind kind)
+{
+    const auto scene = MakeScene(kind);
+    const int count = int(state.range(0));
+    const auto window = MakeWindow(*scene, count);
+    Counters::Reset();
+    window->show();
+    RunUntilPainted(count);
+    Settle();
+    Target target;
+    for (auto _ : state) {
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&target, &press);
+    }
+}
+
+/// An event that no button asked for, while N buttons are on show.
+void OtherEvent(benchmark::State &state, Kind kind)
+{
+    const auto scene = MakeScene(kind);
+    const int count = int(state.range(0));
+    const auto window = MakeWindow(*scene, count);
+    Counters::Reset();
+    window->show();
+    RunUntilPainted(count);
+    Settle();
+    QObject target;
+    for (auto _ : state) {
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(&target, &event);
+    }
+}
+
+/// N widgets that come and go one by one: what a dead widget leaves behind must not slow down the next one.
+template <typename Widget>
+void ComeAndGo(benchmark::State &state)
+{
+    for (auto _ : state) {
+        for (int i = 0; i < state.range(0); ++i) {
+            Widget widget;
+            benchmark::DoNotOptimize(&widget);
+        }
+        Settle();
+    }
+}
+
+/// N widgets that live together and die one after the other.
+template <typename Widget>
+void MakeAndDelete(benchmark::State &state)
+{
+    for (auto _ : state) {
+        {
+            QWidget parent;
+            for (int i = 0; i < state.range(0); ++i)
+                new Widget(&parent);
+        }
+        Settle();
+    }
+}
+
+void Widgets(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(250)->Arg(1000)->Arg(4000)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK_CAPTURE(PressElsewhere, velmora, Kind::Velmora)->Apply(Widgets);
+BENCHMARK_CAPTURE(PressElsewhere, palette, Kind::Palette)->Apply(Widgets);
+BENCHMARK_CAPTURE(OtherEvent, velmora, Kind::Velmora)->Apply(Widgets);
+BENCHMARK_CAPTURE(OtherEvent, palette, Kind::Palette)->Apply(Widgets);
+
+BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcPrimaryButton)->Apply(Widgets)->Name("ComeAndGoButton/velmora");
+BENCHMARK_TEMPLATE(ComeAndGo, QPushButton)->Apply(Widgets)->Name("ComeAndGoButton/plain");
+BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcFrame)->Apply(Widgets)->Name("ComeAndGoFrame/velmora");
+BENCHMARK_TEMPLATE(ComeAndGo, QFrame)->Apply(Widgets)->Name("ComeAndGoFrame/plain");
+BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcLabel)->Apply(Widgets)->Name("ComeAndGoLabel/velmora");
+BENCHMARK_TEMPLATE(ComeAndGo, QLabel)->Apply(Widgets)->Name("ComeAndGoLabel/plain");
+BENCHMARK_TEMPLATE(MakeAndDelete, Velmora::QcPrimaryButton)->Apply(Widgets)->Name("MakeAndDeleteButton/velmora");
+BENCHMARK_TEMPLATE(MakeAndDelete, QPushButton)->Apply(Widgets)->Name("MakeAndDeleteButton/plain");
+
+} // namespace

@@ -1,0 +1,171 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks and prints their ratios as one Markdown table.
+
+Usage: bench_table.py [--repetitions N] [--min-time SECONDS] [--json FILE] PROGRAM
+
+PROGRAM is the built velmora_benchmarks. Each figure is the median CPU time of its repetitions, which are run in random
+order, so that a load on the machine meets a figure and its yardstick alike. Only the ratios mean anything on another
+machine. The exit status is 0 whatever the ratios are: a benchmark never fails a build.
+"""
+
+import argparse
+import json
+import os
+import subprocess
+import sys
+import tempfile
+
+NANOSECONDS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+# Metric, ours, yardstick, largest ratio (None: no aim), words for the yardstick.
+COMPARISONS = [
+    ("Look up 4,000 tokens by record", "LookUp/record/4000", "LookUp/hash/4000", None, "bare `QHash`"),
+    ("Look up 4,000 tokens by text", "LookUp/code/4000", "LookUp/hash/4000", None, "bare `QHash`"),
+    ("`GetPixmap` first, resource", "GetFirst/resource", "IconFirst/resource", None, "`QIcon::pixmap` first"),
+    ("`GetPixmap` first, file", "GetFirst/disk", "IconFirst/disk", None, "`QIcon::pixmap` first"),
+    ("1,000 `GetPixmap` repeated, resource", "GetRepeated/resource/1000", "IconRepeated/resource/1000", None, "`QIcon::pixmap` repeated"),
+    ("1,000 `GetPixmap` repeated, file", "GetRepeated/disk/1000", "IconRepeated/disk/1000", None, "`QIcon::pixmap` repeated"),
+    ("Paint one button", "PaintOne/velmora", "PaintOne/bare_painter", 1.25, "bare painter"),
+    ("Paint one button", "PaintOne/velmora", "PaintOne/application_sheet", None, "application stylesheet"),
+    ("Paint one button", "PaintOne/velmora", "PaintOne/sheet_on_each", None, "stylesheet on each"),
+    ("Paint one button", "PaintOne/velmora", "PaintOne/palette", None, "Fusion and palette"),
+    ("Construct and show 1,000 buttons", "ConstructAndShow/velmora/1000", "ConstructAndShow/application_sheet/1000", 1.0,
+     "application stylesheet"),
+    ("Construct and show 1,000 buttons", "ConstructAndShow/velmora/1000", "ConstructAndShow/sheet_on_each/1000", None, "stylesheet on each"),
+    ("Construct and show 1,000 buttons", "ConstructAndShow/velmora/1000", "ConstructAndShow/palette/1000", None, "Fusion and palette"),
+    ("Construct and show 1,000 buttons", "ConstructAndShow/velmora/1000", "ConstructAndShow/bare_painter/1000", None, "bare painter"),
+    ("Switch the theme of 1,000 buttons", "SwitchTheme/velmora/1000", "SwitchTheme/palette/1000", 0.75, "Fusion and palette"),
+    ("Switch the theme of 1,000 buttons", "SwitchTheme/velmora/1000", "SwitchTheme/application_sheet/1000", None, "application stylesheet"),
+    ("Switch the theme of 1,000 buttons", "SwitchTheme/velmora/1000", "SwitchTheme/sheet_on_each/1000", None, "stylesheet on each"),
+    ("Switch the theme of 1,000 buttons", "SwitchTheme/velmora/1000", "SwitchTheme/bare_painter/1000", None, "bare painter"),
+    ("Post 1,000 tasks", "Post/task/1000", "Post/bare/1000", 1.2, "bare `invokeMethod`"),
+    ("Post 16,000 tasks", "Post/task/16000", "Post/bare/16000", 1.2, "bare `invokeMethod`"),
+    ("Post 1,000 owned tasks", "Post/owned/1000", "Post/bare/1000", 1.2, "bare `invokeMethod`"),
+    ("Post 16,000 owned tasks", "Post/owned/16000", "Post/bare/16000", 1.2, "bare `invokeMethod`"),
+    ("1,000 buttons come and go", "ComeAndGoButton/velmora/1000", "ComeAndGoButton/plain/1000", None, "`QPushButton`"),
+    ("1,000 frames come and go", "ComeAndGoFrame/velmora/1000", "ComeAndGoFrame/plain/1000", None, "`QFrame`"),
+    ("1,000 labels come and go", "ComeAndGoLabel/velmora/1000", "ComeAndGoLabel/plain/1000", None, "`QLabel`"),
+    ("Make and delete 1,000 buttons", "MakeAndDeleteButton/velmora/1000", "MakeAndDeleteButton/plain/1000", None, "`QPushButton`"),
+    ("A press beside 1,000 buttons", "PressElsewhere/velmora/1000", "PressElsewhere/palette/1000", None, "`QPushButton`"),
+    ("Another event beside 1,000 buttons", "OtherEvent/velmora/1000", "OtherEvent/palette/1000", None, "`QPushButton`"),
+]
+
+# Metric, repeated request (figure, requests in it), first request.
+REPEATS = [
+    ("`GetPixmap` repeated to first, resource", "GetRepeated/resource/1000", 1000, "GetFirst/resource"),
+    ("`GetPixmap` repeated to first, file", "GetRepeated/disk/1000", 1000, "GetFirst/disk"),
+]
+REPEAT_AIM = 0.02
+
+# Metric, counter, exact value.
+COUNTERS = [
+    ("Paints a button and theme switch", "paints_per_button", 1),
+    ("Style changes a button and theme switch", "style_changes_per_button", 0),
+    ("Paints when idle", "paints_when_idle", 0),
+]
+
+# Metric, ours, yardstick or None, smallest N.
+GROWTHS = [
+    ("token lookup by record", "LookUp/record", "LookUp/hash", 1000),
+    ("token lookup by text", "LookUp/code", "LookUp/hash", 1000),
+    ("resolving, rules without codes", "Resolve/text", None, 100),
+    ("resolving, codes", "Resolve/codes", None, 100),
+    ("repeated `GetPixmap`, resource", "GetRepeated/resource", "IconRepeated/resource", 1000),
+    ("repeated `GetPixmap`, file", "GetRepeated/disk", "IconRepeated/disk", 1000),
+    ("`GetPixmap` among N kept", "GetManyKept", None, 250),
+    ("construct and show", "ConstructAndShow/velmora", "ConstructAndShow/bare_painter", 250),
+    ("theme switch", "SwitchTheme/velmora", "SwitchTheme/bare_painter", 250),
+    ("posting tasks", "Post/task", "Post/bare", 1000),
+    ("posting owned tasks", "Post/owned", "Post/bare", 1000),
+    ("buttons come and go", "ComeAndGoButton/velmora", "ComeAndGoButton/plain", 250),
+    ("frames come and go", "ComeAndGoFrame/velmora", "ComeAndGoFrame/plain", 250),
+    ("labels come and go", "ComeAndGoLabel/velmora", "ComeAndGoLabel/plain", 250),
+    ("make and delete buttons", "MakeAndDeleteButton/velmora", "MakeAndDeleteButton/plain", 250),
+    ("a press beside N buttons", "PressElsewhere/velmora", "PressElsewhere/palette", 250),
+    ("another event beside N buttons", "OtherEvent/velmora", "OtherEvent/palette", 250),
+]
+GROWTH_AIM = 18.0
+
+
+class Results:
+    """Medians of one run: CPU nanoseconds and counters by benchmark name."""
+
+    def __init__(self, document):
+        self._medians = {
+            entry["run_name"]: entry for entry in document["benchmarks"] if entry.get("aggregate_name") == "median"
+        }
+
+    def cpu(self, name):
+        entry = self._medians[name]
+        return entry["cpu_time"] * NANOSECONDS[entry["time_unit"]]
+
+    def counter(self, name, counter):
+        return self._medians[name][counter]
+
+
+def run(program, repetitions, min_time):
+    with tempfile.TemporaryDirectory() as folder: # private to us, as Qt wants its runtime folder
+        output = os.path.join(folder, "results.json")
+        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", QT_FONT_DPI="96", LC_ALL="C.UTF-8", XDG_RUNTIME_DIR=folder)
+        subprocess.run(
+            [program, f"--benchmark_repetitions={repetitions}", "--benchmark_enable_random_interleaving=true",
+             f"--benchmark_min_time={min_time}", "--benchmark_report_aggregates_only=true", f"--benchmark_out={output}",
+             "--benchmark_out_format=json"],
+            env=environment, stdout=subprocess.DEVNULL, check=True)
+        with open(output, encoding="utf-8") as results:
+            return json.load(results)
+
+
+def time_text(nanoseconds):
+    for unit, name in ((1e6, "ms"), (1e3, "µs")):
+        if nanoseconds >= unit:
+            return f"{nanoseconds / unit:.3g} {name}"
+    return f"{nanoseconds:.3g} ns"
+
+
+def verdict(ratio, aim):
+    if aim is None:
+        return "", ""
+    return f"≤ {aim:g}", "met" if ratio <= aim else "**not met**"
+
+
+def table_rows(results):
+    for metric, ours, requests, first in REPEATS:
+        a, b = results.cpu(ours) / requests, results.cpu(first)
+        yield (metric, time_text(a), time_text(b), f"{a / b:.4f}", *verdict(a / b, REPEAT_AIM))
+    for metric, ours, yardstick, aim, words in COMPARISONS:
+        a, b = results.cpu(ours), results.cpu(yardstick)
+        yield (metric, time_text(a), f"{time_text(b)} ({words})", f"{a / b:.2f}", *verdict(a / b, aim))
+    for metric, counter, exact in COUNTERS:
+        value = max(results.counter(f"SwitchTheme/velmora/{n}", counter) for n in (250, 1000, 4000))
+        yield (metric, f"{value:g}", "", "", str(exact), "met" if value == exact else "**not met**")
+    for metric, ours, yardstick, smallest in GROWTHS:
+        def growth(name, n=smallest):
+            return results.cpu(f"{name}/{16 * n}") / results.cpu(f"{name}/{n}")
+        own = growth(ours)
+        beside = f"{growth(yardstick):.1f}" if yardstick else ""
+        yield (f"Growth, {metric}, N = {smallest:,} to 16N", f"{own:.1f}", beside, "", *verdict(own, GROWTH_AIM))
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Runs the benchmarks and prints their ratios as one table.")
+    parser.add_argument("program", help="the built velmora_benchmarks")
+    parser.add_argument("--repetitions", type=int, default=9)
+    parser.add_argument("--min-time", type=float, default=0.02, help="seconds for each repetition")
+    parser.add_argument("--json", help="keep the raw results in this file")
+    arguments = parser.parse_args()
+
+    document = run(arguments.program, arguments.repetitions, arguments.min_time)
+    if arguments.json:
+        with open(arguments.json, "w", encoding="utf-8") as copy:
+            json.dump(document, copy, indent=1)
+
+    print("| Metric | Ours | Yardstick | Ratio | Aim | |")
+    print("|---|--:|--:|--:|--:|---|")
+    for row in table_rows(Results(document)):
+        print("| " + " | ".join(row) + " |")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

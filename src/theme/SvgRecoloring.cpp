@@ -4,6 +4,7 @@
 #include <QDomDocument>
 #include <QRegularExpression>
 #include <QSet>
+#include <QXmlStreamReader>
 
 namespace Velmora {
 
@@ -70,6 +71,23 @@ int EndOfPassage(const QString &text, int start, QLatin1String terminator)
     return found < 0 ? text.size() : found + terminator.size();
 }
 
+/// By a true parser, for documents whose declarations may hide tags. What it cannot follow to the end counts as too deep,
+/// since another parser might follow it further.
+bool NestsTooDeepWithDeclarations(const QString &svg)
+{
+    QXmlStreamReader reader(svg);
+    reader.setNamespaceProcessing(false);
+    int depth = 0;
+    while (!reader.atEnd() && depth <= kDeepestNesting) {
+        reader.readNext();
+        if (reader.isStartElement())
+            ++depth;
+        else if (reader.isEndElement())
+            --depth;
+    }
+    return reader.hasError() || depth > kDeepestNesting;
+}
+
 } // namespace
 
 QString RecolorSvg(const QString &text, const QString &path, const QColor &color)
@@ -112,7 +130,8 @@ bool IsNestedTooDeep(const QString &svg)
         } else if (rest.startsWith(QLatin1Char('?'))) {
             i = EndOfPassage(svg, i + 2, QLatin1String("?>"));
         } else if (rest.startsWith(QLatin1Char('!'))) {
-            ++i;
+            // Entities may hold tags, and quotes or comment marks that belong to none.
+            return NestsTooDeepWithDeclarations(svg);
         } else {
             const bool closes = rest.startsWith(QLatin1Char('/'));
             i = EndOfTag(svg, i + 1);

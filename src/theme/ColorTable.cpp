@@ -1,7 +1,10 @@
 #include "theme/ColorTable_p.h"
 
+#include <QByteArray>
+#include <QFile>
 #include <QSettings>
 #include <QStringList>
+#include <QTemporaryFile>
 
 namespace Velmora {
 
@@ -16,9 +19,13 @@ QColor ParseColor(const QStringList &parts)
     return color;
 }
 
-} // namespace
+bool IsNameless(const QString &key)
+{
+    // QSettings drops slashes at the ends of a key and complains when nothing is left.
+    return key.count(QLatin1Char('/')) == key.size();
+}
 
-QHash<QString, QColor> ReadColorTable(const QString &path)
+QHash<QString, QColor> ReadSettings(const QString &path)
 {
     // QSettings reads keys as Latin-1 and leaves the bytes of a byte-order mark on a first key that stands in no section.
     const QString mark = QStringLiteral("\u00EF\u00BB\u00BF");
@@ -31,14 +38,57 @@ QHash<QString, QColor> ReadColorTable(const QString &path)
     for (const QString &key : keys) {
         if (key.startsWith(mark))
             markedKey = key;
-        else
+        else if (!IsNameless(key))
             table.insert(key, ParseColor(settings.value(key).toStringList()));
     }
     // A later line of the same token wins, as it does without a mark.
-    const QString firstToken = markedKey.mid(mark.size());
+    const QString firstToken = markedKey.mid(mark.size()).trimmed();
     if (!firstToken.isEmpty() && !table.contains(firstToken))
         table.insert(firstToken, ParseColor(settings.value(markedKey).toStringList()));
     return table;
+}
+
+/// The offset of the first sign with which QSettings begins a serialised object ("@Variant(...)") or an escape; -1 if there is none.
+int FindObjectSign(const QByteArray &text)
+{
+    const int at = text.indexOf('@');
+    const int backslash = text.indexOf('\\');
+    return at < 0 || backslash < 0 ? qMax(at, backslash) : qMin(at, backslash);
+}
+
+/// \a text with the value cut off each line on which an object might begin. No colour is written so, and reading such an object
+/// may exhaust stack and memory.
+QByteArray WithoutObjects(const QByteArray &text)
+{
+    const bool hasQuotes = text.contains('"'); // then a ";" need not begin a comment
+    QByteArray result;
+    result.reserve(text.size());
+    for (QByteArray line : text.split('\n')) {
+        if (!hasQuotes)
+            line.truncate(line.indexOf(';') < 0 ? line.size() : line.indexOf(';'));
+        const int sign = FindObjectSign(line);
+        if (sign >= 0)
+            line.truncate(line.left(sign).lastIndexOf('=') + 1);
+        result += line;
+        result += '\n';
+    }
+    return result;
+}
+
+} // namespace
+
+QHash<QString, QColor> ReadColorTable(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray text = file.readAll();
+    if (FindObjectSign(text) < 0)
+        return ReadSettings(path);
+    QTemporaryFile copy;
+    if (!copy.open() || copy.write(WithoutObjects(text)) < 0 || !copy.flush())
+        return {};
+    return ReadSettings(copy.fileName());
 }
 
 void SetAlphaQuietly(QColor &color, double alpha)

@@ -146,7 +146,7 @@ QWidget *GalleryWindow::MakeHeader()
     m_tableSwitch->Segment(0)->setObjectName(QStringLiteral("tableLight"));
     m_tableSwitch->Segment(1)->setObjectName(QStringLiteral("tableDark"));
     connect(m_tableSwitch, &Segmented::SignalCurrentChanged, this, [](int index) {
-        QcStyleManager::GetInstance()->SetColorFilePath(TablePath(index == 0 ? Table::Light : Table::Dark));
+        ApplyTable(index == 0 ? Table::Light : Table::Dark);
     });
     layout->addWidget(m_tableSwitch, 0, Qt::AlignTop);
     return header;

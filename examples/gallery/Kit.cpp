@@ -317,7 +317,7 @@ void StyleTable(QTableWidget *table)
         QTableWidget { border: none; background: transparent; color: ${text/text_primary}; outline: none; }
         QTableWidget::item { padding: 0 8px; border-bottom: 1px solid ${table/table_divider}; color: ${text/text_primary}; }
         QHeaderView { background: transparent; }
-        QHeaderView::section { padding: 0 8px; border: none; border-bottom: 1px solid ${border/border_secondary};
+        QHeaderView::section { padding: 0 11px; border: none; border-bottom: 1px solid ${border/border_secondary};
                                background: transparent; color: ${text/text_tertairy}; })"));
 }
 

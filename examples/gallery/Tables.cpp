@@ -13,9 +13,26 @@
 
 namespace Gallery {
 
+namespace {
+
+Table g_lastTable = Table::Light;
+
+} // namespace
+
 QString TablePath(Table table)
 {
     return table == Table::Light ? QStringLiteral(":/colors/blue_light.ini") : QStringLiteral(":/colors/blue_dark.ini");
+}
+
+void ApplyTable(Table table)
+{
+    g_lastTable = table;
+    Velmora::QcStyleManager::GetInstance()->SetColorFilePath(TablePath(table));
+}
+
+Table LastTable()
+{
+    return g_lastTable;
 }
 
 QStringList TokensOf(const QString &path)

@@ -10,6 +10,10 @@ namespace Gallery {
 enum class Table { Light, Dark };
 
 QString TablePath(Table table);
+/// Makes a built-in table the program's, and remembers which one it was.
+void ApplyTable(Table table);
+/// The built-in table that was applied last. Another file may have been loaded since.
+Table LastTable();
 /// The tokens of an INI file as QSettings reads them, in the order in which the file tells them.
 QStringList TokensOf(const QString &path);
 /// The colour of a token in the active table.

@@ -121,13 +121,12 @@ int main(int argc, char *argv[])
     }
     const Table table = tableName == QLatin1String("dark") ? Table::Dark : Table::Light;
 
-    auto *styles = Velmora::QcStyleManager::GetInstance();
-    styles->SetColorFilePath(TablePath(table));
+    ApplyTable(table);
     app.Initialize();
     app.setDebugTipEnabled(true);
     SetUpLook();
     ApplyPalette();
-    QObject::connect(styles, &Velmora::QcStyleManager::SignalColorChanged, &app, [] { ApplyPalette(); });
+    QObject::connect(Velmora::QcStyleManager::GetInstance(), &Velmora::QcStyleManager::SignalColorChanged, &app, [] { ApplyPalette(); });
 
     if (parser.isSet(renderOption))
         return RenderPages(parser.value(renderOption), page);

@@ -2,9 +2,11 @@
 #include "Page.h"
 #include "Tables.h"
 
+#include <Velmora/FileAndDesktop.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QCompleter>
 #include <QDirIterator>
 #include <QGridLayout>
@@ -13,7 +15,8 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
-#include <QPointer>
+#include <QRegularExpression>
+#include <QSet>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -39,24 +42,53 @@ void DrawImage(QPainter &painter, const QRect &place, ImageParams params)
     painter.drawPixmap(place.x() + (place.width() - pixmap.width()) / 2, place.y() + (place.height() - pixmap.height()) / 2, pixmap);
 }
 
-// One image in three sizes, with its name. An empty token shows it as the file draws it.
+// True for a drawing in black or white alone, which is meant to take a colour. Shapes of no opacity only hold its size.
+bool IsPlainGlyph(const QString &path)
+{
+    static const QRegularExpression element(QStringLiteral("<[^>]*>"));
+    static const QRegularExpression color(QStringLiteral("(?:fill|stroke)=\"(#\\w{6})\""));
+    QSet<QString> found;
+    auto elements = element.globalMatch(Velmora::GetFileContent(path));
+    while (elements.hasNext()) {
+        const QString text = elements.next().captured();
+        if (text.contains(QStringLiteral("-opacity=\"0\"")))
+            continue;
+        auto colors = color.globalMatch(text);
+        while (colors.hasNext())
+            found.insert(colors.next().captured(1).toUpper());
+    }
+    return found.size() == 1 && (found.contains(QStringLiteral("#000000")) || found.contains(QStringLiteral("#FFFFFF")));
+}
+
+// One image in three sizes, with its name.
 class ImageTile : public QWidget
 {
 public:
     explicit ImageTile(const QString &path)
     {
         m_params.path = path;
-        setFixedHeight(11 * kGrid);
+        setFixedHeight(10 * kGrid);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         setToolTip(path);
         setAccessibleName(path);
         QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     }
 
+    // An empty token shows the image as the file draws it.
     void SetToken(const QString &token)
     {
         m_params.color = token;
         update();
+    }
+
+    // Plain glyphs in the colour of icons, as nearly every control shows them; the rest as drawn.
+    void SetTokenByKind()
+    {
+        const bool disabled = m_params.path.endsWith(QStringLiteral("_disabled.svg"));
+        if (!IsPlainGlyph(m_params.path))
+            SetToken(QString());
+        else
+            SetToken(disabled ? QStringLiteral("icon/icon_tertiary") : QStringLiteral("icon/icon_primary"));
     }
 
 protected:
@@ -65,11 +97,11 @@ protected:
         QPainter painter(this);
         int x = 0;
         for (const int side : kSizes) {
-            DrawImage(painter, QRect(x, 6 * kGrid - side, side, side), m_params);
+            DrawImage(painter, QRect(x, 3 * kGrid - side / 2, side, side), m_params);
             x += side + 2 * kGrid;
         }
-        const QRect words(0, 8 * kGrid, width(), 2 * kGrid);
-        const QString name = QString(m_params.path).remove(QStringLiteral(":/images/"));
+        const QRect words(0, 7 * kGrid, width(), 2 * kGrid);
+        const QString name = m_params.path.section(QLatin1Char('/'), -1).remove(QStringLiteral(".svg"));
         painter.setPen(TokenColor(QStringLiteral("text/text_secondary")));
         painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, painter.fontMetrics().elidedText(name, Qt::ElideMiddle, width()));
     }
@@ -90,7 +122,6 @@ public:
         setToolTip(token);
         setAccessibleName(token);
         setCheckable(true);
-        setAutoExclusive(true);
         QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     }
 
@@ -194,24 +225,33 @@ public:
             indicators += ImagesBelow(QStringLiteral(":/images/") + QLatin1String(folder), true);
         AddGroup(QStringLiteral("Indicators"), indicators);
         AddPlaceholders();
-        SetToken(QString());
+        SetTokensByKind();
     }
 
 private:
     void AddPicker()
     {
-        Card *card = AddSection(QStringLiteral("Target colour"), QStringLiteral("One token for every shape of every image below, or each image as its file draws it."));
+        Card *card = AddSection(QStringLiteral("Target colour"), QStringLiteral("Automatic shows plain glyphs in the tokens of icons and images of several colours as drawn. A token colours every shape of every image."));
         QHBoxLayout *row = card->AddRow(kGrid);
+        auto *choices = new QButtonGroup(this);
+        auto *automatic = MakeToggle(QStringLiteral("Automatic"));
+        automatic->setChecked(true);
+        connect(automatic, &QAbstractButton::clicked, this, [this] {
+            SetToken(QString());
+            SetTokensByKind();
+        });
         auto *drawn = MakeToggle(QStringLiteral("As drawn"));
-        drawn->setAutoExclusive(true);
-        drawn->setChecked(true);
         connect(drawn, &QAbstractButton::clicked, this, [this] { SetToken(QString()); });
-        row->addWidget(drawn);
+        for (Velmora::QcButton *button : {automatic, drawn}) {
+            choices->addButton(button);
+            row->addWidget(button);
+        }
         row->addSpacing(kGrid);
         for (const char *name : {"icon/icon_primary", "icon/icon_secondary", "icon/icon_toolbar", "brand/brand", "tip/success", "tip/warning", "tip/danger", "tip/info", "text/text_disabled"}) {
             const QString token = QLatin1String(name);
             auto *dot = new TokenDot(token);
             connect(dot, &QAbstractButton::clicked, this, [this, token] { SetToken(token); });
+            choices->addButton(dot);
             row->addWidget(dot);
         }
         row->addStretch();
@@ -303,6 +343,12 @@ private:
             m_field->setText(token);
         for (ImageTile *tile : qAsConst(m_tiles))
             tile->SetToken(token);
+    }
+
+    void SetTokensByKind()
+    {
+        for (ImageTile *tile : qAsConst(m_tiles))
+            tile->SetTokenByKind();
     }
 
     QLineEdit *m_field = nullptr;

@@ -37,7 +37,7 @@ ShadowParams Shadow(int margin, const RadiusParams &radii, double opacity)
 void PaintPanel(QPainter &painter, const QRect &panel, ShadowParams shadow)
 {
     Velmora::DrawShadow(painter, panel, shadow);
-    painter.fillPath(Velmora::GetRoundedRectFPath(panel, shadow.radius), TokenColor(QStringLiteral("bg/bg_float")));
+    painter.fillPath(Velmora::GetRoundedRectFPath(panel, shadow.radius), TokenColor(QStringLiteral("bg/bg_primary")));
 }
 
 // The ground is lighter than a window's in the dark table, where a black shadow would have nothing to darken.

@@ -1,0 +1,267 @@
+#include "Kit.h"
+#include "Page.h"
+#include "Tables.h"
+
+#include <Velmora/PostOwnedTask.h>
+#include <Velmora/QcGhostButton.h>
+#include <Velmora/QcHighlightButton.h>
+#include <Velmora/QcIconButton.h>
+#include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcSecondaryButton.h>
+#include <Velmora/QcTertiaryButton.h>
+#include <Velmora/QcTextButton.h>
+#include <Velmora/QcTextLinkButton.h>
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+using namespace Gallery;
+using Velmora::QcButton;
+
+namespace {
+
+template <typename Button>
+QcButton *Make()
+{
+    return new Button;
+}
+
+// The base has no colours of its own and leaves them to the host, which gives the icon some here; the text takes the palette's.
+QcButton *MakeBase()
+{
+    auto *button = new QcButton;
+    for (const int enabled : {0, int(QStyle::State_Enabled)}) {
+        Velmora::ImageParams icon;
+        icon.color = enabled ? "icon/icon_primary" : "icon/icon_disabled";
+        for (const int checked : {0, int(QStyle::State_Selected)}) {
+            button->SetIconParam(QFlag(enabled | checked), icon);
+            button->SetIconParam(QFlag(enabled | checked | QStyle::State_MouseOver), icon);
+            button->SetIconParam(QFlag(enabled | checked | QStyle::State_Sunken), icon);
+        }
+    }
+    return button;
+}
+
+struct Variant
+{
+    const char *name;
+    const char *role;
+    QcButton *(*make)();
+    bool squareOnly;
+};
+
+constexpr Variant kVariants[] = {
+    {"QcPrimaryButton", "The main action", Make<Velmora::QcPrimaryButton>, false},
+    {"QcSecondaryButton", "Outlined in the brand colour", Make<Velmora::QcSecondaryButton>, false},
+    {"QcTertiaryButton", "Outlined in a neutral colour", Make<Velmora::QcTertiaryButton>, false},
+    {"QcGhostButton", "No outline, a soft fill under the mouse", Make<Velmora::QcGhostButton>, false},
+    {"QcHighlightButton", "As the ghost, in primary text", Make<Velmora::QcHighlightButton>, false},
+    {"QcTextButton", "Text in the colours of links", Make<Velmora::QcTextButton>, false},
+    {"QcTextLinkButton", "The same, underlined", Make<Velmora::QcTextLinkButton>, false},
+    {"QcIconButton", "Square, filled while checked", Make<Velmora::QcIconButton>, true},
+    {"QcButton", "The base: the host fills its tables", MakeBase, false},
+};
+
+constexpr int kStates[] = {
+    QStyle::State_None,
+    QStyle::State_Enabled,
+    QStyle::State_Enabled | QStyle::State_MouseOver,
+    QStyle::State_Enabled | QStyle::State_Sunken,
+    QStyle::State_Selected,
+    QStyle::State_Selected | QStyle::State_Enabled,
+    QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_MouseOver,
+    QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_Sunken,
+};
+constexpr const char *kStateNames[] = {"Disabled", "Normal", "Hover", "Pressed", "Disabled", "Normal", "Hover", "Pressed"};
+
+// Real buttons, each held in one state.
+//
+// Enabled and checked are set by the button's own calls. Hover and pressed are brought about as the mouse does it, by an enter
+// and a press event; they go straight to the button's event(), past the application's filters, because a press that the
+// application sees ends the hover of every other button. The user's own presses do just that, so after each one
+// the states are brought about anew. The real mouse cannot reach these buttons.
+class StateHolder : public QObject
+{
+public:
+    using QObject::QObject;
+
+    void Add(QcButton *button, int state)
+    {
+        button->setAttribute(Qt::WA_TransparentForMouseEvents);
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setCheckable(true);
+        button->setChecked(state & QStyle::State_Selected);
+        button->setEnabled(state & QStyle::State_Enabled);
+        m_held.append({button, state});
+        Hold(button, state);
+    }
+
+    void HoldAll()
+    {
+        m_queued = false;
+        for (const Held &held : qAsConst(m_held))
+            Hold(held.button, held.state);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool resets = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate;
+        if (resets && !m_queued) {
+            m_queued = true;
+            Velmora::PostOwnedTask(this, [this] { HoldAll(); }, "ButtonsPage::HoldAll");
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    struct Held
+    {
+        QcButton *button;
+        int state;
+    };
+
+    static void Hold(QObject *button, int state)
+    {
+        if (state & QStyle::State_MouseOver) {
+            QEvent enter(QEvent::Enter);
+            button->event(&enter);
+        }
+        if (state & QStyle::State_Sunken) {
+            // The right button: it looks pressed all the same and clicks nothing.
+            QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+            button->event(&press);
+        }
+    }
+
+    QVector<Held> m_held;
+    bool m_queued = false;
+};
+
+class ButtonsPage : public PageWidget
+{
+public:
+    ButtonsPage()
+        : m_holder(new StateHolder(this))
+    {
+        AddLive();
+        AddMatrix(QStringLiteral("Text"), QString(), QStringLiteral("Confirm"));
+        AddMatrix(QStringLiteral("Icon and text"), QStringLiteral(":/images/select.svg"), QStringLiteral("Confirm"));
+        AddMatrix(QStringLiteral("Icon"), QStringLiteral(":/images/close.svg"), QString());
+    }
+
+protected:
+    // The filter sees every event of the program, so it is there only while the page is.
+    void showEvent(QShowEvent *event) override
+    {
+        PageWidget::showEvent(event);
+        m_holder->HoldAll();
+        qApp->installEventFilter(m_holder);
+    }
+
+    void hideEvent(QHideEvent *event) override
+    {
+        qApp->removeEventFilter(m_holder);
+        PageWidget::hideEvent(event);
+    }
+
+private:
+    void AddLive()
+    {
+        Card *card = AddSection(QStringLiteral("Live"), QStringLiteral("Hover, press, toggle. Tab moves along the row, Space presses."));
+        auto *grid = new QGridLayout;
+        grid->setHorizontalSpacing(3 * kGrid);
+        grid->setVerticalSpacing(kGrid);
+        int row = 0;
+        int column = 1;
+        for (const char *head : {"Text", "Icon and text", "Icon", "Checkable", "Disabled"}) {
+            grid->setColumnStretch(column, 1);
+            grid->addWidget(MakeLabel(QLatin1String(head), QcLabel::BodySecondary), row, column++, Qt::AlignCenter);
+        }
+        grid->addWidget(MakeDivider(), ++row, 0, 1, 6);
+        ++row;
+        for (const Variant &variant : kVariants) {
+            auto *words = new QVBoxLayout;
+            words->setSpacing(0);
+            words->addWidget(MakeElidingLabel(QLatin1String(variant.name), QcLabel::Body));
+            words->addWidget(MakeElidingLabel(QLatin1String(variant.role), QcLabel::Hint));
+            grid->addLayout(words, row, 0);
+
+            AddLiveButton(grid, row, 1, variant, QString(), variant.squareOnly ? QString() : QStringLiteral("Push"), false, true);
+            AddLiveButton(grid, row, 2, variant, QStringLiteral(":/images/select.svg"), variant.squareOnly ? QString() : QStringLiteral("Push"), false, true);
+            AddLiveButton(grid, row, 3, variant, QStringLiteral(":/images/close.svg"), QString(), false, true);
+            AddLiveButton(grid, row, 4, variant, QStringLiteral(":/images/select.svg"), variant.squareOnly ? QString() : QStringLiteral("Toggle"), true, true);
+            AddLiveButton(grid, row, 5, variant, variant.squareOnly ? QStringLiteral(":/images/close.svg") : QString(), variant.squareOnly ? QString() : QStringLiteral("Disabled"), false, false);
+            ++row;
+        }
+        grid->setColumnMinimumWidth(0, 30 * kGrid);
+        card->Body()->addLayout(grid);
+    }
+
+    static void AddLiveButton(QGridLayout *grid, int row, int column, const Variant &variant, const QString &icon, const QString &text, bool checkable, bool enabled)
+    {
+        if (icon.isEmpty() && text.isEmpty())
+            return;
+        QcButton *button = MakeButton(variant, icon, text);
+        button->setCheckable(checkable);
+        button->setEnabled(enabled);
+        button->setToolTip(QStringLiteral("%1%2").arg(QLatin1String(variant.name), checkable ? QStringLiteral(", checkable") : QString()));
+        grid->addWidget(button, row, column, Qt::AlignCenter);
+    }
+
+    static QcButton *MakeButton(const Variant &variant, const QString &icon, const QString &text)
+    {
+        QcButton *button = variant.make();
+        button->setText(text);
+        button->SetIconPath(icon);
+        button->setHorizontalMargin(12);
+        // An icon by itself is stretched over the button, so the button is square.
+        button->setFixedWidth(text.isEmpty() ? 24 : 88);
+        return button;
+    }
+
+    void AddMatrix(const QString &title, const QString &icon, const QString &text)
+    {
+        Card *card = AddSection(title);
+        auto *grid = new QGridLayout;
+        grid->setHorizontalSpacing(kGrid);
+        grid->setVerticalSpacing(kGrid);
+        QcLabel *checked = MakeLabel(QStringLiteral("Checked"), QcLabel::CaptionSmall);
+        grid->addWidget(MakeLabel(QStringLiteral("Unchecked"), QcLabel::CaptionSmall), 0, 1, 1, 4, Qt::AlignCenter);
+        grid->addWidget(checked, 0, 5, 1, 4, Qt::AlignCenter);
+        for (int column = 0; column < 8; ++column) {
+            grid->addWidget(MakeLabel(QLatin1String(kStateNames[column]), QcLabel::BodySecondary), 1, column + 1, Qt::AlignCenter);
+            grid->setColumnStretch(column + 1, 1);
+        }
+        grid->addWidget(MakeDivider(), 2, 0, 1, 9);
+        int row = 3;
+        for (const Variant &variant : kVariants) {
+            if (variant.squareOnly && !text.isEmpty())
+                continue;
+            QcLabel *name = MakeLabel(QLatin1String(variant.name), QcLabel::Body);
+            name->setFixedWidth(15 * kGrid);
+            name->setFixedHeight(3 * kGrid);
+            grid->addWidget(name, row, 0);
+            for (int column = 0; column < 8; ++column) {
+                QcButton *button = MakeButton(variant, icon, text);
+                button->setAccessibleDescription(QLatin1String(kStateNames[column]));
+                if (text.isEmpty())
+                    button->setAccessibleName(QLatin1String(variant.name));
+                m_holder->Add(button, kStates[column]);
+                grid->addWidget(button, row, column + 1, Qt::AlignCenter);
+            }
+            ++row;
+        }
+        card->Body()->addLayout(grid);
+    }
+
+    StateHolder *m_holder;
+};
+
+const PageRegistrar registrar({QStringLiteral("buttons"), QStringLiteral("Controls"), QStringLiteral("Push buttons"),
+    QStringLiteral("The push button and its eight variants, in all eight states, with text, icon and both."), 300,
+    [] { return new ButtonsPage; }});
+
+} // namespace

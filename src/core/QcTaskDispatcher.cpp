@@ -31,8 +31,15 @@ QcTaskDispatcher::~QcTaskDispatcher()
 
 void QcTaskDispatcher::PostTask(const Task &task)
 {
+    // Guarded, because code that runs while the application object goes (a post routine, a window's last events) may
+    // handle posted events once more, when this has gone already.
     QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [this, task] { ExecuteTask(task); }, Qt::QueuedConnection);
+        QCoreApplication::instance(),
+        [dispatcher = QPointer<QcTaskDispatcher>(this), task] {
+            if (dispatcher)
+                dispatcher->ExecuteTask(task);
+        },
+        Qt::QueuedConnection);
 }
 
 void QcTaskDispatcher::ScheduleTask(const Task &task)

@@ -1,0 +1,246 @@
+#include "core/ApplicationEvents_p.h"
+#include "support/CommandLine.h"
+#include "support/TestMain.h"
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+constexpr auto kFirst = QEvent::Type(QEvent::User + 1);
+constexpr auto kSecond = QEvent::Type(QEvent::User + 2);
+constexpr auto kThird = QEvent::Type(QEvent::User + 3);
+
+/// Notes each call under its name, then does what it was told.
+class Watcher : public QObject
+{
+public:
+    Watcher(QChar name, QString *calls)
+        : m_name(name)
+        , m_calls(calls)
+    {
+    }
+
+    bool consumes = false;
+    std::function<void(QObject *, QEvent *)> then;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        m_calls->append(m_name);
+        const bool result = consumes;
+        if (then) {
+            const auto action = then; // it may delete this watcher
+            action(watched, event);
+        }
+        return result;
+    }
+
+private:
+    QChar m_name;
+    QString *m_calls;
+};
+
+/// Counts what reaches it.
+class Target : public QObject
+{
+public:
+    int received = 0;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        ++received;
+        return QObject::event(event);
+    }
+};
+
+void Send(QObject &target, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(&target, &event);
+}
+
+} // namespace
+
+class tst_ApplicationEvents : public TestCase
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QApplication> m_application;
+    QString m_calls;
+
+    std::unique_ptr<Watcher> Watch(char name, std::initializer_list<QEvent::Type> types)
+    {
+        auto watcher = std::make_unique<Watcher>(QLatin1Char(name), &m_calls);
+        WatchApplicationEvents(watcher.get(), types);
+        return watcher;
+    }
+
+    void SetUp() override
+    {
+        m_calls.clear();
+        m_application = std::make_unique<QApplication>(commandLine.count, commandLine.values);
+    }
+    void TearDown() override { m_application.reset(); }
+
+private Q_SLOTS:
+    void only_the_asked_types_are_handed_on()
+    {
+        const auto a = Watch('a', {kFirst, kSecond});
+        const auto b = Watch('b', {kThird});
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("a"));
+        Send(target, kSecond);
+        QCOMPARE(m_calls, QStringLiteral("aa"));
+        Send(target, kThird);
+        QCOMPARE(m_calls, QStringLiteral("aab"));
+        Send(target, QEvent::Type(QEvent::User + 4));
+        QCOMPARE(m_calls, QStringLiteral("aab"));
+        QCOMPARE(target.received, 4);
+    }
+
+    void the_watcher_is_told_object_and_event()
+    {
+        const auto a = Watch('a', {kFirst});
+        Target target;
+        QObject *seenObject = nullptr;
+        QEvent *seenEvent = nullptr;
+        a->then = [&](QObject *watched, QEvent *event) {
+            seenObject = watched;
+            seenEvent = event;
+        };
+        QEvent event(kFirst);
+        QCoreApplication::sendEvent(&target, &event);
+        QCOMPARE(seenObject, &target);
+        QCOMPARE(seenEvent, &event);
+    }
+
+    void the_later_watcher_is_called_first()
+    {
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        const auto c = Watch('c', {kFirst});
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("cba"));
+        QCOMPARE(target.received, 1);
+    }
+
+    void a_consumed_event_goes_no_further()
+    {
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        const auto c = Watch('c', {kFirst});
+        b->consumes = true;
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("cb"));
+        QCOMPARE(target.received, 0);
+    }
+
+    void a_dead_watcher_is_forgotten()
+    {
+        const auto a = Watch('a', {kFirst});
+        auto b = Watch('b', {kFirst});
+        b.reset();
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("a"));
+    }
+
+    void a_watcher_may_delete_itself()
+    {
+        const auto a = Watch('a', {kFirst});
+        auto b = Watch('b', {kFirst});
+        b->then = [&b](QObject *, QEvent *) { b.reset(); };
+        Target target;
+        Send(target, kFirst);
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("baa"));
+    }
+
+    void a_watcher_may_delete_one_that_is_still_to_come()
+    {
+        auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        b->then = [&a](QObject *, QEvent *) { a.reset(); };
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("b"));
+        QCOMPARE(target.received, 1);
+    }
+
+    void watchers_added_meanwhile_see_the_next_event()
+    {
+        const auto a = Watch('a', {kFirst});
+        std::vector<std::unique_ptr<Watcher>> added;
+        a->then = [&](QObject *, QEvent *) {
+            // Many, so that the list grows under the call; other types too, so that the table of types does.
+            for (int i = 0; i < 100; ++i)
+                added.push_back(Watch('n', {kFirst, QEvent::Type(QEvent::User + 100 + i)}));
+            a->then = nullptr;
+        };
+        const auto b = Watch('b', {kFirst});
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("ba"));
+        m_calls.clear();
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QString(100, QLatin1Char('n')) + QStringLiteral("ba"));
+    }
+
+    void a_watcher_may_cause_the_same_event_again()
+    {
+        Target target;
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        b->then = [&](QObject *, QEvent *) {
+            b->then = nullptr;
+            Send(target, kFirst);
+        };
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("bbaa"));
+        QCOMPARE(target.received, 2);
+    }
+
+    void additions_among_dead_watchers_keep_the_living_in_order()
+    {
+        const auto a = Watch('a', {kFirst});
+        for (int i = 0; i < 1000; ++i)
+            Watch('x', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        for (int i = 0; i < 1000; ++i)
+            Watch('x', {kFirst});
+        const auto c = Watch('c', {kFirst});
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("cba"));
+    }
+
+    void one_filter_serves_all_watchers()
+    {
+        // Qt would call a filter of its own for each watcher: only one object was added to the application.
+        const int before = qApp->children().size();
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst, kSecond});
+        QCOMPARE(qApp->children().size(), before + 1);
+    }
+
+    void the_next_application_object_is_watched_anew()
+    {
+        const auto a = Watch('a', {kFirst});
+        m_application.reset();
+        m_application = std::make_unique<QApplication>(commandLine.count, commandLine.values);
+        Target target;
+        Send(target, kFirst);
+        QVERIFY(m_calls.isEmpty()); // it had asked the application that went
+        const auto b = Watch('b', {kFirst});
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("b"));
+    }
+};
+
+VELMORA_BARE_TEST_MAIN(tst_ApplicationEvents)
+#include "tst_ApplicationEvents.moc"

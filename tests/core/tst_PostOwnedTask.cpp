@@ -90,7 +90,8 @@ private Q_SLOTS:
             [] {
                 QElapsedTimer timer;
                 timer.start();
-                while (timer.elapsed() < 101) { }
+                while (timer.elapsed() < 101) {
+                }
             },
             "the name");
         DrainEvents();

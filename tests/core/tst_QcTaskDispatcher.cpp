@@ -31,14 +31,15 @@ TimedRun RunBusyTask(qint64 milliseconds, const std::string &name)
         [milliseconds] {
             QElapsedTimer timer;
             timer.start();
-            while (timer.elapsed() < milliseconds) { }
+            while (timer.elapsed() < milliseconds) {
+            }
         },
         name));
 
     TimedRun run;
     capturedLines = &run.lines;
-    const QtMessageHandler previous
-        = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) { capturedLines->append(line); });
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) { capturedLines->append(line); });
     QElapsedTimer timer;
     timer.start();
     QCoreApplication::sendPostedEvents(qApp, QEvent::MetaCall);

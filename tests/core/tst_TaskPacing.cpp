@@ -177,7 +177,8 @@ private:
         slow->task = [note = m_slow->journal.Note(QStringLiteral("slow"))] {
             QElapsedTimer timer;
             timer.start();
-            while (timer.elapsed() < kSlowTaskMs) { }
+            while (timer.elapsed() < kSlowTaskMs) {
+            }
             note();
         };
         m_slow->dispatcher.ScheduleTask(slow);
@@ -201,13 +202,15 @@ private:
     {
         m_merges = NewScenario();
         for (int i = 0; i < 99; ++i)
-            m_merges->dispatcher.MergeTask(MakeRecord([kept = m_replaced, note = m_merges->journal.Note(QStringLiteral("replaced"))] { note(); }), "burst");
+            m_merges->dispatcher.MergeTask(
+                MakeRecord([kept = m_replaced, note = m_merges->journal.Note(QStringLiteral("replaced"))] { note(); }), "burst");
         m_merges->Merge("burst", "burst");
         m_merges->Merge("Burst", "Burst");
         m_merges->Merge("without-key", std::string());
         m_merges->Merge("a", std::string("a"));
         m_merges->Merge("a-null-b", std::string("a\0b", 3));
-        m_merges->dispatcher.MergeTask(MakeRecord([kept = m_replacedByNull, note = m_merges->journal.Note(QStringLiteral("replaced"))] { note(); }), "null");
+        m_merges->dispatcher.MergeTask(
+            MakeRecord([kept = m_replacedByNull, note = m_merges->journal.Note(QStringLiteral("replaced"))] { note(); }), "null");
         m_merges->dispatcher.MergeTask(nullptr, "null");
 
         // A later call replaces the record and leaves the time as it is.

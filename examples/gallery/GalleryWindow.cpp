@@ -31,7 +31,6 @@ GalleryWindow::GalleryWindow(Table table, QWidget *parent)
     , m_pages(Pages())
 {
     setObjectName(QStringLiteral("galleryWindow"));
-    setWindowTitle(QStringLiteral("Velmora Gallery"));
     setMinimumSize(880, 560);
     resize(1280, 800);
 
@@ -276,6 +275,7 @@ void GalleryWindow::ShowItem(QListWidgetItem *item)
         m_currentId = id;
         m_title->setText(page.title);
         m_summary->setText(page.summary);
+        setWindowTitle(QStringLiteral("%1 - Velmora Gallery").arg(page.title));
         if (QWidget *old = m_scroll->takeWidget()) {
             old->hide();
             old->setParent(this);
@@ -306,13 +306,13 @@ bool GalleryWindow::GrowToContent()
 QString GalleryWindow::ControlPositions() const
 {
     QString lines;
-    for (const char *name : {"searchField", "pageList", "tableSwitch", "tableLight", "tableDark", "pageTitle", "pageScroll"}) {
-        if (const auto *widget = findChild<QWidget *>(QLatin1String(name))) {
-            const QPoint at = widget->mapToGlobal(QPoint(0, 0));
-            lines += QStringLiteral("%1 %2 %3 %4 %5\n").arg(QLatin1String(name)).arg(at.x()).arg(at.y()).arg(widget->width()).arg(widget->height());
-        }
+    for (const QWidget *widget : findChildren<QWidget *>()) {
+        if (!widget->isVisible() || widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_")))
+            continue;
+        const QPoint at = widget->mapTo(this, QPoint(0, 0));
+        lines += QStringLiteral("%1 %2 %3 %4 %5\n").arg(widget->objectName()).arg(at.x()).arg(at.y()).arg(widget->width()).arg(widget->height());
     }
-    return lines;
+    return lines + QStringLiteral("end\n");
 }
 
 } // namespace Gallery

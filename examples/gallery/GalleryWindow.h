@@ -35,7 +35,7 @@ public:
     void SetTable(Table table);
     /// Makes the window as high as the whole page needs. The page must have been laid out.
     bool GrowToContent();
-    /// Where the named controls are on the screen, a line each: name, x, y, width, height.
+    /// Where the named controls in sight are in the window, a line each: name, x, y, width, height. A last line says "end".
     QString ControlPositions() const;
 
 protected:

@@ -96,7 +96,7 @@ int main(int argc, char *argv[])
     const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open, or render, the page NAME."), QStringLiteral("NAME"));
     const QCommandLineOption tableOption(QStringLiteral("table"), QStringLiteral("Start with the table light (the default) or dark."), QStringLiteral("TABLE"), QStringLiteral("light"));
     const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Print the names of the pages."));
-    QCommandLineOption positionsOption(QStringLiteral("print-positions"), QStringLiteral("Print where the named controls are on the screen."));
+    QCommandLineOption positionsOption(QStringLiteral("print-positions"), QStringLiteral("Print where the named controls are in the window, each time it becomes active."));
     positionsOption.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({renderOption, pageOption, tableOption, listOption, positionsOption});
     parser.process(app);

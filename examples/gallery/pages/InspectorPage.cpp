@@ -186,6 +186,7 @@ private:
         row->addLayout(words, 1);
 
         m_sampleButton = AddButton<Velmora::QcPrimaryButton>(row, QStringLiteral("Follow the sample"));
+        m_sampleButton->setObjectName(QStringLiteral("followSample"));
         connect(m_sampleButton, &QPushButton::clicked, this, [this] { FollowSample(); });
         m_openButton = AddButton<Velmora::QcTertiaryButton>(row, QStringLiteral("Open\u2026"));
         connect(m_openButton, &QPushButton::clicked, this, [this] { Open(); });
@@ -277,7 +278,8 @@ private:
         m_applying = true;
         QcStyleManager::GetInstance()->SetColorFilePath(version);
         m_applying = false;
-        QFile::remove(m_versionPath);
+        if (!m_versionPath.isEmpty())
+            QFile::remove(m_versionPath);
         m_versionPath = version;
         ShowDifferences(version);
         ShowState(QStringLiteral("Followed. Version %1, taken on at %2.").arg(m_version).arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));

@@ -68,18 +68,18 @@ private:
         m_margin = new SliderRow(QStringLiteral("Shadow margin"), 0, 48, 24);
         m_opacity = new SliderRow(QStringLiteral("Shadow opacity"), 0, 100, 30);
         m_opacity->SetFormat([](int percent) { return QString::number(percent / 100.0, 'f', 2); });
-        m_topLeft = new SliderRow(QStringLiteral("Top left radius"), 0, 64, 8);
-        m_topRight = new SliderRow(QStringLiteral("Top right radius"), 0, 64, 32);
-        m_bottomRight = new SliderRow(QStringLiteral("Bottom right radius"), 0, 64, 8);
-        m_bottomLeft = new SliderRow(QStringLiteral("Bottom left radius"), 0, 64, 48);
+        m_topLeft = new SliderRow(QStringLiteral("Top left radius"), 0, 56, 8);
+        m_topRight = new SliderRow(QStringLiteral("Top right radius"), 0, 56, 32);
+        m_bottomRight = new SliderRow(QStringLiteral("Bottom right radius"), 0, 56, 8);
+        m_bottomLeft = new SliderRow(QStringLiteral("Bottom left radius"), 0, 56, 40);
 
         auto *canvas = new Canvas([this](QPainter &painter, const QRect &rect) {
             PaintGround(painter, rect);
             const RadiusParams radii = Radii(m_topLeft->Value(), m_topRight->Value(), m_bottomRight->Value(), m_bottomLeft->Value());
-            const QRect panel = rect.marginsRemoved(QMargins(64, 64, 64, 64));
+            const QRect panel = rect.marginsRemoved(QMargins(56, 48, 56, 48));
             PaintPanel(painter, panel, Shadow(m_margin->Value(), radii, m_opacity->Value() / 100.0));
         });
-        canvas->setMinimumHeight(36 * kGrid);
+        canvas->setMinimumHeight(26 * kGrid);
         row->addWidget(canvas, 1);
         for (SliderRow *slider : {m_margin, m_opacity, m_topLeft, m_topRight, m_bottomRight, m_bottomLeft}) {
             controls->addWidget(slider);

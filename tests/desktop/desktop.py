@@ -1,0 +1,224 @@
+"""A private desktop for tests: an X server with a window manager, programs on it, and a mouse and keyboard to drive them."""
+
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import threading
+import time
+
+# No button binding for a window's inside: the window manager leaves a press there to the program, so
+# that a window which comes to the front has done so by itself.
+OPENBOX_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
+  <desktops><number>1</number><popupTime>0</popupTime></desktops>
+  <keyboard/>
+  <mouse/>
+</openbox_config>
+"""
+
+TIMEOUT = 30
+
+
+def wait_for(condition, what, timeout=TIMEOUT):
+    """The first true result of condition(), asked again and again; an error naming what was awaited after the timeout."""
+    end = time.monotonic() + timeout
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {timeout} s in vain for {what}")
+        time.sleep(0.02)
+
+
+class Desktop:
+    """An X server on a free display number and openbox; close() ends all that was started on it."""
+
+    def __init__(self, width, height):
+        self.folder = tempfile.mkdtemp(prefix="desktop-")
+        self.processes = []
+        runtime = os.path.join(self.folder, "runtime")
+        os.mkdir(runtime, 0o700)
+        temporary = os.path.join(self.folder, "tmp")
+        os.mkdir(temporary)
+        self.environment = {key: value for key, value in os.environ.items()
+                            if key not in ("DISPLAY", "WAYLAND_DISPLAY", "SESSION_MANAGER", "DBUS_SESSION_BUS_ADDRESS")}
+        self.environment.update(HOME=self.folder, XDG_RUNTIME_DIR=runtime, TMPDIR=temporary, QT_QPA_PLATFORM="xcb",
+                                XDG_CONFIG_HOME=self.folder, XDG_CACHE_HOME=self.folder, NO_AT_BRIDGE="1")
+        try:
+            self._start_server(width, height)
+            self._start_window_manager()
+        except BaseException:
+            self.close()
+            raise
+
+    def _start_server(self, width, height):
+        # The server picks a free number itself and writes it to the pipe once it takes connections.
+        reader, writer = os.pipe()
+        try:
+            self.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24",
+                        "-nolisten", "tcp", "-noreset"], pass_fds=[writer], log="xvfb.log")
+        finally:
+            os.close(writer)
+        with os.fdopen(reader) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise AssertionError("the X server did not start: " + self.log("xvfb.log"))
+        self.environment["DISPLAY"] = f":{number}"
+
+    def _start_window_manager(self):
+        config = os.path.join(self.folder, "rc.xml")
+        with open(config, "w", encoding="utf-8") as file:
+            file.write(OPENBOX_CONFIG)
+        self.start(["openbox", "--sm-disable", "--config-file", config], log="openbox.log")
+        wait_for(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+
+    def start(self, command, log, pass_fds=(), stdout=None):
+        with open(os.path.join(self.folder, log), "w", encoding="utf-8") as file:
+            process = subprocess.Popen(command, env=self.environment, pass_fds=pass_fds, stdin=subprocess.DEVNULL,
+                                       stdout=stdout or file, stderr=file, text=True)
+        self.processes.append(process)
+        return process
+
+    def log(self, name):
+        with open(os.path.join(self.folder, name), encoding="utf-8") as file:
+            return file.read()
+
+    def run(self, *command):
+        """The output of a short command; empty if it failed, which a search without a match does."""
+        result = subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL, timeout=TIMEOUT, check=False)
+        return result.stdout.decode("utf-8", "replace") if result.returncode == 0 else ""
+
+    def close(self):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+        for process in reversed(self.processes):
+            try:
+                process.wait(10)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+            if process.stdout:
+                process.stdout.close()
+        self.processes.clear()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    # --- Looking ---
+
+    def windows_of(self, process):
+        """Ids of the visible windows of a process, tips and menus included."""
+        return self.run("xdotool", "search", "--onlyvisible", "--pid", str(process.pid)).split()
+
+    def active_window(self):
+        match = re.search(r"# (0x[0-9a-f]+)", self.run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
+        return str(int(match.group(1), 16)) if match else ""
+
+    def property(self, window, name):
+        return self.run("xprop", "-id", window, name).partition("=")[2].strip()
+
+    def geometry(self, window):
+        """x, y, width, height of a window's inside on the screen."""
+        text = self.run("xwininfo", "-id", window)
+        numbers = [re.search(label + r": +(-?\d+)", text)
+                   for label in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+        return tuple(int(number.group(1)) for number in numbers) if all(numbers) else None
+
+    def pixel(self, x, y):
+        """The colour on the screen, as "#rrggbb"."""
+        result = subprocess.run(["import", "-silent", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
+                                env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                timeout=TIMEOUT, check=False)
+        return "#" + result.stdout[:3].hex()
+
+    # --- Acting ---
+
+    def point_at(self, x, y):
+        self.run("xdotool", "mousemove", "--sync", str(x), str(y))
+
+    def click(self, x, y):
+        self.point_at(x, y)
+        self.run("xdotool", "click", "1")
+
+    def keys(self, *names):
+        self.run("xdotool", "key", "--clearmodifiers", *names)
+
+    def type(self, text):
+        self.run("xdotool", "type", text)
+
+
+class Program:
+    """A gallery on a desktop."""
+
+    count = 0
+
+    def __init__(self, desktop, program, *arguments):
+        Program.count += 1
+        self.desktop = desktop
+        self.log_name = f"gallery-{Program.count}.log"
+        self.process = desktop.start([program, "--print-positions", *arguments], log=self.log_name, stdout=subprocess.PIPE)
+        self.positions = {}
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        self.window = wait_for(self._find_window, "the gallery's window")
+        self.wait_until_active()
+        wait_for(lambda: self.positions, "the positions of the controls")
+
+    def _read(self):
+        found = {}
+        for line in self.process.stdout:
+            if line.strip() == "end":
+                self.positions = found
+                found = {}
+                continue
+            name, *numbers = line.split()
+            found[name] = tuple(int(number) for number in numbers)
+
+    def _find_window(self):
+        if self.process.poll() is not None:
+            raise AssertionError("the gallery ended: " + self.desktop.log(self.log_name))
+        for window in self.desktop.windows_of(self.process):
+            if "Velmora Gallery" in self.title(window):
+                return window
+        return None
+
+    def title(self, window=None):
+        return self.desktop.property(window or self.window, "_NET_WM_NAME")
+
+    def wait_until_active(self):
+        wait_for(lambda: self.desktop.active_window() == self.window, "the window to be active")
+
+    def tips(self):
+        return [window for window in self.desktop.windows_of(self.process)
+                if "_NET_WM_WINDOW_TYPE_TOOLTIP" in self.desktop.property(window, "_NET_WM_WINDOW_TYPE")]
+
+    def centre_of(self, control):
+        """On the screen, wherever the window is now."""
+        left, top, width, height = self.positions[control]
+        x, y, _, _ = self.desktop.geometry(self.window)
+        return x + left + width // 2, y + top + height // 2
+
+    def click(self, control):
+        self.desktop.click(*self.centre_of(control))
+
+    def ground(self):
+        """The colour of the ground beside the page, where nothing else is painted."""
+        x, y, width, height = self.desktop.geometry(self.window)
+        return self.desktop.pixel(x + width - 20, y + height - 20)
+
+    def move_to(self, x, y):
+        self.desktop.run("xdotool", "windowmove", self.window, str(x), str(y))
+        wait_for(lambda: abs(self.desktop.geometry(self.window)[0] - x) < 40, "the window to move")
+
+    def wait_for_end(self):
+        code = self.process.wait(TIMEOUT)
+        self._reader.join(TIMEOUT)
+        return code
+
+    def complaints(self):
+        """What the log holds besides the start-up facts."""
+        return [line for line in self.desktop.log(self.log_name).splitlines() if not line.startswith("QcStyleManager::LoadFont")]

@@ -1,0 +1,126 @@
+"""Drives the gallery with a real mouse and keyboard, under a real window manager."""
+
+import glob
+import os
+import re
+import unittest
+
+from desktop import Desktop, Program, wait_for
+
+GALLERY = os.environ["GALLERY_PROGRAM"]
+TABLES = os.environ["COLOUR_TABLES"]
+
+
+def token(table, name):
+    """The colour of a token as its table tells it, "#rrggbb"."""
+    with open(os.path.join(TABLES, f"blue_{table}.ini"), encoding="utf-8-sig") as file:
+        return re.search(rf"^{re.escape(name)} *= *(#\w{{6}})", file.read(), re.MULTILINE).group(1).lower()
+
+
+LIGHT_GROUND = token("light", "bg/bg_bottom")
+DARK_GROUND = token("dark", "bg/bg_bottom")
+
+
+class GalleryTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(2720, 900) # room for two galleries side by side
+        cls.addClassCleanup(cls.desktop.close)
+
+    def start(self, *arguments):
+        gallery = Program(self.desktop, GALLERY, *arguments)
+        self.addCleanup(self.finish, gallery)
+        return gallery
+
+    def finish(self, gallery):
+        if gallery.process.poll() is None:
+            gallery.process.terminate()
+        gallery.wait_for_end()
+        self.assertEqual(gallery.complaints(), [])
+
+    def wait_for_ground(self, gallery, color):
+        wait_for(lambda: gallery.ground() == color, f"the ground to be {color}")
+
+    def test_starts_in_the_light_table(self):
+        gallery = self.start()
+        self.wait_for_ground(gallery, LIGHT_GROUND)
+
+    def test_starts_in_the_table_and_on_the_page_that_were_asked_for(self):
+        gallery = self.start("--table", "dark", "--page", "labels")
+        self.wait_for_ground(gallery, DARK_GROUND)
+        self.assertIn("Labels", gallery.title())
+
+    def test_clicking_the_switch_changes_the_pixels(self):
+        gallery = self.start()
+        self.wait_for_ground(gallery, LIGHT_GROUND)
+        gallery.click("tableDark")
+        self.wait_for_ground(gallery, DARK_GROUND)
+        gallery.click("tableLight")
+        self.wait_for_ground(gallery, LIGHT_GROUND)
+
+    def test_typing_in_the_search_field_opens_the_page(self):
+        gallery = self.start()
+        gallery.click("searchField")
+        self.desktop.type("inspector")
+        wait_for(lambda: "Theme inspector" in gallery.title(), "the page that was searched for")
+
+    def test_a_left_press_activates_an_inactive_window_and_reaches_its_target(self):
+        first = self.start()
+        first.move_to(20, 40)
+        second = self.start()
+        second.move_to(1380, 40)
+        self.wait_for_ground(first, LIGHT_GROUND)
+        self.assertEqual(self.desktop.active_window(), second.window)
+
+        first.click("tableDark")
+        first.wait_until_active()
+        self.wait_for_ground(first, DARK_GROUND)
+        self.assertEqual(second.ground(), LIGHT_GROUND)
+
+    def test_a_left_press_on_what_takes_no_press_activates_too(self):
+        first = self.start()
+        first.move_to(20, 40)
+        second = self.start()
+        second.move_to(1380, 40)
+        first.click("pageTitle")
+        first.wait_until_active()
+
+    def test_shift_f1_shows_the_debug_tip(self):
+        gallery = self.start("--page", "debugtip")
+        self.desktop.point_at(*gallery.centre_of("approveButton"))
+        self.assertEqual(gallery.tips(), [])
+        self.desktop.keys("shift+F1")
+        tip = wait_for(gallery.tips, "the debug tip")[0]
+        # One long line for each of the widgets from the button up to the window.
+        _, _, width, height = self.desktop.geometry(tip)
+        self.assertGreater(width, 600)
+        self.assertGreater(height, 8 * 12)
+
+    def test_the_inspector_follows_a_file_that_is_edited(self):
+        gallery = self.start("--page", "inspector")
+        gallery.click("followSample")
+        pattern = os.path.join(self.desktop.environment["TMPDIR"], "*", "sample_theme.ini")
+        path = wait_for(lambda: glob.glob(pattern), "the sample file")[0]
+        with open(path, encoding="utf-8") as file:
+            text = file.read()
+
+        def with_ground(color):
+            return re.sub(r"^bg/bg_bottom *=[^;\n]*", f"bg/bg_bottom = {color} ", text, flags=re.MULTILINE)
+
+        with open(path, "w", encoding="utf-8") as file: # some editors write in place
+            file.write(with_ground("#c0ffee"))
+        self.wait_for_ground(gallery, "#c0ffee")
+        for color in ("#aa5500", "#123456"): # others put a new file in the old one's place, each time
+            with open(path + ".new", "w", encoding="utf-8") as file:
+                file.write(with_ground(color))
+            os.replace(path + ".new", path)
+            self.wait_for_ground(gallery, color)
+
+    def test_control_q_quits(self):
+        gallery = self.start()
+        self.desktop.keys("ctrl+q")
+        self.assertEqual(gallery.wait_for_end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,140 @@
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+
+using namespace VelmoraTest;
+
+namespace {
+
+struct Run
+{
+    int exitCode = -1;
+    QString out;
+    QString log;
+};
+
+// As on a machine without a display, where nobody chose a platform either.
+Run RunGallery(const QStringList &arguments)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(GALLERY_PROGRAM), arguments);
+    Run run;
+    if (process.waitForFinished(100000) && process.exitStatus() == QProcess::NormalExit)
+        run.exitCode = process.exitCode();
+    run.out = QString::fromUtf8(process.readAllStandardOutput());
+    run.log = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+// What the log holds besides the start-up facts.
+QStringList Complaints(const QString &log)
+{
+    QStringList lines = log.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    lines.erase(std::remove_if(lines.begin(), lines.end(), [](const QString &line) {
+        return line.startsWith(QLatin1String("QcStyleManager::LoadFont"));
+    }), lines.end());
+    return lines;
+}
+
+// True if so many different colours stand on every fourth pixel of every fourth row: a blank picture has one.
+bool HasContent(const QImage &image)
+{
+    QSet<QRgb> colors;
+    for (int y = 0; y < image.height(); y += 4) {
+        for (int x = 0; x < image.width(); x += 4)
+            colors.insert(image.pixel(x, y));
+    }
+    return colors.size() >= 16;
+}
+
+class tst_Gallery : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void every_page_renders_in_both_tables();
+    void one_page_renders_alone();
+    void list_names_the_pages();
+    void wrong_calls_fail_data();
+    void wrong_calls_fail();
+};
+
+void tst_Gallery::every_page_renders_in_both_tables()
+{
+    const QString folder = QStringLiteral(GALLERY_PICTURES);
+    QDir(folder).removeRecursively();
+    const QStringList pages = RunGallery({QStringLiteral("--list")}).out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QVERIFY(pages.size() >= 9);
+
+    const Run run = RunGallery({QStringLiteral("--render"), folder});
+    QCOMPARE(Complaints(run.log), QStringList());
+    QCOMPARE(run.exitCode, 0);
+    for (const QString &page : pages) {
+        const QString light = QStringLiteral("%1/%2-light.png").arg(folder, page);
+        const QString dark = QStringLiteral("%1/%2-dark.png").arg(folder, page);
+        QVERIFY2(run.out.contains(light) && run.out.contains(dark), qPrintable(page));
+        const QImage lightImage(light);
+        const QImage darkImage(dark);
+        for (const QImage &image : {lightImage, darkImage}) {
+            QVERIFY2(image.width() >= 1280 && image.height() >= 800, qPrintable(page));
+            QVERIFY2(HasContent(image), qPrintable(page));
+        }
+        // The ground at the right edge, where no page paints: bright in one table, dark in the other.
+        QVERIFY2(qGray(lightImage.pixel(lightImage.width() - 4, 400)) > 200, qPrintable(page));
+        QVERIFY2(qGray(darkImage.pixel(darkImage.width() - 4, 400)) < 60, qPrintable(page));
+    }
+    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2 * pages.size());
+}
+
+void tst_Gallery::one_page_renders_alone()
+{
+    QTemporaryDir folder;
+    const Run run = RunGallery({QStringLiteral("--render"), folder.path(), QStringLiteral("--page"), QStringLiteral("labels")});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name), QStringList({QStringLiteral("labels-dark.png"), QStringLiteral("labels-light.png")}));
+}
+
+void tst_Gallery::list_names_the_pages()
+{
+    const Run run = RunGallery({QStringLiteral("--list")});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.out.split(QLatin1Char('\n')).first(), QStringLiteral("colours"));
+    QCOMPARE(Complaints(run.log), QStringList());
+}
+
+void tst_Gallery::wrong_calls_fail_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("unknown page") << QStringList({QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--page"), QStringLiteral("nosuch")})
+                                  << QStringLiteral("no page \"nosuch\"");
+    QTest::newRow("unknown table") << QStringList({QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--table"), QStringLiteral("blue")})
+                                   << QStringLiteral("the table is light or dark, not \"blue\"");
+    QTest::newRow("a file in the folder's place") << QStringList({QStringLiteral("--render"), QStringLiteral(GALLERY_PROGRAM)})
+                                                  << QStringLiteral("cannot make the folder");
+    QTest::newRow("a window without a display") << QStringList() << QStringLiteral("there is no display");
+}
+
+void tst_Gallery::wrong_calls_fail()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const Run run = RunGallery(arguments);
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.log.contains(message), qPrintable(run.log));
+}
+
+} // namespace
+
+VELMORA_BARE_TEST_MAIN(tst_Gallery)
+
+#include "tst_Gallery.moc"

@@ -1,0 +1,72 @@
+#include "support/TestMain.h"
+
+#include <QApplication>
+
+using namespace Velmora;
+using VelmoraTest::Table;
+
+namespace {
+
+const QString kSheet = QStringLiteral("QWidget { color: ${brand/brand}; }");
+
+} // namespace
+
+/// A program whose application object is a plain QApplication: the theme works at the moment of the call, and not behind it.
+class tst_PlainApplication : public VelmoraTest::TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void registrations_act_at_once_and_never_again()
+    {
+        QcStyleManager *manager = QcStyleManager::GetInstance();
+        QWidget shown;
+        QWidget hidden;
+        int runs = 0;
+        for (QWidget *widget : {&shown, &hidden}) {
+            manager->RegisterStyleSheet(widget, kSheet);
+            manager->RegisterColorHandler(widget, [&runs] { ++runs; });
+        }
+        QCOMPARE(runs, 2);
+        const QString light = manager->ReplaceStyleSheetColorCodes(kSheet);
+        QCOMPARE(shown.styleSheet(), light);
+        shown.show();
+        VelmoraTest::DrainEvents();
+        QCOMPARE(runs, 2);
+
+        VelmoraTest::UseTable(Table::Dark);
+        QVERIFY(manager->ReplaceStyleSheetColorCodes(kSheet) != light);
+        QCOMPARE(runs, 2);
+        QCOMPARE(shown.styleSheet(), light);
+        QCOMPARE(hidden.property("uNeedProcesUpdateColor"), QVariant(true));
+        hidden.show();
+        VelmoraTest::DrainEvents();
+        QCOMPARE(runs, 2);
+        QCOMPARE(hidden.styleSheet(), light);
+        QCOMPARE(hidden.property("uNeedProcesUpdateColor"), QVariant(false));
+    }
+
+    void images_are_kept_there_too()
+    {
+        ImageParams params;
+        params.path = QStringLiteral(":/images/close.svg");
+        params.size = QSize(16, 16);
+        params.color = "brand/brand";
+        const QImage image = QcStyleManager::GetInstance()->GetImage(params);
+        QCOMPARE(image.size(), QSize(16, 16));
+        QCOMPARE(QcStyleManager::GetInstance()->GetImage(params).cacheKey(), image.cacheKey());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    VelmoraTest::LogGuard quiet;
+    VelmoraTest::UseTable(Table::Light);
+    QcStyleManager::GetInstance()->Initialize();
+    quiet.TakeFaults();
+    tst_PlainApplication test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_PlainApplication.moc"

@@ -1,0 +1,93 @@
+#include "support/TestMain.h"
+
+#include <Velmora/FileAndDesktop.h>
+
+using namespace Velmora;
+using VelmoraTest::Table;
+using VelmoraTest::UseTable;
+
+/// From the first call of a host to the end of its application object, and once more in the same process.
+class tst_ThemeStart : public VelmoraTest::TestCase
+{
+    Q_OBJECT
+
+private:
+    int m_argc = 1;
+    char m_name[5] = "test";
+    char *m_argv[2] = {m_name, nullptr};
+
+    void ExpectFontFacts()
+    {
+        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
+        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
+        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(.*\"Open Sans.*\"\\)"));
+    }
+
+private Q_SLOTS:
+    void without_a_table_every_token_is_unknown()
+    {
+        QVERIFY(!QcStyleManager::GetInstance()->GetColor("brand/brand").isValid());
+        QCOMPARE(QcStyleManager::GetInstance()->ReplaceStyleSheetColorCodes(QStringLiteral("${brand/brand}")),
+                 QStringLiteral("rgba(0, 0, 0, 1)"));
+    }
+
+    void without_an_application_images_are_made_and_not_kept()
+    {
+        ImageParams params;
+        params.path = QStringLiteral(":/images/close.svg");
+        params.size = QSize(16, 16);
+        const QImage image = QcStyleManager::GetInstance()->GetImage(params);
+        QCOMPARE(image.size(), QSize(16, 16));
+        QVERIFY(QcStyleManager::GetInstance()->GetImage(params).cacheKey() != image.cacheKey());
+    }
+
+    void initialising_tells_the_fonts_and_appends_the_global_stylesheet()
+    {
+        QcApplication application(m_argc, m_argv);
+        UseTable(Table::Light);
+        const QString own = QStringLiteral("QLabel { color: ${brand/brand}; }");
+        application.setStyleSheet(own);
+        ExpectFontFacts();
+        application.Initialize();
+        QCOMPARE(Log().Announced().first(), QStringLiteral("QcStyleManager::LoadFont"));
+        QCOMPARE(Log().Announced().at(1), QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
+
+        const QString global = GetFileContent(QStringLiteral(":/qss/Global.qss"));
+        const QString light = QStringLiteral("QLabel { color: rgba(51, 111, 255, 1); }") + global;
+        QCOMPARE(application.styleSheet(), light);
+        // Resolved this once: a later table does not touch it.
+        UseTable(Table::Dark);
+        QCOMPARE(application.styleSheet(), light);
+        UseTable(Table::Light);
+    }
+
+    void a_second_application_in_the_process_themes_as_the_first()
+    {
+        ImageParams params;
+        params.path = QStringLiteral(":/images/close.svg");
+        params.size = QSize(16, 16);
+        params.color = "brand/brand";
+        qint64 firstKey = 0;
+        {
+            QcApplication application(m_argc, m_argv);
+            firstKey = QcStyleManager::GetInstance()->GetPixmap(params).cacheKey();
+            QCOMPARE(QcStyleManager::GetInstance()->GetPixmap(params).cacheKey(), firstKey);
+        }
+        QcApplication application(m_argc, m_argv);
+        const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(params);
+        QVERIFY(pixmap.cacheKey() != firstKey); // no pixmap outlives its application
+        QCOMPARE(QcStyleManager::GetInstance()->GetPixmap(params).cacheKey(), pixmap.cacheKey());
+
+        QWidget widget;
+        const QString sheet = QStringLiteral("QWidget { color: ${brand/brand}; }");
+        QcStyleManager::GetInstance()->RegisterStyleSheet(&widget, sheet);
+        widget.show();
+        VelmoraTest::DrainEvents();
+        UseTable(Table::Dark);
+        QCOMPARE(widget.styleSheet(), QcStyleManager::GetInstance()->ReplaceStyleSheetColorCodes(sheet));
+        QVERIFY(QcStyleManager::GetInstance()->GetPixmap(params).cacheKey() != pixmap.cacheKey());
+    }
+};
+
+VELMORA_BARE_TEST_MAIN(tst_ThemeStart)
+#include "tst_ThemeStart.moc"

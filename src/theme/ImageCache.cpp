@@ -5,7 +5,6 @@
 #include <QDateTime>
 #include <QFileInfo>
 
-#include <cstring>
 #include <memory>
 
 namespace Velmora {
@@ -21,8 +20,8 @@ struct RequestKey
 
 bool SameColor(const ColorParams &a, const ColorParams &b)
 {
-    // By bits, so that an alpha that is not a number equals itself.
-    return a.code == b.code && std::memcmp(&a.alpha, &b.alpha, sizeof(double)) == 0;
+    // An alpha that is not a number must equal itself here, or its image would never be found again.
+    return a.code == b.code && (a.alpha == b.alpha || (qIsNaN(a.alpha) && qIsNaN(b.alpha)));
 }
 
 bool SameSubstitutions(const QHash<QString, ColorParams> &a, const QHash<QString, ColorParams> &b)
@@ -110,7 +109,7 @@ QImage ImageCache::Image(const ImageParams &params, const Render &render)
     const FileStamp stamp = FileStamp::Of(params.path);
     if (const Entry *entry = FindFresh(*entries, params, stamp))
         return entry->image;
-    const QImage image = render(params);
+    QImage image = render(params);
     // Bound to the stamp from before the reading: a file that changes meanwhile is read again.
     entries->insert(RequestKey{params}, new Entry{stamp, image, QPixmap()}, CostInKibibytes(image));
     return image;

@@ -23,7 +23,7 @@ public:
     QcApplication(int &argc, char **argv);
     /// Stops the dispatcher's thread and waits for it; tasks not yet run are dropped. Threads that
     /// hand in tasks must have stopped doing so by then.
-    virtual ~QcApplication();
+    ~QcApplication() override;
 
     /// Starts the theme engine and then watches the application's events. The colour table comes first, because
     /// the global stylesheet is resolved only here. Call it once: a second call repeats all of it.

@@ -194,7 +194,7 @@ private:
         m_copyButton->setToolTip(QStringLiteral("Save the active built-in table to a file of yours and follow it"));
         connect(m_copyButton, &QPushButton::clicked, this, [this] { SaveCopy(); });
         m_stopButton = AddButton<Velmora::QcTertiaryButton>(row, QStringLiteral("Stop"));
-        connect(m_stopButton, &QPushButton::clicked, this, [this] { ApplyTable(LastTable()); });
+        connect(m_stopButton, &QPushButton::clicked, this, [] { ApplyTable(LastTable()); });
     }
 
     template <typename Button>

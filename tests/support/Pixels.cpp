@@ -50,4 +50,21 @@ QRectF InkBox(const QImage &image, const QColor &background, int tolerance)
     return QRectF(box.x() / ratio, box.y() / ratio, box.width() / ratio, box.height() / ratio);
 }
 
+QColor InkColor(const QImage &image, const QColor &background)
+{
+    const auto distance = [&background](const QColor &color) {
+        return std::abs(color.red() - background.red()) + std::abs(color.green() - background.green())
+            + std::abs(color.blue() - background.blue());
+    };
+    QColor ink = background;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            if (distance(color) > distance(ink))
+                ink = color;
+        }
+    }
+    return ink;
+}
+
 } // namespace VelmoraTest

@@ -26,6 +26,10 @@ bool Close(const QColor &a, const QColor &b, int tolerance = 2);
 /// The smallest logical rectangle that holds every pixel unlike \a background by more than \a tolerance.
 QRectF InkBox(const QImage &image, const QColor &background, int tolerance = 8);
 
+/// The pixel of \a image that differs most from \a background: the colour of a text or icon whose strokes are wide enough
+/// to cover a pixel whole. Enlarge the font for that.
+QColor InkColor(const QImage &image, const QColor &background);
+
 } // namespace VelmoraTest
 
 /// Compares two colours channel by channel, within two steps, and prints both on failure.

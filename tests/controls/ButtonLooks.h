@@ -1,0 +1,58 @@
+#pragma once
+
+#include "support/TestCase.h"
+
+#include <QAbstractButton>
+#include <QCursor>
+#include <QTest>
+
+namespace VelmoraTest {
+
+/// One of the eight looks of a button: its key in the state tables, and what a user does to see it.
+struct Look
+{
+    const char *name;
+    int key;
+    bool isEnabled;
+    bool isChecked;
+    bool isHovered;
+    bool isPressed;
+};
+
+constexpr Look kLooks[] = {
+    {"disabled", 0, false, false, false, false},
+    {"normal", 1, true, false, false, false},
+    {"hover", 0x2001, true, false, true, false},
+    {"pressed", 5, true, false, true, true},
+    {"checked disabled", 0x8000, false, true, false, false},
+    {"checked normal", 0x8001, true, true, false, false},
+    {"checked hover", 0xA001, true, true, true, false},
+    {"checked pressed", 0x8005, true, true, true, true},
+};
+
+/// A place on the screen that no test window covers.
+inline void MoveCursorAway()
+{
+    QCursor::setPos(450, 450);
+    DrainEvents();
+}
+
+inline void MoveCursorOver(const QWidget &widget)
+{
+    QCursor::setPos(widget.mapToGlobal(widget.rect().center()));
+    DrainEvents();
+}
+
+/// Brings the shown \a button to \a look as its user would, from the state in which it was made.
+inline void BringTo(QAbstractButton &button, const Look &look)
+{
+    button.setCheckable(look.isChecked);
+    button.setChecked(look.isChecked);
+    button.setEnabled(look.isEnabled);
+    if (look.isHovered)
+        MoveCursorOver(button);
+    if (look.isPressed)
+        QTest::mousePress(&button, Qt::LeftButton);
+}
+
+} // namespace VelmoraTest

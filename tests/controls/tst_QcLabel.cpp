@@ -1,0 +1,395 @@
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/TestMain.h"
+
+#include <Velmora/QcLabel.h>
+
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTemporaryDir>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QString kIconColor = QStringLiteral("brand/brand");
+
+QPixmap PixmapOf(const QcLabel &label)
+{
+    return label.pixmap(Qt::ReturnByValue);
+}
+
+/// A font whose strokes are some pixels wide, so that ink shows the whole colour.
+QFont BroadFont()
+{
+    QFont font;
+    font.setPixelSize(60);
+    font.setBold(true);
+    return font;
+}
+
+/// What a label of \a size with \a font has to look like: one elided run in the whole rectangle, in black on white.
+QImage Reference(const QSize &size, const QFont &font, const QString &text, int alignment)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(image.rect(), alignment, QFontMetrics(font).elidedText(text, Qt::ElideRight, size.width()));
+    return image;
+}
+
+} // namespace
+
+class TestQcLabel : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        // Filled to its edges, so that the icon's extent is its ink.
+        m_icon = m_folder.filePath(QStringLiteral("square.svg"));
+        QFile file(m_icon);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 24 24\"><rect width=\"24\" height=\"24\" fill=\"#000000\"/></svg>");
+    }
+
+    void styles_have_their_font_and_colour_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("token");
+        QTest::addColumn<int>("weight");
+        QTest::addColumn<int>("pixelSize");
+        QTest::addColumn<QString>("family");
+        const QString roboto = QStringLiteral("Roboto");
+        const QString openSans = QStringLiteral("Open Sans Medium");
+        QTest::newRow("0") << 0 << QStringLiteral("text/text_primary") << 75 << 28 << roboto;
+        QTest::newRow("1") << 1 << QStringLiteral("text/text_primary") << 75 << 20 << roboto;
+        QTest::newRow("2") << 2 << QStringLiteral("text/text_primary") << 50 << 16 << openSans;
+        QTest::newRow("3") << 3 << QStringLiteral("text/text_secondary") << 50 << 16 << openSans;
+        QTest::newRow("4") << 4 << QStringLiteral("text/text_caption") << 75 << 14 << roboto;
+        QTest::newRow("5") << 5 << QStringLiteral("text/text_caption") << 75 << 12 << roboto;
+        QTest::newRow("6") << 6 << QStringLiteral("text/text_primary") << 50 << 12 << openSans;
+        QTest::newRow("7") << 7 << QStringLiteral("text/text_secondary") << 50 << 12 << openSans;
+        QTest::newRow("8") << 8 << QStringLiteral("text/text_tertairy") << 50 << 10 << openSans;
+    }
+
+    void styles_have_their_font_and_colour()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, token);
+        QFETCH(int, weight);
+        QFETCH(int, pixelSize);
+        QFETCH(QString, family);
+        QcLabel label;
+        label.setType(QcLabel::LabelType(type));
+        QCOMPARE(label.font().weight(), weight);
+        QCOMPARE(label.font().pixelSize(), pixelSize);
+        QCOMPARE(label.font().families(), (QStringList{family, QStringLiteral("Microsoft YaHei UI")}));
+
+        label.setText(QStringLiteral("I"));
+        label.setFont(BroadFont());
+        label.resize(100, 80);
+        for (const Table table : {Table::Dark, Table::Light}) {
+            UseTable(table);
+            const QColor canvas = table == Table::Light ? Qt::white : Qt::black;
+            label.setEnabled(true);
+            COMPARE_COLOR(InkColor(Render(label, canvas), canvas), Over(TokenOf(table, token), canvas));
+            label.setEnabled(false);
+            COMPARE_COLOR(InkColor(Render(label, canvas), canvas), Over(TokenOf(table, QStringLiteral("text/text_disabled")), canvas));
+        }
+    }
+
+    void the_built_in_fonts_are_used()
+    {
+        QcLabel heading;
+        heading.setType(QcLabel::Headline);
+        QCOMPARE(QFontInfo(heading.font()).family(), QStringLiteral("Roboto"));
+        QcLabel body;
+        body.setType(QcLabel::Body);
+        QVERIFY2(QFontInfo(body.font()).family().startsWith(QLatin1String("Open Sans")), qPrintable(QFontInfo(body.font()).family()));
+    }
+
+    void a_new_label_applies_no_style()
+    {
+        QcLabel label;
+        QCOMPARE(label.font(), QLabel().font());
+        label.setText(QStringLiteral("I"));
+        label.setFont(BroadFont());
+        label.resize(100, 80);
+        // No token is no colour, which a painter draws in black, in either table.
+        UseTable(Table::Dark);
+        COMPARE_COLOR(InkColor(Render(label), Qt::white), QColor(Qt::black));
+    }
+
+    void an_unknown_type_keeps_the_colour_and_drops_the_font()
+    {
+        QcLabel label;
+        label.setType(QcLabel::Hint);
+        label.setType(QcLabel::LabelType(9));
+        QCOMPARE(label.font(), QLabel().font());
+        label.setType(QcLabel::Headline);
+        label.setType(QcLabel::LabelType(1000));
+        QCOMPARE(label.font(), QLabel().font());
+        label.setType(QcLabel::LabelType(-1));
+        QCOMPARE(label.font(), QLabel().font());
+
+        label.setType(QcLabel::Hint);
+        label.setType(QcLabel::LabelType(9));
+        label.setFont(BroadFont());
+        label.setText(QStringLiteral("I"));
+        label.resize(100, 80);
+        COMPARE_COLOR(InkColor(Render(label), Qt::white), Over(TokenOf(Table::Light, QStringLiteral("text/text_tertairy"))));
+    }
+
+    void text_is_one_elided_run_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("alignment");
+        const int plain = Qt::AlignLeft | Qt::AlignVCenter;
+        QTest::newRow("fits") << 300 << plain;
+        QTest::newRow("elided") << 80 << plain;
+        QTest::newRow("room for the dots only") << 14 << plain;
+        QTest::newRow("no room") << 3 << plain;
+        QTest::newRow("right") << 300 << int(Qt::AlignRight | Qt::AlignBottom);
+        QTest::newRow("centre") << 300 << int(Qt::AlignCenter);
+        QTest::newRow("top") << 300 << int(Qt::AlignLeft | Qt::AlignTop);
+        QTest::newRow("elided to the right") << 80 << int(Qt::AlignRight | Qt::AlignTop);
+    }
+
+    void text_is_one_elided_run()
+    {
+        QFETCH(int, width);
+        QFETCH(int, alignment);
+        const QString text = QStringLiteral("A label's text of some length");
+        QcLabel label;
+        label.setType(QcLabel::Caption);
+        const QFont font = label.font();
+        QVERIFY(QFontMetrics(font).elidedText(text, Qt::ElideRight, width) == text || width < 200);
+        QcLabel colourless; // its ink is black
+        colourless.setFont(font);
+        colourless.setText(text);
+        colourless.setAlignment(Qt::Alignment(alignment));
+        colourless.resize(width, 40);
+        QCOMPARE(Render(colourless), Reference(colourless.size(), font, text, alignment));
+    }
+
+    void alignment_moves_the_ink()
+    {
+        QcLabel label;
+        label.setText(QStringLiteral("I"));
+        label.resize(200, 100);
+        const auto inkAt = [&label](Qt::Alignment alignment) {
+            label.setAlignment(alignment);
+            return InkBox(Render(label), Qt::white);
+        };
+        QVERIFY(inkAt(Qt::AlignLeft | Qt::AlignTop).right() < 20);
+        QVERIFY(inkAt(Qt::AlignLeft | Qt::AlignTop).bottom() < 30);
+        QVERIFY(inkAt(Qt::AlignRight | Qt::AlignBottom).left() > 180);
+        QVERIFY(inkAt(Qt::AlignRight | Qt::AlignBottom).top() > 70);
+        QVERIFY(std::abs(inkAt(Qt::AlignCenter).center().x() - 100) < 5);
+    }
+
+    void frame_margin_indent_wrap_and_markup_play_no_part_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("plain") << QStringLiteral("Some words that would wrap");
+        QTest::newRow("markup") << QStringLiteral("<b>bold</b>");
+        QTest::newRow("mnemonic") << QStringLiteral("&Name");
+    }
+
+    void frame_margin_indent_wrap_and_markup_play_no_part()
+    {
+        QFETCH(QString, text);
+        QcLabel label;
+        label.setText(text);
+        label.setFrameStyle(QFrame::Box | QFrame::Plain);
+        label.setLineWidth(3);
+        label.setMargin(9);
+        label.setIndent(15);
+        label.setWordWrap(true);
+        label.setTextFormat(Qt::RichText);
+        label.resize(90, 50);
+        QCOMPARE(Render(label), Reference(label.size(), label.font(), text, int(label.alignment())));
+    }
+
+    void an_icon_needs_its_colour()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconPath(m_icon);
+        QVERIFY(PixmapOf(label).isNull());
+        label.SetIconColorParams(kIconColor);
+        QCOMPARE(PixmapOf(label).size(), QSize(32, 20));
+        const QImage image = Render(label);
+        COMPARE_COLOR(PixelAt(image, QPointF(16, 10)), Over(TokenOf(Table::Light, kIconColor)));
+        QCOMPARE(InkBox(image, Qt::white), QRectF(0, 0, 32, 20)); // it fills the label
+    }
+
+    void an_icon_needs_its_path()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconColorParams(kIconColor);
+        QVERIFY(PixmapOf(label).isNull());
+        label.SetIconPath(m_icon);
+        QCOMPARE(PixmapOf(label).size(), QSize(32, 20));
+    }
+
+    void taking_path_or_colour_away_leaves_the_icon()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconPath(m_icon);
+        label.SetIconColorParams(kIconColor);
+        label.SetIconPath(QString());
+        QVERIFY(!PixmapOf(label).isNull());
+        label.SetIconPath(m_icon);
+        label.SetIconColorParams(QString());
+        QVERIFY(!PixmapOf(label).isNull());
+    }
+
+    void a_missing_icon_shows_nothing()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconColorParams(kIconColor);
+        label.SetIconPath(m_folder.filePath(QStringLiteral("none.svg")));
+        QVERIFY(PixmapOf(label).isNull());
+        QVERIFY(InkBox(Render(label), Qt::white).isNull());
+    }
+
+    void each_resize_brings_a_pixmap_of_the_new_size()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconPath(m_icon);
+        label.SetIconColorParams(kIconColor);
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        for (const QSize &size : {QSize(120, 40), QSize(121, 40), QSize(121, 77)}) {
+            label.resize(size);
+            DrainEvents();
+            QCOMPARE(PixmapOf(label).size(), size);
+        }
+    }
+
+    void with_text_and_icon_only_the_text_shows_and_the_icon_follows_it()
+    {
+        QcLabel label;
+        label.resize(200, 30);
+        label.setText(QStringLiteral("I"));
+        label.SetIconPath(m_icon);
+        label.SetIconColorParams(kIconColor);
+        QCOMPARE(label.text(), QStringLiteral("I"));
+        label.resize(210, 30);
+        UseTable(Table::Dark);
+        UseTable(Table::Light);
+        QCOMPARE(label.text(), QStringLiteral("I"));
+        QCOMPARE(Render(label), Reference(label.size(), label.font(), QStringLiteral("I"), int(label.alignment())));
+
+        label.setText(QString());
+        QCOMPARE(PixmapOf(label).size(), QSize(210, 30));
+        COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
+        label.setText(QStringLiteral("I"));
+        QCOMPARE(Render(label), Reference(label.size(), label.font(), QStringLiteral("I"), int(label.alignment())));
+        label.clear();
+        COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
+    }
+
+    void a_text_set_over_an_icon_replaces_it()
+    {
+        QcLabel label;
+        label.resize(200, 30);
+        label.SetIconPath(m_icon);
+        label.SetIconColorParams(kIconColor);
+        QVERIFY(!PixmapOf(label).isNull());
+        label.setText(QStringLiteral("I"));
+        QCOMPARE(Render(label), Reference(label.size(), label.font(), QStringLiteral("I"), int(label.alignment())));
+    }
+
+    void a_text_announces_the_new_size()
+    {
+        QWidget window;
+        auto *label = new QcLabel(&window);
+        window.resize(300, 100);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        DrainEvents();
+        EventCounter requests(window, QEvent::LayoutRequest);
+        const int before = label->sizeHint().width();
+        label->setText(QStringLiteral("A longer text"));
+        DrainEvents();
+        QVERIFY(requests.Take() > 0);
+        QVERIFY(label->sizeHint().width() > before);
+    }
+
+    void a_new_type_repaints()
+    {
+        QcLabel label;
+        label.setText(QStringLiteral("I"));
+        label.setType(QcLabel::Body);
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        DrainEvents();
+        EventCounter paints(label, QEvent::Paint);
+        label.setType(QcLabel::BodySecondary); // the same font, another colour
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+    }
+
+    void a_theme_change_repaints_text_and_recolours_icons()
+    {
+        QWidget window;
+        window.resize(300, 100);
+        auto *text = new QcLabel(&window);
+        text->setType(QcLabel::Body);
+        text->setText(QStringLiteral("Text"));
+        auto *icon = new QcLabel(&window);
+        icon->setGeometry(100, 0, 30, 30);
+        icon->SetIconPath(m_icon);
+        icon->SetIconColorParams(kIconColor);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        DrainEvents();
+        EventCounter textPaints(*text, QEvent::Paint);
+        EventCounter iconPaints(*icon, QEvent::Paint);
+        UseTable(Table::Dark);
+        QCOMPARE(textPaints.Take(), 1);
+        QCOMPARE(iconPaints.Take(), 1);
+        COMPARE_COLOR(PixmapOf(*icon).toImage().pixelColor(15, 15), TokenOf(Table::Dark, kIconColor));
+    }
+
+    void a_hidden_label_catches_up_when_it_is_shown()
+    {
+        QcLabel label;
+        label.resize(30, 30);
+        label.SetIconPath(m_icon);
+        label.SetIconColorParams(kIconColor);
+        DrainEvents();
+        UseTable(Table::Dark);
+        COMPARE_COLOR(PixmapOf(label).toImage().pixelColor(15, 15), TokenOf(Table::Light, kIconColor));
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        DrainEvents();
+        COMPARE_COLOR(PixmapOf(label).toImage().pixelColor(15, 15), TokenOf(Table::Dark, kIconColor));
+    }
+
+protected:
+    void TearDown() override { UseTable(Table::Light); }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_icon;
+};
+
+VELMORA_TEST_MAIN(TestQcLabel)
+
+#include "tst_QcLabel.moc"

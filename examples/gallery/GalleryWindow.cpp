@@ -31,7 +31,7 @@ GalleryWindow::GalleryWindow(Table table, QWidget *parent)
     , m_pages(Pages())
 {
     setObjectName(QStringLiteral("galleryWindow"));
-    setMinimumSize(880, 560);
+    setMinimumSize(960, 560);
     resize(1280, 800);
 
     auto *layout = new QHBoxLayout(this);
@@ -49,7 +49,6 @@ GalleryWindow::GalleryWindow(Table table, QWidget *parent)
     m_scroll->setObjectName(QStringLiteral("pageScroll"));
     m_scroll->setWidgetResizable(true);
     m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->viewport()->setAutoFillBackground(false);
     StyleScrollBars(m_scroll);
     right->addWidget(m_scroll, 1);
@@ -95,6 +94,12 @@ QWidget *GalleryWindow::MakeSidebar()
     layout->addWidget(m_search);
     layout->addSpacing(kGrid);
 
+    m_nothingFound = MakeLabel(QStringLiteral("No page matches"), QcLabel::BodySecondary);
+    m_nothingFound->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_nothingFound->setFixedHeight(4 * kGrid);
+    m_nothingFound->hide();
+    layout->addWidget(m_nothingFound);
+
     m_list = new QListWidget;
     m_list->setObjectName(QStringLiteral("pageList"));
     m_list->setAccessibleName(QStringLiteral("Pages"));
@@ -111,10 +116,6 @@ QWidget *GalleryWindow::MakeSidebar()
     connect(m_list, &QListWidget::currentItemChanged, this, &GalleryWindow::ShowItem);
     layout->addWidget(m_list, 1);
 
-    m_nothingFound = MakeLabel(QStringLiteral("No page matches"), QcLabel::BodySecondary);
-    m_nothingFound->setAlignment(Qt::AlignCenter);
-    m_nothingFound->hide();
-    layout->addWidget(m_nothingFound);
     layout->addSpacing(kGrid);
     QcLabel *hint = MakeLabel(QStringLiteral("Ctrl+F  search     Ctrl+T  colours"), QcLabel::Hint);
     hint->setAlignment(Qt::AlignCenter);

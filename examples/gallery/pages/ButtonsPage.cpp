@@ -147,8 +147,8 @@ public:
         : m_holder(new StateHolder(this))
     {
         AddLive();
-        AddMatrix(QStringLiteral("Text"), QString(), QStringLiteral("Confirm"));
-        AddMatrix(QStringLiteral("Icon and text"), QStringLiteral(":/images/select.svg"), QStringLiteral("Confirm"));
+        AddMatrix(QStringLiteral("Text"), QString(), QStringLiteral("Apply"));
+        AddMatrix(QStringLiteral("Icon and text"), QStringLiteral(":/images/select.svg"), QStringLiteral("Apply"));
         AddMatrix(QStringLiteral("Icon"), QStringLiteral(":/images/close.svg"), QString());
     }
 
@@ -218,7 +218,7 @@ private:
         button->SetIconPath(icon);
         button->setHorizontalMargin(12);
         // An icon by itself is stretched over the button, so the button is square.
-        button->setFixedWidth(text.isEmpty() ? 24 : 88);
+        button->setFixedWidth(text.isEmpty() ? 24 : 80);
         return button;
     }
 

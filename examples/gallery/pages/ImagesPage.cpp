@@ -17,6 +17,7 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSet>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -233,7 +234,7 @@ private:
     {
         Card *card = AddSection(QStringLiteral("Target colour"), QStringLiteral("Automatic shows plain glyphs in the tokens of icons and images of several colours as drawn. A token colours every shape of every image."));
         QHBoxLayout *row = card->AddRow(kGrid);
-        auto *choices = new QButtonGroup(this);
+        m_choices = new QButtonGroup(this);
         auto *automatic = MakeToggle(QStringLiteral("Automatic"));
         automatic->setChecked(true);
         connect(automatic, &QAbstractButton::clicked, this, [this] {
@@ -243,7 +244,7 @@ private:
         auto *drawn = MakeToggle(QStringLiteral("As drawn"));
         connect(drawn, &QAbstractButton::clicked, this, [this] { SetToken(QString()); });
         for (Velmora::QcButton *button : {automatic, drawn}) {
-            choices->addButton(button);
+            m_choices->addButton(button);
             row->addWidget(button);
         }
         row->addSpacing(kGrid);
@@ -251,7 +252,7 @@ private:
             const QString token = QLatin1String(name);
             auto *dot = new TokenDot(token);
             connect(dot, &QAbstractButton::clicked, this, [this, token] { SetToken(token); });
-            choices->addButton(dot);
+            m_choices->addButton(dot);
             row->addWidget(dot);
         }
         row->addStretch();
@@ -267,13 +268,15 @@ private:
         completer->setCaseSensitivity(Qt::CaseInsensitive);
         auto *list = new QListView;
         completer->setPopup(list);
+        list->setItemDelegate(new QStyledItemDelegate(list)); // the completer's own ignores stylesheets
+        StyleScrollBars(list);
         QcStyleManager::GetInstance()->RegisterStyleSheet(list, QStringLiteral(R"(
             QListView { border: 1px solid ${border/border_secondary}; background: ${bg/bg_float}; color: ${text/text_primary}; outline: none; }
             QListView::item { padding: 4px 8px; }
             QListView::item:selected { background: ${brand/brand_bg}; color: ${text/text_caption}; })"));
         m_field->setCompleter(completer);
-        connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this, [this](const QString &token) { SetToken(token); });
-        connect(m_field, &QLineEdit::returnPressed, this, [this] { SetToken(m_field->text().trimmed()); });
+        connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this, [this](const QString &token) { SetTypedToken(token); });
+        connect(m_field, &QLineEdit::returnPressed, this, [this] { SetTypedToken(m_field->text().trimmed()); });
         row->addWidget(m_field);
     }
 
@@ -337,6 +340,16 @@ private:
         return picture;
     }
 
+    void SetTypedToken(const QString &token)
+    {
+        SetToken(token);
+        // None of the buttons stands for what was typed.
+        m_choices->setExclusive(false);
+        for (QAbstractButton *button : m_choices->buttons())
+            button->setChecked(false);
+        m_choices->setExclusive(true);
+    }
+
     void SetToken(const QString &token)
     {
         if (m_field->text() != token)
@@ -351,6 +364,7 @@ private:
             tile->SetTokenByKind();
     }
 
+    QButtonGroup *m_choices = nullptr;
     QLineEdit *m_field = nullptr;
     QVector<ImageTile *> m_tiles;
 };

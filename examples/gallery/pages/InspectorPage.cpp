@@ -170,12 +170,11 @@ private:
     {
         Card *card = AddSection(QStringLiteral("The file"), QStringLiteral("Edit a colour table in your editor; each time it is saved the whole program takes it on."));
         QHBoxLayout *row = card->AddRow(kGrid);
-        auto *mark = new QcLabel;
-        mark->setFixedSize(24, 24);
-        mark->SetIconPath(QStringLiteral(":/images/loading.svg"));
-        mark->SetIconColorParams(QStringLiteral("icon/icon_secondary"));
-        m_mark = mark;
-        row->addWidget(mark);
+        m_mark = new QcFrame;
+        m_mark->setFixedSize(kGrid, kGrid);
+        m_mark->setBorderRadius(kGrid / 2);
+        row->addWidget(m_mark);
+        row->addSpacing(kGrid);
         auto *words = new QVBoxLayout;
         words->setSpacing(0);
         m_name = MakeElidingLabel(QString(), QcLabel::Body);
@@ -310,8 +309,7 @@ private:
         const bool following = !m_path.isEmpty();
         m_name->setText(following ? m_path : QStringLiteral("No file is followed"));
         m_status->setText(following ? status : QStringLiteral("Below: what the sample would change."));
-        m_mark->SetIconPath(following ? QStringLiteral(":/images/success.svg") : QStringLiteral(":/images/information.svg"));
-        m_mark->SetIconColorParams(following ? QStringLiteral("tip/success") : QStringLiteral("icon/icon_tertiary"));
+        m_mark->setBackgroundColorParams(following ? QStringLiteral("tip/success") : QStringLiteral("icon/icon_tertiary"));
         m_sampleButton->setVisible(!following);
         m_openButton->setVisible(!following);
         m_copyButton->setVisible(!following);
@@ -466,7 +464,7 @@ private:
     QByteArray m_lastBytes;
     int m_version = 0;
     bool m_applying = false;
-    QcLabel *m_mark = nullptr;
+    QcFrame *m_mark = nullptr;
     QcLabel *m_name = nullptr;
     QcLabel *m_status = nullptr;
     Velmora::QcButton *m_sampleButton = nullptr;

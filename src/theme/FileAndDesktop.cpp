@@ -1,5 +1,7 @@
 #include <Velmora/FileAndDesktop.h>
 
+#include "theme/WindowsShell_p.h"
+
 #include <QCursor>
 #include <QDebug>
 #include <QFile>
@@ -7,6 +9,22 @@
 #include <QScreen>
 
 #include <exception>
+#include <string>
+
+#if defined(Q_OS_WIN)
+#include <QDir>
+#include <QFileInfo>
+
+#include <qt_windows.h>
+
+#include <shellapi.h>
+#elif defined(Q_OS_DARWIN)
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+#else
+#include "theme/FileManager_p.h"
+#endif
 
 namespace Velmora {
 
@@ -38,7 +56,28 @@ bool IsFileExists(const QString &path)
 
 QString longPathToShortPath(const QString &path)
 {
+#if defined(Q_OS_WIN)
+    return WindowsShell::ShortPath(path, [](const wchar_t *longPath, wchar_t *buffer, unsigned long size) -> unsigned long {
+        return GetShortPathNameW(longPath, buffer, size);
+    });
+#else
     return path;
+#endif
+}
+
+void openDir(const QString &path)
+{
+#if defined(Q_OS_WIN)
+    const QString nativePath = QDir::toNativeSeparators(longPathToShortPath(path));
+    const std::wstring arguments = WindowsShell::ExplorerArguments(nativePath, QFileInfo(nativePath).isDir()).toStdWString();
+    ShellExecuteW(nullptr, L"open", L"explorer", arguments.c_str(), nullptr, SW_SHOWDEFAULT);
+#elif defined(Q_OS_DARWIN)
+    const QFileInfo info(path);
+    QDesktopServices::openUrl(QUrl::fromLocalFile(info.isDir() ? info.absoluteFilePath() : info.absolutePath()));
+#else
+    if (FileManager *fileManager = FileManager::OfApplication())
+        fileManager->Show(path);
+#endif
 }
 
 QScreen *getScreenUnderMouse()

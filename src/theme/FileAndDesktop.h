@@ -21,10 +21,14 @@ VELMORA_EXPORT bool IsFileExists(const QString &path);
 /// the system knows no short form, and on every other platform.
 VELMORA_EXPORT QString longPathToShortPath(const QString &path);
 
-/// Shows a folder, or a file selected in its folder, in the desktop's file manager. Returns at once and reports nothing.
+/// Shows a folder, or the folder of a file with that file selected, in the desktop's file manager. A path that does not exist is
+/// treated like a file. Returns without waiting for the file manager, and reports nothing, failures included. Main thread.
 ///
-/// On Linux this asks the desktop's file manager service over the session bus (org.freedesktop.FileManager1) and, where
-/// there is none, opens the folder through QDesktopServices. Main thread.
+/// - Windows: runs "explorer", with the short form of an over-long path.
+/// - Linux: asks the desktop's file manager service, org.freedesktop.FileManager1 on the session bus. If there is no bus or no
+///   service, or it answers with an error or not within ten seconds, opens the folder through QDesktopServices, hence through
+///   the host's handler of "file" URLs if there is one. This goes on in the event loop, and needs an application object. An empty
+///   path and a path of a resource show nothing.
 VELMORA_EXPORT void openDir(const QString &path);
 
 /// The screen that holds the mouse cursor, or null if the cursor is on none. Main thread.

@@ -36,6 +36,7 @@ class GalleryTest(unittest.TestCase):
         if gallery.process.poll() is None:
             gallery.process.terminate()
         gallery.wait_for_end()
+        self.maxDiff = None
         self.assertEqual(gallery.complaints(), [])
 
     def wait_for_ground(self, gallery, color):

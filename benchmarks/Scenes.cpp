@@ -314,8 +314,8 @@ std::unique_ptr<Scene> MakeScene(Kind kind)
 
 QString IconPath(int index)
 {
-    static const std::array<const char *, kDistinctIcons> names = {"close",     "max",       "min",      "select",   "arrow_down",
-                                                                   "arrow_up",  "next_page", "pre_page", "success",  "warning"};
+    static const std::array<const char *, kDistinctIcons> names = {"close",    "max",       "min",      "select",  "arrow_down",
+                                                                   "arrow_up", "next_page", "pre_page", "success", "warning"};
     return QStringLiteral(":/images/%1.svg").arg(QLatin1String(names.at(std::size_t(index) % names.size())));
 }
 

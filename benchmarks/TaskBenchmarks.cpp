@@ -34,7 +34,10 @@ void PostAndRun(benchmark::State &state, const Post &post)
 
 void PostBare(benchmark::State &state)
 {
-    PostAndRun(state, [](long &ran) { QMetaObject::invokeMethod(qApp, [&ran] { ++ran; }, Qt::QueuedConnection); });
+    PostAndRun(state, [](long &ran) {
+        QMetaObject::invokeMethod(
+            qApp, [&ran] { ++ran; }, Qt::QueuedConnection);
+    });
 }
 
 void PostTask(benchmark::State &state)
@@ -50,7 +53,10 @@ void PostTask(benchmark::State &state)
 void PostOwned(benchmark::State &state)
 {
     QObject owner;
-    PostAndRun(state, [&owner](long &ran) { Velmora::PostOwnedTask(&owner, [&ran] { ++ran; }, std::string()); });
+    PostAndRun(state, [&owner](long &ran) {
+        Velmora::PostOwnedTask(
+            &owner, [&ran] { ++ran; }, std::string());
+    });
 }
 
 void Tasks(benchmark::internal::Benchmark *benchmark)

@@ -21,7 +21,7 @@ using Velmora::QcStyleManager;
 namespace {
 
 constexpr int kSidebarWidth = 30 * kGrid;
-constexpr int kPageRow = Qt::UserRole;       // id of the page of a row; headings have none
+constexpr int kPageRow = Qt::UserRole; // id of the page of a row; headings have none
 constexpr int kSearchText = Qt::UserRole + 1;
 
 } // namespace
@@ -145,9 +145,7 @@ QWidget *GalleryWindow::MakeHeader()
     m_tableSwitch->setToolTip(QStringLiteral("Colour table (Ctrl+T)"));
     m_tableSwitch->Segment(0)->setObjectName(QStringLiteral("tableLight"));
     m_tableSwitch->Segment(1)->setObjectName(QStringLiteral("tableDark"));
-    connect(m_tableSwitch, &Segmented::SignalCurrentChanged, this, [](int index) {
-        ApplyTable(index == 0 ? Table::Light : Table::Dark);
-    });
+    connect(m_tableSwitch, &Segmented::SignalCurrentChanged, this, [](int index) { ApplyTable(index == 0 ? Table::Light : Table::Dark); });
     layout->addWidget(m_tableSwitch, 0, Qt::AlignTop);
     return header;
 }
@@ -311,7 +309,8 @@ QString GalleryWindow::ControlPositions() const
         if (!widget->isVisible() || widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_")))
             continue;
         const QPoint at = widget->mapTo(this, QPoint(0, 0));
-        lines += QStringLiteral("%1 %2 %3 %4 %5\n").arg(widget->objectName()).arg(at.x()).arg(at.y()).arg(widget->width()).arg(widget->height());
+        lines +=
+            QStringLiteral("%1 %2 %3 %4 %5\n").arg(widget->objectName()).arg(at.x()).arg(at.y()).arg(widget->width()).arg(widget->height());
     }
     return lines + QStringLiteral("end\n");
 }

@@ -23,9 +23,8 @@ PageRegistrar::PageRegistrar(const PageInfo &page)
 QVector<PageInfo> Pages()
 {
     QVector<PageInfo> pages = Registry();
-    std::sort(pages.begin(), pages.end(), [](const PageInfo &a, const PageInfo &b) {
-        return a.order != b.order ? a.order < b.order : a.id < b.id;
-    });
+    std::sort(pages.begin(), pages.end(),
+              [](const PageInfo &a, const PageInfo &b) { return a.order != b.order ? a.order < b.order : a.id < b.id; });
     return pages;
 }
 

@@ -14,8 +14,8 @@ namespace Gallery {
 /// What the window needs to know of a page before it is made.
 struct PageInfo
 {
-    QString id;      ///< names the page on the command line and its pictures: lower case, no blanks
-    QString family;  ///< the heading under which the list shows it
+    QString id;     ///< names the page on the command line and its pictures: lower case, no blanks
+    QString family; ///< the heading under which the list shows it
     QString title;
     QString summary; ///< one sentence under the title
     int order;       ///< place in the list; families stand in the order of their first page

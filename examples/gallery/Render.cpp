@@ -23,7 +23,8 @@ void Settle(QObject *owner)
 {
     for (int round = 0; round < 2; ++round) {
         QEventLoop loop;
-        Velmora::PostOwnedTask(owner, [&loop] { loop.quit(); }, "settle");
+        Velmora::PostOwnedTask(
+            owner, [&loop] { loop.quit(); }, "settle");
         loop.exec();
     }
     QCoreApplication::sendPostedEvents();

@@ -43,7 +43,8 @@ QStringList TokensOf(const QString &path)
     QHash<QString, int> places;
     for (int i = 0; i < lines.size(); ++i)
         places.insert(lines.at(i).section(QLatin1Char('='), 0, 0).trimmed(), i);
-    std::stable_sort(tokens.begin(), tokens.end(), [&places](const QString &a, const QString &b) { return places.value(a) < places.value(b); });
+    std::stable_sort(tokens.begin(), tokens.end(),
+                     [&places](const QString &a, const QString &b) { return places.value(a) < places.value(b); });
     return tokens;
 }
 

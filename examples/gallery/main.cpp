@@ -92,11 +92,15 @@ int main(int argc, char *argv[])
     parser.setApplicationDescription(QStringLiteral("The gallery of Velmora: every control, token and image in both colour tables."));
     parser.addHelpOption();
     parser.addVersionOption();
-    const QCommandLineOption renderOption(QStringLiteral("render"), QStringLiteral("Render the pages in both tables to PNG files in DIR, without a display."), QStringLiteral("DIR"));
+    const QCommandLineOption renderOption(QStringLiteral("render"),
+                                          QStringLiteral("Render the pages in both tables to PNG files in DIR, without a display."),
+                                          QStringLiteral("DIR"));
     const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open, or render, the page NAME."), QStringLiteral("NAME"));
-    const QCommandLineOption tableOption(QStringLiteral("table"), QStringLiteral("Start with the table light (the default) or dark."), QStringLiteral("TABLE"), QStringLiteral("light"));
+    const QCommandLineOption tableOption(QStringLiteral("table"), QStringLiteral("Start with the table light (the default) or dark."),
+                                         QStringLiteral("TABLE"), QStringLiteral("light"));
     const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Print the names of the pages."));
-    QCommandLineOption positionsOption(QStringLiteral("print-positions"), QStringLiteral("Print where the named controls are in the window, each time it becomes active."));
+    QCommandLineOption positionsOption(QStringLiteral("print-positions"),
+                                       QStringLiteral("Print where the named controls are in the window, each time it becomes active."));
     positionsOption.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({renderOption, pageOption, tableOption, listOption, positionsOption});
     parser.process(app);

@@ -12,9 +12,8 @@ int main(int argc, char **argv)
     window.setBackgroundColorParams("bg/bg_box");
     auto *button = new Velmora::QcPrimaryButton;
     button->setText("Go dark");
-    QObject::connect(button, &QPushButton::clicked, [] {
-        Velmora::QcStyleManager::GetInstance()->SetColorFilePath(":/colors/blue_dark.ini");
-    });
+    QObject::connect(button, &QPushButton::clicked,
+                     [] { Velmora::QcStyleManager::GetInstance()->SetColorFilePath(":/colors/blue_dark.ini"); });
     auto *layout = new QVBoxLayout(&window);
     layout->addWidget(button);
     window.resize(240, 120);

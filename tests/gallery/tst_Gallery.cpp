@@ -41,7 +41,8 @@ Run RunGallery(const QStringList &arguments)
 // What the log holds besides the start-up facts and what a busy machine says of tasks over a tenth of a second.
 QStringList Complaints(QString log)
 {
-    static const QRegularExpression expected(QStringLiteral("\\[\\w+\\] (QcStyleManager::LoadFont|QcTaskDispatcher::ExecuteTask: ).*?\\[end\\]\n"),
+    static const QRegularExpression expected(
+        QStringLiteral("\\[\\w+\\] (QcStyleManager::LoadFont|QcTaskDispatcher::ExecuteTask: ).*?\\[end\\]\n"),
         QRegularExpression::DotMatchesEverythingOption);
     return log.remove(expected).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
@@ -101,7 +102,8 @@ void tst_Gallery::one_page_renders_alone()
     QTemporaryDir folder;
     const Run run = RunGallery({QStringLiteral("--render"), folder.path(), QStringLiteral("--page"), QStringLiteral("labels")});
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name), QStringList({QStringLiteral("labels-dark.png"), QStringLiteral("labels-light.png")}));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
+             QStringList({QStringLiteral("labels-dark.png"), QStringLiteral("labels-light.png")}));
 }
 
 void tst_Gallery::list_names_the_pages()
@@ -116,12 +118,14 @@ void tst_Gallery::wrong_calls_fail_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
-    QTest::newRow("unknown page") << QStringList({QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--page"), QStringLiteral("nosuch")})
+    QTest::newRow("unknown page") << QStringList(
+        {QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--page"), QStringLiteral("nosuch")})
                                   << QStringLiteral("no page \"nosuch\"");
-    QTest::newRow("unknown table") << QStringList({QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--table"), QStringLiteral("blue")})
+    QTest::newRow("unknown table") << QStringList(
+        {QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--table"), QStringLiteral("blue")})
                                    << QStringLiteral("the table is light or dark, not \"blue\"");
-    QTest::newRow("a file in the folder's place") << QStringList({QStringLiteral("--render"), QStringLiteral(GALLERY_PROGRAM)})
-                                                  << QStringLiteral("cannot make the folder");
+    QTest::newRow("a file in the folder's place")
+        << QStringList({QStringLiteral("--render"), QStringLiteral(GALLERY_PROGRAM)}) << QStringLiteral("cannot make the folder");
     QTest::newRow("a window without a display") << QStringList() << QStringLiteral("there is no display");
 }
 

@@ -111,7 +111,8 @@ public:
         const bool resets = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate;
         if (resets && !m_queued) {
             m_queued = true;
-            Velmora::PostOwnedTask(this, [this] { HoldAll(); }, "ButtonsPage::HoldAll");
+            Velmora::PostOwnedTask(
+                this, [this] { HoldAll(); }, "ButtonsPage::HoldAll");
         }
         return QObject::eventFilter(watched, event);
     }
@@ -190,17 +191,21 @@ private:
             grid->addLayout(words, row, 0);
 
             AddLiveButton(grid, row, 1, variant, QString(), variant.squareOnly ? QString() : QStringLiteral("Push"), false, true);
-            AddLiveButton(grid, row, 2, variant, QStringLiteral(":/images/select.svg"), variant.squareOnly ? QString() : QStringLiteral("Push"), false, true);
+            AddLiveButton(grid, row, 2, variant, QStringLiteral(":/images/select.svg"),
+                          variant.squareOnly ? QString() : QStringLiteral("Push"), false, true);
             AddLiveButton(grid, row, 3, variant, QStringLiteral(":/images/close.svg"), QString(), false, true);
-            AddLiveButton(grid, row, 4, variant, QStringLiteral(":/images/select.svg"), variant.squareOnly ? QString() : QStringLiteral("Toggle"), true, true);
-            AddLiveButton(grid, row, 5, variant, variant.squareOnly ? QStringLiteral(":/images/close.svg") : QString(), variant.squareOnly ? QString() : QStringLiteral("Disabled"), false, false);
+            AddLiveButton(grid, row, 4, variant, QStringLiteral(":/images/select.svg"),
+                          variant.squareOnly ? QString() : QStringLiteral("Toggle"), true, true);
+            AddLiveButton(grid, row, 5, variant, variant.squareOnly ? QStringLiteral(":/images/close.svg") : QString(),
+                          variant.squareOnly ? QString() : QStringLiteral("Disabled"), false, false);
             ++row;
         }
         grid->setColumnMinimumWidth(0, 30 * kGrid);
         card->Body()->addLayout(grid);
     }
 
-    static void AddLiveButton(QGridLayout *grid, int row, int column, const Variant &variant, const QString &icon, const QString &text, bool checkable, bool enabled)
+    static void AddLiveButton(QGridLayout *grid, int row, int column, const Variant &variant, const QString &icon, const QString &text,
+                              bool checkable, bool enabled)
     {
         if (icon.isEmpty() && text.isEmpty())
             return;
@@ -261,7 +266,7 @@ private:
 };
 
 const PageRegistrar registrar({QStringLiteral("buttons"), QStringLiteral("Controls"), QStringLiteral("Push buttons"),
-    QStringLiteral("The push button and its eight variants, in all eight states, with text, icon and both."), 300,
-    [] { return new ButtonsPage; }});
+                               QStringLiteral("The push button and its eight variants, in all eight states, with text, icon and both."),
+                               300, [] { return new ButtonsPage; }});
 
 } // namespace

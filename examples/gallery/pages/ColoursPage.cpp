@@ -65,7 +65,8 @@ private:
             PaintMark(painter, square);
         const QRect words = rect().adjusted(square.width() + kGrid + kGrid / 2, kGrid / 2, 0, -kGrid / 2);
         PaintWords(painter, words.adjusted(0, 0, 0, -words.height() / 2), text(), QStringLiteral("text/text_primary"), Qt::AlignLeft);
-        PaintWords(painter, words.adjusted(0, words.height() / 2, 0, 0), ColorText(TokenColor(m_token)), QStringLiteral("text/text_tertairy"), Qt::AlignLeft);
+        PaintWords(painter, words.adjusted(0, words.height() / 2, 0, 0), ColorText(TokenColor(m_token)),
+                   QStringLiteral("text/text_tertairy"), Qt::AlignLeft);
     }
 
     void PaintStep(QPainter &painter, bool marked)
@@ -76,7 +77,8 @@ private:
             PaintMark(painter, block);
         const QRect words = rect().adjusted(0, block.height() + kGrid / 2, 0, 0);
         PaintWords(painter, words.adjusted(0, 0, 0, -words.height() / 2), text(), QStringLiteral("text/text_primary"), Qt::AlignLeft);
-        PaintWords(painter, words.adjusted(0, words.height() / 2, 0, 0), ColorText(TokenColor(m_token)), QStringLiteral("text/text_tertairy"), Qt::AlignLeft);
+        PaintWords(painter, words.adjusted(0, words.height() / 2, 0, 0), ColorText(TokenColor(m_token)),
+                   QStringLiteral("text/text_tertairy"), Qt::AlignLeft);
     }
 
     void PaintMark(QPainter &painter, const QRect &around)
@@ -114,7 +116,8 @@ constexpr Family kFamilies[] = {
     {"icon", "Icons", "Icons are drawn in one colour and take these."},
     {"border", "Borders", "Three ranks of outline; dividers take the lightest."},
     {"bg", "Backgrounds", "From the bottom layer up to what floats, and the fills of elements that have none at rest."},
-    {"others overlay table", "Focus, overlays, tables", "The mark of the focused input, veils over what is out of reach for a while, and the lines of tables."},
+    {"others overlay table", "Focus, overlays, tables",
+     "The mark of the focused input, veils over what is out of reach for a while, and the lines of tables."},
     {"mask", "Gradient masks", "Each pair runs from deep to shallow, to fade out what does not fit."},
 };
 
@@ -143,15 +146,13 @@ public:
     }
 
 private:
-    static QString Count(const char *title, int tokens)
-    {
-        return QStringLiteral("%1   \u00b7   %2").arg(QLatin1String(title)).arg(tokens);
-    }
+    static QString Count(const char *title, int tokens) { return QStringLiteral("%1   \u00b7   %2").arg(QLatin1String(title)).arg(tokens); }
 
     // The four ramps as strips; what is no step of a ramp follows as tiles.
     void AddRamps(const QStringList &base)
     {
-        Card *card = AddSection(Count("Base colours", base.size()), QStringLiteral("Four ramps of ten steps. Everything else is chosen from them or stands beside them."));
+        Card *card = AddSection(Count("Base colours", base.size()),
+                                QStringLiteral("Four ramps of ten steps. Everything else is chosen from them or stands beside them."));
         QStringList rest;
         for (const char *ramp : {"red", "green", "gray", "neutral"}) {
             const QString name = QLatin1String(ramp);
@@ -181,8 +182,9 @@ private:
     }
 };
 
-const PageRegistrar registrar({QStringLiteral("colours"), QStringLiteral("Foundations"), QStringLiteral("Colours"),
-    QStringLiteral("Every colour is a token that the active table gives a value. Click a swatch to copy its name."), 100,
-    [] { return new ColoursPage; }});
+const PageRegistrar
+    registrar({QStringLiteral("colours"), QStringLiteral("Foundations"), QStringLiteral("Colours"),
+               QStringLiteral("Every colour is a token that the active table gives a value. Click a swatch to copy its name."), 100,
+               [] { return new ColoursPage; }});
 
 } // namespace

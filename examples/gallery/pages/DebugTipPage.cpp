@@ -58,7 +58,8 @@ public:
 private:
     void AddTrial()
     {
-        Card *card = AddSection(QStringLiteral("Try it"), QStringLiteral("Rest the mouse on something, here or anywhere in the gallery, and press Shift+F1."));
+        Card *card = AddSection(QStringLiteral("Try it"),
+                                QStringLiteral("Rest the mouse on something, here or anywhere in the gallery, and press Shift+F1."));
         QcFrame *order = MakeLevel(QStringLiteral("orderPanel"), QStringLiteral("bg/bg_bottom"));
         QcFrame *customer = MakeLevel(QStringLiteral("customerPanel"), QStringLiteral("bg/bg_box"));
         QcFrame *actions = MakeLevel(QStringLiteral("actionRow"), QStringLiteral("bg/bg_secondary"));
@@ -85,7 +86,8 @@ private:
 
     void AddFields()
     {
-        Card *card = AddSection(QStringLiteral("What it shows"), QStringLiteral("One line a widget: the one under the cursor first, then its parents, up to the window."));
+        Card *card = AddSection(QStringLiteral("What it shows"),
+                                QStringLiteral("One line a widget: the one under the cursor first, then its parents, up to the window."));
         auto *grid = new QGridLayout;
         grid->setHorizontalSpacing(4 * kGrid);
         grid->setVerticalSpacing(kGrid);
@@ -108,9 +110,11 @@ private:
     void AddUse()
     {
         Card *card = AddSection(QStringLiteral("In a program of your own"));
-        card->Body()->addWidget(MakeParagraph(QStringLiteral("The tip is off until the host asks for it. Switch it on in builds for developers and testers: "
-            "a report that quotes the tip names the widget, its place and its size without a guess. The key is the platform's \"What's This\" "
-            "binding; the press still reaches the widget that has the focus.")));
+        card->Body()->addWidget(
+            MakeParagraph(QStringLiteral("The tip is off until the host asks for it. Switch it on in builds for developers and testers: "
+                                         "a report that quotes the tip names the widget, its place and its size without a guess. The key "
+                                         "is the platform's \"What's This\" "
+                                         "binding; the press still reaches the widget that has the focus.")));
         auto *code = new QcFrame;
         code->setBackgroundColorParams(QStringLiteral("bg/bg_bottom"));
         code->setBorderRadius(kGrid / 2);
@@ -122,7 +126,7 @@ private:
 };
 
 const PageRegistrar registrar({QStringLiteral("debugtip"), QStringLiteral("Tools"), QStringLiteral("Debug tip"),
-    QStringLiteral("Shift+F1 shows the chain of widgets under the mouse."), 920,
-    [] { return new DebugTipPage; }});
+                               QStringLiteral("Shift+F1 shows the chain of widgets under the mouse."), 920,
+                               [] { return new DebugTipPage; }});
 
 } // namespace

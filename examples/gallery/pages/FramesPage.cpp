@@ -80,28 +80,38 @@ public:
 private:
     void AddSides()
     {
-        Card *card = AddSection(QStringLiteral("Border sides"), QStringLiteral("Any of the four sides. All four together make one rounded outline; fewer are straight lines with square corners."));
+        Card *card = AddSection(
+            QStringLiteral("Border sides"),
+            QStringLiteral(
+                "Any of the four sides. All four together make one rounded outline; fewer are straight lines with square corners."));
         QGridLayout *grid = AddGrid(card, 4);
         for (int bits = 0; bits < 16; ++bits)
-            AddSpecimen(grid, bits / 4, bits % 4, MakeFrame(QStringLiteral("bg/bg_bottom"), QStringLiteral("border/border_primary"), 0, SidesOf(bits)), NameOf(bits));
+            AddSpecimen(grid, bits / 4, bits % 4,
+                        MakeFrame(QStringLiteral("bg/bg_bottom"), QStringLiteral("border/border_primary"), 0, SidesOf(bits)), NameOf(bits));
     }
 
     void AddRadii()
     {
-        Card *card = AddSection(QStringLiteral("Radii"), QStringLiteral("The background is always rounded, the border only when it is whole."));
+        Card *card =
+            AddSection(QStringLiteral("Radii"), QStringLiteral("The background is always rounded, the border only when it is whole."));
         QGridLayout *grid = AddGrid(card, 5);
         int column = 0;
         for (const int radius : {0, 4, 8, 16, 32}) {
             const QString caption = QStringLiteral("%1 pixels").arg(radius);
-            AddSpecimen(grid, 0, column, MakeFrame(QStringLiteral("brand/brand_bg"), QStringLiteral("brand/brand"), radius, SidesOf(15)), caption);
-            AddSpecimen(grid, 1, column, MakeFrame(QStringLiteral("brand/brand_bg"), QStringLiteral("brand/brand"), radius, QcFrame::Top | QcFrame::Bottom), caption + QStringLiteral(", top and bottom"));
+            AddSpecimen(grid, 0, column, MakeFrame(QStringLiteral("brand/brand_bg"), QStringLiteral("brand/brand"), radius, SidesOf(15)),
+                        caption);
+            AddSpecimen(grid, 1, column,
+                        MakeFrame(QStringLiteral("brand/brand_bg"), QStringLiteral("brand/brand"), radius, QcFrame::Top | QcFrame::Bottom),
+                        caption + QStringLiteral(", top and bottom"));
             ++column;
         }
     }
 
     void AddTokens()
     {
-        Card *card = AddSection(QStringLiteral("Tokens"), QStringLiteral("Background and border are colour codes: a token, a token with an alpha of its own, or a literal colour."));
+        Card *card = AddSection(
+            QStringLiteral("Tokens"),
+            QStringLiteral("Background and border are colour codes: a token, a token with an alpha of its own, or a literal colour."));
         struct Pair
         {
             const char *background;
@@ -168,8 +178,9 @@ private:
     QcFrame::BorderSides m_sides = SidesOf(15);
 };
 
-const PageRegistrar registrar({QStringLiteral("frames"), QStringLiteral("Display"), QStringLiteral("Frames"),
-    QStringLiteral("QcFrame, the painted surface: a rounded background and any of four border sides, in theme colours."), 200,
-    [] { return new FramesPage; }});
+const PageRegistrar
+    registrar({QStringLiteral("frames"), QStringLiteral("Display"), QStringLiteral("Frames"),
+               QStringLiteral("QcFrame, the painted surface: a rounded background and any of four border sides, in theme colours."), 200,
+               [] { return new FramesPage; }});
 
 } // namespace

@@ -159,36 +159,42 @@ struct Placeholder
 };
 
 constexpr Placeholder kPlaceholders[] = {
-    {":/images/checkbox/checkbox_checked.svg", {"#FF0000", "#00FF00", nullptr},
-        {{"disabled", "brand/brand_disable", "#FFFFFF", nullptr},
-            {"normal", "brand/brand", "#FFFFFF", nullptr},
-            {"hovered", "brand/brand_hover", "#FFFFFF", nullptr},
-            {"pressed", "brand/brand_press", "#FFFFFF", nullptr}}},
-    {":/images/checkbox/checkbox_half_checked.svg", {"#FF0000", "#00FF00", "#0000FF"},
-        {{"disabled", "transparent", "border/border_secondary_disabled", "brand/brand_disable"},
-            {"normal", "transparent", "border/border_primary", "brand/brand"},
-            {"hovered", "brand/brand_bg", "brand/brand_hover", "brand/brand"},
-            {"pressed", "brand/brand_bg", "brand/brand_press", "brand/brand"}}},
-    {":/images/checkbox/checkbox_unchecked.svg", {"#FF0000", "#00FF00", nullptr},
-        {{"disabled", "transparent", "border/border_secondary_disabled", nullptr},
-            {"normal", "transparent", "border/border_primary", nullptr},
-            {"hovered", "brand/brand_bg", "brand/brand_hover", nullptr},
-            {"pressed", "brand/brand_bg", "brand/brand_press", nullptr}}},
-    {":/images/radio/radio_check.svg", {"#FF0000", "#00FF00", "#0000FF"},
-        {{"disabled", "transparent", "border/border_secondary_disabled", "brand/brand_disable"},
-            {"normal", "transparent", "border/border_primary", "brand/brand"},
-            {"hovered", "brand/brand_secondary_hover", "border/border_primary", "brand/brand"},
-            {"pressed", "brand/brand_secondary_press", "border/border_primary", "brand/brand"}}},
-    {":/images/radio/radio_uncheck.svg", {"#FF0000", "#00FF00", nullptr},
-        {{"disabled", "transparent", "border/border_secondary_disabled", nullptr},
-            {"normal", "transparent", "border/border_primary", nullptr},
-            {"hovered", "brand/brand_secondary_hover", "border/border_primary", nullptr},
-            {"pressed", "brand/brand_secondary_press", "border/border_primary", nullptr}}},
-    {":/images/slider/slider_handle.svg", {"#005CD1", "#FFFFFF", nullptr},
-        {{"disabled", "brand/brand_disable", "border/border_disable", nullptr},
-            {"normal", "brand/brand", "border/border_normal", nullptr},
-            {"hovered", "brand/brand_hover", "border/border_normal", nullptr},
-            {"pressed", "brand/brand_press", "border/border_normal", nullptr}}},
+    {":/images/checkbox/checkbox_checked.svg",
+     {"#FF0000", "#00FF00", nullptr},
+     {{"disabled", "brand/brand_disable", "#FFFFFF", nullptr},
+      {"normal", "brand/brand", "#FFFFFF", nullptr},
+      {"hovered", "brand/brand_hover", "#FFFFFF", nullptr},
+      {"pressed", "brand/brand_press", "#FFFFFF", nullptr}}},
+    {":/images/checkbox/checkbox_half_checked.svg",
+     {"#FF0000", "#00FF00", "#0000FF"},
+     {{"disabled", "transparent", "border/border_secondary_disabled", "brand/brand_disable"},
+      {"normal", "transparent", "border/border_primary", "brand/brand"},
+      {"hovered", "brand/brand_bg", "brand/brand_hover", "brand/brand"},
+      {"pressed", "brand/brand_bg", "brand/brand_press", "brand/brand"}}},
+    {":/images/checkbox/checkbox_unchecked.svg",
+     {"#FF0000", "#00FF00", nullptr},
+     {{"disabled", "transparent", "border/border_secondary_disabled", nullptr},
+      {"normal", "transparent", "border/border_primary", nullptr},
+      {"hovered", "brand/brand_bg", "brand/brand_hover", nullptr},
+      {"pressed", "brand/brand_bg", "brand/brand_press", nullptr}}},
+    {":/images/radio/radio_check.svg",
+     {"#FF0000", "#00FF00", "#0000FF"},
+     {{"disabled", "transparent", "border/border_secondary_disabled", "brand/brand_disable"},
+      {"normal", "transparent", "border/border_primary", "brand/brand"},
+      {"hovered", "brand/brand_secondary_hover", "border/border_primary", "brand/brand"},
+      {"pressed", "brand/brand_secondary_press", "border/border_primary", "brand/brand"}}},
+    {":/images/radio/radio_uncheck.svg",
+     {"#FF0000", "#00FF00", nullptr},
+     {{"disabled", "transparent", "border/border_secondary_disabled", nullptr},
+      {"normal", "transparent", "border/border_primary", nullptr},
+      {"hovered", "brand/brand_secondary_hover", "border/border_primary", nullptr},
+      {"pressed", "brand/brand_secondary_press", "border/border_primary", nullptr}}},
+    {":/images/slider/slider_handle.svg",
+     {"#005CD1", "#FFFFFF", nullptr},
+     {{"disabled", "brand/brand_disable", "border/border_disable", nullptr},
+      {"normal", "brand/brand", "border/border_normal", nullptr},
+      {"hovered", "brand/brand_hover", "border/border_normal", nullptr},
+      {"pressed", "brand/brand_press", "border/border_normal", nullptr}}},
 };
 
 ImageParams ParamsFor(const Placeholder &image, const Substitution &state)
@@ -206,7 +212,8 @@ ImageParams ParamsFor(const Placeholder &image, const Substitution &state)
 QStringList ImagesBelow(const QString &folder, bool subfolders)
 {
     QStringList paths;
-    QDirIterator files(folder, {QStringLiteral("*.svg")}, QDir::Files, subfolders ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
+    QDirIterator files(folder, {QStringLiteral("*.svg")}, QDir::Files,
+                       subfolders ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
     while (files.hasNext())
         paths.append(files.next());
     std::sort(paths.begin(), paths.end());
@@ -232,7 +239,9 @@ public:
 private:
     void AddPicker()
     {
-        Card *card = AddSection(QStringLiteral("Target colour"), QStringLiteral("Automatic shows plain glyphs in the tokens of icons and images of several colours as drawn. A token colours every shape of every image."));
+        Card *card = AddSection(QStringLiteral("Target colour"),
+                                QStringLiteral("Automatic shows plain glyphs in the tokens of icons and images of several colours as "
+                                               "drawn. A token colours every shape of every image."));
         QHBoxLayout *row = card->AddRow(kGrid);
         m_choices = new QButtonGroup(this);
         auto *automatic = MakeToggle(QStringLiteral("Automatic"));
@@ -248,7 +257,8 @@ private:
             row->addWidget(button);
         }
         row->addSpacing(kGrid);
-        for (const char *name : {"icon/icon_primary", "icon/icon_secondary", "icon/icon_toolbar", "brand/brand", "tip/success", "tip/warning", "tip/danger", "tip/info", "text/text_disabled"}) {
+        for (const char *name : {"icon/icon_primary", "icon/icon_secondary", "icon/icon_toolbar", "brand/brand", "tip/success",
+                                 "tip/warning", "tip/danger", "tip/info", "text/text_disabled"}) {
             const QString token = QLatin1String(name);
             auto *dot = new TokenDot(token);
             connect(dot, &QAbstractButton::clicked, this, [this, token] { SetToken(token); });
@@ -275,7 +285,8 @@ private:
             QListView::item { padding: 4px 8px; }
             QListView::item:selected { background: ${brand/brand_bg}; color: ${text/text_caption}; })"));
         m_field->setCompleter(completer);
-        connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this, [this](const QString &token) { SetTypedToken(token); });
+        connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this,
+                [this](const QString &token) { SetTypedToken(token); });
         connect(m_field, &QLineEdit::returnPressed, this, [this] { SetTypedToken(m_field->text().trimmed()); });
         row->addWidget(m_field);
     }
@@ -299,7 +310,9 @@ private:
 
     void AddPlaceholders()
     {
-        Card *card = AddSection(QStringLiteral("Placeholders"), QStringLiteral("Images of several colours hold placeholders, and a control maps each to a token, state by state. The left column shows the file as drawn."));
+        Card *card = AddSection(QStringLiteral("Placeholders"),
+                                QStringLiteral("Images of several colours hold placeholders, and a control maps each to a token, state by "
+                                               "state. The left column shows the file as drawn."));
         auto *grid = new QGridLayout;
         grid->setHorizontalSpacing(3 * kGrid);
         grid->setVerticalSpacing(2 * kGrid);
@@ -322,7 +335,8 @@ private:
             const char *const tokens[] = {image.states[1].first, image.states[1].second, image.states[1].third};
             for (int i = 0; i < 3; ++i) {
                 if (image.colors[i] && tokens[i])
-                    words->addWidget(MakeElidingLabel(QStringLiteral("%1   %2").arg(QLatin1String(image.colors[i]), QLatin1String(tokens[i])), QcLabel::BodySecondary));
+                    words->addWidget(MakeElidingLabel(
+                        QStringLiteral("%1   %2").arg(QLatin1String(image.colors[i]), QLatin1String(tokens[i])), QcLabel::BodySecondary));
             }
             grid->addLayout(words, row, 6);
             ++row;
@@ -333,9 +347,8 @@ private:
 
     static Canvas *MakePicture(const ImageParams &params)
     {
-        auto *picture = new Canvas([params](QPainter &painter, const QRect &rect) {
-            DrawImage(painter, QRect(0, (rect.height() - 24) / 2, 24, 24), params);
-        });
+        auto *picture = new Canvas(
+            [params](QPainter &painter, const QRect &rect) { DrawImage(painter, QRect(0, (rect.height() - 24) / 2, 24, 24), params); });
         picture->setFixedSize(9 * kGrid, 5 * kGrid);
         return picture;
     }
@@ -370,7 +383,7 @@ private:
 };
 
 const PageRegistrar registrar({QStringLiteral("images"), QStringLiteral("Foundations"), QStringLiteral("Images"),
-    QStringLiteral("Seventy drawings of one family at 16, 24 and 48 pixels, recoloured by token."), 110,
-    [] { return new ImagesPage; }});
+                               QStringLiteral("Seventy drawings of one family at 16, 24 and 48 pixels, recoloured by token."), 110,
+                               [] { return new ImagesPage; }});
 
 } // namespace

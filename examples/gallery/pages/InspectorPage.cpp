@@ -124,20 +124,16 @@ QByteArray SampleTable(Table table)
         const char *value;
     };
     constexpr Change changes[] = {
-        {"brand/brand", "#0B8A6F"},
-        {"brand/brand_hover", "#12A384"},
-        {"brand/brand_press", "#076B56"},
-        {"brand/brand_disable", "#0B8A6F, 0.4"},
-        {"brand/brand_bg", "#0B8A6F, 0.2"},
-        {"others/focus", "#0B8A6F"},
-        {"link/link", "#0B8A6F"},
-        {"link/link_hover", "#12A384"},
-        {"link/link_visited", "#8A6E"},
-        {"overlay/overlay_loading", "#000000, half"},
+        {"brand/brand", "#0B8A6F"},         {"brand/brand_hover", "#12A384"},
+        {"brand/brand_press", "#076B56"},   {"brand/brand_disable", "#0B8A6F, 0.4"},
+        {"brand/brand_bg", "#0B8A6F, 0.2"}, {"others/focus", "#0B8A6F"},
+        {"link/link", "#0B8A6F"},           {"link/link_hover", "#12A384"},
+        {"link/link_visited", "#8A6E"},     {"overlay/overlay_loading", "#000000, half"},
     };
     QString text = Velmora::GetFileContent(TablePath(table));
     for (const Change &change : changes) {
-        const QRegularExpression line(QStringLiteral("^%1 *=[^;\\r\\n]*").arg(QLatin1String(change.token)), QRegularExpression::MultilineOption);
+        const QRegularExpression line(QStringLiteral("^%1 *=[^;\\r\\n]*").arg(QLatin1String(change.token)),
+                                      QRegularExpression::MultilineOption);
         text.replace(line, QStringLiteral("%1 = %2 ").arg(QLatin1String(change.token), QLatin1String(change.value)));
     }
     text.remove(QRegularExpression(QStringLiteral("^brand/brand_tertiary *=[^\\n]*\\n"), QRegularExpression::MultilineOption));
@@ -168,7 +164,8 @@ private:
 
     void AddSource()
     {
-        Card *card = AddSection(QStringLiteral("The file"), QStringLiteral("Edit a colour table in your editor; each time it is saved the whole program takes it on."));
+        Card *card = AddSection(QStringLiteral("The file"),
+                                QStringLiteral("Edit a colour table in your editor; each time it is saved the whole program takes it on."));
         QHBoxLayout *row = card->AddRow(kGrid);
         m_mark = new QcFrame;
         m_mark->setFixedSize(kGrid, kGrid);
@@ -208,14 +205,16 @@ private:
 
     void Open()
     {
-        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open a colour table"), QString(), QStringLiteral("Colour tables (*.ini);;All files (*)"));
+        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open a colour table"), QString(),
+                                                          QStringLiteral("Colour tables (*.ini);;All files (*)"));
         if (!path.isEmpty())
             Follow(path);
     }
 
     void SaveCopy()
     {
-        const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save a copy of the table"), QStringLiteral("my_theme.ini"), QStringLiteral("Colour tables (*.ini)"));
+        const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save a copy of the table"), QStringLiteral("my_theme.ini"),
+                                                          QStringLiteral("Colour tables (*.ini)"));
         if (!path.isEmpty() && Write(path, Velmora::GetFileContent(TablePath(LastTable())).toUtf8()))
             Follow(path);
     }
@@ -281,7 +280,9 @@ private:
             QFile::remove(m_versionPath);
         m_versionPath = version;
         ShowDifferences(version);
-        ShowState(QStringLiteral("Followed. Version %1, taken on at %2.").arg(m_version).arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
+        ShowState(QStringLiteral("Followed. Version %1, taken on at %2.")
+                      .arg(m_version)
+                      .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
     }
 
     void OnColorChanged()
@@ -339,7 +340,8 @@ private:
             const char *token;
             const char *text;
         };
-        for (const Notice &notice : {Notice{"tip/success", "Customs cleared"}, Notice{"tip/warning", "Two documents missing"}, Notice{"tip/danger", "Berth closed on Friday"}}) {
+        for (const Notice &notice : {Notice{"tip/success", "Customs cleared"}, Notice{"tip/warning", "Two documents missing"},
+                                     Notice{"tip/danger", "Berth closed on Friday"}}) {
             auto *frame = new QcFrame;
             frame->setBackgroundColorParams(QStringLiteral("${%1, 0.12}").arg(QLatin1String(notice.token)));
             frame->setBorderColorParams(QLatin1String(notice.token));
@@ -377,7 +379,9 @@ private:
 
     void AddDifferences()
     {
-        Card *card = AddSection(QStringLiteral("Against the built-in table"), QStringLiteral("An invalid value paints as an invalid colour, mostly black; a missing token resolves as an unknown name. Both are easy to miss in a file and hard to miss here."));
+        Card *card = AddSection(QStringLiteral("Against the built-in table"),
+                                QStringLiteral("An invalid value paints as an invalid colour, mostly black; a missing token resolves as an "
+                                               "unknown name. Both are easy to miss in a file and hard to miss here."));
         QHBoxLayout *row = card->AddRow(4 * kGrid);
         for (int i = 0; i < 4; ++i) {
             auto *count = new QVBoxLayout;
@@ -401,7 +405,8 @@ private:
         m_table = new QTableWidget(0, 4);
         m_table->setObjectName(QStringLiteral("inspectorTable"));
         m_table->setAccessibleName(QStringLiteral("Differences"));
-        m_table->setHorizontalHeaderLabels({QStringLiteral("Finding"), QStringLiteral("Token"), QStringLiteral("Built in"), QStringLiteral("In the file")});
+        m_table->setHorizontalHeaderLabels(
+            {QStringLiteral("Finding"), QStringLiteral("Token"), QStringLiteral("Built in"), QStringLiteral("In the file")});
         m_table->setIconSize(QSize(32, 16));
         m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the page scrolls
         StyleTable(m_table);
@@ -423,8 +428,10 @@ private:
             const FindingInfo &info = kFindings[difference.finding];
             m_table->setItem(row, 0, new QTableWidgetItem(Dot(TokenColor(QLatin1String(info.token))), QLatin1String(info.name)));
             m_table->setItem(row, 1, new QTableWidgetItem(difference.token));
-            m_table->setItem(row, 2, MakeValueItem(ours.contains(difference.token), ColorOf(ours.value(difference.token)), difference.builtIn));
-            m_table->setItem(row, 3, MakeValueItem(theirs.contains(difference.token), ColorOf(theirs.value(difference.token)), difference.here));
+            m_table->setItem(row, 2,
+                             MakeValueItem(ours.contains(difference.token), ColorOf(ours.value(difference.token)), difference.builtIn));
+            m_table->setItem(row, 3,
+                             MakeValueItem(theirs.contains(difference.token), ColorOf(theirs.value(difference.token)), difference.here));
         }
         for (int i = 0; i < 4; ++i)
             m_counts[i]->setText(QString::number(counts[i]));
@@ -475,8 +482,9 @@ private:
     QTableWidget *m_table = nullptr;
 };
 
-const PageRegistrar registrar({QStringLiteral("inspector"), QStringLiteral("Tools"), QStringLiteral("Theme inspector"),
-    QStringLiteral("Follows a colour table while you edit it, and says what differs, what is wrong and what is missing."), 910,
-    [] { return new InspectorPage; }});
+const PageRegistrar
+    registrar({QStringLiteral("inspector"), QStringLiteral("Tools"), QStringLiteral("Theme inspector"),
+               QStringLiteral("Follows a colour table while you edit it, and says what differs, what is wrong and what is missing."), 910,
+               [] { return new InspectorPage; }});
 
 } // namespace

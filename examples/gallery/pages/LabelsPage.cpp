@@ -43,7 +43,9 @@ public:
 private:
     void AddStyles()
     {
-        Card *card = AddSection(QStringLiteral("Nine styles"), QStringLiteral("Each style is a family, a size and a token. A disabled label takes text_disabled, whatever its style."));
+        Card *card = AddSection(
+            QStringLiteral("Nine styles"),
+            QStringLiteral("Each style is a family, a size and a token. A disabled label takes text_disabled, whatever its style."));
         auto *grid = new QGridLayout;
         grid->setHorizontalSpacing(3 * kGrid);
         grid->setVerticalSpacing(2 * kGrid);
@@ -73,7 +75,8 @@ private:
 
     void AddEliding()
     {
-        Card *card = AddSection(QStringLiteral("Eliding"), QStringLiteral("A label is one line. What does not fit is elided at the right."));
+        Card *card =
+            AddSection(QStringLiteral("Eliding"), QStringLiteral("A label is one line. What does not fit is elided at the right."));
         const QString text = QStringLiteral("Container MSKU 740 1285 is due at berth 14 on Friday, and the customs papers are complete.");
         auto *box = new QcFrame;
         box->setBackgroundColorParams(QStringLiteral("bg/bg_bottom"));
@@ -93,7 +96,8 @@ private:
 
     void AddIcons()
     {
-        Card *card = AddSection(QStringLiteral("Icons"), QStringLiteral("Without a text a label shows an icon at its own size, in the colour of a token."));
+        Card *card = AddSection(QStringLiteral("Icons"),
+                                QStringLiteral("Without a text a label shows an icon at its own size, in the colour of a token."));
         struct Icon
         {
             const char *path;
@@ -133,7 +137,7 @@ private:
 };
 
 const PageRegistrar registrar({QStringLiteral("labels"), QStringLiteral("Display"), QStringLiteral("Labels"),
-    QStringLiteral("QcLabel: nine text styles, one elided line, or an icon that fills the label."), 210,
-    [] { return new LabelsPage; }});
+                               QStringLiteral("QcLabel: nine text styles, one elided line, or an icon that fills the label."), 210,
+                               [] { return new LabelsPage; }});
 
 } // namespace

@@ -61,7 +61,9 @@ public:
 private:
     void AddTrial()
     {
-        Card *card = AddSection(QStringLiteral("Try it"), QStringLiteral("A panel with its shadow and four corners of its own, painted anew at every step of a slider."));
+        Card *card =
+            AddSection(QStringLiteral("Try it"),
+                       QStringLiteral("A panel with its shadow and four corners of its own, painted anew at every step of a slider."));
         QHBoxLayout *row = card->AddRow(4 * kGrid);
         auto *controls = new QVBoxLayout;
         controls->setSpacing(kGrid);
@@ -91,13 +93,17 @@ private:
 
     void AddShadows()
     {
-        Card *card = AddSection(QStringLiteral("DrawShadow"), QStringLiteral("Margin is how far the shadow reaches, opacity how strong it is at the panel's edge. It fades in even steps, one a pixel."));
+        Card *card = AddSection(QStringLiteral("DrawShadow"),
+                                QStringLiteral("Margin is how far the shadow reaches, opacity how strong it is at the panel's edge. It "
+                                               "fades in even steps, one a pixel."));
         auto *grid = new QGridLayout;
         grid->setSpacing(2 * kGrid);
         constexpr int margins[] = {4, 8, 16, 24};
         constexpr double opacities[] = {0.1, 0.2, 0.4};
         for (int column = 0; column < 4; ++column) {
-            grid->addWidget(MakeLabel(QStringLiteral("margin %1, radius %2").arg(margins[column]).arg(margins[column] / 2), QcLabel::BodySecondary), 0, column + 1);
+            grid->addWidget(
+                MakeLabel(QStringLiteral("margin %1, radius %2").arg(margins[column]).arg(margins[column] / 2), QcLabel::BodySecondary), 0,
+                column + 1);
             grid->setColumnStretch(column + 1, 1);
         }
         for (int row = 0; row < 3; ++row) {
@@ -120,7 +126,8 @@ private:
 
     void AddShapes()
     {
-        Card *card = AddSection(QStringLiteral("GetRoundedRectFPath"), QStringLiteral("A path with four corner radii, clockwise from the top left."));
+        Card *card = AddSection(QStringLiteral("GetRoundedRectFPath"),
+                                QStringLiteral("A path with four corner radii, clockwise from the top left."));
         QHBoxLayout *row = card->AddRow(3 * kGrid);
         struct Shape
         {
@@ -128,12 +135,8 @@ private:
             RadiusParams radii;
         };
         const Shape shapes[] = {
-            {"0, 0, 0, 0", Radii(0, 0, 0, 0)},
-            {"8, 8, 8, 8", Radii(8, 8, 8, 8)},
-            {"24, 24, 0, 0", Radii(24, 24, 0, 0)},
-            {"0, 32, 0, 32", Radii(0, 32, 0, 32)},
-            {"4, 12, 24, 36", Radii(4, 12, 24, 36)},
-            {"36, 36, 36, 36", Radii(36, 36, 36, 36)},
+            {"0, 0, 0, 0", Radii(0, 0, 0, 0)},     {"8, 8, 8, 8", Radii(8, 8, 8, 8)},       {"24, 24, 0, 0", Radii(24, 24, 0, 0)},
+            {"0, 32, 0, 32", Radii(0, 32, 0, 32)}, {"4, 12, 24, 36", Radii(4, 12, 24, 36)}, {"36, 36, 36, 36", Radii(36, 36, 36, 36)},
         };
         for (const Shape &shape : shapes) {
             auto *cell = new QVBoxLayout;
@@ -159,7 +162,7 @@ private:
 };
 
 const PageRegistrar registrar({QStringLiteral("painting"), QStringLiteral("Foundations"), QStringLiteral("Painting helpers"),
-    QStringLiteral("Soft shadows and rounded shapes for whoever paints a control of their own."), 120,
-    [] { return new PaintingPage; }});
+                               QStringLiteral("Soft shadows and rounded shapes for whoever paints a control of their own."), 120,
+                               [] { return new PaintingPage; }});
 
 } // namespace

@@ -96,7 +96,9 @@ private:
 
     void AddRoads()
     {
-        auto *card = AddSection(QStringLiteral("Three roads to the main thread"), QStringLiteral("Every task runs on the main thread, out of its event loop, whichever thread handed it in."));
+        auto *card =
+            AddSection(QStringLiteral("Three roads to the main thread"),
+                       QStringLiteral("Every task runs on the main thread, out of its event loop, whichever thread handed it in."));
         QHBoxLayout *row = card->AddRow(4 * kGrid);
         for (int i = 0; i < 3; ++i) {
             const Road road = Road(i);
@@ -226,7 +228,8 @@ private:
 
     void AddTimeline()
     {
-        Card *card = AddSection(QStringLiteral("The last twenty seconds"), QStringLiteral("A ring is a task handed in, a disc its run. A faint ring was replaced by a later one."));
+        Card *card = AddSection(QStringLiteral("The last twenty seconds"),
+                                QStringLiteral("A ring is a task handed in, a disc its run. A faint ring was replaced by a later one."));
         m_timeline = new Canvas([this](QPainter &painter, const QRect &rect) { PaintTimeline(painter, rect); });
         m_timeline->setFixedHeight(18 * kGrid);
         card->Body()->addWidget(m_timeline);
@@ -286,7 +289,8 @@ private:
         m_log = new QTableWidget(0, 4);
         m_log->setObjectName(QStringLiteral("taskLog"));
         m_log->setAccessibleName(QStringLiteral("Log of tasks"));
-        m_log->setHorizontalHeaderLabels({QStringLiteral("Ran at"), QStringLiteral("Road"), QStringLiteral("Handed in by"), QStringLiteral("Waited")});
+        m_log->setHorizontalHeaderLabels(
+            {QStringLiteral("Ran at"), QStringLiteral("Road"), QStringLiteral("Handed in by"), QStringLiteral("Waited")});
         m_log->setFixedHeight(30 * kGrid);
         StyleTable(m_log);
         m_log->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -323,7 +327,7 @@ private:
 };
 
 const PageRegistrar registrar({QStringLiteral("tasks"), QStringLiteral("Tools"), QStringLiteral("Tasks"),
-    QStringLiteral("Work handed to the main thread from any thread: at once, paced, or merged."), 900,
-    [] { return new TasksPage; }});
+                               QStringLiteral("Work handed to the main thread from any thread: at once, paced, or merged."), 900,
+                               [] { return new TasksPage; }});
 
 } // namespace

@@ -21,7 +21,7 @@ class Source
 {
 public:
     explicit Source(bool onDisk)
-        : m_path(IconPath(0))
+        : m_path(QStringLiteral(":/images/success.svg")) // the median of the built-in icons by size
     {
         if (!onDisk)
             return;

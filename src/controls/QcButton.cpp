@@ -133,7 +133,9 @@ bool QcButton::eventFilter(QObject *watched, QEvent *event)
 {
     // Shakes off states that no leave or release event ended, as when a popup or another window took the mouse.
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate) {
-        if (!IsCursorInside()) {
+        // Most buttons have nothing to shake off, and asking for the cursor costs more than all the rest.
+        const bool isStale = m_state & (QStyle::State_MouseOver | QStyle::State_Sunken);
+        if (isStale && !IsCursorInside()) {
             SetStateFlag(QStyle::State_MouseOver, false);
             SetStateFlag(QStyle::State_Sunken, false);
         }

@@ -15,7 +15,9 @@ ColorParams::ColorParams(const QString &text)
         parts = text.midRef(2, text.size() - 3);
 
     const int comma = parts.indexOf(QLatin1Char(','));
-    code = parts.left(comma < 0 ? parts.size() : comma).trimmed().toString();
+    const QStringRef name = parts.left(comma < 0 ? parts.size() : comma).trimmed();
+    // Controls parse a code at every paint, mostly a bare token: sharing its text allocates nothing.
+    code = name.size() == text.size() ? text : name.toString();
     const bool exactlyTwo = comma >= 0 && parts.indexOf(QLatin1Char(','), comma + 1) < 0;
     if (!exactlyTwo)
         return;

@@ -1,9 +1,9 @@
 #include "theme/ImageCache_p.h"
 
+#include "theme/FileStamp_p.h"
+
 #include <QCache>
 #include <QCoreApplication>
-#include <QDateTime>
-#include <QFileInfo>
 
 #include <memory>
 
@@ -42,29 +42,20 @@ bool operator==(const RequestKey &a, const RequestKey &b)
         && SameSubstitutions(a.params.mulColor, b.params.mulColor);
 }
 
+uint HashOf(const ColorParams &color, uint seed)
+{
+    return qHash(color.code, seed) ^ qHash(color.alpha, seed);
+}
+
 uint qHash(const RequestKey &key, uint seed)
 {
     const ImageParams &params = key.params;
-    uint hash = qHash(params.path, seed) ^ qHash(params.color.code, seed) ^ uint(params.size.width() * 31 + params.size.height());
+    uint hash = qHash(params.path, seed) ^ HashOf(params.color, seed) ^ uint(params.size.width() * 31 + params.size.height());
     // A sum, because equal hashes may hold their entries in different orders.
     for (auto entry = params.mulColor.cbegin(); entry != params.mulColor.cend(); ++entry)
-        hash += qHash(entry.key(), seed) ^ (qHash(entry->code, seed) * 3);
+        hash += qHash(entry.key(), seed) ^ (HashOf(*entry, seed) * 3);
     return hash;
 }
-
-/// Tells one state of a file on disk from the next.
-struct FileStamp
-{
-    QDateTime modified;
-    qint64 size = -1;
-
-    static FileStamp Of(const QString &path)
-    {
-        const QFileInfo info(path);
-        return {info.lastModified(), info.size()};
-    }
-    bool operator==(const FileStamp &other) const { return size == other.size && modified == other.modified; }
-};
 
 struct Entry
 {
@@ -103,10 +94,12 @@ Entry *FindFresh(Cache &entries, const ImageParams &params, const FileStamp &sta
 
 QImage ImageCache::Image(const ImageParams &params, const Render &render)
 {
+    const FileStamp stamp = FileStamp::Of(params.path);
+    if (!stamp.exists)
+        return QImage();
     Cache *entries = ActiveCache();
     if (!entries)
         return render(params);
-    const FileStamp stamp = FileStamp::Of(params.path);
     if (const Entry *entry = FindFresh(*entries, params, stamp))
         return entry->image;
     QImage image = render(params);
@@ -117,10 +110,12 @@ QImage ImageCache::Image(const ImageParams &params, const Render &render)
 
 QPixmap ImageCache::Pixmap(const ImageParams &params, const Render &render)
 {
+    const FileStamp stamp = FileStamp::Of(params.path);
+    if (!stamp.exists)
+        return QPixmap();
     Cache *entries = ActiveCache();
     if (!entries)
         return QPixmap::fromImage(render(params));
-    const FileStamp stamp = FileStamp::Of(params.path);
     Entry *entry = FindFresh(*entries, params, stamp);
     if (!entry) {
         const QImage image = render(params);

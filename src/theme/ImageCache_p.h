@@ -17,7 +17,7 @@ namespace ImageCache {
 
 using Render = std::function<QImage(const ImageParams &)>;
 
-/// The image of \a params: kept from an earlier request, else made by \a render.
+/// The image of \a params: kept from an earlier request, else made by \a render. Null if there is no such file.
 QImage Image(const ImageParams &params, const Render &render);
 QPixmap Pixmap(const ImageParams &params, const Render &render);
 

@@ -16,6 +16,8 @@
 #include <QSvgRenderer>
 #include <QVector>
 
+#include <utility>
+
 namespace Velmora {
 
 namespace {
@@ -205,9 +207,16 @@ void QcStyleManager::OnRegisteredWidgetDestroyed()
     QObject *object = sender();
     if (!object || !object->isWidgetType())
         return;
-    // A widget announces its end while guarded pointers to it still hold, so the entry is found by its key.
-    // Handlers stay to the end of the process: nothing may rely on one being destroyed with its widget.
-    m_styleSheets.erase(QPointer<QWidget>(static_cast<QWidget *>(object)));
+    // A widget announces its end while guarded pointers to it still hold, so its entries are found by their key.
+    const QPointer<QWidget> widget(static_cast<QWidget *>(object));
+    m_styleSheets.erase(widget);
+    // A handler lives to the end of the process: nothing may rely on its being destroyed with its widget. But a dead key would
+    // keep its place among those of its address, where later widgets come to lie, and slow down every look-up of theirs.
+    const auto found = m_colorHandlers.find(widget);
+    if (found == m_colorHandlers.end())
+        return;
+    m_handlersOfDeadWidgets.push_back(std::move(found->second));
+    m_colorHandlers.erase(found);
 }
 
 void QcStyleManager::UpdateWidgetStyleSheet(QPointer<QWidget> widget)
@@ -278,14 +287,14 @@ bool QcStyleManager::eventFilter(QObject *watched, QEvent *event)
 
 QImage QcStyleManager::GetImage(const ImageParams &params)
 {
-    if (params.size.isEmpty() || !IsFileExists(params.path))
+    if (params.size.isEmpty())
         return QImage();
     return ImageCache::Image(params, [this](const ImageParams &request) { return RenderImage(request); });
 }
 
 QPixmap QcStyleManager::GetPixmap(const ImageParams &params)
 {
-    if (params.size.isEmpty() || !IsFileExists(params.path))
+    if (params.size.isEmpty())
         return QPixmap();
     return ImageCache::Pixmap(params, [this](const ImageParams &request) { return RenderImage(request); });
 }

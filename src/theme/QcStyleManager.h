@@ -19,6 +19,7 @@
 
 #include <functional>
 #include <unordered_map>
+#include <vector>
 
 namespace Velmora {
 
@@ -108,6 +109,7 @@ private:
     QHash<QString, QColor> m_colorTable;
     std::unordered_map<QPointer<QWidget>, QString, PointerHashFunc, PointerEqualFunc> m_styleSheets;
     std::unordered_map<QPointer<QWidget>, std::function<void()>, PointerHashFunc, PointerEqualFunc> m_colorHandlers;
+    std::vector<std::function<void()>> m_handlersOfDeadWidgets; // never called again, never destroyed before the manager
 };
 
 } // namespace Velmora

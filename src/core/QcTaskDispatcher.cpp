@@ -32,10 +32,11 @@ QcTaskDispatcher::~QcTaskDispatcher()
 void QcTaskDispatcher::PostTask(const Task &task)
 {
     // Guarded, because code that runs while the application object goes (a post routine, a window's last events) may
-    // handle posted events once more, when this has gone already.
+    // handle posted events once more, when this has gone already. The record is captured by a name of its own: a plain
+    // capture of a constant is constant too, and Qt would count it up and down at each move.
     QMetaObject::invokeMethod(
         QCoreApplication::instance(),
-        [dispatcher = QPointer<QcTaskDispatcher>(this), task] {
+        [dispatcher = QPointer<QcTaskDispatcher>(this), task = task] {
             if (dispatcher)
                 dispatcher->ExecuteTask(task);
         },

@@ -26,8 +26,10 @@ FileStamp OfResource(const QString &path)
 /// Whatever Qt makes of \a path, search paths and file engines of the host included.
 FileStamp OfAnything(const QString &path)
 {
+    if (!QFile::exists(path))
+        return FileStamp();
     const QFileInfo info(path);
-    return {QFile(path).exists(), info.size(), info.lastModified().toMSecsSinceEpoch()};
+    return {true, info.size(), info.lastModified().toMSecsSinceEpoch()};
 }
 
 #if defined(Q_OS_LINUX)

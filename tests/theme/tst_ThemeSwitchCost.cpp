@@ -1,0 +1,180 @@
+#include "support/TestMain.h"
+
+#include "TestFiles.h"
+
+#include <Velmora/QcFrame.h>
+#include <Velmora/QcGhostButton.h>
+#include <Velmora/QcLabel.h>
+#include <Velmora/QcPrimaryButton.h>
+
+#include <QGridLayout>
+
+#include <memory>
+#include <vector>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+struct Counts
+{
+    int paints = 0;
+    int styleChanges = 0;
+};
+
+/// \a Base, counting what a change of the table makes it do.
+template <typename Base>
+class Counted : public Base
+{
+public:
+    explicit Counted(Counts *counts)
+        : m_counts(counts)
+    {
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::StyleChange)
+            ++m_counts->styleChanges;
+        return Base::event(event);
+    }
+    void paintEvent(QPaintEvent *event) override
+    {
+        ++m_counts->paints;
+        Base::paintEvent(event);
+    }
+
+private:
+    Counts *m_counts;
+};
+
+/// A shown window full of widgets, each with its counts.
+class Screenful
+{
+public:
+    explicit Screenful(const QStringList &icons)
+    {
+        auto *grid = new QGridLayout(&m_window);
+        for (int i = 0; i < kRows; ++i) {
+            const QString icon = icons.at(i % icons.size());
+            auto *primary = new Counted<QcPrimaryButton>(NewCounts());
+            primary->setText(QStringLiteral("Text %1").arg(i));
+            primary->SetIconPath(icon);
+            auto *ghost = new Counted<QcGhostButton>(NewCounts());
+            ghost->setText(QStringLiteral("Text %1").arg(i));
+            auto *frame = new Counted<QcFrame>(NewCounts());
+            frame->setFixedSize(20, 20);
+            auto *label = new Counted<QcLabel>(NewCounts());
+            label->setText(QStringLiteral("Text %1").arg(i));
+            int column = 0;
+            for (QWidget *widget : {static_cast<QWidget *>(primary), static_cast<QWidget *>(ghost), static_cast<QWidget *>(frame),
+                                    static_cast<QWidget *>(label)})
+                grid->addWidget(widget, i, column++); // the window's children
+        }
+        m_window.show();
+        if (!QTest::qWaitForWindowExposed(&m_window))
+            qFatal("the window was not shown");
+        Drain();
+    }
+
+    static constexpr int kRows = 12;
+
+    /// Lets everything that is due happen and gives what that took, one entry a widget.
+    std::vector<Counts> Drain()
+    {
+        DrainEvents();
+        std::vector<Counts> result;
+        for (const auto &counts : m_counts) {
+            result.push_back(*counts);
+            *counts = Counts();
+        }
+        return result;
+    }
+
+private:
+    Counts *NewCounts()
+    {
+        m_counts.push_back(std::make_unique<Counts>());
+        return m_counts.back().get();
+    }
+
+    std::vector<std::unique_ptr<Counts>> m_counts;
+    QWidget m_window;
+};
+
+const QStringList kIcons = {QStringLiteral(":/images/close.svg"), QStringLiteral(":/images/max.svg")};
+
+void SwitchTable(Table table)
+{
+    QcStyleManager::GetInstance()->SetColorFilePath(TablePath(table));
+}
+
+} // namespace
+
+/// What a change of the table costs, counted, not timed.
+class tst_ThemeSwitchCost : public TestCase
+{
+    Q_OBJECT
+
+private:
+    TestFiles m_files;
+
+    /// An SVG that breaks off: each parse of it, and nothing else, gives one warning.
+    QString BrokenIcon(const QString &name)
+    {
+        return m_files.Write(name, "<svg viewBox='0 0 8 8'><rect width='8' height='8' fill='#000000'/>");
+    }
+    void ExpectParseOf(const QStringList &icons)
+    {
+        for (const QString &icon : icons)
+            ExpectWarning(QStringLiteral("QcStyleManager::GetAdjustedSvgData: Failed to parse XML content. \"%1\"").arg(icon));
+    }
+
+protected:
+    void SetUp() override { UseTable(Table::Light); }
+    void TearDown() override { UseTable(Table::Light); }
+
+private Q_SLOTS:
+    void every_widget_is_painted_exactly_once()
+    {
+        Screenful screenful(kIcons);
+        for (const Table table : {Table::Dark, Table::Light}) {
+            SwitchTable(table);
+            for (const Counts &counts : screenful.Drain())
+                QCOMPARE(counts.paints, 1);
+        }
+    }
+
+    void widgets_that_paint_themselves_see_no_change_of_style()
+    {
+        Screenful screenful(kIcons);
+        SwitchTable(Table::Dark);
+        for (const Counts &counts : screenful.Drain())
+            QCOMPARE(counts.styleChanges, 0);
+    }
+
+    void nothing_is_painted_when_idle()
+    {
+        Screenful screenful(kIcons);
+        SwitchTable(Table::Dark);
+        screenful.Drain();
+        for (const Counts &counts : screenful.Drain())
+            QCOMPARE(counts.paints, 0);
+    }
+
+    void each_distinct_icon_is_parsed_once_a_table()
+    {
+        const QStringList icons = {BrokenIcon(QStringLiteral("a.svg")), BrokenIcon(QStringLiteral("b.svg")),
+                                   BrokenIcon(QStringLiteral("c.svg"))};
+        ExpectParseOf(icons); // one line each, for all the buttons that show it
+        Screenful screenful(icons);
+        ExpectParseOf(icons);
+        SwitchTable(Table::Dark);
+        screenful.Drain();
+    }
+};
+
+VELMORA_TEST_MAIN(tst_ThemeSwitchCost)
+#include "tst_ThemeSwitchCost.moc"

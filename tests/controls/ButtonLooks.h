@@ -30,6 +30,10 @@ constexpr Look kLooks[] = {
     {"checked pressed", 0x8005, true, true, true, true},
 };
 
+/// Where a window under the cursor has to stand: at any other place the offscreen platform, when it scales, tells it a wrong
+/// position of the cursor.
+constexpr QRect kWindowPlace(0, 0, 300, 200);
+
 /// A place on the screen that no test window covers.
 inline void MoveCursorAway()
 {

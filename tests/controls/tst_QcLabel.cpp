@@ -30,16 +30,16 @@ QFont BroadFont()
     return font;
 }
 
-/// What a label of \a size with \a font has to look like: one elided run in the whole rectangle, in black on white.
-QImage Reference(const QSize &size, const QFont &font, const QString &text, int alignment)
+/// What \a label has to look like: one elided run in the whole rectangle, in black on white.
+QImage Reference(const QcLabel &label)
 {
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
+    QImage image = Canvas(label);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(font);
+    painter.setFont(label.font());
     painter.setPen(Qt::black);
-    painter.drawText(image.rect(), alignment, QFontMetrics(font).elidedText(text, Qt::ElideRight, size.width()));
+    const QString elided = QFontMetrics(label.font()).elidedText(label.text(), Qt::ElideRight, label.width());
+    painter.drawText(label.rect(), int(label.alignment()), elided);
     return image;
 }
 
@@ -178,7 +178,7 @@ private Q_SLOTS:
         colourless.setText(text);
         colourless.setAlignment(Qt::Alignment(alignment));
         colourless.resize(width, 40);
-        QCOMPARE(Render(colourless), Reference(colourless.size(), font, text, alignment));
+        QCOMPARE(Render(colourless), Reference(colourless));
     }
 
     void alignment_moves_the_ink()
@@ -217,7 +217,7 @@ private Q_SLOTS:
         label.setWordWrap(true);
         label.setTextFormat(Qt::RichText);
         label.resize(90, 50);
-        QCOMPARE(Render(label), Reference(label.size(), label.font(), text, int(label.alignment())));
+        QCOMPARE(Render(label), Reference(label));
     }
 
     void an_icon_needs_its_colour()
@@ -293,13 +293,13 @@ private Q_SLOTS:
         UseTable(Table::Dark);
         UseTable(Table::Light);
         QCOMPARE(label.text(), QStringLiteral("I"));
-        QCOMPARE(Render(label), Reference(label.size(), label.font(), QStringLiteral("I"), int(label.alignment())));
+        QCOMPARE(Render(label), Reference(label));
 
         label.setText(QString());
         QCOMPARE(PixmapOf(label).size(), QSize(210, 30));
         COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
         label.setText(QStringLiteral("I"));
-        QCOMPARE(Render(label), Reference(label.size(), label.font(), QStringLiteral("I"), int(label.alignment())));
+        QCOMPARE(Render(label), Reference(label));
         label.clear();
         COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
     }
@@ -312,7 +312,7 @@ private Q_SLOTS:
         label.SetIconColorParams(kIconColor);
         QVERIFY(!PixmapOf(label).isNull());
         label.setText(QStringLiteral("I"));
-        QCOMPARE(Render(label), Reference(label.size(), label.font(), QStringLiteral("I"), int(label.alignment())));
+        QCOMPARE(Render(label), Reference(label));
     }
 
     void a_text_announces_the_new_size()

@@ -8,12 +8,18 @@
 
 namespace VelmoraTest {
 
-QImage Render(QWidget &widget, const QColor &background)
+QImage Canvas(const QWidget &widget, const QColor &background)
 {
     const qreal ratio = widget.devicePixelRatioF();
     QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
     image.fill(background);
+    return image;
+}
+
+QImage Render(QWidget &widget, const QColor &background)
+{
+    QImage image = Canvas(widget, background);
     widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
     return image;
 }
@@ -35,6 +41,17 @@ bool Close(const QColor &a, const QColor &b, int tolerance)
 {
     return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance
         && std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
+}
+
+QImage Part(const QImage &image, const QRectF &logical)
+{
+    const qreal ratio = image.devicePixelRatio();
+    return image.copy(QRectF(logical.topLeft() * ratio, logical.size() * ratio).toRect());
+}
+
+double LineCoverage(const QImage &image)
+{
+    return std::min(1.0, 0.5 * image.devicePixelRatio());
 }
 
 QRectF InkBox(const QImage &image, const QColor &background, int tolerance)

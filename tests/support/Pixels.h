@@ -11,6 +11,9 @@ QT_END_NAMESPACE
 
 namespace VelmoraTest {
 
+/// An image as large as \a widget, filled with \a background, at the scale factor of the run.
+QImage Canvas(const QWidget &widget, const QColor &background = Qt::white);
+
 /// \a widget with its children, painted over \a background at the scale factor of the run.
 QImage Render(QWidget &widget, const QColor &background = Qt::white);
 
@@ -22,6 +25,13 @@ QColor Over(const QColor &top, const QColor &bottom = Qt::white);
 
 /// True if no channel differs by more than \a tolerance of 255.
 bool Close(const QColor &a, const QColor &b, int tolerance = 2);
+
+/// A logical rectangle of \a image.
+QImage Part(const QImage &image, const QRectF &logical);
+
+/// How much of its outermost pixels a line of width 1 covers that runs along the image's edge: half of it is clipped, so
+/// that the answer depends on the scale factor.
+double LineCoverage(const QImage &image);
 
 /// The smallest logical rectangle that holds every pixel unlike \a background by more than \a tolerance.
 QRectF InkBox(const QImage &image, const QColor &background, int tolerance = 8);

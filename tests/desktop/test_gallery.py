@@ -86,6 +86,16 @@ class GalleryTest(unittest.TestCase):
         first.click("pageTitle")
         first.wait_until_active()
 
+    def test_the_buttons_of_the_matrix_keep_their_states_when_the_user_presses_elsewhere(self):
+        gallery = self.start("--page", "buttons")
+        hover, pressed = 0x2001, 0x5
+        gallery.click("tableDark") # such a press ends the hover of every button, and the new table repaints them
+        self.wait_for_ground(gallery, DARK_GROUND)
+        for state, name in ((hover, "brand/brand_hover"), (pressed, "brand/brand_press")):
+            _, _, width, _ = gallery.positions[f"QcPrimaryButton-{state}"]
+            x, y = gallery.centre_of(f"QcPrimaryButton-{state}")
+            wait_for(lambda: self.desktop.pixel(x - width // 2 + 6, y) == token("dark", name), f"the button in {name}")
+
     def test_shift_f1_shows_the_debug_tip(self):
         gallery = self.start("--page", "debugtip")
         self.desktop.point_at(*gallery.centre_of("approveButton"))

@@ -254,6 +254,8 @@ private:
                 button->setAccessibleDescription(QLatin1String(kStateNames[column]));
                 if (text.isEmpty())
                     button->setAccessibleName(QLatin1String(variant.name));
+                if (icon.isEmpty())
+                    button->setObjectName(QStringLiteral("%1-%2").arg(QLatin1String(variant.name)).arg(kStates[column]));
                 m_holder->Add(button, kStates[column]);
                 grid->addWidget(button, row, column + 1, Qt::AlignCenter);
             }

@@ -4,7 +4,6 @@
 
 #include <Velmora/FileAndDesktop.h>
 #include <Velmora/QcGhostButton.h>
-#include <Velmora/QcIconButton.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSecondaryButton.h>
 #include <Velmora/QcStyleManager.h>
@@ -189,6 +188,8 @@ private:
         m_copyButton = AddButton<Velmora::QcTertiaryButton>(row, QStringLiteral("New copy\u2026"));
         m_copyButton->setToolTip(QStringLiteral("Save the active built-in table to a file of yours and follow it"));
         connect(m_copyButton, &QPushButton::clicked, this, [this] { SaveCopy(); });
+        m_folderButton = AddButton<Velmora::QcGhostButton>(row, QStringLiteral("Show in folder"));
+        connect(m_folderButton, &QPushButton::clicked, this, [this] { Velmora::openDir(m_path); });
         m_stopButton = AddButton<Velmora::QcTertiaryButton>(row, QStringLiteral("Stop"));
         connect(m_stopButton, &QPushButton::clicked, this, [] { ApplyTable(LastTable()); });
     }
@@ -314,6 +315,7 @@ private:
         m_sampleButton->setVisible(!following);
         m_openButton->setVisible(!following);
         m_copyButton->setVisible(!following);
+        m_folderButton->setVisible(following);
         m_stopButton->setVisible(following);
     }
 
@@ -477,6 +479,7 @@ private:
     Velmora::QcButton *m_sampleButton = nullptr;
     Velmora::QcButton *m_openButton = nullptr;
     Velmora::QcButton *m_copyButton = nullptr;
+    Velmora::QcButton *m_folderButton = nullptr;
     Velmora::QcButton *m_stopButton = nullptr;
     QcLabel *m_counts[4] = {};
     QTableWidget *m_table = nullptr;

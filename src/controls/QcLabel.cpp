@@ -38,11 +38,6 @@ void QcLabel::setText(const QString &text)
     updateGeometry();
 }
 
-void QcLabel::clear()
-{
-    setText(QString());
-}
-
 void QcLabel::SetIconPath(const QString &path)
 {
     m_iconPath = path;
@@ -55,18 +50,22 @@ void QcLabel::SetIconColorParams(const QString &code)
     UpdateIcon();
 }
 
+QPixmap QcLabel::IconPixmap() const
+{
+    ImageParams params;
+    params.path = m_iconPath;
+    params.size = size();
+    params.color = ColorParams(m_iconColorParams);
+    return QcStyleManager::GetInstance()->GetPixmap(params);
+}
+
 void QcLabel::UpdateIcon()
 {
     if (m_iconPath.isEmpty() || m_iconColorParams.isEmpty())
         return;
     // A label has either content: setting a pixmap would empty the text.
-    if (!QLabel::text().isEmpty())
-        return;
-    ImageParams params;
-    params.path = m_iconPath;
-    params.size = size();
-    params.color = ColorParams(m_iconColorParams);
-    setPixmap(QcStyleManager::GetInstance()->GetPixmap(params));
+    if (QLabel::text().isEmpty())
+        setPixmap(IconPixmap());
 }
 
 void QcLabel::resizeEvent(QResizeEvent * /*event*/)
@@ -77,6 +76,9 @@ void QcLabel::resizeEvent(QResizeEvent * /*event*/)
 void QcLabel::paintEvent(QPaintEvent *event)
 {
     if (QLabel::text().isEmpty()) {
+        // The text may have gone through the base class (clear(), a pointer to QLabel), which knows nothing of the icon.
+        if (pixmap(Qt::ReturnByValue).isNull() && !m_iconColorParams.isEmpty() && !IconPixmap().isNull())
+            UpdateIcon();
         QLabel::paintEvent(event);
         return;
     }

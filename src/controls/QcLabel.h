@@ -3,6 +3,7 @@
 #include <Velmora/VelmoraExport.h>
 
 #include <QLabel>
+#include <QPixmap>
 #include <QString>
 
 namespace Velmora {
@@ -37,8 +38,6 @@ public:
     void setType(LabelType type);
     /// Sets the text and announces the new size hint. An empty text brings the icon back.
     void setText(const QString &text);
-    /// setText() with an empty text.
-    void clear();
     /// The icon's file; shown at the label's size once both path and colour are set.
     void SetIconPath(const QString &path);
     /// The colour code of the icon.
@@ -49,6 +48,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QPixmap IconPixmap() const;
     void UpdateIcon();
 
     LabelType m_type = Caption;

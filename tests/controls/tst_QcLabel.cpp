@@ -302,6 +302,12 @@ private Q_SLOTS:
         QCOMPARE(Render(label), Reference(label));
         label.clear();
         COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
+
+        QLabel &base = label;
+        base.setText(QStringLiteral("I"));
+        QCOMPARE(Render(label), Reference(label));
+        base.setText(QString());
+        COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
     }
 
     void a_text_set_over_an_icon_replaces_it()

@@ -1,0 +1,245 @@
+#include <Velmora/XlsxOperator.h>
+
+#include "xlsx/PackageDocuments_p.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QRegularExpressionMatch>
+
+namespace Velmora {
+
+namespace {
+
+constexpr const char *kSharedStringsType = "http://schemas.openxmlformats.org/officeDocument/2006/relationships/sharedStrings";
+constexpr const char *kSharedStringsContentType = "application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml";
+
+/// One full column: what a single name can reasonably cover.
+constexpr qint64 kMostPositionsOfOneName = 1048576;
+constexpr qint64 kMostPositions = 2 * kMostPositionsOfOneName;
+
+/// Reads the part at \a path; null, with a warning, if it cannot be read whole.
+template <typename DocumentType>
+std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options)
+{
+    auto document = std::make_shared<DocumentType>();
+    // A directory opens like a file on some systems, and claims any size.
+    const bool isFile = QFileInfo(path).isFile();
+    if (isFile && document->load_file(path.toStdString().c_str(), options, pugi::encoding_auto))
+        return document;
+    qWarning() << "XlsxOperator::loadDocumentsFromXmls: "
+               << "load_file failed, " << path;
+    return nullptr;
+}
+
+/// Appends the parts in \a entries whose name begins with \a prefix to \a documents; false if one cannot be read.
+template <typename DocumentType>
+bool LoadParts(const QList<QFileInfo> &entries, const QString &prefix, QList<std::shared_ptr<pugi::xml_document>> &documents)
+{
+    for (const QFileInfo &entry : entries) {
+        if (!entry.fileName().startsWith(prefix))
+            continue;
+        const auto document = LoadPart<DocumentType>(entry.filePath(), pugi::parse_default);
+        if (!document)
+            return false;
+        documents.append(document);
+    }
+    return true;
+}
+
+/// Creates an empty table of shared strings; false, with a warning, if it cannot be written.
+bool CreateSharedStrings(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        qWarning() << "XlsxOperator::loadDocumentsFromXmls: "
+                   << "file.open failed, " << path;
+        return false;
+    }
+    file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+               "<sst xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">\n"
+               "</sst>");
+    return true;
+}
+
+/// Appends an element to the content types unless there is one of that name with that key.
+void EnsureContentType(pugi::xml_document &types, const char *element, const char *key, const char *value, const char *contentType)
+{
+    bool exists = false;
+    ForEachElement(types, [&](const pugi::xml_node &node) {
+        exists = exists || (qstrcmp(node.name(), element) == 0 && qstrcmp(node.attribute(key).value(), value) == 0);
+    });
+    if (exists)
+        return;
+    pugi::xml_node made = types.document_element().append_child(element);
+    made.append_attribute(key).set_value(value);
+    made.append_attribute("ContentType").set_value(contentType);
+}
+
+/// A sheet name in apostrophes loses them only if it holds a blank: the writer quotes only for a blank, too.
+QString UnquotedSheetName(const QString &name)
+{
+    const QLatin1Char apostrophe('\'');
+    const bool quoted = name.startsWith(apostrophe) && name.endsWith(apostrophe) && name.contains(QLatin1Char(' '));
+    return quoted ? name.mid(1, name.size() - 2) : name;
+}
+
+} // namespace
+
+bool XlsxOperator::loadDocumentsFromXmls()
+{
+    const auto workbookRels = LoadPart<RelationshipsDocument>(m_workbookRelsPath, pugi::parse_default);
+    if (!workbookRels)
+        return false;
+    m_pWorkbookRelsDocument = workbookRels;
+    if (!workbookRels->FindByTarget("sharedStrings.xml"))
+        workbookRels->Append(kSharedStringsType, "sharedStrings.xml");
+
+    if (!LoadParts<SheetDocument>(dirEntryInfoListWithNaturalSort(m_worksheetsDirPath), QStringLiteral("sheet"), m_sheetDocuments))
+        return false;
+
+    const auto workbook = LoadPart<WorkbookDocument>(m_workbookPath, pugi::parse_default);
+    if (!workbook)
+        return false;
+    m_pWorkbookDocument = workbook;
+
+    if (!QFile::exists(m_sharedStringsPath) && !CreateSharedStrings(m_sharedStringsPath))
+        return false;
+    // White space is kept and entities stay as they stand in the file.
+    const auto sharedStrings = LoadPart<SharedStringsDocument>(m_sharedStringsPath, pugi::parse_ws_pcdata_single);
+    if (!sharedStrings)
+        return false;
+    m_pSharedStringsDocument = sharedStrings;
+
+    const auto contentTypes = LoadPart<pugi::xml_document>(m_contentTypesPath, pugi::parse_default);
+    if (!contentTypes)
+        return false;
+    m_pContentTypesDocument = contentTypes;
+    EnsureContentType(*contentTypes, "Default", "Extension", "jpeg", "image/jpeg");
+    EnsureContentType(*contentTypes, "Default", "Extension", "png", "image/png");
+    EnsureContentType(*contentTypes, "Override", "PartName", "/xl/sharedStrings.xml", kSharedStringsContentType);
+
+    return LoadParts<RelationshipsDocument>(dirEntryInfoListWithNaturalSort(m_drawingsRelsDirPath), QStringLiteral("drawing"),
+                                            m_drawingRelsDocuments)
+        && LoadParts<DrawingDocument>(dirEntryInfoListWithNaturalSort(m_drawingsDirPath), QStringLiteral("drawing"), m_drawingDocuments);
+}
+
+void XlsxOperator::loadCellNameToPosInfosHash()
+{
+    auto &workbook = static_cast<WorkbookDocument &>(*m_pWorkbookDocument);
+    qint64 positions = 0;
+    for (const pugi::xml_node &node : workbook.DefinedNames()) {
+        const QString name = TextOf(node.attribute("name").value());
+        if (!m_elementNameFilterRegExp.match(name).hasMatch())
+            continue;
+
+        const QStringList references = TextOf(node.text().get()).split(QLatin1Char(','));
+        for (const QString &reference : references) {
+            const QStringList pieces = reference.split(QLatin1Char('!'));
+            if (pieces.size() != 2) {
+                qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
+                           << "posSubStringList.size() != 2, " << reference;
+                continue;
+            }
+            CellPosInfo info;
+            info.sheetName = UnquotedSheetName(pieces.at(0));
+
+            const QStringList corners = pieces.at(1).split(QLatin1Char(':'));
+            if (corners.size() > 2)
+                continue;
+            const QPair<int, QString> first = getRowColFromDollarPos(corners.first());
+            const QPair<int, QString> last = corners.size() == 2 ? getRowColFromDollarPos(corners.last()) : first;
+            const QStringList columns = corners.size() == 2 ? getColumnNames(first.second, last.second) : QStringList(first.second);
+
+            const qint64 rows = qMax<qint64>(0, qint64(last.first) - first.first + 1);
+            const qint64 ofThisName = m_cellNameToPosInfosHash.value(name).size();
+            const qint64 added = rows * columns.size();
+            if (ofThisName + added > kMostPositionsOfOneName || positions + added > kMostPositions) {
+                qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
+                           << "too many cells, " << reference;
+                continue;
+            }
+            positions += added;
+
+            info.sheetIndex = getSheetIndexFromWorkbookDocument(info.sheetName);
+            QList<CellPosInfo> &infos = m_cellNameToPosInfosHash[name];
+            for (qint64 row = first.first; row <= last.first; ++row) {
+                info.row = int(row);
+                for (const QString &column : columns) {
+                    info.column = column;
+                    info.position = column + QString::number(row);
+                    infos.append(info);
+                }
+            }
+        }
+    }
+}
+
+void XlsxOperator::loadDrawingNameToIDInfosHash()
+{
+    for (int i = 0; i < m_drawingDocuments.size(); ++i) {
+        auto &drawing = static_cast<DrawingDocument &>(*m_drawingDocuments.at(i));
+        for (const pugi::xml_node &picture : drawing.Pictures()) {
+            const QString name = TextOf(DrawingDocument::NameOf(picture).constData());
+            if (!m_elementNameFilterRegExp.match(name).hasMatch())
+                continue;
+            DrawingIDInfo info;
+            info.drawingIndex = i;
+            info.relationshipId = TextOf(DrawingDocument::ImageOf(picture).attribute("r:embed").value());
+            m_drawingNameToIDInfosHash[name].append(info);
+        }
+    }
+}
+
+void XlsxOperator::loadElementsValueFromDocuments()
+{
+    const QStringList cellNames = m_cellNameToPosInfosHash.keys();
+    for (const QString &name : cellNames)
+        m_elementsNameToValueHash[name] = getCellValueFromDocument(name);
+    // A name of both kinds ends as a picture.
+    const QStringList drawingNames = m_drawingNameToIDInfosHash.keys();
+    for (const QString &name : drawingNames)
+        m_elementsNameToValueHash[name] = getDrawingValueFromDocument(name);
+}
+
+void XlsxOperator::generateColumnNames()
+{
+    for (char letter = 'A'; letter <= 'Z'; ++letter)
+        m_columnNames.append(QString(QLatin1Char(letter)));
+    for (char first = 'A'; first <= 'Z'; ++first) {
+        for (char second = 'A'; second <= 'Z'; ++second)
+            m_columnNames.append(QStringLiteral("%1%2").arg(QLatin1Char(first)).arg(QLatin1Char(second)));
+    }
+}
+
+QStringList XlsxOperator::getColumnNames(const QString &first, const QString &last)
+{
+    // An unknown name counts as A.
+    const int firstIndex = qMax(0, m_columnNames.indexOf(first));
+    const int lastIndex = qMax(0, m_columnNames.indexOf(last));
+    return m_columnNames.mid(firstIndex, lastIndex - firstIndex + 1);
+}
+
+QPair<int, QString> XlsxOperator::getRowColFromDollarPos(const QString &position)
+{
+    const QStringList pieces = position.split(QLatin1Char('$'));
+    if (pieces.size() != 3) {
+        qWarning() << "XlsxOperator::getRowColFromDollarPos: "
+                   << "posSubSubStringList.size() != 3, " << position;
+        return {0, QString()}; // names no cell
+    }
+    return {pieces.at(2).toInt(), pieces.at(1)};
+}
+
+int XlsxOperator::getSheetIndexFromWorkbookDocument(const QString &sheetName)
+{
+    if (!m_pWorkbookDocument) {
+        qWarning() << "XlsxOperator::getSheetIndexFromWorkbookDocument: "
+                   << "m_pWorkbookDocument is nullptr";
+        return -1;
+    }
+    const pugi::xml_node sheet = static_cast<WorkbookDocument &>(*m_pWorkbookDocument).FindSheet(sheetName.toUtf8());
+    // By contract a template numbers its worksheets' relationships from rId1 in the order of the sheet files.
+    return qMax(0, RelationshipNumber(sheet.attribute("r:id").value())) - 1;
+}
+
+} // namespace Velmora

@@ -1,0 +1,122 @@
+#include <Velmora/XlsxZip.h>
+
+#include "xlsx/ZipInspection_p.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <private/qzipreader_p.h>
+#include <private/qzipwriter_p.h>
+
+namespace Velmora {
+
+namespace {
+
+/// Hidden entries too: without `_rels/.rels` no program opens the package.
+QFileInfoList EntriesOf(const QDir &dir)
+{
+    return dir.entryInfoList(QDir::Dirs | QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::NoSort);
+}
+
+ZipInspection Inspect(const QString &xlsxFilePath)
+{
+    QFile file(xlsxFilePath);
+    // What cannot be read holds no entries.
+    return file.open(QIODevice::ReadOnly) ? InspectZip(file) : ZipInspection();
+}
+
+} // namespace
+
+XlsxZip::XlsxZip() = default;
+
+XlsxZip &XlsxZip::operator=(const XlsxZip & /*other*/) = default;
+
+XlsxZip::~XlsxZip() = default;
+
+bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &outputDir)
+{
+    QZipReader reader(xlsxFilePath, QIODevice::ReadOnly);
+    if (!reader.exists()) {
+        qWarning() << "extractXlsxFile: file does not exist," << xlsxFilePath;
+        return false;
+    }
+    // An unnamed directory is the process's current one, which is not ours to empty.
+    if (outputDir.isEmpty()) {
+        qWarning() << "XlsxZip::extractXlsxFile: failed to create output directory," << outputDir;
+        return false;
+    }
+    const ZipInspection inspection = Inspect(xlsxFilePath);
+    if (inspection.verdict == ZipInspection::Refused) {
+        qWarning() << "XlsxZip::extractXlsxFile: archive refused," << qUtf8Printable(inspection.reason + QLatin1Char(',')) << xlsxFilePath;
+        return false;
+    }
+
+    QDir(outputDir).removeRecursively();
+    const QDir here{QString()};
+    if (!here.mkpath(outputDir)) {
+        qWarning() << "XlsxZip::extractXlsxFile: failed to create output directory," << outputDir;
+        return false;
+    }
+    if (inspection.verdict == ZipInspection::NoArchive)
+        return true;
+
+    const QVector<QZipReader::FileInfo> entries = reader.fileInfoList();
+    for (int i = 0; i < entries.size(); ++i) {
+        // By the name as stored: the reader's list drops leading dots, and its data are found by the local decoding only.
+        const QByteArray name = inspection.names.value(i);
+        const QFileInfo target(outputDir + QDir::separator() + QString::fromUtf8(name));
+        if (!here.exists(target.absolutePath()))
+            here.mkpath(target.absolutePath());
+        if (!entries.at(i).isFile)
+            continue;
+        QFile file(target.absoluteFilePath());
+        if (!file.open(QIODevice::WriteOnly)) {
+            qWarning() << "XlsxZip::extractXlsxFile: failed to open file for writing," << target.absoluteFilePath();
+            return false;
+        }
+        file.write(reader.fileData(QString::fromLocal8Bit(name)));
+        file.close();
+    }
+    reader.close();
+    return true;
+}
+
+bool XlsxZip::compressToXlsxFile(const QString &sourceDir, const QString &xlsxFilePath)
+{
+    QFile file(xlsxFilePath);
+    if (!file.open(QIODevice::WriteOnly)) {
+        qWarning() << "XlsxZip::compressToXlsxFile: failed to open file for writing," << xlsxFilePath;
+        return false;
+    }
+    QZipWriter writer(&file);
+    writer.setCompressionPolicy(QZipWriter::AutoCompress);
+    // An unnamed directory would be the process's current one.
+    if (!sourceDir.isEmpty()) {
+        const QFileInfoList entries = EntriesOf(QDir(sourceDir));
+        for (const QFileInfo &entry : entries)
+            addToZip(sourceDir, entry.absoluteFilePath(), writer);
+    }
+    writer.close();
+    file.close();
+    return true;
+}
+
+void XlsxZip::addToZip(const QString &rootDir, const QString &path, QZipWriter &writer)
+{
+    const QFileInfo info(path);
+    const QString name = path.mid(rootDir.size() + 1);
+    if (info.isFile()) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly))
+            writer.addFile(name, file.readAll());
+    } else if (info.isDir()) {
+        writer.addDirectory(name);
+        const QFileInfoList entries = EntriesOf(QDir(path));
+        for (const QFileInfo &entry : entries)
+            addToZip(rootDir, entry.absoluteFilePath(), writer);
+    }
+}
+
+} // namespace Velmora

@@ -1,7 +1,5 @@
 #include "xlsx/PackageDocuments_p.h"
 
-#include <QHashFunctions>
-
 #include <algorithm>
 #include <cstring>
 
@@ -9,7 +7,7 @@ namespace Velmora {
 
 namespace {
 
-constexpr std::size_t kFirstSlots = 64;
+constexpr int kShortRow = 64;
 constexpr int kRelationshipIdPrefix = 3; // "rId"
 
 bool Is(const pugi::xml_node &node, const char *name)
@@ -17,48 +15,16 @@ bool Is(const pugi::xml_node &node, const char *name)
     return std::strcmp(node.name(), name) == 0;
 }
 
+/// True if the element has more than \a count children, found without walking over them all.
+bool HasMoreChildrenThan(const pugi::xml_node &node, int count)
+{
+    int steps = 0;
+    for (pugi::xml_node child = node.first_child(); child && steps <= count; child = child.next_sibling())
+        ++steps;
+    return steps > count;
+}
+
 } // namespace
-
-// --- NodesByAttribute ---
-
-std::size_t NodesByAttribute::SlotOf(const char *value) const
-{
-    const std::size_t mask = m_slots.size() - 1;
-    std::size_t slot = qHashBits(value, std::strlen(value)) & mask;
-    while (m_slots[slot] && std::strcmp(m_slots[slot].attribute(m_attribute).value(), value) != 0)
-        slot = (slot + 1) & mask;
-    return slot;
-}
-
-void NodesByAttribute::Grow()
-{
-    std::vector<pugi::xml_node> old(std::max(kFirstSlots, m_slots.size() * 2));
-    old.swap(m_slots);
-    for (const pugi::xml_node &node : old) {
-        if (node)
-            m_slots[SlotOf(node.attribute(m_attribute).value())] = node;
-    }
-}
-
-void NodesByAttribute::InsertIfAbsent(const pugi::xml_node &node)
-{
-    const pugi::xml_attribute attribute = node.attribute(m_attribute);
-    if (!attribute)
-        return;
-    // At most two thirds full, so that probing stays short.
-    if (m_used * 3 >= m_slots.size() * 2)
-        Grow();
-    pugi::xml_node &slot = m_slots[SlotOf(attribute.value())];
-    if (!slot) {
-        slot = node;
-        ++m_used;
-    }
-}
-
-pugi::xml_node NodesByAttribute::Find(const char *value) const
-{
-    return m_slots.empty() ? pugi::xml_node() : m_slots[SlotOf(value)];
-}
 
 // --- SheetDocument ---
 
@@ -67,8 +33,6 @@ SheetDocument::Index &SheetDocument::TheIndex()
     if (m_index)
         return *m_index;
     Index &index = m_index.emplace();
-    bool first = true;
-    int highest = 0;
     ForEachElement(*this, [&](const pugi::xml_node &node) {
         if (Is(node, "c")) {
             index.cells.InsertIfAbsent(node);
@@ -85,20 +49,15 @@ SheetDocument::Index &SheetDocument::TheIndex()
             index.worksheet = node;
         }
     });
-    for (const pugi::xml_node &row : index.sheetData.children("row")) {
-        const int number = row.attribute("r").as_int();
-        if (first || number > highest) {
-            index.risingRows.emplace(number, row);
-            highest = number;
-            first = false;
-        }
-    }
+    index.pageMargins = index.worksheet.child("pageMargins");
+    for (const pugi::xml_node &row : index.sheetData.children("row"))
+        index.risingRows.Append(row.attribute("r").as_int(), row);
     return index;
 }
 
 pugi::xml_node SheetDocument::FindCell(const QByteArray &position)
 {
-    return TheIndex().cells.Find(position.constData());
+    return TheIndex().cells.Find(position);
 }
 
 pugi::xml_node SheetDocument::MakeRow(int row)
@@ -106,64 +65,75 @@ pugi::xml_node SheetDocument::MakeRow(int row)
     Index &index = TheIndex();
     pugi::xml_node &data = index.sheetData;
     pugi::xml_node made;
-    // The map's keys rise with the order of their rows, so its last one is the highest number of all.
-    bool rises = true;
-    if (!data.child("row") || data.last_child().attribute("r").as_int() < row) {
+    if (index.risingRows.IsEmpty() || data.last_child().attribute("r").as_int() < row) {
         made = data.append_child("row");
-        rises = index.risingRows.empty() || index.risingRows.rbegin()->first < row;
-    } else {
-        const auto above = index.risingRows.upper_bound(row);
-        if (above != index.risingRows.end())
-            made = data.insert_child_before("row", above->second);
+        if (made)
+            index.risingRows.Append(row, made);
+    } else if (const pugi::xml_node above = index.risingRows.FirstAbove(row)) {
+        made = data.insert_child_before("row", above);
+        index.risingRows.Insert(row, made);
     }
-    if (!made)
-        return made;
-    made.append_attribute("r").set_value(row);
-    index.rows.InsertIfAbsent(made);
-    if (rises)
-        index.risingRows.emplace(row, made);
+    if (made) {
+        made.append_attribute("r").set_value(row);
+        index.rows.InsertIfAbsent(made);
+    }
+    return made;
+}
+
+pugi::xml_node SheetDocument::MakeCellInRow(pugi::xml_node row, const std::string &position)
+{
+    // A short row is looked through anew each time; what would cost with every cell of a long one is done once.
+    RisingSiblings<std::string> ofShortRow;
+    RisingSiblings<std::string> *cells = &ofShortRow;
+    bool known = false;
+    if (HasMoreChildrenThan(row, kShortRow)) {
+        const auto [place, isNew] = TheIndex().cellsOfLongRows.try_emplace(row.hash_value());
+        cells = &place->second;
+        known = !isNew;
+    }
+    if (!known) {
+        for (const pugi::xml_node &cell : row.children("c"))
+            cells->Append(cell.attribute("r").value(), cell);
+    }
+
+    pugi::xml_node made;
+    if (cells->IsEmpty() || position > row.last_child().attribute("r").value()) {
+        made = row.append_child("c");
+        cells->Append(position, made);
+    } else if (const pugi::xml_node above = cells->FirstAbove(position)) {
+        made = row.insert_child_before("c", above);
+        cells->Insert(position, made);
+    }
     return made;
 }
 
 pugi::xml_node SheetDocument::MakeCell(int row, const QByteArray &position)
 {
     Index &index = TheIndex();
-    pugi::xml_node parent = index.rows.Find(QByteArray::number(row).constData());
+    pugi::xml_node parent = index.rows.Find(QByteArray::number(row));
     if (!parent)
         parent = MakeRow(row);
-
-    const auto exceeds = [&](const pugi::xml_node &cell) { return std::strcmp(cell.attribute("r").value(), position.constData()) > 0; };
     pugi::xml_node made;
-    if (!parent.child("c") || std::strcmp(position.constData(), parent.last_child().attribute("r").value()) > 0) {
-        made = parent.append_child("c");
-    } else {
-        for (const pugi::xml_node &cell : parent.children("c")) {
-            if (exceeds(cell)) {
-                made = parent.insert_child_before("c", cell);
-                break;
-            }
-        }
-    }
-    made.append_attribute("r").set_value(position.constData());
-    made.append_child("v");
-    if (made)
+    if (parent)
+        made = MakeCellInRow(parent, position.toStdString());
+    if (made) {
+        made.append_attribute("r").set_value(position.constData());
+        made.append_child("v");
         index.cells.InsertIfAbsent(made);
+    }
     return made;
 }
 
 pugi::xml_node SheetDocument::FindListValidation(const QByteArray &position)
 {
-    return TheIndex().listValidations.Find(position.constData());
+    return TheIndex().listValidations.Find(position);
 }
 
 pugi::xml_node SheetDocument::MakeListValidation(const QByteArray &position)
 {
     Index &index = TheIndex();
-    if (!index.dataValidations) {
-        const pugi::xml_node margins = index.worksheet.child("pageMargins");
-        if (margins)
-            index.dataValidations = index.worksheet.insert_child_before("dataValidations", margins);
-    }
+    if (!index.dataValidations && index.pageMargins)
+        index.dataValidations = index.worksheet.insert_child_before("dataValidations", index.pageMargins);
     pugi::xml_node made = index.dataValidations.append_child("dataValidation");
     made.append_attribute("type").set_value("list");
     made.append_attribute("allowBlank").set_value(1);
@@ -185,10 +155,9 @@ SharedStringsDocument::Index &SharedStringsDocument::TheIndex()
     Index &index = m_index.emplace();
     ForEachElement(*this, [&index](const pugi::xml_node &node) {
         if (Is(node, "si")) {
-            const QByteArray text(node.child_value("t"));
-            if (!index.firstOfText.contains(text))
-                index.firstOfText.insert(text, int(index.items.size()));
-            index.items.push_back(node);
+            const char *text = node.child_value("t");
+            index.firstOfText.InsertIfAbsent({text, int(index.texts.size())});
+            index.texts.push_back(text);
         } else if (!index.table && Is(node, "sst")) {
             index.table = node;
         }
@@ -198,22 +167,22 @@ SharedStringsDocument::Index &SharedStringsDocument::TheIndex()
 
 const char *SharedStringsDocument::TextAt(int index)
 {
-    const std::vector<pugi::xml_node> &items = TheIndex().items;
-    return index >= 0 && std::size_t(index) < items.size() ? items[std::size_t(index)].child_value("t") : nullptr;
+    const std::vector<const char *> &texts = TheIndex().texts;
+    return index >= 0 && std::size_t(index) < texts.size() ? texts[std::size_t(index)] : nullptr;
 }
 
 int SharedStringsDocument::IndexOf(const QByteArray &text)
 {
     Index &index = TheIndex();
-    const auto found = index.firstOfText.constFind(text);
-    if (found != index.firstOfText.cend())
-        return *found;
-    const int next = int(index.items.size());
-    pugi::xml_node item = index.table.append_child("si");
-    item.append_child("t").text().set(text.constData());
-    if (item) {
-        index.items.push_back(item);
-        index.firstOfText.insert(text, next);
+    if (const Item found = index.firstOfText.Find(text.constData()))
+        return found.index;
+    const int next = int(index.texts.size());
+    pugi::xml_node node = index.table.append_child("si");
+    node.append_child("t").text().set(text.constData());
+    if (node) {
+        const char *ownText = node.child_value("t");
+        index.firstOfText.InsertIfAbsent({ownText, next});
+        index.texts.push_back(ownText);
     }
     return next;
 }
@@ -238,12 +207,12 @@ WorkbookDocument::Index &WorkbookDocument::TheIndex()
 
 pugi::xml_node WorkbookDocument::FindSheet(const QByteArray &name)
 {
-    return TheIndex().sheets.Find(name.constData());
+    return TheIndex().sheets.Find(name);
 }
 
 pugi::xml_node WorkbookDocument::FindDefinedName(const QByteArray &name)
 {
-    return TheIndex().definedNames.Find(name.constData());
+    return TheIndex().definedNames.Find(name);
 }
 
 const std::vector<pugi::xml_node> &WorkbookDocument::DefinedNames()
@@ -282,24 +251,26 @@ RelationshipsDocument::Index &RelationshipsDocument::TheIndex()
             index.root = node;
         }
     });
-    for (const pugi::xml_node &relationship : index.root.children("Relationship"))
+    for (const pugi::xml_node &relationship : index.root.children("Relationship")) {
+        index.hasRelationships = true;
         index.highestNumber = std::max<qint64>(index.highestNumber, RelationshipNumber(relationship.attribute("Id").value()));
+    }
     return index;
 }
 
 pugi::xml_node RelationshipsDocument::FindById(const QByteArray &id)
 {
-    return TheIndex().ids.Find(id.constData());
+    return TheIndex().ids.Find(id);
 }
 
 pugi::xml_node RelationshipsDocument::FindByTarget(const QByteArray &target)
 {
-    return TheIndex().targets.Find(target.constData());
+    return TheIndex().targets.Find(target);
 }
 
 bool RelationshipsDocument::HasRelationships()
 {
-    return bool(TheIndex().root.child("Relationship"));
+    return TheIndex().hasRelationships;
 }
 
 pugi::xml_node RelationshipsDocument::Append(const char *type, const QByteArray &target)
@@ -308,7 +279,12 @@ pugi::xml_node RelationshipsDocument::Append(const char *type, const QByteArray 
     pugi::xml_node made = index.root.append_child("Relationship");
     if (!made)
         return made;
-    const QByteArray id = "rId" + QByteArray::number(++index.highestNumber);
+    // Numbers that do not count, such as those beyond 32 bits, are taken all the same.
+    QByteArray id;
+    do {
+        id = "rId" + QByteArray::number(++index.highestNumber);
+    } while (index.ids.Find(id));
+    index.hasRelationships = true;
     made.append_attribute("Id").set_value(id.constData());
     made.append_attribute("Type").set_value(type);
     made.append_attribute("Target").set_value(target.constData());
@@ -358,7 +334,9 @@ const std::vector<pugi::xml_node> &DrawingDocument::Pictures()
 
 std::vector<pugi::xml_node> DrawingDocument::PicturesNamed(const QByteArray &name)
 {
-    return TheIndex().byName.value(name);
+    const Index &index = TheIndex();
+    const auto found = index.byName.find(name);
+    return found == index.byName.end() ? std::vector<pugi::xml_node>() : found->second;
 }
 
 // --- Free functions ---

@@ -1,38 +1,120 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <pugixml.hpp>
 
 namespace Velmora {
 
-/// Nodes found by the value of one attribute: of several nodes with one value, the first that came in.
-/// Open addressing over bare node pointers, because a sheet has a node for every cell.
+/// Items found by a text that each of them holds: of several with one text, the first that came in. An item converts to bool, a
+/// default one to false, and \a Text gives its text. Open addressing over bare items, because a sheet has one for every cell.
+template <typename Item, typename Text>
+class FirstByText
+{
+public:
+    explicit FirstByText(Text text)
+        : m_text(text)
+    {
+    }
+
+    void InsertIfAbsent(const Item &item)
+    {
+        // At most two thirds full, so that probing stays short.
+        if (m_used * 3 >= m_slots.size() * 2)
+            Grow();
+        Item &slot = m_slots[SlotOf(m_text(item))];
+        if (!slot) {
+            slot = item;
+            ++m_used;
+        }
+    }
+    Item Find(const char *text) const { return m_slots.empty() ? Item() : m_slots[SlotOf(text)]; }
+
+private:
+    std::size_t SlotOf(std::string_view text) const
+    {
+        const std::size_t mask = m_slots.size() - 1;
+        std::size_t slot = std::hash<std::string_view>()(text) & mask;
+        while (m_slots[slot] && m_text(m_slots[slot]) != text)
+            slot = (slot + 1) & mask;
+        return slot;
+    }
+    void Grow()
+    {
+        constexpr std::size_t kFirstSlots = 64;
+        std::vector<Item> old(m_slots.empty() ? kFirstSlots : m_slots.size() * 2);
+        old.swap(m_slots);
+        for (const Item &item : old) {
+            if (item)
+                m_slots[SlotOf(m_text(item))] = item;
+        }
+    }
+
+    Text m_text;
+    std::vector<Item> m_slots;
+    std::size_t m_used = 0;
+};
+
+/// Nodes found by the value of one attribute. Nodes without it are passed over.
 class NodesByAttribute
 {
 public:
     explicit NodesByAttribute(const char *attribute)
         : m_attribute(attribute)
+        , m_nodes(Value{attribute})
     {
     }
 
-    /// Nodes without the attribute are passed over.
-    void InsertIfAbsent(const pugi::xml_node &node);
-    pugi::xml_node Find(const char *value) const;
+    void InsertIfAbsent(const pugi::xml_node &node)
+    {
+        if (node.attribute(m_attribute))
+            m_nodes.InsertIfAbsent(node);
+    }
+    pugi::xml_node Find(const QByteArray &value) const { return m_nodes.Find(value.constData()); }
 
 private:
-    std::size_t SlotOf(const char *value) const;
-    void Grow();
+    struct Value
+    {
+        const char *attribute;
+        std::string_view operator()(const pugi::xml_node &node) const { return node.attribute(attribute).value(); }
+    };
 
     const char *m_attribute;
-    std::vector<pugi::xml_node> m_slots;
-    std::size_t m_used = 0;
+    FirstByText<pugi::xml_node, Value> m_nodes;
+};
+
+/// Of a list of numbered or named siblings, those that exceed every one before them: the first sibling above a given key is one
+/// of them, whatever the order of the others.
+template <typename Key>
+class RisingSiblings
+{
+public:
+    bool IsEmpty() const { return m_siblings.empty(); }
+    /// For siblings in their order, and for one inserted before FirstAbove() of its key.
+    void Insert(const Key &key, const pugi::xml_node &node) { m_siblings.emplace(key, node); }
+    void Append(const Key &key, const pugi::xml_node &node)
+    {
+        if (m_siblings.empty() || m_siblings.rbegin()->first < key)
+            m_siblings.emplace(key, node);
+    }
+    /// Empty if there is none.
+    pugi::xml_node FirstAbove(const Key &key) const
+    {
+        const auto above = m_siblings.upper_bound(key);
+        return above == m_siblings.end() ? pugi::xml_node() : above->second;
+    }
+
+private:
+    std::map<Key, pugi::xml_node> m_siblings;
 };
 
 // The documents below know the parts of a package by what is asked of them. Each builds its index at the first question, in one walk
@@ -60,12 +142,14 @@ private:
         pugi::xml_node sheetData;
         pugi::xml_node dataValidations;
         pugi::xml_node worksheet;
-        /// The rows whose number exceeds that of every row before them: the first row above a given number is one of them.
-        std::map<int, pugi::xml_node> risingRows;
+        pugi::xml_node pageMargins;
+        RisingSiblings<int> risingRows;
+        std::unordered_map<std::size_t, RisingSiblings<std::string>> cellsOfLongRows;
     };
 
     Index &TheIndex();
     pugi::xml_node MakeRow(int row);
+    pugi::xml_node MakeCellInRow(pugi::xml_node row, const std::string &position);
 
     std::optional<Index> m_index;
 };
@@ -80,10 +164,20 @@ public:
     int IndexOf(const QByteArray &text);
 
 private:
+    struct Item
+    {
+        const char *text = nullptr; ///< the document's own
+        int index = -1;
+        explicit operator bool() const { return text; }
+    };
+    struct TextOfItem
+    {
+        std::string_view operator()(const Item &item) const { return item.text; }
+    };
     struct Index
     {
-        std::vector<pugi::xml_node> items;
-        QHash<QByteArray, int> firstOfText;
+        std::vector<const char *> texts;
+        FirstByText<Item, TextOfItem> firstOfText{TextOfItem()};
         pugi::xml_node table;
     };
 
@@ -133,6 +227,7 @@ private:
         NodesByAttribute ids{"Id"};
         NodesByAttribute targets{"Target"};
         pugi::xml_node root;
+        bool hasRelationships = false;
         qint64 highestNumber = 0;
     };
 
@@ -158,7 +253,7 @@ private:
     struct Index
     {
         std::vector<pugi::xml_node> pictures;
-        QHash<QByteArray, std::vector<pugi::xml_node>> byName;
+        std::map<QByteArray, std::vector<pugi::xml_node>> byName;
     };
 
     Index &TheIndex();

@@ -113,7 +113,8 @@ void XlsxOperator::copyFile(const QString &sourceFilePath, const QString &destin
         return;
     }
     if (!source.copy(destination))
-        qWarning() << "XlsxOperator::copyAndRenameFile: Failed to copy file:" << source.errorString() << " " << sourceFilePath << " " << destination;
+        qWarning() << "XlsxOperator::copyAndRenameFile: Failed to copy file:" << source.errorString() << " " << sourceFilePath << " "
+                   << destination;
 }
 
 } // namespace Velmora

@@ -27,8 +27,9 @@ namespace Velmora {
 /// load(), change values by name, save(). An object serves one template: a second load() appends behind the first.
 /// All operations block; one thread at a time; no application object is needed. Failures are reported in one warning each.
 ///
-/// A template numbers its worksheet relationships from rId1 in the order of the sheet files. Limits: columns A to ZZ in
-/// ranges, 1,048,576 cells in one name and 2,097,152 in all names; a reference beyond is passed over with a warning.
+/// A template numbers its worksheet relationships from rId1 in the order of the sheet files. Limits: columns A to ZZ in ranges;
+/// 1,048,576 cells in one name and 2,097,152 in all names, a reference beyond which is passed over with a warning; 256 MiB of
+/// parts that are parsed, beyond which load() fails.
 class VELMORA_EXPORT XlsxOperator
 {
 public:
@@ -77,7 +78,8 @@ public:
     /// Which names become elements: those in which \a pattern matches anywhere. An empty one, the default, takes all. Set before load().
     void setElementNameFilterRegExp(const QString &pattern);
 
-    /// Unpacks the template, reads its parts and the values of its elements. False, with a warning, if the package or a part cannot be read.
+    /// Unpacks the template, reads its parts and the values of its elements. False, with a warning, if the package or a part cannot be
+    /// read.
     bool load();
     /// Gives a copy of all elements: invalid, qlonglong, double or QString for a cell; DropDownInfo for a cell with a list
     /// validation; PictureInfo for a picture.
@@ -119,6 +121,7 @@ private:
     // Loading
     bool loadDocumentsFromXmls();
     void loadCellNameToPosInfosHash();
+    void appendPositions(QList<CellPosInfo> &infos, const QString &sheetName, int firstRow, int lastRow, const QStringList &columns);
     void loadDrawingNameToIDInfosHash();
     void loadElementsValueFromDocuments();
     void generateColumnNames();

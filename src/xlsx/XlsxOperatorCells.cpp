@@ -26,7 +26,8 @@ pugi::xml_node EnsureChild(pugi::xml_node node, const char *name)
 
 bool IsNumber(QVariant::Type type)
 {
-    return type == QVariant::Int || type == QVariant::UInt || type == QVariant::LongLong || type == QVariant::ULongLong || type == QVariant::Double;
+    return type == QVariant::Int || type == QVariant::UInt || type == QVariant::LongLong || type == QVariant::ULongLong
+        || type == QVariant::Double;
 }
 
 } // namespace
@@ -127,28 +128,49 @@ void XlsxOperator::saveCellsValue(const QString &name, const QVariant &value)
     const QVariant content = value.canConvert<DropDownInfo>() ? value.value<DropDownInfo>().value : value;
     QList<pugi::xml_node> cells;
     getCNodesFromSheetDocument(cells, name, true);
+    const bool isText = content.type() == QVariant::String;
+    const QString text = isText ? content.toString() : QString();
+    const bool isFormulaText = isText && isFormula(text);
     for (pugi::xml_node &cell : cells) {
+        if (!cell)
+            continue;
         if (IsNumber(content.type())) {
             cell.remove_attribute("t");
             // Every number converts to an integer, and so a fraction is rounded.
             EnsureChild(cell, "v").text().set(content.toLongLong());
-        } else if (content.type() == QVariant::String && isFormula(content.toString())) {
-            EnsureChild(cell, "f").text().set(content.toString().toUtf8().constData());
-        } else if (content.type() == QVariant::String) {
+        } else if (isFormulaText) {
+            EnsureChild(cell, "f").text().set(text.toUtf8().constData());
+        } else if (isText) {
             pugi::xml_attribute type = cell.attribute("t");
             if (!type)
                 type = cell.append_attribute("t");
             type.set_value("s");
-            EnsureChild(cell, "v").text().set(getSiNodeIndexFromSharedStringsDocument(content.toString()));
+            EnsureChild(cell, "v").text().set(getSiNodeIndexFromSharedStringsDocument(text));
         }
     }
 }
 
 bool XlsxOperator::isFormula(const QString &text)
 {
-    // It comes down to this: a text that begins with an ASCII letter is a formula, every other one a string.
-    static const QRegularExpression pattern(QStringLiteral("^[A-Za-z]+(\\([^\\)]*\\)|[A-Za-z0-9_]+)?(.*)$"));
-    return pattern.match(text).hasMatch();
+    // The texts that match "^[A-Za-z]+(\\([^\\)]*\\)|[A-Za-z0-9_]+)?(.*)$", found without the backtracking that takes cubic time on
+    // a text of a package: they begin with an ASCII letter and have no line feed but as the last character or in an argument list
+    // that follows the first letters at once.
+    const auto isLetter = [](QChar c) {
+        return (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || (c >= QLatin1Char('a') && c <= QLatin1Char('z'));
+    };
+    const auto isOneLine = [&text](int from) {
+        const int lineFeed = text.indexOf(QLatin1Char('\n'), from);
+        return lineFeed < 0 || lineFeed == text.size() - 1;
+    };
+    int letters = 0;
+    while (letters < text.size() && isLetter(text.at(letters)))
+        ++letters;
+    if (letters == 0)
+        return false;
+    if (isOneLine(letters))
+        return true;
+    const int closing = text.indexOf(QLatin1Char(')'), letters);
+    return text.at(letters) == QLatin1Char('(') && closing >= 0 && isOneLine(closing + 1);
 }
 
 // --- Drop-down lists ---
@@ -165,7 +187,8 @@ void XlsxOperator::setCellsDropDownInfo(const QString &name, const DropDownInfo 
     m_elementsNameToValueHash[name] = QVariant::fromValue(info);
 }
 
-bool XlsxOperator::setCellsDropDownInfo(const QString &sheetName, int row, const QString &column, const QString &name, const DropDownInfo &info)
+bool XlsxOperator::setCellsDropDownInfo(const QString &sheetName, int row, const QString &column, const QString &name,
+                                        const DropDownInfo &info)
 {
     return setCellValue(sheetName, row, column, name, QVariant::fromValue(info));
 }

@@ -16,15 +16,18 @@ constexpr const char *kSharedStringsContentType = "application/vnd.openxmlformat
 /// One full column: what a single name can reasonably cover.
 constexpr qint64 kMostPositionsOfOneName = 1048576;
 constexpr qint64 kMostPositions = 2 * kMostPositionsOfOneName;
+/// A parsed part takes up to twenty times its size in memory, so less is parsed than may be unpacked.
+constexpr qint64 kMostParsedBytes = 256LL * 1024 * 1024;
 
-/// Reads the part at \a path; null, with a warning, if it cannot be read whole.
+/// Reads the part at \a path; null, with a warning, if it cannot be read whole. \a bytesLeft is how much may still be parsed.
 template <typename DocumentType>
-std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options)
+std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options, qint64 &bytesLeft)
 {
     auto document = std::make_shared<DocumentType>();
     // A directory opens like a file on some systems, and claims any size.
-    const bool isFile = QFileInfo(path).isFile();
-    if (isFile && document->load_file(path.toStdString().c_str(), options, pugi::encoding_auto))
+    const QFileInfo info(path);
+    bytesLeft -= info.size();
+    if (info.isFile() && bytesLeft >= 0 && document->load_file(path.toStdString().c_str(), options, pugi::encoding_auto))
         return document;
     qWarning() << "XlsxOperator::loadDocumentsFromXmls: "
                << "load_file failed, " << path;
@@ -33,12 +36,13 @@ std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options
 
 /// Appends the parts in \a entries whose name begins with \a prefix to \a documents; false if one cannot be read.
 template <typename DocumentType>
-bool LoadParts(const QList<QFileInfo> &entries, const QString &prefix, QList<std::shared_ptr<pugi::xml_document>> &documents)
+bool LoadParts(const QList<QFileInfo> &entries, const QString &prefix, QList<std::shared_ptr<pugi::xml_document>> &documents,
+               qint64 &bytesLeft)
 {
     for (const QFileInfo &entry : entries) {
         if (!entry.fileName().startsWith(prefix))
             continue;
-        const auto document = LoadPart<DocumentType>(entry.filePath(), pugi::parse_default);
+        const auto document = LoadPart<DocumentType>(entry.filePath(), pugi::parse_default, bytesLeft);
         if (!document)
             return false;
         documents.append(document);
@@ -75,6 +79,47 @@ void EnsureContentType(pugi::xml_document &types, const char *element, const cha
     made.append_attribute("ContentType").set_value(contentType);
 }
 
+/// Counts the references and cells of the names, so that no package makes more of them than the limits.
+class PositionCount
+{
+public:
+    /// \a positions is what the name has already.
+    void BeginName(int positions) { m_ofName = positions; }
+    bool NameIsFull() const { return m_ofName >= kMostPositionsOfOneName || AllIsFull(); }
+    bool AllIsFull() const { return m_ofAll >= kMostPositions; }
+    /// A reference counts as one even if it names no cell. False, and counted as one, if there are more \a cells than may be.
+    bool Take(qint64 cells)
+    {
+        const bool fits = m_ofName + cells <= kMostPositionsOfOneName && m_ofAll + cells <= kMostPositions;
+        const qint64 counted = fits ? qMax<qint64>(1, cells) : 1;
+        m_ofName += counted;
+        m_ofAll += counted;
+        return fits;
+    }
+
+private:
+    qint64 m_ofName = 0;
+    qint64 m_ofAll = 0;
+};
+
+void WarnOfTooManyCells(const QString &reference)
+{
+    qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
+               << "too many cells, " << reference;
+}
+
+/// Of A to ZZ, from 0; any other name counts as A.
+int ColumnIndex(const QString &name)
+{
+    const auto isLetter = [](QChar c) { return c >= QLatin1Char('A') && c <= QLatin1Char('Z'); };
+    const auto number = [](QChar c) { return c.unicode() - 'A'; };
+    if (name.size() == 1 && isLetter(name.at(0)))
+        return number(name.at(0));
+    if (name.size() == 2 && isLetter(name.at(0)) && isLetter(name.at(1)))
+        return 26 + 26 * number(name.at(0)) + number(name.at(1));
+    return 0;
+}
+
 /// A sheet name in apostrophes loses them only if it holds a blank: the writer quotes only for a blank, too.
 QString UnquotedSheetName(const QString &name)
 {
@@ -87,17 +132,19 @@ QString UnquotedSheetName(const QString &name)
 
 bool XlsxOperator::loadDocumentsFromXmls()
 {
-    const auto workbookRels = LoadPart<RelationshipsDocument>(m_workbookRelsPath, pugi::parse_default);
+    qint64 bytesLeft = kMostParsedBytes;
+    const auto workbookRels = LoadPart<RelationshipsDocument>(m_workbookRelsPath, pugi::parse_default, bytesLeft);
     if (!workbookRels)
         return false;
     m_pWorkbookRelsDocument = workbookRels;
     if (!workbookRels->FindByTarget("sharedStrings.xml"))
         workbookRels->Append(kSharedStringsType, "sharedStrings.xml");
 
-    if (!LoadParts<SheetDocument>(dirEntryInfoListWithNaturalSort(m_worksheetsDirPath), QStringLiteral("sheet"), m_sheetDocuments))
+    if (!LoadParts<SheetDocument>(dirEntryInfoListWithNaturalSort(m_worksheetsDirPath), QStringLiteral("sheet"), m_sheetDocuments,
+                                  bytesLeft))
         return false;
 
-    const auto workbook = LoadPart<WorkbookDocument>(m_workbookPath, pugi::parse_default);
+    const auto workbook = LoadPart<WorkbookDocument>(m_workbookPath, pugi::parse_default, bytesLeft);
     if (!workbook)
         return false;
     m_pWorkbookDocument = workbook;
@@ -105,12 +152,12 @@ bool XlsxOperator::loadDocumentsFromXmls()
     if (!QFile::exists(m_sharedStringsPath) && !CreateSharedStrings(m_sharedStringsPath))
         return false;
     // White space is kept and entities stay as they stand in the file.
-    const auto sharedStrings = LoadPart<SharedStringsDocument>(m_sharedStringsPath, pugi::parse_ws_pcdata_single);
+    const auto sharedStrings = LoadPart<SharedStringsDocument>(m_sharedStringsPath, pugi::parse_ws_pcdata_single, bytesLeft);
     if (!sharedStrings)
         return false;
     m_pSharedStringsDocument = sharedStrings;
 
-    const auto contentTypes = LoadPart<pugi::xml_document>(m_contentTypesPath, pugi::parse_default);
+    const auto contentTypes = LoadPart<pugi::xml_document>(m_contentTypesPath, pugi::parse_default, bytesLeft);
     if (!contentTypes)
         return false;
     m_pContentTypesDocument = contentTypes;
@@ -119,57 +166,72 @@ bool XlsxOperator::loadDocumentsFromXmls()
     EnsureContentType(*contentTypes, "Override", "PartName", "/xl/sharedStrings.xml", kSharedStringsContentType);
 
     return LoadParts<RelationshipsDocument>(dirEntryInfoListWithNaturalSort(m_drawingsRelsDirPath), QStringLiteral("drawing"),
-                                            m_drawingRelsDocuments)
-        && LoadParts<DrawingDocument>(dirEntryInfoListWithNaturalSort(m_drawingsDirPath), QStringLiteral("drawing"), m_drawingDocuments);
+                                            m_drawingRelsDocuments, bytesLeft)
+        && LoadParts<DrawingDocument>(dirEntryInfoListWithNaturalSort(m_drawingsDirPath), QStringLiteral("drawing"), m_drawingDocuments,
+                                      bytesLeft);
 }
 
 void XlsxOperator::loadCellNameToPosInfosHash()
 {
-    auto &workbook = static_cast<WorkbookDocument &>(*m_pWorkbookDocument);
-    qint64 positions = 0;
-    for (const pugi::xml_node &node : workbook.DefinedNames()) {
+    PositionCount count;
+    for (const pugi::xml_node &node : static_cast<WorkbookDocument &>(*m_pWorkbookDocument).DefinedNames()) {
         const QString name = TextOf(node.attribute("name").value());
         if (!m_elementNameFilterRegExp.match(name).hasMatch())
             continue;
+        count.BeginName(m_cellNameToPosInfosHash.value(name).size());
 
-        const QStringList references = TextOf(node.text().get()).split(QLatin1Char(','));
-        for (const QString &reference : references) {
+        // Not split at once: a name may be a list of millions.
+        const QString text = TextOf(node.text().get());
+        for (int begin = 0, end = 0; begin <= text.size(); begin = end + 1) {
+            end = text.indexOf(QLatin1Char(','), begin);
+            if (end < 0)
+                end = text.size();
+            const QString reference = text.mid(begin, end - begin);
+            if (count.NameIsFull()) {
+                WarnOfTooManyCells(reference);
+                break;
+            }
+
             const QStringList pieces = reference.split(QLatin1Char('!'));
             if (pieces.size() != 2) {
                 qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
                            << "posSubStringList.size() != 2, " << reference;
+                count.Take(0);
                 continue;
             }
-            CellPosInfo info;
-            info.sheetName = UnquotedSheetName(pieces.at(0));
-
             const QStringList corners = pieces.at(1).split(QLatin1Char(':'));
-            if (corners.size() > 2)
+            if (corners.size() > 2) {
+                count.Take(0);
                 continue;
+            }
+            const bool isCell = corners.size() == 1;
             const QPair<int, QString> first = getRowColFromDollarPos(corners.first());
-            const QPair<int, QString> last = corners.size() == 2 ? getRowColFromDollarPos(corners.last()) : first;
-            const QStringList columns = corners.size() == 2 ? getColumnNames(first.second, last.second) : QStringList(first.second);
+            const QPair<int, QString> last = isCell ? first : getRowColFromDollarPos(corners.last());
+            const QStringList columns = isCell ? QStringList(first.second) : getColumnNames(first.second, last.second);
 
-            const qint64 rows = qMax<qint64>(0, qint64(last.first) - first.first + 1);
-            const qint64 ofThisName = m_cellNameToPosInfosHash.value(name).size();
-            const qint64 added = rows * columns.size();
-            if (ofThisName + added > kMostPositionsOfOneName || positions + added > kMostPositions) {
-                qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
-                           << "too many cells, " << reference;
-                continue;
-            }
-            positions += added;
+            const qint64 cells = qMax<qint64>(0, qint64(last.first) - first.first + 1) * columns.size();
+            if (!count.Take(cells))
+                WarnOfTooManyCells(reference);
+            else if (cells > 0)
+                appendPositions(m_cellNameToPosInfosHash[name], UnquotedSheetName(pieces.at(0)), first.first, last.first, columns);
+        }
+        if (count.AllIsFull())
+            break;
+    }
+}
 
-            info.sheetIndex = getSheetIndexFromWorkbookDocument(info.sheetName);
-            QList<CellPosInfo> &infos = m_cellNameToPosInfosHash[name];
-            for (qint64 row = first.first; row <= last.first; ++row) {
-                info.row = int(row);
-                for (const QString &column : columns) {
-                    info.column = column;
-                    info.position = column + QString::number(row);
-                    infos.append(info);
-                }
-            }
+void XlsxOperator::appendPositions(QList<CellPosInfo> &infos, const QString &sheetName, int firstRow, int lastRow,
+                                   const QStringList &columns)
+{
+    CellPosInfo info;
+    info.sheetIndex = getSheetIndexFromWorkbookDocument(sheetName);
+    info.sheetName = sheetName;
+    for (qint64 row = firstRow; row <= lastRow; ++row) {
+        info.row = int(row);
+        for (const QString &column : columns) {
+            info.column = column;
+            info.position = column + QString::number(row);
+            infos.append(info);
         }
     }
 }
@@ -213,9 +275,8 @@ void XlsxOperator::generateColumnNames()
 
 QStringList XlsxOperator::getColumnNames(const QString &first, const QString &last)
 {
-    // An unknown name counts as A.
-    const int firstIndex = qMax(0, m_columnNames.indexOf(first));
-    const int lastIndex = qMax(0, m_columnNames.indexOf(last));
+    const int firstIndex = ColumnIndex(first);
+    const int lastIndex = ColumnIndex(last);
     return m_columnNames.mid(firstIndex, lastIndex - firstIndex + 1);
 }
 

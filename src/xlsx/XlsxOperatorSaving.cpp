@@ -65,7 +65,9 @@ void XlsxOperator::appendDefinedNameNodeToWorkbookDocument(const QString &sheetN
                    << "m_pWorkbookDocument is nullptr";
         return;
     }
-    const auto reference = [&](const QString &sheet) { return QStringLiteral("%1!$%2$%3").arg(sheet, column, QString::number(row)).toUtf8(); };
+    const auto reference = [&](const QString &sheet) {
+        return QStringLiteral("%1!$%2$%3").arg(sheet, column, QString::number(row)).toUtf8();
+    };
     auto &workbook = static_cast<WorkbookDocument &>(*m_pWorkbookDocument);
     pugi::xml_node node = workbook.FindDefinedName(name.toUtf8());
     if (!node) {
@@ -145,9 +147,12 @@ void XlsxOperator::saveDrawingsValueToDocument(const QString &name, const QVaria
 {
     if (!value.canConvert<PictureInfo>())
         return;
-    // What load() gave is a target inside the package and no file: such a picture stays as it is.
     const QString filePath = value.value<PictureInfo>().filePath;
     if (!QFile::exists(filePath))
+        return;
+    // What load() gave leaves the picture as it is, even if it leads to a file: a package must not choose one of the host's.
+    const QVariant loaded = getDrawingValueFromDocument(name);
+    if (loaded.isValid() && loaded.value<PictureInfo>().filePath == filePath)
         return;
 
     QSet<int> done;

@@ -20,11 +20,15 @@ QFileInfoList EntriesOf(const QDir &dir)
     return dir.entryInfoList(QDir::Dirs | QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::NoSort);
 }
 
-ZipInspection Inspect(const QString &xlsxFilePath)
+/// Of the file that \a reader has opened. What cannot be opened holds no entries.
+ZipInspection Inspect(const QZipReader &reader)
 {
-    QFile file(xlsxFilePath);
-    // What cannot be read holds no entries.
-    return file.open(QIODevice::ReadOnly) ? InspectZip(file) : ZipInspection();
+    QIODevice &device = *reader.device();
+    if (!device.isOpen())
+        return {};
+    const ZipInspection inspection = InspectZip(device);
+    device.seek(0); // where the reader begins
+    return inspection;
 }
 
 } // namespace
@@ -37,6 +41,11 @@ XlsxZip::~XlsxZip() = default;
 
 bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &outputDir)
 {
+    // Opening an unnamed file would be one more warning, of Qt.
+    if (xlsxFilePath.isEmpty()) {
+        qWarning() << "extractXlsxFile: file does not exist," << xlsxFilePath;
+        return false;
+    }
     QZipReader reader(xlsxFilePath, QIODevice::ReadOnly);
     if (!reader.exists()) {
         qWarning() << "extractXlsxFile: file does not exist," << xlsxFilePath;
@@ -47,11 +56,8 @@ bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &ou
         qWarning() << "XlsxZip::extractXlsxFile: failed to create output directory," << outputDir;
         return false;
     }
-    const ZipInspection inspection = Inspect(xlsxFilePath);
-    if (inspection.verdict == ZipInspection::Refused) {
-        qWarning() << "XlsxZip::extractXlsxFile: archive refused," << qUtf8Printable(inspection.reason + QLatin1Char(',')) << xlsxFilePath;
-        return false;
-    }
+    // Before the directory is emptied, because the archive may lie in it.
+    const ZipInspection inspection = Inspect(reader);
 
     QDir(outputDir).removeRecursively();
     const QDir here{QString()};
@@ -61,6 +67,10 @@ bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &ou
     }
     if (inspection.verdict == ZipInspection::NoArchive)
         return true;
+    if (inspection.verdict == ZipInspection::Refused) {
+        qWarning() << "XlsxZip::extractXlsxFile: archive refused," << qUtf8Printable(inspection.reason + QLatin1Char(',')) << xlsxFilePath;
+        return false;
+    }
 
     const QVector<QZipReader::FileInfo> entries = reader.fileInfoList();
     for (int i = 0; i < entries.size(); ++i) {
@@ -69,7 +79,8 @@ bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &ou
         const QFileInfo target(outputDir + QDir::separator() + QString::fromUtf8(name));
         if (!here.exists(target.absolutePath()))
             here.mkpath(target.absolutePath());
-        if (!entries.at(i).isFile)
+        // Some writers mark a directory by its name alone.
+        if (!entries.at(i).isFile || name.endsWith('/'))
             continue;
         QFile file(target.absoluteFilePath());
         if (!file.open(QIODevice::WriteOnly)) {
@@ -86,7 +97,7 @@ bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &ou
 bool XlsxZip::compressToXlsxFile(const QString &sourceDir, const QString &xlsxFilePath)
 {
     QFile file(xlsxFilePath);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (xlsxFilePath.isEmpty() || !file.open(QIODevice::WriteOnly)) {
         qWarning() << "XlsxZip::compressToXlsxFile: failed to open file for writing," << xlsxFilePath;
         return false;
     }

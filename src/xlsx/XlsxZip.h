@@ -23,10 +23,11 @@ public:
     /// Unpacks \a xlsxFilePath into \a outputDir, which is emptied first, whatever it holds. True when every file entry was
     /// written. Links are dropped; a file that is no archive has no entries and gives true.
     ///
-    /// An archive is refused, with a warning, false and \a outputDir untouched, if an entry would lie outside \a outputDir
-    /// (`..`, absolute, drive letter, backslash), if its directory and headers contradict each other or the data, if it
-    /// is encrypted or compressed otherwise than by deflate, or if it exceeds a limit: 4,096 entries, 512 MiB in one entry, 1 GiB
-    /// in all, and an expansion of more than 300:1 in an entry of more than 8 MiB. A missing file and an empty \a outputDir are refused too.
+    /// A sound archive is unpacked, or nothing of it: it is refused, with a warning and false, if an entry would lie outside
+    /// \a outputDir (`..`, absolute, drive letter, backslash), if its directory, its headers and its data contradict each other,
+    /// if it is encrypted, in ZIP64 form or compressed otherwise than by deflate, or if it exceeds a limit: 2 GiB itself, 4,096
+    /// entries, 512 MiB in one entry, 1 GiB in all, and an expansion of more than 300:1 beyond the first 8 MiB.
+    /// A missing file and an empty \a outputDir are refused before anything is deleted.
     static bool extractFromXlsxFile(const QString &xlsxFilePath, const QString &outputDir);
 
     /// Packs all of \a sourceDir, hidden files included, into \a xlsxFilePath, replacing what is there. True when the target could be

@@ -1,12 +1,16 @@
 #include "xlsx/ZipInspection_p.h"
 
 #include <QByteArray>
+#include <QDir>
 #include <QIODevice>
+#include <QSet>
 #include <QtEndian>
 
 #include <zlib.h>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace Velmora {
 
@@ -19,6 +23,7 @@ constexpr int kEndSize = 22;
 constexpr int kCentralSize = 46;
 constexpr int kLocalSize = 30;
 constexpr int kLongestComment = 65535;
+constexpr quint16 kNewestVersion = 20; // deflate and directories: what QZipReader knows
 constexpr quint16 kEncrypted = 0x0001;
 constexpr quint16 kStored = 0;
 constexpr quint16 kDeflated = 8;
@@ -66,28 +71,44 @@ bool IsSafeName(const QByteArray &name)
     return !parts.contains("..");
 }
 
+/// The systems whose file attributes QZipReader understands. It makes nothing of an entry of another one.
+bool IsKnownSystem(int versionMadeBy)
+{
+    constexpr int kFat = 0, kUnix = 3, kHpfs = 6, kNtfs = 11, kVfat = 14;
+    const int system = versionMadeBy >> 8;
+    return system == kFat || system == kUnix || system == kHpfs || system == kNtfs || system == kVfat;
+}
+
 struct Entry
 {
+    QByteArray name;
+    quint16 versionMadeBy = 0;
+    quint16 versionNeeded = 0;
     quint16 flags = 0;
     quint16 method = 0;
+    quint32 checksum = 0;
     qint64 compressedSize = 0;
     qint64 size = 0;
     qint64 localOffset = 0;
+    qint64 dataOffset = 0; ///< found in the local header
 };
 
-/// Inflates the entry's data in \a device without keeping it; true if it ends where both sizes say.
-bool InflatesToItsSize(QIODevice &device, const Entry &entry)
+/// Reads the entry's data in \a device without keeping them; true if they end where both sizes say and have the checksum.
+bool DataAreSound(QIODevice &device, const Entry &entry)
 {
+    constexpr qint64 kChunk = 64 * 1024;
+    if (!device.seek(entry.dataOffset))
+        return false;
     z_stream stream = {};
     if (inflateInit2(&stream, -MAX_WBITS) != Z_OK)
         return false;
-    constexpr qint64 kChunk = 64 * 1024;
     QByteArray input;
     QByteArray output(int(kChunk), Qt::Uninitialized);
     qint64 unread = entry.compressedSize;
     qint64 produced = 0;
-    int state = Z_OK;
-    while (state == Z_OK && produced <= entry.size) {
+    uLong checksum = crc32(0, nullptr, 0);
+    bool ended = false;
+    while (!ended && produced <= entry.size) {
         if (stream.avail_in == 0 && unread > 0) {
             input = device.read(std::min(kChunk, unread));
             if (input.isEmpty())
@@ -96,41 +117,109 @@ bool InflatesToItsSize(QIODevice &device, const Entry &entry)
             stream.next_in = reinterpret_cast<Bytef *>(input.data());
             stream.avail_in = uInt(input.size());
         }
+        if (entry.method == kStored) {
+            checksum = crc32(checksum, stream.next_in, stream.avail_in);
+            produced += stream.avail_in;
+            stream.avail_in = 0;
+            ended = unread == 0;
+            continue;
+        }
         stream.next_out = reinterpret_cast<Bytef *>(output.data());
         stream.avail_out = uInt(output.size());
-        state = inflate(&stream, Z_NO_FLUSH);
-        produced += output.size() - qint64(stream.avail_out);
+        const int state = inflate(&stream, Z_NO_FLUSH);
+        const uInt made = uInt(output.size()) - stream.avail_out;
+        checksum = crc32(checksum, reinterpret_cast<const Bytef *>(output.constData()), made);
+        produced += made;
+        ended = state == Z_STREAM_END;
+        if (state != Z_OK)
+            break;
     }
-    const bool complete = state == Z_STREAM_END && unread == 0 && stream.avail_in == 0 && produced == entry.size;
     inflateEnd(&stream);
-    return complete;
+    return ended && unread == 0 && stream.avail_in == 0 && produced == entry.size && checksum == entry.checksum;
 }
 
-/// What is wrong with one entry of the directory, or an empty text.
-QString FaultOf(QIODevice &device, const Entry &entry, const QByteArray &name, qint64 directoryOffset)
+/// What is wrong with what the directory says of an entry, or an empty text.
+QString FaultOfRecord(const Entry &entry)
 {
-    if (!IsSafeName(name))
+    if (!IsSafeName(entry.name))
         return QStringLiteral("an entry's name leads out of the directory");
     if (entry.flags & kEncrypted)
         return QStringLiteral("an entry is encrypted");
+    if (entry.versionNeeded > kNewestVersion || !IsKnownSystem(entry.versionMadeBy))
+        return QStringLiteral("an entry is of an unknown kind");
     if (entry.method != kStored && entry.method != kDeflated)
         return QStringLiteral("an entry is compressed by an unknown method");
     if (entry.size > ZipLimits::kEntryBytes)
         return QStringLiteral("an entry is too large");
     if (entry.size > ZipLimits::kRatioFloorBytes && entry.size / ZipLimits::kRatio > entry.compressedSize)
         return QStringLiteral("an entry expands too much");
+    return QString();
+}
 
+/// What is wrong with the entry itself, or an empty text. Finds its data.
+QString FaultOfEntry(QIODevice &device, Entry &entry, qint64 directoryOffset)
+{
     const QByteArray local = ReadAt(device, entry.localOffset, kLocalSize);
     if (local.isEmpty() || U32(local, 0) != kLocalSignature)
         return QStringLiteral("an entry has no header");
-    const qint64 dataOffset = entry.localOffset + kLocalSize + U16(local, 26) + U16(local, 28);
-    if (dataOffset + entry.compressedSize > directoryOffset)
+    const int nameSize = U16(local, 26);
+    // By the header's method the data are unpacked, by the directory's they were inspected.
+    if (U16(local, 8) != entry.method || nameSize != entry.name.size() || device.read(nameSize) != entry.name)
+        return QStringLiteral("an entry's header contradicts the directory");
+    entry.dataOffset = entry.localOffset + kLocalSize + nameSize + U16(local, 28);
+    if (entry.dataOffset + entry.compressedSize > directoryOffset)
         return QStringLiteral("an entry reaches into the directory");
-    if (entry.method == kStored)
-        return entry.compressedSize == entry.size ? QString() : QStringLiteral("a stored entry has two sizes");
-    if (!device.seek(dataOffset) || !InflatesToItsSize(device, entry))
+    // A directory's data are not unpacked.
+    if (!entry.name.endsWith('/') && !DataAreSound(device, entry))
         return QStringLiteral("an entry's data are damaged or not of the size that they claim");
     return QString();
+}
+
+/// Names that are one file, or that QZipReader takes for one, would hide each other's data.
+bool HaveDuplicates(const std::vector<Entry> &entries)
+{
+    QSet<QString> paths;
+    QSet<QString> keys;
+    for (const Entry &entry : entries) {
+        paths.insert(QDir::cleanPath(QString::fromUtf8(entry.name)));
+        keys.insert(QString::fromLocal8Bit(entry.name));
+    }
+    return paths.size() < int(entries.size()) || keys.size() < int(entries.size());
+}
+
+bool Overlap(const std::vector<Entry> &entries)
+{
+    std::vector<std::pair<qint64, qint64>> ranges;
+    for (const Entry &entry : entries)
+        ranges.emplace_back(entry.localOffset, entry.dataOffset + entry.compressedSize);
+    std::sort(ranges.begin(), ranges.end());
+    for (std::size_t i = 1; i < ranges.size(); ++i) {
+        if (ranges[i].first < ranges[i - 1].second)
+            return true;
+    }
+    return false;
+}
+
+/// Reads the record at \a offset of \a directory and moves \a offset behind it; false if it is none.
+bool ReadRecord(const QByteArray &directory, int &offset, Entry &entry)
+{
+    if (offset + kCentralSize > directory.size() || U32(directory, offset) != kCentralSignature)
+        return false;
+    const int nameSize = U16(directory, offset + 28);
+    const int recordSize = kCentralSize + nameSize + U16(directory, offset + 30) + U16(directory, offset + 32);
+    if (offset + recordSize > directory.size())
+        return false;
+    entry.versionMadeBy = U16(directory, offset + 4);
+    entry.versionNeeded = U16(directory, offset + 6);
+    entry.flags = U16(directory, offset + 8);
+    entry.method = U16(directory, offset + 10);
+    entry.checksum = U32(directory, offset + 16);
+    entry.compressedSize = U32(directory, offset + 20);
+    entry.size = U32(directory, offset + 24);
+    entry.localOffset = U32(directory, offset + 42);
+    entry.name = directory.mid(offset + kCentralSize, nameSize);
+    offset += recordSize;
+    return true;
 }
 
 ZipInspection Refuse(const QString &reason)
@@ -144,45 +233,52 @@ ZipInspection InspectZip(QIODevice &device)
 {
     QByteArray end;
     const qint64 endOffset = FindEndRecord(device, end);
-    if (endOffset < 0)
+    // An archive begins with an entry; QZipReader, too, sees none in what begins otherwise.
+    const QByteArray begin = ReadAt(device, 0, 4);
+    if (endOffset < 0 || begin.isEmpty() || U32(begin, 0) != kLocalSignature)
         return {};
 
     const int count = U16(end, 10);
     const qint64 directorySize = U32(end, 12);
     const qint64 directoryOffset = U32(end, 16);
+    if (device.size() > ZipLimits::kArchiveBytes)
+        return Refuse(QStringLiteral("it is too large"));
     if (count != U16(end, 8) || directoryOffset + directorySize > endOffset)
         return Refuse(QStringLiteral("the directory is damaged"));
     if (count > ZipLimits::kEntries)
         return Refuse(QStringLiteral("too many entries"));
 
-    const QByteArray directory = directorySize == 0 ? QByteArray() : ReadAt(device, directoryOffset, directorySize);
-    ZipInspection inspection;
+    const QByteArray directory = ReadAt(device, directoryOffset, directorySize);
+    std::vector<Entry> entries{std::size_t(count)};
     qint64 total = 0;
     int offset = 0;
-    for (int i = 0; i < count; ++i) {
-        if (offset + kCentralSize > directory.size() || U32(directory, offset) != kCentralSignature)
+    for (Entry &entry : entries) {
+        if (!ReadRecord(directory, offset, entry))
             return Refuse(QStringLiteral("the directory is damaged"));
-        const int nameSize = U16(directory, offset + 28);
-        const int recordSize = kCentralSize + nameSize + U16(directory, offset + 30) + U16(directory, offset + 32);
-        if (offset + recordSize > directory.size())
-            return Refuse(QStringLiteral("the directory is damaged"));
-
-        Entry entry;
-        entry.flags = U16(directory, offset + 8);
-        entry.method = U16(directory, offset + 10);
-        entry.compressedSize = U32(directory, offset + 20);
-        entry.size = U32(directory, offset + 24);
-        entry.localOffset = U32(directory, offset + 42);
-        total += entry.size;
-        if (total > ZipLimits::kTotalBytes)
-            return Refuse(QStringLiteral("the entries are too large in all"));
-        const QByteArray name = directory.mid(offset + kCentralSize, nameSize);
-        const QString fault = FaultOf(device, entry, name, directoryOffset);
+        const QString fault = FaultOfRecord(entry);
         if (!fault.isEmpty())
             return Refuse(fault);
-        inspection.names.append(name);
-        offset += recordSize;
+        total += entry.size;
     }
+    // More records than were counted would be left out without a word.
+    if (offset != directorySize)
+        return Refuse(QStringLiteral("the directory is damaged"));
+    if (total > ZipLimits::kTotalBytes)
+        return Refuse(QStringLiteral("the entries are too large in all"));
+    if (total > ZipLimits::kRatioFloorBytes && total / ZipLimits::kRatio > device.size())
+        return Refuse(QStringLiteral("the entries expand too much in all"));
+    if (HaveDuplicates(entries))
+        return Refuse(QStringLiteral("two entries have one name"));
+
+    ZipInspection inspection;
+    for (Entry &entry : entries) {
+        const QString fault = FaultOfEntry(device, entry, directoryOffset);
+        if (!fault.isEmpty())
+            return Refuse(fault);
+        inspection.names.append(entry.name);
+    }
+    if (Overlap(entries))
+        return Refuse(QStringLiteral("two entries overlap"));
     inspection.verdict = ZipInspection::Sound;
     return inspection;
 }

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <Velmora/XlsxOperator.h>
+
+#include "support/TestCase.h"
+#include "support/TestMain.h"
+#include "xlsx/Archive.h"
+#include "xlsx/Template.h"
+
+#include <QTemporaryDir>
+
+namespace VelmoraTest {
+
+QByteArray FileContent(const QString &path);
+/// Makes the folders above it, too.
+void WriteFile(const QString &path, const QByteArray &content);
+/// All files below \a dirPath, hidden ones included, by their path in it.
+QMap<QByteArray, QByteArray> FilesBelow(const QString &dirPath);
+
+/// Tests in a temporary folder, which holds the template, the working directory and the output.
+class XlsxTestCase : public TestCase
+{
+    Q_OBJECT
+
+protected:
+    void SetUp() override { m_dir = std::make_unique<QTemporaryDir>(); }
+    void TearDown() override { m_dir.reset(); }
+
+    QString Path(const QString &name) const { return m_dir->filePath(name); }
+    QString TemplatePath() const { return Path(QStringLiteral("template.xlsx")); }
+    QString WorkPath() const { return Path(QStringLiteral("work")); }
+    QString OutputPath() const { return Path(QStringLiteral("output.xlsx")); }
+
+    /// Sets the three paths.
+    void Prepare(Velmora::XlsxOperator &op) const;
+    /// Writes the template, sets the paths and loads.
+    bool Load(Velmora::XlsxOperator &op, const Template &source);
+    bool Load(Velmora::XlsxOperator &op, const QByteArray &archive);
+    /// The parts of the output.
+    QMap<QByteArray, QByteArray> Output() const { return ReadArchive(FileContent(OutputPath())); }
+    /// The text between the first \a begin and the next \a end of the part \a name of the output, both left out.
+    QByteArray OutputBetween(const QByteArray &name, const QByteArray &begin, const QByteArray &end) const;
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+const QByteArray kSheet1 = QByteArrayLiteral("xl/worksheets/sheet1.xml");
+const QByteArray kSharedStrings = QByteArrayLiteral("xl/sharedStrings.xml");
+const QByteArray kWorkbook = QByteArrayLiteral("xl/workbook.xml");
+
+} // namespace VelmoraTest

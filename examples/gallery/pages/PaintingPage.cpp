@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QPainterPath>
 #include <QVBoxLayout>
 
 using namespace Gallery;
@@ -37,14 +38,17 @@ ShadowParams Shadow(int margin, const RadiusParams &radii, double opacity)
 void PaintPanel(QPainter &painter, const QRect &panel, ShadowParams shadow)
 {
     Velmora::DrawShadow(painter, panel, shadow);
-    painter.fillPath(Velmora::GetRoundedRectFPath(panel, shadow.radius), TokenColor(QStringLiteral("bg/bg_primary")));
+    const QPainterPath shape = Velmora::GetRoundedRectFPath(panel, shadow.radius);
+    painter.fillPath(shape, TokenColor(QStringLiteral("bg/bg_primary")));
+    // A white veil lifts the panel off the dark table's ground, and leaves the light table's white as it is.
+    painter.fillPath(shape, TokenColor(QStringLiteral("base/neutral/neutral-40")));
 }
 
-// The ground is lighter than a window's in the dark table, where a black shadow would have nothing to darken.
+// A ground darker than the panel in both tables, yet light enough for a black shadow to show on it.
 void PaintGround(QPainter &painter, const QRect &rect)
 {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(TokenColor(QStringLiteral("bg/bg_transluent_strong_active")));
+    painter.setBrush(TokenColor(QStringLiteral("bg/bg_transluent_subtle_hover")));
     painter.drawRoundedRect(rect, kGrid / 2.0, kGrid / 2.0);
 }
 

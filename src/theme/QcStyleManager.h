@@ -18,6 +18,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -92,6 +93,15 @@ private:
     QcStyleManager();
     ~QcStyleManager() override;
 
+    template <typename Content>
+    struct Registered
+    {
+        Content content;
+        quint64 serial = 0; // the order of registration
+    };
+    template <typename Content>
+    using Registry = std::unordered_map<QPointer<QWidget>, Registered<Content>, PointerHashFunc, PointerEqualFunc>;
+
     QString ParseStyleSheetColorCodeToStyleSheetColor(const QString &code);
     bool IsColorCode(const QString &text);
     QByteArray GetAdjustedSvgData(const ImageParams &params);
@@ -100,16 +110,19 @@ private:
     void LoadFont();
     void LoadGlobalQss();
     void WatchWidget(QWidget *widget);
+    template <typename Content>
+    Content &EntryOf(Registry<Content> &registry, const QPointer<QWidget> &widget);
     void QueueStyleSheetUpdate(QPointer<QWidget> widget, const QString &taskName);
-    void QueueHandlerRun(QPointer<QWidget> widget, const QString &taskName);
+    void QueueHandlerRun(QPointer<QWidget> widget, const std::string &taskName);
     QImage RenderImage(const ImageParams &params);
 
     const char *m_needUpdateProperty = "uNeedProcesUpdateColor";
     QString m_colorFilePath;
     QHash<QString, QColor> m_colorTable;
-    std::unordered_map<QPointer<QWidget>, QString, PointerHashFunc, PointerEqualFunc> m_styleSheets;
-    std::unordered_map<QPointer<QWidget>, std::function<void()>, PointerHashFunc, PointerEqualFunc> m_colorHandlers;
+    Registry<QString> m_styleSheets;
+    Registry<std::function<void()>> m_colorHandlers;
     std::vector<std::function<void()>> m_handlersOfDeadWidgets; // never called again, never destroyed before the manager
+    quint64 m_lastSerial = 0;
 };
 
 } // namespace Velmora

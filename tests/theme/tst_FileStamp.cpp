@@ -25,13 +25,14 @@ private:
     QByteArray Bundle(const QByteArray &content)
     {
         m_files.Write(QStringLiteral("file.txt"), content);
-        const QString list = m_files.Write(QStringLiteral("list.qrc"),
-                                           R"(<RCC><qresource prefix="/stamped"><file>file.txt</file></qresource></RCC>)");
+        const QString list =
+            m_files.Write(QStringLiteral("list.qrc"), R"(<RCC><qresource prefix="/stamped"><file>file.txt</file></qresource></RCC>)");
         const QString bundle = m_files.Path(QStringLiteral("bundle.rcc"));
         QProcess rcc;
         // Without times, so that only the content tells one bundle from the other.
-        rcc.start(QStringLiteral(VELMORA_RCC), {QStringLiteral("--binary"), QStringLiteral("--format-version"), QStringLiteral("1"),
-                                                QStringLiteral("-o"), bundle, list});
+        rcc.start(
+            QStringLiteral(VELMORA_RCC),
+            {QStringLiteral("--binary"), QStringLiteral("--format-version"), QStringLiteral("1"), QStringLiteral("-o"), bundle, list});
         if (!rcc.waitForFinished() || rcc.exitCode() != 0)
             qFatal("rcc: %s", rcc.readAllStandardError().constData());
         QFile file(bundle);

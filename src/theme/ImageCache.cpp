@@ -50,7 +50,8 @@ uint HashOf(const ColorParams &color, uint seed)
 uint qHash(const RequestKey &key, uint seed)
 {
     const ImageParams &params = key.params;
-    uint hash = qHash(params.path, seed) ^ HashOf(params.color, seed) ^ uint(params.size.width() * 31 + params.size.height());
+    const uint size = uint(params.size.width()) * 31 + uint(params.size.height()); // of any width without overflow
+    uint hash = qHash(params.path, seed) ^ HashOf(params.color, seed) ^ size;
     // A sum, because equal hashes may hold their entries in different orders.
     for (auto entry = params.mulColor.cbegin(); entry != params.mulColor.cend(); ++entry)
         hash += qHash(entry.key(), seed) ^ (HashOf(*entry, seed) * 3);

@@ -500,7 +500,7 @@ private Q_SLOTS:
     void frames_have_no_border()
     {
         QFrame frame;
-        frame.setFrameStyle(QFrame::Box | QFrame::Plain);
+        frame.setFrameShape(QFrame::Box);
         frame.setLineWidth(4);
         frame.resize(40, 40);
         frame.show();

@@ -70,7 +70,11 @@ private:
 
     void SetUp() override { UseTable(Table::Light); }
 
-    QString Write(const QByteArray &shapes) { return m_files.Write(QStringLiteral("icon.svg"), Svg(shapes)); }
+    int m_written = 0;
+
+    /// A new file each time: two of one size that are written at the same instant cannot be told apart.
+    QString WriteFile(const QByteArray &text) { return m_files.Write(QStringLiteral("icon %1.svg").arg(++m_written), text); }
+    QString Write(const QByteArray &shapes) { return WriteFile(Svg(shapes)); }
     QImage Image(const QByteArray &shapes, const ColorParams &color) { return Manager().GetImage(Request(Write(shapes), color)); }
     QImage Image(const QByteArray &shapes, const QHash<QString, ColorParams> &mulColor)
     {
@@ -339,7 +343,7 @@ private Q_SLOTS:
         QTest::newRow("empty") << QByteArray() << 0;
         QTest::newRow("no XML") << QByteArray("GIF89a and no more") << 0;
         QTest::newRow("no XML with colours") << QByteArray("#FF0000 #FF0000 #00FF00") << 3;
-        QTest::newRow("cut off in a tag") << good.left(good.indexOf("#00FF00") + 10) << 2;
+        QTest::newRow("cut off in a tag") << good.left(good.indexOf("#00FF00") + 8) << 2;
         QTest::newRow("cut off before the end") << good.left(good.size() - 6) << 2;
         QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1A\n\xFF\xFE<svg #FF0000") << 1;
         QTest::newRow("zero bytes") << QByteArray(4096, '\0') << 0;
@@ -372,7 +376,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, text);
         QFETCH(int, warnings);
-        const QString path = m_files.Write(QStringLiteral("bad.svg"), text);
+        const QString path = WriteFile(text);
         const QString warning = QStringLiteral("QcStyleManager::GetAdjustedSvgData: Failed to parse XML content. \"%1\"").arg(path);
 
         for (int i = 0; i < warnings; ++i)

@@ -18,7 +18,13 @@ function(velmora_configure_target target)
         CXX_STANDARD_REQUIRED ON
         CXX_EXTENSIONS OFF
         AUTOMOC ON
+        UNITY_BUILD OFF # sources have file-wide names of their own that others have too
     )
+    if(VELMORA_PRECOMPILE_HEADERS)
+        target_precompile_headers(${target} PRIVATE
+            <QApplication> <QHash> <QPainter> <QStyle> <QWidget> <functional> <memory> <unordered_map>
+        )
+    endif()
     if(VELMORA_COMPILER_LAUNCHER)
         set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER "${VELMORA_COMPILER_LAUNCHER}")
     endif()

@@ -9,7 +9,7 @@
 #
 # With arguments, only the steps named. Left out, because it takes long or must be looked at:
 #
-#   fuzzing           cmake --preset fuzz && cmake --build --preset fuzz, then build/fuzz/tests/fuzz/<target> <folder>
+#   fuzzing           cmake --preset fuzz && cmake --build --preset fuzz, then as tests/fuzz/CMakeLists.txt says
 #   coverage          cmake --preset coverage && cmake --build --preset coverage --target coverage
 #   clang-tidy        scripts/tidy.sh
 #   a fresh machine   scripts/try_fresh_machine.sh
@@ -17,10 +17,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 steps=("$@")
-if [ ${#steps[@]} -eq 0 ]; then
-    steps=(format dev asan tsan)
-    [ ! -e docs/CMakeLists.txt ] || steps+=(docs)
-fi
+[ ${#steps[@]} -gt 0 ] || steps=(format dev asan tsan docs)
 
 # Chains of &&: a step's result is tested, and there the shell does not stop at a failing command by itself.
 build_and_test() {

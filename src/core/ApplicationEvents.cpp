@@ -26,13 +26,21 @@ public:
 
     bool Dispatch(QObject *watched, QEvent *event)
     {
-        // By index, from the end: a watcher may add others meanwhile, which are not called for this event.
-        const QScopedValueRollback<bool> walking(m_walking, true);
         bool consumed = false;
-        for (std::size_t i = m_watchers.size(); i > 0 && !consumed; --i) {
-            if (QObject *watcher = m_watchers[i - 1].data())
-                consumed = watcher->eventFilter(watched, event);
+        std::size_t dead = 0;
+        {
+            // By index, from the end: a watcher may add others meanwhile, which are not called for this event.
+            const QScopedValueRollback<bool> walking(m_walking, true);
+            for (std::size_t i = m_watchers.size(); i > 0 && !consumed; --i) {
+                if (QObject *watcher = m_watchers[i - 1].data())
+                    consumed = watcher->eventFilter(watched, event);
+                else
+                    ++dead;
+            }
         }
+        // Nothing may be added for a long time after many have gone.
+        if (dead > m_watchers.size() / 2 && !m_walking)
+            Purge();
         return consumed;
     }
 

@@ -1,4 +1,5 @@
 #include "support/Pixels.h"
+#include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
 #include "controls/ButtonLooks.h"
@@ -12,8 +13,6 @@
 #include <Velmora/QcTertiaryButton.h>
 #include <Velmora/QcTextButton.h>
 #include <Velmora/QcTextLinkButton.h>
-
-#include <QTemporaryDir>
 
 #include <memory>
 #include <utility>
@@ -115,16 +114,6 @@ class TestButtonVariants : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(m_folder.isValid());
-        m_icon = m_folder.filePath(QStringLiteral("square.svg"));
-        QFile file(m_icon);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(
-            "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 24 24\"><rect width=\"24\" height=\"24\" fill=\"#123456\"/></svg>");
-    }
-
     void each_cell_of_the_tables_is_painted_data()
     {
         QTest::addColumn<int>("variant");
@@ -222,7 +211,7 @@ private Q_SLOTS:
     void an_icon_button_draws_its_icon_across_the_whole_square()
     {
         QcIconButton button(m_window.get());
-        button.SetIconPath(m_icon);
+        button.SetIconPath(m_icon.Path());
         DrainEvents();
         QCOMPARE(button.size(), QSize(24, 24));
         QCOMPARE(InkBox(Render(button), Qt::white), QRectF(0, 0, 24, 24));
@@ -282,7 +271,7 @@ private:
             COMPARE_CELL(InkColor(Part(image, QRectF(20, 10, 60, 60)), fill), ink);
 
             button->setText(QString());
-            button->SetIconPath(m_icon);
+            button->SetIconPath(m_icon.Path());
             COMPARE_CELL(PixelAt(Render(*button, canvas), QPointF(50, 40)), Painted(table, expected.icon.at(index), fill));
             button->SetIconPath(QString());
             button->setText(QStringLiteral("I"));
@@ -297,8 +286,7 @@ private:
         MoveCursorAway();
     }
 
-    QTemporaryDir m_folder;
-    QString m_icon;
+    const VelmoraTest::SquareIcon m_icon{QStringLiteral("#123456")};
     std::unique_ptr<QWidget> m_window;
 };
 

@@ -1,5 +1,6 @@
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
+#include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
 #include "controls/ButtonLooks.h"
@@ -10,7 +11,6 @@
 #include <QMetaMethod>
 #include <QPainter>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
@@ -82,17 +82,6 @@ class TestQcButton : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(m_folder.isValid());
-        // Filled to its edges, so that the icon's extent is its ink; red, so that no text is taken for it.
-        m_icon = m_folder.filePath(QStringLiteral("square.svg"));
-        QFile file(m_icon);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(
-            "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 24 24\"><rect width=\"24\" height=\"24\" fill=\"#FF0000\"/></svg>");
-    }
-
     // --- Construction ---
 
     void a_new_button_has_its_fixed_measures()
@@ -192,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(m_button->minimumSizeHint(), QSize(8, 24));
         m_button->setText(text);
         QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 8, 24));
-        m_button->SetIconPath(m_icon);
+        m_button->SetIconPath(m_icon.Path());
         QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 8 + 24, 24)); // no spacing
         m_button->setHorizontalMargin(11);
         QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 22 + 24, 24));
@@ -212,7 +201,7 @@ private Q_SLOTS:
         params.color = ColorParams("brand/brand");
         m_button->SetIconParam(kNormal, params);
         QCOMPARE(m_button->minimumSizeHint().width(), 8); // a colour is no icon
-        params.path = m_folder.filePath(QStringLiteral("none.svg"));
+        params.path = QStringLiteral(":/images/none.svg");
         m_button->SetIconParam(QStyle::State(0x8005), params);
         QCOMPARE(m_button->minimumSizeHint().width(), 8 + 24); // the file need not exist
     }
@@ -345,7 +334,7 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(withText, QPointF(1, 40)), QColor(Qt::white));
         COMPARE_COLOR(InkColor(Part(withText, QRectF(10, 10, 70, 60)), Qt::white), ColorOf(look));
         m_button->setText(QString());
-        m_button->SetIconPath(m_icon);
+        m_button->SetIconPath(m_icon.Path());
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(45, 40)), ColorOf(look));
     }
 
@@ -546,7 +535,7 @@ private Q_SLOTS:
         QFETCH(QString, text);
         m_button->setFixedSize(size);
         m_button->setText(text);
-        m_button->SetIconPath(m_icon);
+        m_button->SetIconPath(m_icon.Path());
         const int side = size.height();
         const int textWidth = QFontMetrics(m_button->font()).horizontalAdvance(text);
         const int x = (size.width() - (textWidth + side)) / 2; // towards zero
@@ -561,7 +550,7 @@ private Q_SLOTS:
     void an_icon_alone_fills_the_button()
     {
         m_button->setFixedSize(70, 30);
-        m_button->SetIconPath(m_icon);
+        m_button->SetIconPath(m_icon.Path());
         const QImage image = Render(*m_button);
         QCOMPARE(InkBox(image, Qt::white), QRectF(0, 0, 70, 30));
         COMPARE_COLOR(PixelAt(image, QPointF(1, 1)), QColor(Qt::red)); // without a record it stays as the file draws it
@@ -582,7 +571,7 @@ private Q_SLOTS:
     {
         m_button->setFixedSize(120, 24);
         m_button->setText(QStringLiteral("Text"));
-        m_button->SetIconPath(m_folder.filePath(QStringLiteral("none.svg")));
+        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
         QCOMPARE(Render(*m_button),
                  Reference(*m_button, [&](QPainter &p) { p.drawText(m_button->rect(), Qt::AlignCenter, QStringLiteral("Text")); }));
         m_button->setText(QString());
@@ -592,11 +581,11 @@ private Q_SLOTS:
     void the_record_s_path_comes_first_and_its_size_plays_no_part()
     {
         ImageParams params;
-        params.path = m_icon;
+        params.path = m_icon.Path();
         params.size = QSize(3, 3);
         params.mulColor.insert(QStringLiteral("#FF0000"), ColorParams("#0000FF"));
         m_button->setFixedSize(70, 30);
-        m_button->SetIconPath(m_folder.filePath(QStringLiteral("none.svg")));
+        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
         m_button->SetIconParam(kNormal, params);
         const QImage image = Render(*m_button);
         QCOMPARE(InkBox(image, Qt::white), QRectF(0, 0, 70, 30));
@@ -606,7 +595,7 @@ private Q_SLOTS:
         params.path.clear();
         m_button->SetIconParam(kNormal, params);
         QVERIFY(InkBox(Render(*m_button), Qt::white).isNull());
-        m_button->SetIconPath(m_icon);
+        m_button->SetIconPath(m_icon.Path());
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(35, 15)), QColor(Qt::blue));
     }
 
@@ -699,8 +688,7 @@ private:
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
     }
 
-    QTemporaryDir m_folder;
-    QString m_icon;
+    const VelmoraTest::SquareIcon m_icon{QStringLiteral("#FF0000")};
     std::unique_ptr<QWidget> m_window;
     HostButton *m_button = nullptr;
     QPushButton *m_elsewhere = nullptr;

@@ -1,5 +1,6 @@
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
+#include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcLabel.h>
@@ -7,7 +8,6 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
-#include <QTemporaryDir>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -50,17 +50,6 @@ class TestQcLabel : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(m_folder.isValid());
-        // Filled to its edges, so that the icon's extent is its ink.
-        m_icon = m_folder.filePath(QStringLiteral("square.svg"));
-        QFile file(m_icon);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(
-            "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 24 24\"><rect width=\"24\" height=\"24\" fill=\"#000000\"/></svg>");
-    }
-
     void styles_have_their_font_and_colour_data()
     {
         QTest::addColumn<int>("type");
@@ -224,7 +213,7 @@ private Q_SLOTS:
     {
         QcLabel label;
         label.resize(32, 20);
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         QVERIFY(PixmapOf(label).isNull());
         label.SetIconColorParams(kIconColor);
         QCOMPARE(PixmapOf(label).size(), QSize(32, 20));
@@ -239,7 +228,7 @@ private Q_SLOTS:
         label.resize(32, 20);
         label.SetIconColorParams(kIconColor);
         QVERIFY(PixmapOf(label).isNull());
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         QCOMPARE(PixmapOf(label).size(), QSize(32, 20));
     }
 
@@ -247,11 +236,11 @@ private Q_SLOTS:
     {
         QcLabel label;
         label.resize(32, 20);
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(kIconColor);
         label.SetIconPath(QString());
         QVERIFY(!PixmapOf(label).isNull());
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(QString());
         QVERIFY(!PixmapOf(label).isNull());
     }
@@ -261,7 +250,7 @@ private Q_SLOTS:
         QcLabel label;
         label.resize(32, 20);
         label.SetIconColorParams(kIconColor);
-        label.SetIconPath(m_folder.filePath(QStringLiteral("none.svg")));
+        label.SetIconPath(QStringLiteral(":/images/none.svg"));
         QVERIFY(PixmapOf(label).isNull());
         QVERIFY(InkBox(Render(label), Qt::white).isNull());
     }
@@ -270,7 +259,7 @@ private Q_SLOTS:
     {
         QcLabel label;
         label.resize(32, 20);
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(kIconColor);
         label.show();
         QVERIFY(QTest::qWaitForWindowExposed(&label));
@@ -286,7 +275,7 @@ private Q_SLOTS:
         QcLabel label;
         label.resize(200, 30);
         label.setText(QStringLiteral("I"));
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(kIconColor);
         QCOMPARE(label.text(), QStringLiteral("I"));
         label.resize(210, 30);
@@ -314,7 +303,7 @@ private Q_SLOTS:
     {
         QcLabel label;
         label.resize(200, 30);
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(kIconColor);
         QVERIFY(!PixmapOf(label).isNull());
         label.setText(QStringLiteral("I"));
@@ -360,7 +349,7 @@ private Q_SLOTS:
         text->setText(QStringLiteral("Text"));
         auto *icon = new QcLabel(&window);
         icon->setGeometry(100, 0, 30, 30);
-        icon->SetIconPath(m_icon);
+        icon->SetIconPath(m_icon.Path());
         icon->SetIconColorParams(kIconColor);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -377,7 +366,7 @@ private Q_SLOTS:
     {
         QcLabel label;
         label.resize(30, 30);
-        label.SetIconPath(m_icon);
+        label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(kIconColor);
         DrainEvents();
         UseTable(Table::Dark);
@@ -392,8 +381,7 @@ protected:
     void TearDown() override { UseTable(Table::Light); }
 
 private:
-    QTemporaryDir m_folder;
-    QString m_icon;
+    const VelmoraTest::SquareIcon m_icon{QStringLiteral("#000000")};
 };
 
 VELMORA_TEST_MAIN(TestQcLabel)

@@ -48,11 +48,8 @@ void QcTaskDispatcher::ScheduleTask(const Task &task)
     QMetaObject::invokeMethod(
         this,
         [this, task] {
-            if (m_scheduledTasks.empty()) {
-                QMetaObject::invokeMethod(
-                    this, [this] { QTimer::singleShot(m_scheduleIntervalMs, this, &QcTaskDispatcher::PopScheduledTask); },
-                    Qt::QueuedConnection);
-            }
+            if (m_scheduledTasks.empty())
+                ArmScheduleTimer();
             m_scheduledTasks.push_back(task);
         },
         Qt::QueuedConnection);
@@ -87,12 +84,19 @@ void QcTaskDispatcher::ExecuteTask(const Task &task)
     }
 
     if (task->rearmSchedule) {
-        // Called here, on the main thread, but the timer lives and fires on the thread of its context.
-        QTimer::singleShot(m_scheduleIntervalMs, this, &QcTaskDispatcher::PopScheduledTask);
+        ArmScheduleTimer();
     } else if (!task->rearmMergeKey.empty()) {
         QMetaObject::invokeMethod(
             this, [this, key = task->rearmMergeKey] { ArmMergeTimer(key); }, Qt::QueuedConnection);
     }
+}
+
+/// Any thread. The timer is made where it fires: one made here for another thread would be nobody's child, lost if the
+/// dispatcher goes first, and Qt would drop it at the end of the main loop.
+void QcTaskDispatcher::ArmScheduleTimer()
+{
+    QMetaObject::invokeMethod(
+        this, [this] { QTimer::singleShot(m_scheduleIntervalMs, this, &QcTaskDispatcher::PopScheduledTask); }, Qt::QueuedConnection);
 }
 
 /// Dispatcher's thread.

@@ -61,6 +61,7 @@ public:
 
 private:
     void ExecuteTask(const Task &task);
+    void ArmScheduleTimer();
     void PopScheduledTask();
     void ArmMergeTimer(const std::string &key);
 

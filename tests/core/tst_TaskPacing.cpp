@@ -250,6 +250,10 @@ private Q_SLOTS:
         StartScheduling();
         StartMerging();
         QTRY_COMPARE_WITH_TIMEOUT(int(m_replaced.use_count()), 1, 4000); // what a later record replaced is freed at once
+        // A host may run its main loop more than once: the end of one, with timers armed by tasks, leaves the pace alone.
+        QTRY_VERIFY_WITH_TIMEOUT(m_scheduleJournal.TimeOf(QStringLiteral("one")) > 0, 20'000);
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
         QTRY_VERIFY_WITH_TIMEOUT(sinceStart.elapsed() > 17'000 && m_scheduleJournal.TimeOf(QStringLiteral("three")) > 0, 60'000);
         QCOMPARE(log.TakeFaults(), QStringList());
     }

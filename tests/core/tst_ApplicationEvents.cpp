@@ -2,6 +2,36 @@
 #include "support/CommandLine.h"
 #include "support/TestMain.h"
 
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+// A list that keeps its dead is told by what it holds on to.
+namespace {
+std::atomic<int> allocatedBlocks = 0;
+}
+
+void *operator new(std::size_t size)
+{
+    void *block = std::malloc(size ? size : 1);
+    if (!block)
+        throw std::bad_alloc();
+    ++allocatedBlocks;
+    return block;
+}
+
+void operator delete(void *block) noexcept
+{
+    if (block)
+        --allocatedBlocks;
+    std::free(block);
+}
+
+void operator delete(void *block, std::size_t) noexcept
+{
+    operator delete(block);
+}
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -217,6 +247,15 @@ private Q_SLOTS:
         Target target;
         Send(target, kFirst);
         QCOMPARE(m_calls, QStringLiteral("cba"));
+    }
+
+    void dead_watchers_are_not_kept()
+    {
+        const auto a = Watch('a', {kFirst});
+        const int before = allocatedBlocks;
+        for (int i = 0; i < 10'000; ++i)
+            Watch('x', {kFirst});
+        QVERIFY2(allocatedBlocks - before < 100, qPrintable(QString::number(allocatedBlocks - before)));
     }
 
     void one_filter_serves_all_watchers()

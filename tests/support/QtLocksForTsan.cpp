@@ -1,11 +1,12 @@
-// Linked into the tests of the thread-sanitizer build. Qt is not instrumented, so the sanitizer does not see the lock of a thread's
-// event queue and takes every queued call for a race. Here that lock is told to it: whoever hands in a call releases the
-// receiver's thread, and each event's delivery acquires the thread it runs on. Likewise the end of a thread and the wait for it.
-// Nothing else is hidden.
+// Part of every test program of a thread sanitizer build, and of no other.
+//
+// Qt is not instrumented: the sanitizer sees neither the lock of an event queue nor that of a thread's end, and takes
+// whatever a queued call or a timer carries to another thread for a race. The functions below stand in front of Qt's own
+// of the same name, because symbols are looked up in the program first, and tell it two things:
+//  - what was done before a call was handed in happens before that call runs;
+//  - what a thread did in its calls happens before the end of a wait for that thread.
+// Nothing is suppressed, so a record that is touched after it was handed in is still found.
 
-#include <QAbstractEventDispatcher>
-#include <QDeadlineTimer>
-#include <QObject>
 #include <QThread>
 #include <QTimer>
 
@@ -15,59 +16,66 @@
 namespace {
 
 template <typename Function>
-Function NextDefinition(const char *mangledName)
+Function NextOf(const char *symbol)
 {
-    void *address = dlsym(RTLD_NEXT, mangledName);
-    if (!address)
-        qFatal("%s is not in this Qt", mangledName);
-    return reinterpret_cast<Function>(address);
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, symbol));
 }
 
-bool AcquireBeforeDelivery(void ** /*receiver, event, result*/)
+/// Carries a slot object to where it is called or dropped.
+class HandedOver : public QtPrivate::QSlotObjectBase
 {
-    QThread *thread = QThread::currentThread();
-    __tsan_acquire(thread);
-
-    thread_local bool endIsWatched = false;
-    const QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
-    if (!endIsWatched && dispatcher) {
-        endIsWatched = true;
-        // The last that a thread does before whoever waits for it goes on.
-        QObject::connect(dispatcher, &QObject::destroyed, [thread] { __tsan_release(thread); });
+public:
+    static QtPrivate::QSlotObjectBase *Carrying(QtPrivate::QSlotObjectBase *slot)
+    {
+        QtPrivate::QSlotObjectBase *carrier = new HandedOver(slot); // owned as the slot was
+        __tsan_release(carrier);
+        return carrier;
     }
-    return false;
-}
 
-const bool acquiring = QInternal::registerCallback(QInternal::EventNotifyCallback, AcquireBeforeDelivery);
+private:
+    explicit HandedOver(QtPrivate::QSlotObjectBase *slot)
+        : QSlotObjectBase(&Do)
+        , m_slot(slot)
+    {
+    }
+
+    static void Do(int operation, QtPrivate::QSlotObjectBase *carrier, QObject *receiver, void **arguments, bool *)
+    {
+        __tsan_acquire(carrier);
+        auto *self = static_cast<HandedOver *>(carrier);
+        if (operation == Call) {
+            self->m_slot->call(receiver, arguments);
+        } else if (operation == Destroy) {
+            self->m_slot->destroyIfLastRef();
+            delete self;
+        }
+        __tsan_release(QThread::currentThread());
+    }
+
+    QtPrivate::QSlotObjectBase *m_slot;
+};
 
 } // namespace
-
-// These come before Qt's own in the order in which the linker looks symbols up.
 
 bool QMetaObject::invokeMethodImpl(QObject *object, QtPrivate::QSlotObjectBase *slot, Qt::ConnectionType type, void *result)
 {
     using Function = bool (*)(QObject *, QtPrivate::QSlotObjectBase *, Qt::ConnectionType, void *);
     static const auto next =
-        NextDefinition<Function>("_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
-    if (object)
-        __tsan_release(object->thread());
-    return next(object, slot, type, result);
+        NextOf<Function>("_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
+    return next(object, HandedOver::Carrying(slot), type, result);
 }
 
-void QTimer::singleShotImpl(int msec, Qt::TimerType type, const QObject *receiver, QtPrivate::QSlotObjectBase *slot)
+void QTimer::singleShotImpl(int milliseconds, Qt::TimerType type, const QObject *receiver, QtPrivate::QSlotObjectBase *slot)
 {
     using Function = void (*)(int, Qt::TimerType, const QObject *, QtPrivate::QSlotObjectBase *);
-    static const auto next =
-        NextDefinition<Function>("_ZN6QTimer14singleShotImplEiN2Qt9TimerTypeEPK7QObjectPN9QtPrivate15QSlotObjectBaseE");
-    if (receiver)
-        __tsan_release(receiver->thread());
-    next(msec, type, receiver, slot);
+    static const auto next = NextOf<Function>("_ZN6QTimer14singleShotImplEiN2Qt9TimerTypeEPK7QObjectPN9QtPrivate15QSlotObjectBaseE");
+    next(milliseconds, type, receiver, HandedOver::Carrying(slot));
 }
 
 bool QThread::wait(QDeadlineTimer deadline)
 {
     using Function = bool (*)(QThread *, QDeadlineTimer);
-    static const auto next = NextDefinition<Function>("_ZN7QThread4waitE14QDeadlineTimer");
+    static const auto next = NextOf<Function>("_ZN7QThread4waitE14QDeadlineTimer");
     const bool ended = next(this, deadline);
     if (ended)
         __tsan_acquire(this);

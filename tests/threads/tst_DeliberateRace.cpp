@@ -1,4 +1,4 @@
-// Two races on purpose. If the thread sanitizer, with all that is set up around it, misses one, the other tests prove nothing.
+// Three races on purpose. If the thread sanitizer, with all that is set up around it, misses one, the other tests prove nothing.
 #include <Velmora/QcApplication.h>
 
 #include <cstring>
@@ -23,19 +23,22 @@ void RaceBare()
     second.join();
 }
 
-/// A worker that goes on with what it has handed to the main thread.
-void RacePosted(Velmora::QcApplication &app)
+/// A worker that goes on with what a task touches, or with the record itself, after it handed the task to the main thread.
+void RacePosted(bool onRecord)
 {
-    std::thread worker([&app] {
-        auto task = std::make_shared<Velmora::QcTaskDispatcher::MainThreadTaskInfo>();
-        task->task = [] {
+    std::thread worker([onRecord] {
+        auto record = std::make_shared<Velmora::QcTaskDispatcher::MainThreadTaskInfo>();
+        record->task = [] {
             Touch();
             QCoreApplication::quit();
         };
-        app.PostTaskToMainThread(task);
-        Touch();
+        qobject_cast<Velmora::QcApplication *>(qApp)->PostTaskToMainThread(record);
+        if (onRecord)
+            record->rearmSchedule = true;
+        else
+            Touch();
     });
-    app.exec();
+    QCoreApplication::exec();
     worker.join();
 }
 
@@ -43,9 +46,12 @@ void RacePosted(Velmora::QcApplication &app)
 
 int main(int argc, char **argv)
 {
-    Velmora::QcApplication app(argc, argv);
-    if (argc > 1 && std::strcmp(argv[1], "posted") == 0)
-        RacePosted(app);
+    const Velmora::QcApplication application(argc, argv);
+    const char *where = argc > 1 ? argv[1] : "";
+    if (std::strcmp(where, "posted") == 0)
+        RacePosted(false);
+    else if (std::strcmp(where, "record") == 0)
+        RacePosted(true);
     else
         RaceBare();
     return 0;

@@ -8,6 +8,8 @@ namespace Velmora {
 namespace {
 
 constexpr int kShortRow = 64;
+constexpr int kMostAttributes = 1000;
+constexpr int kMostChildrenOfCell = 1000;
 constexpr int kRelationshipIdPrefix = 3; // "rId"
 
 bool Is(const pugi::xml_node &node, const char *name)
@@ -24,6 +26,14 @@ bool HasMoreChildrenThan(const pugi::xml_node &node, int count)
     return steps > count;
 }
 
+bool HasMoreAttributesThan(const pugi::xml_node &node, int count)
+{
+    int steps = 0;
+    for (pugi::xml_attribute attribute = node.first_attribute(); attribute && steps <= count; attribute = attribute.next_attribute())
+        ++steps;
+    return steps > count;
+}
+
 } // namespace
 
 // --- SheetDocument ---
@@ -32,7 +42,8 @@ SheetDocument::Index &SheetDocument::TheIndex()
 {
     if (m_index)
         return *m_index;
-    Index &index = m_index.emplace();
+    m_index = std::make_unique<Index>();
+    Index &index = *m_index;
     ForEachElement(*this, [&](const pugi::xml_node &node) {
         if (Is(node, "c")) {
             index.cells.InsertIfAbsent(node);
@@ -152,7 +163,8 @@ SharedStringsDocument::Index &SharedStringsDocument::TheIndex()
 {
     if (m_index)
         return *m_index;
-    Index &index = m_index.emplace();
+    m_index = std::make_unique<Index>();
+    Index &index = *m_index;
     ForEachElement(*this, [&index](const pugi::xml_node &node) {
         if (Is(node, "si")) {
             const char *text = node.child_value("t");
@@ -193,7 +205,8 @@ WorkbookDocument::Index &WorkbookDocument::TheIndex()
 {
     if (m_index)
         return *m_index;
-    Index &index = m_index.emplace();
+    m_index = std::make_unique<Index>();
+    Index &index = *m_index;
     ForEachElement(*this, [&index](const pugi::xml_node &node) {
         if (Is(node, "sheet")) {
             index.sheets.InsertIfAbsent(node);
@@ -242,7 +255,8 @@ RelationshipsDocument::Index &RelationshipsDocument::TheIndex()
 {
     if (m_index)
         return *m_index;
-    Index &index = m_index.emplace();
+    m_index = std::make_unique<Index>();
+    Index &index = *m_index;
     ForEachElement(*this, [&index](const pugi::xml_node &node) {
         if (Is(node, "Relationship")) {
             index.ids.InsertIfAbsent(node);
@@ -309,7 +323,8 @@ DrawingDocument::Index &DrawingDocument::TheIndex()
 {
     if (m_index)
         return *m_index;
-    Index &index = m_index.emplace();
+    m_index = std::make_unique<Index>();
+    Index &index = *m_index;
     ForEachElement(*this, [&index](const pugi::xml_node &node) {
         if (!Is(node, "xdr:pic"))
             return;
@@ -344,6 +359,18 @@ std::vector<pugi::xml_node> DrawingDocument::PicturesNamed(const QByteArray &nam
 int RelationshipNumber(const char *id)
 {
     return TextOf(id).mid(kRelationshipIdPrefix).toInt();
+}
+
+bool IsOrdinary(const pugi::xml_document &document)
+{
+    bool ordinary = true;
+    ForEachElement(document, [&ordinary](const pugi::xml_node &node) {
+        if (HasMoreAttributesThan(node, kMostAttributes))
+            ordinary = false;
+        else if ((Is(node, "c") || Is(node, "dataValidation")) && HasMoreChildrenThan(node, kMostChildrenOfCell))
+            ordinary = false;
+    });
+    return ordinary;
 }
 
 QString TextOf(const char *utf8)

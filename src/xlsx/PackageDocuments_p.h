@@ -5,7 +5,7 @@
 
 #include <functional>
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -151,7 +151,7 @@ private:
     pugi::xml_node MakeRow(int row);
     pugi::xml_node MakeCellInRow(pugi::xml_node row, const std::string &position);
 
-    std::optional<Index> m_index;
+    std::unique_ptr<Index> m_index;
 };
 
 /// The shared strings.
@@ -183,7 +183,7 @@ private:
 
     Index &TheIndex();
 
-    std::optional<Index> m_index;
+    std::unique_ptr<Index> m_index;
 };
 
 /// The workbook.
@@ -207,7 +207,7 @@ private:
 
     Index &TheIndex();
 
-    std::optional<Index> m_index;
+    std::unique_ptr<Index> m_index;
 };
 
 /// A relationships part.
@@ -233,7 +233,7 @@ private:
 
     Index &TheIndex();
 
-    std::optional<Index> m_index;
+    std::unique_ptr<Index> m_index;
 };
 
 /// A drawing.
@@ -258,7 +258,7 @@ private:
 
     Index &TheIndex();
 
-    std::optional<Index> m_index;
+    std::unique_ptr<Index> m_index;
 };
 
 /// The number in a relationship id such as rId7; 0 for any other form and for one beyond 32 bits.
@@ -266,6 +266,10 @@ int RelationshipNumber(const char *id);
 
 /// A text of a document, which pugixml holds as UTF-8.
 QString TextOf(const char *utf8);
+
+/// True if no element has so many attributes or children that looking one of them up costs more than it may: more than 1,000
+/// attributes, or as many children of a cell or a validation. No program writes such parts.
+bool IsOrdinary(const pugi::xml_document &document);
 
 /// Calls \a visit for each element of \a document in document order, without recursion.
 template <typename Visit>

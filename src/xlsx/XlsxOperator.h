@@ -29,7 +29,7 @@ namespace Velmora {
 ///
 /// A template numbers its worksheet relationships from rId1 in the order of the sheet files. Limits: columns A to ZZ in ranges;
 /// 1,048,576 cells in one name and 2,097,152 in all names, a reference beyond which is passed over with a warning; 256 MiB of
-/// parts that are parsed, beyond which load() fails.
+/// parts that are parsed, and 1,000 attributes of an element and children of a cell, beyond which load() fails.
 class VELMORA_EXPORT XlsxOperator
 {
 public:

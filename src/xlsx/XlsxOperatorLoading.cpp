@@ -27,7 +27,8 @@ std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options
     // A directory opens like a file on some systems, and claims any size.
     const QFileInfo info(path);
     bytesLeft -= info.size();
-    if (info.isFile() && bytesLeft >= 0 && document->load_file(path.toStdString().c_str(), options, pugi::encoding_auto))
+    const bool mayBeParsed = info.isFile() && bytesLeft >= 0;
+    if (mayBeParsed && document->load_file(path.toStdString().c_str(), options, pugi::encoding_auto) && IsOrdinary(*document))
         return document;
     qWarning() << "XlsxOperator::loadDocumentsFromXmls: "
                << "load_file failed, " << path;

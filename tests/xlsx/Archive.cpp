@@ -2,6 +2,8 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+
 #include <zlib.h>
 
 namespace VelmoraTest {
@@ -183,6 +185,31 @@ QList<QByteArray> ArchiveNames(const QByteArray &archive)
     QList<QByteArray> names;
     ForEachRecord(archive, [&names](int, const QByteArray &name) { names.append(name); });
     return names;
+}
+
+QList<ArchiveEntry> ReadEntries(const QByteArray &archive, int mostBytes)
+{
+    QList<ArchiveEntry> entries;
+    const int end = archive.lastIndexOf(QByteArrayLiteral("PK\x05\x06"));
+    if (end < 0 || end + 22 > archive.size())
+        return entries;
+    int record = int(Get32(archive, end + 16));
+    while (record >= 0 && record <= end - 46 && Get32(archive, record) == 0x02014b50) {
+        const int nameSize = Get16(archive, record + 28);
+        const int local = int(Get32(archive, record + 42));
+        if (local < 0 || local > end - 30)
+            break;
+        ArchiveEntry entry;
+        entry.name = archive.mid(record + 46, nameSize);
+        entry.attributes = Get32(archive, record + 38);
+        const int begin = local + 30 + Get16(archive, local + 26) + Get16(archive, local + 28);
+        const QByteArray stored = archive.mid(begin, int(Get32(archive, record + 20) & 0xffffff));
+        const int size = int(std::min<quint32>(Get32(archive, record + 24), quint32(mostBytes)));
+        entry.data = Get16(archive, record + 10) == 8 ? Inflated(stored, size) : stored.left(size);
+        entries.append(entry);
+        record += 46 + nameSize + Get16(archive, record + 30) + Get16(archive, record + 32);
+    }
+    return entries;
 }
 
 QMap<QByteArray, QByteArray> ReadArchive(const QByteArray &archive)

@@ -48,6 +48,8 @@ QByteArray MakeArchive(const QMap<QByteArray, QByteArray> &parts);
 
 /// The names of an archive that the library wrote, in the directory's order.
 QList<QByteArray> ArchiveNames(const QByteArray &archive);
+/// The entries of any bytes, as far as they are an archive, each with at most \a mostBytes of data.
+QList<ArchiveEntry> ReadEntries(const QByteArray &archive, int mostBytes);
 /// Its files; directories are left out.
 QMap<QByteArray, QByteArray> ReadArchive(const QByteArray &archive);
 

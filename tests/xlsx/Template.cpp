@@ -13,10 +13,26 @@ namespace VelmoraTest {
 
 namespace {
 
-const QByteArray kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
-const QByteArray kMain = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
-const QByteArray kOffice = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-const QByteArray kSheetType = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
+// Functions, because constants of test programs are made of them.
+QByteArray Declaration()
+{
+    return QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
+}
+
+QByteArray Main()
+{
+    return QByteArrayLiteral("http://schemas.openxmlformats.org/spreadsheetml/2006/main");
+}
+
+QByteArray Office()
+{
+    return QByteArrayLiteral("http://schemas.openxmlformats.org/officeDocument/2006/relationships");
+}
+
+QByteArray SheetType()
+{
+    return QByteArrayLiteral("application/vnd.openxmlformats-officedocument.spreadsheetml.");
+}
 
 QByteArray Number(int number)
 {
@@ -27,19 +43,19 @@ QByteArray Number(int number)
 
 QByteArray Relationship(const QByteArray &id, const QByteArray &typeEnd, const QByteArray &target)
 {
-    return "<Relationship Id=\"" + id + "\" Type=\"" + kOffice + "/" + typeEnd + "\" Target=\"" + target + "\"/>";
+    return "<Relationship Id=\"" + id + "\" Type=\"" + Office() + "/" + typeEnd + "\" Target=\"" + target + "\"/>";
 }
 
 QByteArray Relationships(const QByteArray &relationships)
 {
-    return kDeclaration + "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">" + relationships
+    return Declaration() + "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">" + relationships
         + "</Relationships>";
 }
 
 Template::Template()
 {
     parts["_rels/.rels"] = Relationships(Relationship("rId1", "officeDocument", "xl/workbook.xml"));
-    parts["xl/styles.xml"] = kDeclaration + "<styleSheet xmlns=\"" + kMain
+    parts["xl/styles.xml"] = Declaration() + "<styleSheet xmlns=\"" + Main()
         + "\"><!-- kept --><fonts count=\"1\"><font><sz val=\"11\"/><name val=\"Calibri\"/></font></fonts><fills "
           "count=\"1\"><fill/></fills>"
           "<borders count=\"1\"><border/></borders><cellStyleXfs count=\"1\"><xf/></cellStyleXfs><cellXfs count=\"1\"><xf/></cellXfs>"
@@ -49,7 +65,7 @@ Template::Template()
 
 Template &Template::Sheet(int number, const QByteArray &sheetData, const QByteArray &afterSheetData, const QByteArray &name)
 {
-    parts["xl/worksheets/sheet" + Number(number) + ".xml"] = kDeclaration + "<worksheet xmlns=\"" + kMain + "\" xmlns:r=\"" + kOffice
+    parts["xl/worksheets/sheet" + Number(number) + ".xml"] = Declaration() + "<worksheet xmlns=\"" + Main() + "\" xmlns:r=\"" + Office()
         + "\"><sheetData>" + sheetData + "</sheetData>" + afterSheetData + "</worksheet>";
     if (!m_sheetNames.contains(number) || !name.isEmpty())
         m_sheetNames[number] = name.isEmpty() ? "Sheet" + Number(number) : name;
@@ -66,7 +82,7 @@ Template &Template::Name(const QByteArray &name, const QByteArray &text)
 
 Template &Template::Strings(const QList<QByteArray> &items)
 {
-    QByteArray content = kDeclaration + "<sst xmlns=\"" + kMain + "\">";
+    QByteArray content = Declaration() + "<sst xmlns=\"" + Main() + "\">";
     for (const QByteArray &item : items)
         content += item;
     parts["xl/sharedStrings.xml"] = content + "</sst>";
@@ -77,10 +93,10 @@ Template &Template::Strings(const QList<QByteArray> &items)
 
 Template &Template::Drawing(int number, const QList<QPair<QByteArray, QByteArray>> &pictures, const QByteArray &relationships)
 {
-    QByteArray content = kDeclaration
+    QByteArray content = Declaration()
         + "<xdr:wsDr xmlns:xdr=\"http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing\" "
           "xmlns:a=\"http://schemas.openxmlformats.org/drawingml/2006/main\" xmlns:r=\""
-        + kOffice + "\">";
+        + Office() + "\">";
     for (const auto &picture : pictures) {
         content +=
             "<xdr:oneCellAnchor><xdr:from><xdr:col>1</xdr:col><xdr:colOff>0</xdr:colOff><xdr:row>1</xdr:row><xdr:rowOff>0</xdr:rowOff>"
@@ -97,17 +113,17 @@ Template &Template::Drawing(int number, const QList<QPair<QByteArray, QByteArray
 
 void Template::Rebuild()
 {
-    QByteArray types = kDeclaration
+    QByteArray types = Declaration()
         + "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
           "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
           "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
           "<Override PartName=\"/xl/workbook.xml\" ContentType=\""
-        + kSheetType + "sheet.main+xml\"/><Override PartName=\"/xl/styles.xml\" ContentType=\"" + kSheetType + "styles+xml\"/>";
+        + SheetType() + "sheet.main+xml\"/><Override PartName=\"/xl/styles.xml\" ContentType=\"" + SheetType() + "styles+xml\"/>";
     QByteArray sheets;
     QByteArray relationships;
     for (auto sheet = m_sheetNames.cbegin(); sheet != m_sheetNames.cend(); ++sheet) {
         const QByteArray number = Number(sheet.key());
-        types += "<Override PartName=\"/xl/worksheets/sheet" + number + ".xml\" ContentType=\"" + kSheetType + "worksheet+xml\"/>";
+        types += "<Override PartName=\"/xl/worksheets/sheet" + number + ".xml\" ContentType=\"" + SheetType() + "worksheet+xml\"/>";
         sheets += "<sheet name=\"" + sheet.value() + "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
         relationships += Relationship("rId" + number, "worksheet", "worksheets/sheet" + number + ".xml");
     }
@@ -117,7 +133,7 @@ void Template::Rebuild()
     const int next = m_sheetNames.lastKey() + 1;
     relationships += Relationship("rId" + Number(next), "styles", "styles.xml");
     if (m_hasStrings) {
-        types += "<Override PartName=\"/xl/sharedStrings.xml\" ContentType=\"" + kSheetType + "sharedStrings+xml\"/>";
+        types += "<Override PartName=\"/xl/sharedStrings.xml\" ContentType=\"" + SheetType() + "sharedStrings+xml\"/>";
         relationships += Relationship("rId" + Number(next + 1), "sharedStrings", "sharedStrings.xml");
     }
     parts["[Content_Types].xml"] = types + "</Types>";
@@ -128,7 +144,7 @@ void Template::Rebuild()
         names += "<definedName name=\"" + name.first + "\">" + name.second + "</definedName>";
     if (!names.isEmpty())
         names = "<definedNames>" + names + "</definedNames>";
-    parts["xl/workbook.xml"] = kDeclaration + "<workbook xmlns=\"" + kMain + "\" xmlns:r=\"" + kOffice + "\"><sheets>" + sheets
+    parts["xl/workbook.xml"] = Declaration() + "<workbook xmlns=\"" + Main() + "\" xmlns:r=\"" + Office() + "\"><sheets>" + sheets
         + "</sheets>" + names + "<calcPr calcId=\"0\"/></workbook>";
 }
 

@@ -6,16 +6,11 @@
 #include "support/TestMain.h"
 #include "xlsx/Archive.h"
 #include "xlsx/Template.h"
+#include "xlsx/XlsxFiles.h"
 
 #include <QTemporaryDir>
 
 namespace VelmoraTest {
-
-QByteArray FileContent(const QString &path);
-/// Makes the folders above it, too.
-void WriteFile(const QString &path, const QByteArray &content);
-/// All files below \a dirPath, hidden ones included, by their path in it.
-QMap<QByteArray, QByteArray> FilesBelow(const QString &dirPath);
 
 /// Tests in a temporary folder, which holds the template, the working directory and the output.
 class XlsxTestCase : public TestCase

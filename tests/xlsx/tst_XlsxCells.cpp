@@ -199,9 +199,11 @@ private Q_SLOTS:
               << QStringLiteral("a\r\nb") << QStringLiteral("a\rb") << QStringLiteral("a\u2028b") << QStringLiteral("a\vb")
               << QStringLiteral("a\fb") << QStringLiteral("\u0410") << QStringLiteral("SUM((\n)\n");
 
-        Template source;
+        QByteArray names;
         for (int i = 0; i < texts.size(); ++i)
-            source.Name("N" + QByteArray::number(i), "Sheet1!$A$" + QByteArray::number(i + 1));
+            names += "<definedName name=\"N" + QByteArray::number(i) + "\">Sheet1!$A$" + QByteArray::number(i + 1) + "</definedName>";
+        Template source;
+        source.parts[kWorkbook].replace("<calcPr", "<definedNames>" + names + "</definedNames><calcPr");
         XlsxOperator op;
         QVERIFY(Load(op, source));
         for (int i = 0; i < texts.size(); ++i)

@@ -217,6 +217,7 @@ private:
         m_merges->Merge("early", "later calls");
         At(2000, [this] { m_merges->Merge("middle", "later calls"); });
         At(4000, [this] { m_merges->Merge("late", "later calls"); });
+        At(6000, [this] { m_merges->Merge("after-late", "later calls"); });
 
         // After the run the key is free.
         At(7000, [this] {
@@ -349,6 +350,7 @@ private Q_SLOTS:
     {
         const Journal &journal = m_merges->journal;
         COMPARE_TIME("late", 5000);
+        COMPARE_TIME("after-late", 11000); // nor did one arm a timer of its own
         QCOMPARE(journal.TimeOf(QStringLiteral("early")), -1);
         QCOMPARE(journal.TimeOf(QStringLiteral("middle")), -1);
     }

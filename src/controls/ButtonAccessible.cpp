@@ -94,11 +94,7 @@ QAccessibleInterface *CreateButtonInterface(const QString &className, QObject *o
 
 void InstallButtonAccessibility()
 {
-    static const bool installed = [] {
-        QAccessible::installFactory(CreateButtonInterface);
-        return true;
-    }();
-    Q_UNUSED(installed)
+    QAccessible::installFactory(CreateButtonInterface);
 }
 
 } // namespace Velmora

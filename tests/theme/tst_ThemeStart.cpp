@@ -1,6 +1,9 @@
 #include "support/TestMain.h"
 
 #include <Velmora/FileAndDesktop.h>
+#include <Velmora/QcIconButton.h>
+
+#include <QAccessible>
 
 using namespace Velmora;
 using VelmoraTest::Table;
@@ -24,6 +27,17 @@ private:
     }
 
 private Q_SLOTS:
+    // First, because Qt forgets what was installed only with the first application of a process.
+    void buttons_are_named_in_every_application_of_the_process()
+    {
+        for (int i = 0; i < 2; ++i) {
+            QcApplication application(m_argc, m_argv);
+            QcIconButton button;
+            button.setToolTip(QStringLiteral("Close"));
+            QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), button.toolTip());
+        }
+    }
+
     void without_a_table_every_token_is_unknown()
     {
         QVERIFY(!QcStyleManager::GetInstance()->GetColor("brand/brand").isValid());

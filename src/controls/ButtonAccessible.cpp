@@ -4,6 +4,7 @@
 
 #include <QAccessibleWidget>
 #include <QKeySequence>
+#include <QMenu>
 
 namespace Velmora {
 
@@ -30,6 +31,8 @@ public:
     {
     }
 
+    QAccessible::Role role() const override { return button()->menu() ? QAccessible::ButtonMenu : QAccessible::Button; }
+
     QString text(QAccessible::Text kind) const override
     {
         if (kind == QAccessible::Accelerator)
@@ -50,6 +53,7 @@ public:
         state.checkable = button()->isCheckable();
         state.checked = button()->isChecked();
         state.defaultButton = button()->isDefault();
+        state.hasPopup = button()->menu() != nullptr;
         return state;
     }
 
@@ -64,7 +68,7 @@ public:
     void doAction(const QString &name) override
     {
         if (name == pressAction() || name == ClickAction())
-            button()->click();
+            Press();
         else
             QAccessibleWidget::doAction(name);
     }
@@ -78,9 +82,22 @@ public:
     }
 
 private:
+    void Press()
+    {
+        if (!button()->menu())
+            button()->click();
+        else if (button()->isEnabled())
+            button()->showMenu(); // returns when the menu closes
+    }
+
     QPushButton *button() const { return static_cast<QPushButton *>(widget()); }
-    /// What a click does: a checkable button toggles.
-    const QString &ClickAction() const { return button()->isCheckable() ? toggleAction() : pressAction(); }
+    /// What a click does: a button with a menu opens it, a checkable one toggles.
+    const QString &ClickAction() const
+    {
+        if (button()->menu())
+            return showMenuAction();
+        return button()->isCheckable() ? toggleAction() : pressAction();
+    }
 };
 
 QAccessibleInterface *CreateButtonInterface(const QString &className, QObject *object)

@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -177,6 +178,30 @@ private Q_SLOTS:
         QVERIFY(std::any_of(changes.cbegin(), changes.cend(), [](const QAccessible::State &state) { return bool(state.checked); }));
         actions->doAction(QAccessibleActionInterface::pressAction()); // a press toggles it too
         QVERIFY(!button.isChecked());
+    }
+
+    void showing_its_menu_is_the_action_of_a_button_that_has_one()
+    {
+        QcPrimaryButton button;
+        QMenu menu;
+        menu.addAction(QStringLiteral("Open"));
+        button.setMenu(&menu);
+        button.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        QCOMPARE(Of(button)->role(), QAccessible::ButtonMenu);
+        QVERIFY(Of(button)->state().hasPopup);
+        QAccessibleActionInterface *actions = Of(button)->actionInterface();
+        QCOMPARE(actions->actionNames().value(0), QAccessibleActionInterface::showMenuAction());
+        QSignalSpy shown(&menu, &QMenu::aboutToShow);
+        connect(&menu, &QMenu::aboutToShow, &menu, &QMenu::close, Qt::QueuedConnection);
+        actions->doAction(QAccessibleActionInterface::showMenuAction());
+        QCOMPARE(shown.count(), 1);
+        actions->doAction(QAccessibleActionInterface::pressAction()); // a press shows it too
+        QCOMPARE(shown.count(), 2);
+        button.setEnabled(false);
+        actions->doAction(QAccessibleActionInterface::showMenuAction());
+        QCOMPARE(shown.count(), 2);
+        QVERIFY(!menu.isVisible());
     }
 
     void focus_is_an_action()

@@ -12,6 +12,9 @@ namespace Velmora {
 ///
 /// Word wrap, rich text, indent and frame of QLabel play no part. With both a text and an icon only the text shows;
 /// the icon appears when the text goes.
+///
+/// Give a label that shows an icon a fixed size. The icon is made as large as the label, and the size hints of QLabel ask for
+/// room for the picture: in a layout the label never shrinks, and with a margin it grows at each pass.
 class VELMORA_EXPORT QcLabel : public QLabel
 {
     Q_OBJECT

@@ -28,7 +28,8 @@ class QcTaskDispatcher : public QObject
     Q_OBJECT
 
 public:
-    /// One piece of work. Its fields must not change once the record has been handed in.
+    /// One piece of work. Its fields must not change once the record has been handed in. A record that was scheduled or
+    /// merged may be freed on the dispatcher's thread, and with it what its function captured.
     struct VELMORA_EXPORT MainThreadTaskInfo
     {
         /// The work. If empty, only the follow-up below takes place. What it throws is not caught.

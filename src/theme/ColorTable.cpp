@@ -56,16 +56,35 @@ int FindObjectSign(const QByteArray &text)
     return at < 0 || backslash < 0 ? qMax(at, backslash) : qMin(at, backslash);
 }
 
+/// \a text without its comments, every line end a line feed. To QSettings a ";" in quotes begins no comment, and a quote in a
+/// comment opens nothing.
+QByteArray WithoutComments(const QByteArray &text)
+{
+    QByteArray result;
+    result.reserve(text.size());
+    bool inComment = false;
+    bool inQuotes = false;
+    bool isEscaped = false;
+    for (const char c : text) {
+        const bool endsLine = c == '\n' || c == '\r';
+        inComment = !endsLine && (inComment || (c == ';' && !inQuotes && !isEscaped));
+        if (inComment)
+            continue;
+        if (c == '"' && !isEscaped)
+            inQuotes = !inQuotes;
+        isEscaped = c == '\\' && !isEscaped;
+        result += endsLine ? '\n' : c;
+    }
+    return result;
+}
+
 /// \a text with the value cut off each line on which an object might begin. No colour is written so, and reading such an object
 /// may exhaust stack and memory.
 QByteArray WithoutObjects(const QByteArray &text)
 {
-    const bool hasQuotes = text.contains('"'); // then a ";" need not begin a comment
     QByteArray result;
     result.reserve(text.size());
-    for (QByteArray line : text.split('\n')) {
-        if (!hasQuotes)
-            line.truncate(line.indexOf(';') < 0 ? line.size() : line.indexOf(';'));
+    for (QByteArray line : WithoutComments(text).split('\n')) {
         const int sign = FindObjectSign(line);
         if (sign >= 0)
             line.truncate(line.left(sign).lastIndexOf('=') + 1);

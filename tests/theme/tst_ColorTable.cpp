@@ -437,6 +437,18 @@ private Q_SLOTS:
         QCOMPARE(ColorOf("d"), QColor(0x33, 0x33, 0x33));
     }
 
+    void neither_a_quote_in_a_comment_nor_the_kind_of_line_end_loses_the_values_beside_them()
+    {
+        for (const char *end : {"\n", "\r\n", "\r"}) {
+            QByteArray text("; the \"Blue\" table\na = #111111 ; me@host\nb = #222222 ; C:\\colors\nc = \";@\"\nd = #333333\n");
+            Load(text.replace("\n", end));
+            QCOMPARE(ColorOf("a"), QColor(0x11, 0x11, 0x11));
+            QCOMPARE(ColorOf("b"), QColor(0x22, 0x22, 0x22));
+            QVERIFY(!ColorOf("c").isValid());
+            QCOMPARE(ColorOf("d"), QColor(0x33, 0x33, 0x33));
+        }
+    }
+
     void a_token_missing_from_the_table_leaves_built_in_stylesheets_usable()
     {
         Load("own/token = #123456\n");

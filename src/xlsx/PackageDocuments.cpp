@@ -365,9 +365,8 @@ bool IsOrdinary(const pugi::xml_document &document)
 {
     bool ordinary = true;
     ForEachElement(document, [&ordinary](const pugi::xml_node &node) {
-        if (HasMoreAttributesThan(node, kMostAttributes))
-            ordinary = false;
-        else if ((Is(node, "c") || Is(node, "dataValidation")) && HasMoreChildrenThan(node, kMostChildrenOfCell))
+        const bool isLookedInto = Is(node, "c") || Is(node, "dataValidation");
+        if (HasMoreAttributesThan(node, kMostAttributes) || (isLookedInto && HasMoreChildrenThan(node, kMostChildrenOfCell)))
             ordinary = false;
     });
     return ordinary;

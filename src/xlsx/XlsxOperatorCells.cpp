@@ -65,7 +65,7 @@ QVariant XlsxOperator::getCellValueFromDocument(const QString &name)
     QList<pugi::xml_node> validations;
     getDataValidationNodesFromSheetDocument(validations, name, false);
 
-    const QVariant value = getCellValueFromNode(cells.value(0));
+    QVariant value = getCellValueFromNode(cells.value(0));
     const pugi::xml_node validation = validations.value(0);
     if (!validation)
         return value;

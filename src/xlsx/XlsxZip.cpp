@@ -26,18 +26,12 @@ ZipInspection Inspect(const QZipReader &reader)
     QIODevice &device = *reader.device();
     if (!device.isOpen())
         return {};
-    const ZipInspection inspection = InspectZip(device);
+    ZipInspection inspection = InspectZip(device);
     device.seek(0); // where the reader begins
     return inspection;
 }
 
 } // namespace
-
-XlsxZip::XlsxZip() = default;
-
-XlsxZip &XlsxZip::operator=(const XlsxZip & /*other*/) = default;
-
-XlsxZip::~XlsxZip() = default;
 
 bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &outputDir)
 {

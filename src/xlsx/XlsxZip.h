@@ -16,9 +16,9 @@ namespace Velmora {
 class VELMORA_EXPORT XlsxZip
 {
 public:
-    XlsxZip();
-    XlsxZip &operator=(const XlsxZip &other);
-    ~XlsxZip();
+    XlsxZip() = default;
+    XlsxZip &operator=(const XlsxZip &other) = default;
+    ~XlsxZip() = default;
 
     /// Unpacks \a xlsxFilePath into \a outputDir, which is emptied first, whatever it holds. True when every file entry was
     /// written. Links are dropped; a file that is no archive has no entries and gives true.

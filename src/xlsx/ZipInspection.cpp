@@ -65,10 +65,11 @@ bool IsSafeName(const QByteArray &name)
 {
     if (name.isEmpty() || name.startsWith('/') || name.contains('\\') || name.contains('\0'))
         return false;
-    if (name.size() >= 2 && name.at(1) == ':')
-        return false;
     const QList<QByteArray> parts = name.split('/');
-    return !parts.contains("..");
+    return std::none_of(parts.cbegin(), parts.cend(), [](const QByteArray &part) {
+        const bool isDrive = part.size() >= 2 && part.at(1) == ':';
+        return isDrive || part == "..";
+    });
 }
 
 /// The systems whose file attributes QZipReader understands. It makes nothing of an entry of another one.
@@ -96,7 +97,7 @@ struct Entry
 /// Reads the entry's data in \a device without keeping them; true if they end where both sizes say and have the checksum.
 bool DataAreSound(QIODevice &device, const Entry &entry)
 {
-    constexpr qint64 kChunk = 64 * 1024;
+    constexpr qint64 kChunk = 65536;
     if (!device.seek(entry.dataOffset))
         return false;
     z_stream stream = {};
@@ -190,6 +191,7 @@ bool HaveDuplicates(const std::vector<Entry> &entries)
 bool Overlap(const std::vector<Entry> &entries)
 {
     std::vector<std::pair<qint64, qint64>> ranges;
+    ranges.reserve(entries.size());
     for (const Entry &entry : entries)
         ranges.emplace_back(entry.localOffset, entry.dataOffset + entry.compressedSize);
     std::sort(ranges.begin(), ranges.end());

@@ -190,8 +190,8 @@ private Q_SLOTS:
     void names_that_lead_out_are_refused_data()
     {
         QTest::addColumn<QByteArray>("name");
-        for (const char *name :
-             {"../out", "xl/../../out", "xl/..", "..", "/etc/out", "//server/out", "C:/out", "c:out", "..\\out", "xl\\out", "\\out", ""})
+        for (const char *name : {"../out", "xl/../../out", "xl/..", "..", "/etc/out", "//server/out", "C:/out", "c:out", "./C:/out",
+                                 "xl/c:", "..\\out", "xl\\out", "\\out", ""})
             QTest::newRow(name) << QByteArray(name);
         QTest::newRow("NUL") << QByteArray("xl/a\0.xml", 9);
     }

@@ -1,0 +1,52 @@
+#include "LoadedTemplate.h"
+
+#include "Failure.h"
+#include "Log.h"
+#include "Numbering.h"
+#include "Package.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace FillTemplate {
+
+LoadedTemplate::LoadedTemplate(const QString &path, const QString &filter)
+    : m_folder(QDir(m_dir.path()).absoluteFilePath(QStringLiteral("package")))
+{
+    RequireReadable(path);
+    if (!m_dir.isValid())
+        throw Failure{OutputFailed, QStringLiteral("no working directory: %1").arg(m_dir.errorString())};
+    m_operator.setOldXlsxAbsolutePath(QFileInfo(path).absoluteFilePath());
+    m_operator.setExtractDirAbsolutePath(m_folder);
+    m_operator.setElementNameFilterRegExp(filter);
+    if (!m_operator.load())
+        throw Failure{LoadFailed, QStringLiteral("%1 cannot be loaded").arg(path)};
+    RequireSameFiles(m_folder, path, QLatin1String(kSharedStringsPath));
+
+    const Numbering numbering = NumberingOf(m_folder);
+    if (!numbering.IsInOrder()) {
+        // Its names lead to other sheets than they say, which is what the warnings would be about.
+        DropWarnings();
+        throw Failure{NeedsPrepare,
+                      QStringLiteral("%1 needs `fill-template prepare` first: %2").arg(path, numbering.Description().first())};
+    }
+}
+
+QHash<QString, QVariant> LoadedTemplate::Elements()
+{
+    QHash<QString, QVariant> elements;
+    m_operator.getElementsNameToValueHash(elements);
+    return elements;
+}
+
+void RequireReadable(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile())
+        throw Failure{MissingFile, QStringLiteral("%1 is no file").arg(path)};
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure{MissingFile, QStringLiteral("%1 cannot be read: %2").arg(path, file.errorString())};
+}
+
+} // namespace FillTemplate

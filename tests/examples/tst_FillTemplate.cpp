@@ -1,0 +1,644 @@
+#include "FillTemplateProgram.h"
+
+#include "xlsx/XlsxTestCase.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include <csignal>
+
+using namespace VelmoraTest;
+
+namespace {
+
+const QByteArray kDrawingRels = QByteArrayLiteral("xl/drawings/_rels/drawing1.xml.rels");
+
+QByteArray ImageFile(const char *format, Qt::GlobalColor color)
+{
+    QImage image(4, 4, QImage::Format_RGB32);
+    image.fill(color);
+    QByteArray content;
+    QBuffer buffer(&content);
+    image.save(&buffer, format);
+    return content;
+}
+
+QByteArray ListOf(const QByteArray &position)
+{
+    return "<dataValidations><dataValidation type=\"list\" sqref=\"" + position
+        + "\"><formula1>\"Yes,No\"</formula1></dataValidation></dataValidations><pageMargins left=\"0.7\"/>";
+}
+
+/// Numbers, texts, a list, a picture and names that span cells.
+Template Order()
+{
+    Template source;
+    source.Strings({"<si><t>Widget</t></si>", "<si><t>R&amp;D</t></si>", "<si><t>5 pieces</t></si>"});
+    source.Sheet(1,
+                 "<row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"B1\"><v>12</v></c></row>"
+                 "<row r=\"2\"><c r=\"A2\" t=\"s\"><v>1</v></c><c r=\"B2\" t=\"s\"><v>2</v></c></row>"
+                 "<row r=\"3\"><c r=\"A3\"><v>1.5</v></c></row>",
+                 ListOf("B2"), "Order");
+    source.Sheet(2, "<row r=\"1\"><c r=\"A1\"><v>7</v></c></row>", "<pageMargins left=\"0.7\"/>", "My notes");
+    source.Name("_xlnm.Print_Area", "Order!$A$1:$B$3").Name("Amount", "Order!$B$1").Name("Amount.2", "Order!$A$3");
+    source.Name("Choice", "Order!$B$2").Name("Note", "'My notes'!$A$1").Name("Text", "Order!$A$2");
+    source.Drawing(1, {{"Logo", "rId1"}, {"Seal", "rId1"}}, Relationship("rId1", "image", "../media/image1.png"));
+    source.parts["xl/worksheets/_rels/sheet1.xml.rels"] = Relationships(Relationship("rId1", "drawing", "../drawings/drawing1.xml"));
+    source.parts["xl/media/image1.png"] = ImageFile("PNG", Qt::white);
+    QByteArray &types = source.parts["[Content_Types].xml"];
+    types.replace("<Override PartName=\"/xl/workbook.xml\"", "<Default Extension=\"png\" ContentType=\"image/png\"/>$&");
+    types.replace("$&", "<Override PartName=\"/xl/workbook.xml\"");
+    return source;
+}
+
+} // namespace
+
+class tst_FillTemplate : public XlsxTestCase
+{
+    Q_OBJECT
+
+private:
+    void SetUp() override
+    {
+        XlsxTestCase::SetUp();
+        WriteFile(TemplatePath(), Order().Archive());
+    }
+
+    QString ValuesPath() const { return Path(QStringLiteral("values.json")); }
+    int Fill(const QByteArray &values)
+    {
+        WriteFile(ValuesPath(), values);
+        FillTemplateProgram program({QStringLiteral("fill"), TemplatePath(), ValuesPath(), OutputPath()});
+        const int status = program.Run();
+        m_errors = program.Errors();
+        return status;
+    }
+    int Run(const QStringList &arguments)
+    {
+        FillTemplateProgram program(arguments);
+        const int status = program.Run();
+        m_output = program.Output();
+        m_errors = program.Errors();
+        return status;
+    }
+    int PrepareTemplate(const Template &source)
+    {
+        WriteFile(TemplatePath(), source.Archive());
+        return Run({QStringLiteral("prepare"), TemplatePath(), OutputPath()});
+    }
+    /// The value of an element of the output, as the library reads it.
+    QVariant Value(const QString &name)
+    {
+        Velmora::XlsxOperator op;
+        op.setOldXlsxAbsolutePath(OutputPath());
+        op.setExtractDirAbsolutePath(WorkPath());
+        return op.load() ? op.getCellValue(name) : QVariant();
+    }
+    /// What lies beside the output, hidden files included.
+    QStringList Files() const { return QDir(Path(QString())).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name); }
+
+    QByteArray m_output;
+    QByteArray m_errors;
+
+private Q_SLOTS:
+    // --- list ---
+
+    void list_prints_each_element_with_kind_place_value_and_options()
+    {
+        QCOMPARE(Run({QStringLiteral("list"), TemplatePath()}), 0);
+        QCOMPARE(QString::fromUtf8(m_output),
+                 QStringLiteral("NAME              KIND     PLACE            VALUE                OPTIONS\n"
+                                "Amount            cell     Order!$B$1       12\n"
+                                "Amount.2          cell     Order!$A$3       1.5\n"
+                                "Choice            list     Order!$B$2       5 pieces             Yes,No\n"
+                                "Logo              picture  Order!$B$2       ../media/image1.png\n"
+                                "Note              cell     'My notes'!$A$1  7\n"
+                                "Seal              picture  Order!$B$2       ../media/image1.png\n"
+                                "Text              cell     Order!$A$2       R&D\n"
+                                "_xlnm.Print_Area  cell     Order!$A$1:$B$3  Widget\n"));
+        QCOMPARE(m_errors, QByteArray());
+    }
+
+    void list_prints_json()
+    {
+        QCOMPARE(Run({QStringLiteral("list"), QStringLiteral("--json"), QStringLiteral("--filter"), QStringLiteral("^(Choice|Amount)$"),
+                      TemplatePath()}),
+                 0);
+        const QJsonArray elements = QJsonDocument::fromJson(m_output).array();
+        QCOMPARE(elements.size(), 2);
+        QCOMPARE(elements.at(0).toObject(),
+                 (QJsonObject{{QStringLiteral("name"), QStringLiteral("Amount")},
+                              {QStringLiteral("kind"), QStringLiteral("cell")},
+                              {QStringLiteral("place"), QStringLiteral("Order!$B$1")},
+                              {QStringLiteral("value"), 12}}));
+        QCOMPARE(elements.at(1).toObject().value(QStringLiteral("options")).toArray(),
+                 (QJsonArray{QStringLiteral("Yes"), QStringLiteral("No")}));
+    }
+
+    void what_a_template_holds_does_not_steer_the_terminal()
+    {
+        Template source = Order();
+        source.Name("Evil&#x9b;31m", "Order!$B$1\x1b[2J");
+        WriteFile(TemplatePath(), source.Archive());
+        QCOMPARE(Run({QStringLiteral("list"), TemplatePath()}), 0);
+        QVERIFY(m_output.contains("Evil\\u009b31m"));
+        QVERIFY(!m_output.contains('\x1b'));
+    }
+
+    void a_list_that_cannot_be_printed_is_an_error()
+    {
+        FillTemplateProgram program({QStringLiteral("list"), TemplatePath()});
+        program.setStandardOutputFile(QStringLiteral("/dev/full"));
+        QCOMPARE(program.Run(), 9);
+    }
+
+    // --- fill ---
+
+    void fill_sets_numbers_texts_formulas_lists_and_pictures()
+    {
+        WriteFile(Path(QStringLiteral("my logo \u00fc.PNG")), ImageFile("PNG", Qt::red));
+        QCOMPARE(Fill("{\"Amount\": 99, \"Text\": \"3 < 4 & \xc3\xa4\", \"Note\": {\"formula\": \"SUM(1,2)\"},"
+                      "\"Choice\": {\"value\": \"2 pieces\", \"options\": [\"1 piece\", \"2 pieces\"]},"
+                      "\"Logo\": {\"picture\": \"my logo \xc3\xbc.PNG\"}}"),
+                 0);
+        QCOMPARE(m_errors, QByteArray());
+        const QMap<QByteArray, QByteArray> parts = Output();
+        QCOMPARE(PackageFaults(parts), QStringList());
+        QCOMPARE(Value(QStringLiteral("Amount")), QVariant(99LL));
+        QCOMPARE(OutputBetween(kSharedStrings, "<t>3 ", "</t>"), QByteArrayLiteral("&lt; 4 &amp; \xc3\xa4"));
+        QVERIFY(parts.value("xl/worksheets/sheet2.xml").contains("<f>SUM(1,2)</f>"));
+        const auto list = Value(QStringLiteral("Choice")).value<Velmora::XlsxOperator::DropDownInfo>();
+        QCOMPARE(list.value, QVariant(QStringLiteral("2 pieces")));
+        QCOMPARE(list.options, QStringList({QStringLiteral("1 piece"), QStringLiteral("2 pieces")}));
+        QCOMPARE(parts.value("xl/media/filled1.png"), ImageFile("PNG", Qt::red));
+        QVERIFY(parts.value(kDrawingRels).contains("../media/filled1.png"));
+        // The other picture shows what it showed.
+        QCOMPARE(parts.value("xl/media/image1.png"), ImageFile("PNG", Qt::white));
+        QCOMPARE(Value(QStringLiteral("Seal")).value<Velmora::XlsxOperator::PictureInfo>().filePath, QStringLiteral("../media/image1.png"));
+    }
+
+    void a_jpeg_file_gets_the_extension_that_has_a_content_type()
+    {
+        WriteFile(Path(QStringLiteral("photo.jpg")), ImageFile("JPG", Qt::blue));
+        QCOMPARE(Fill("{\"Logo\": {\"picture\": \"photo.jpg\"}, \"Seal\": {\"picture\": \"./photo.jpg\"}}"), 0);
+        const QMap<QByteArray, QByteArray> parts = Output();
+        QCOMPARE(PackageFaults(parts), QStringList());
+        QVERIFY(parts.contains("xl/media/filled1.jpeg"));
+        QVERIFY(!parts.contains("xl/media/filled2.jpeg"));
+        // Filled once more, another image keeps the first.
+        WriteFile(TemplatePath(), FileContent(OutputPath()));
+        WriteFile(Path(QStringLiteral("photo.jpg")), ImageFile("JPG", Qt::green));
+        QCOMPARE(Fill("{\"Logo\": {\"picture\": \"photo.jpg\"}}"), 0);
+        QCOMPARE(Output().value("xl/media/filled1.jpeg"), ImageFile("JPG", Qt::blue));
+        QCOMPARE(Output().value("xl/media/filled2.jpeg"), ImageFile("JPG", Qt::green));
+    }
+
+    void what_no_value_names_stays_as_it_was()
+    {
+        QCOMPARE(Fill("{\"Amount\": 1}"), 0);
+        const QMap<QByteArray, QByteArray> before = Order().parts;
+        const QMap<QByteArray, QByteArray> after = Output();
+        QCOMPARE(after.keys(), before.keys());
+        // Neither a print area, which spans cells, nor a name that begins alike, nor a string with an entity.
+        QByteArray sheet = before.value(kSheet1);
+        sheet.replace("<v>12</v>", "<v>1</v>");
+        QCOMPARE(after.value(kSheet1).mid(after.value(kSheet1).indexOf("<worksheet")), sheet.mid(sheet.indexOf("<worksheet")));
+        QVERIFY(after.value(kSharedStrings).contains("<t>R&amp;D</t>"));
+        for (const char *part : {"xl/styles.xml", "xl/media/image1.png", "_rels/.rels"})
+            QCOMPARE(after.value(part), before.value(part));
+    }
+
+    void options_alone_leave_the_content_of_the_cell()
+    {
+        QCOMPARE(Fill("{\"Choice\": {\"options\": [\"a\"]}, \"Text\": {\"options\": [\"b\", \"c\"]}}"), 0);
+        const auto list = Value(QStringLiteral("Choice")).value<Velmora::XlsxOperator::DropDownInfo>();
+        QCOMPARE(list.value, QVariant(QStringLiteral("5 pieces")));
+        QCOMPARE(list.options, QStringList(QStringLiteral("a")));
+        QCOMPARE(Value(QStringLiteral("Text")).value<Velmora::XlsxOperator::DropDownInfo>().options,
+                 QStringList({QStringLiteral("b"), QStringLiteral("c")}));
+        QVERIFY(!Output().value(kSheet1).contains("<f>"));
+    }
+
+    void a_plain_value_leaves_the_list_of_the_cell()
+    {
+        QCOMPARE(Fill("{\"Choice\": \"8 pieces\"}"), 0);
+        const auto list = Value(QStringLiteral("Choice")).value<Velmora::XlsxOperator::DropDownInfo>();
+        QCOMPARE(list.value, QVariant(QStringLiteral("8 pieces")));
+        QCOMPARE(list.options, QStringList({QStringLiteral("Yes"), QStringLiteral("No")}));
+    }
+
+    void fill_leaves_out_the_names_in_which_the_filter_does_not_match()
+    {
+        WriteFile(ValuesPath(), "{\"Amount\": 1, \"Nobody\": 2}");
+        QCOMPARE(Run({QStringLiteral("fill"), QStringLiteral("--filter=^A"), TemplatePath(), ValuesPath(), OutputPath()}), 0);
+        QCOMPARE(Value(QStringLiteral("Amount")), QVariant(1LL));
+    }
+
+    void thousands_of_names_are_filled_in_one_run()
+    {
+        Template source;
+        QByteArray names;
+        QJsonObject values;
+        for (int i = 0; i < 5000; ++i) {
+            const QString name = QStringLiteral("A_rather_long_name_of_row_%1").arg(i * 7919 % 100003);
+            names += "<definedName name=\"" + name.toUtf8() + "\">Sheet1!$A$" + QByteArray::number(i + 1) + "</definedName>";
+            values.insert(name, i);
+        }
+        source.parts[kWorkbook].replace("</sheets>", "</sheets><definedNames>" + names + "</definedNames>");
+        WriteFile(TemplatePath(), source.Archive());
+        QCOMPARE(Fill(QJsonDocument(values).toJson()), 0);
+        QCOMPARE(Value(values.keys().last()), QVariant(qlonglong(values.value(values.keys().last()).toInt())));
+    }
+
+    void odd_names_are_matched_exactly()
+    {
+        Template source;
+        const QStringList names = {QStringLiteral("a.b"),        QStringLiteral("axb"),        QStringLiteral("a"),
+                                   QStringLiteral("x|y"),        QStringLiteral("it's"),       QStringLiteral("\u00e4"),
+                                   QStringLiteral("\U0001f600"), QStringLiteral("\U0001f601"), QStringLiteral("a\n")};
+        for (int i = 0; i < names.size(); ++i)
+            source.Name(names.at(i).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("&#10;")).toUtf8(),
+                        "Sheet1!$A$" + QByteArray::number(i + 1));
+        WriteFile(TemplatePath(), source.Archive());
+        for (const QString &name : names) {
+            QCOMPARE(Fill(QJsonDocument(QJsonObject{{name, 4}}).toJson()), 0);
+            QCOMPARE(Value(name), QVariant(4LL));
+            QCOMPARE(Output().value(kSheet1).count("<c "), 1);
+        }
+        QJsonObject all;
+        for (const QString &name : names)
+            all.insert(name, 5);
+        QCOMPARE(Fill(QJsonDocument(all).toJson()), 0);
+        QCOMPARE(Output().value(kSheet1).count("<v>5</v>"), names.size());
+    }
+
+    // --- Errors ---
+
+    void each_error_has_its_status_and_leaves_the_output_data()
+    {
+        QTest::addColumn<QByteArray>("values");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("message");
+        const auto row = [](const char *tag, const QByteArray &values, int status, const QByteArray &message) {
+            QTest::newRow(tag) << values << status << message;
+        };
+        row("no JSON", "{", 6, "holds no JSON object");
+        row("an array", "[1]", 6, "holds no JSON object");
+        row("unknown names", "{\"Zero\": 1, \"Nobody\": 2, \"Amount\": 3}", 7, "has no element named Nobody, Zero");
+        row("a truth value", "{\"Amount\": true}", 8, "Amount: a cell takes");
+        row("null", "{\"Amount\": null}", 8, "Amount: a cell takes");
+        row("an array as value", "{\"Amount\": [1]}", 8, "Amount: a cell takes");
+        row("an unknown key", "{\"Amount\": {\"valu\": 1}}", 8, "Amount: a cell takes");
+        row("a fraction", "{\"Amount\": 1.5}", 8, "Amount: 1.5 would be rounded");
+        row("a huge number", "{\"Amount\": 1e300}", 8, "Amount: 1e+300 has more digits");
+        row("a text that would be a formula", "{\"Amount\": \"Total\"}", 8, "Amount: a text that begins with a letter");
+        row("a formula that would be a text", "{\"Amount\": {\"formula\": \"=A1\"}}", 8, "Amount: a formula is");
+        row("a formula of two lines", "{\"Amount\": {\"formula\": \"A1\\n\"}}", 8, "Amount: a formula is");
+        row("a control character", "{\"Amount\": \"1\\u0001\"}", 8, "Amount: the text holds");
+        row("a zero character", "{\"Amount\": \"1\\u0000\"}", 8, "Amount: the text holds");
+        row("half a pair", "{\"Amount\": \"1\\ud800\"}", 8, "Amount: the text holds");
+        row("no options", "{\"Choice\": {\"options\": []}}", 8, "Choice: options are");
+        row("a comma", "{\"Choice\": {\"options\": [\"a,b\"]}}", 8, "Choice: an option is");
+        row("a quote", "{\"Choice\": {\"options\": [\"a\\\"b\"]}}", 8, "Choice: an option is");
+        row("a number as option", "{\"Choice\": {\"options\": [1]}}", 8, "Choice: an option is");
+        row("a cell's value for a picture", "{\"Logo\": 1}", 8, "Logo is a picture");
+        row("a picture for a cell", "{\"Amount\": {\"picture\": \"template.xlsx\"}}", 8, "Amount is a cell");
+        row("no image", "{\"Logo\": {\"picture\": \"template.xlsx\"}}", 8, "is no PNG or JPEG file");
+        row("no picture's path", "{\"Logo\": {\"picture\": 1}}", 8, "Logo: a picture is the path");
+        row("a missing picture", "{\"Logo\": {\"picture\": \"nowhere.png\"}}", 3, "nowhere.png is no file");
+        row("a folder as picture", "{\"Logo\": {\"picture\": \".\"}}", 3, "is no file");
+    }
+
+    void each_error_has_its_status_and_leaves_the_output()
+    {
+        QFETCH(QByteArray, values);
+        QFETCH(int, status);
+        QFETCH(QByteArray, message);
+        WriteFile(OutputPath(), "old");
+        const QStringList before = Files() + QStringList(QStringLiteral("values.json"));
+        QCOMPARE(Fill(values), status);
+        QVERIFY2(m_errors.contains(message), m_errors.constData());
+        QVERIFY(m_errors.startsWith("fill-template: "));
+        QCOMPARE(FileContent(OutputPath()), QByteArrayLiteral("old"));
+        QCOMPARE(Files(), before);
+    }
+
+    void wrong_usage_is_told_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("nothing") << QStringList();
+        QTest::newRow("unknown command") << QStringList{QStringLiteral("empty"), QStringLiteral("a")};
+        QTest::newRow("unknown option") << QStringList{QStringLiteral("list"), QStringLiteral("--xml"), QStringLiteral("a")};
+        QTest::newRow("too few") << QStringList{QStringLiteral("fill"), QStringLiteral("a"), QStringLiteral("b")};
+        QTest::newRow("too many") << QStringList{QStringLiteral("list"), QStringLiteral("a"), QStringLiteral("b")};
+        QTest::newRow("empty path") << QStringList{QStringLiteral("list"), QString()};
+        QTest::newRow("json") << QStringList{QStringLiteral("prepare"), QStringLiteral("--json"), QStringLiteral("a"), QStringLiteral("b")};
+        QTest::newRow("filter of prepare") << QStringList{QStringLiteral("prepare"), QStringLiteral("--filter=a"), QStringLiteral("a"),
+                                                          QStringLiteral("b")};
+        QTest::newRow("no filter") << QStringList{QStringLiteral("list"), QStringLiteral("a"), QStringLiteral("--filter")};
+        QTest::newRow("invalid filter") << QStringList{QStringLiteral("list"), QStringLiteral("--filter"), QStringLiteral("("),
+                                                       QStringLiteral("a")};
+    }
+
+    void wrong_usage_is_told()
+    {
+        QFETCH(QStringList, arguments);
+        QCOMPARE(Run(arguments), 2);
+        QVERIFY(m_errors.contains("see fill-template --help"));
+        QCOMPARE(m_output, QByteArray());
+    }
+
+    void help_is_printed()
+    {
+        QCOMPARE(Run({QStringLiteral("--help")}), 0);
+        QVERIFY(m_output.startsWith("Usage: fill-template list"));
+    }
+
+    void missing_files_and_failed_loads_have_a_status_of_their_own()
+    {
+        WriteFile(ValuesPath(), "{}");
+        const QString nowhere = Path(QStringLiteral("nowhere.xlsx"));
+        QCOMPARE(Run({QStringLiteral("list"), nowhere}), 3);
+        QCOMPARE(Run({QStringLiteral("prepare"), nowhere, OutputPath()}), 3);
+        QCOMPARE(Run({QStringLiteral("fill"), nowhere, ValuesPath(), OutputPath()}), 3);
+        QCOMPARE(Run({QStringLiteral("fill"), TemplatePath(), nowhere, OutputPath()}), 3);
+        WriteFile(TemplatePath(), "no archive");
+        QCOMPARE(Run({QStringLiteral("list"), TemplatePath()}), 4);
+        QVERIFY(m_errors.contains("load_file failed"));
+        QCOMPARE(Run({QStringLiteral("prepare"), TemplatePath(), OutputPath()}), 4);
+        QCOMPARE(Run({QStringLiteral("fill"), TemplatePath(), ValuesPath(), OutputPath()}), 4);
+        Template cut = Order();
+        cut.parts[kSheet1].chop(20);
+        WriteFile(TemplatePath(), cut.Archive());
+        QCOMPARE(Run({QStringLiteral("list"), TemplatePath()}), 4);
+        QVERIFY(!QFile::exists(OutputPath()));
+    }
+
+    void a_value_that_does_not_arrive_is_an_error()
+    {
+        Template source = Order();
+        source.Name("Lost", "Order!$A$0").Name("Elsewhere", "Gone!$A$1");
+        WriteFile(TemplatePath(), source.Archive());
+        for (const char *values : {"{\"Lost\": 1}", "{\"Elsewhere\": 1}"}) {
+            QCOMPARE(Fill(values), 9);
+            QVERIFY2(m_errors.contains("does not hold its value"), m_errors.constData());
+            QVERIFY(!QFile::exists(OutputPath()));
+        }
+    }
+
+    // --- The output is whole ---
+
+    void the_output_may_be_the_input_and_keeps_its_permissions()
+    {
+        QFile(TemplatePath()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+        WriteFile(ValuesPath(), "{\"Amount\": 1}");
+        QCOMPARE(Run({QStringLiteral("fill"), TemplatePath(), ValuesPath(), TemplatePath()}), 0);
+        QVERIFY(ReadArchive(FileContent(TemplatePath())).value(kSheet1).contains("<v>1</v>"));
+        QCOMPARE(QFile::permissions(TemplatePath()) & QFile::Permissions(0x0fff), QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup);
+    }
+
+    void paths_may_hold_blanks_and_any_letter()
+    {
+        const QString folder = Path(QStringLiteral("\u00e4 b \u4e2d"));
+        QDir().mkpath(folder);
+        const QString source = folder + QStringLiteral("/t \u00f6.xlsx");
+        const QString output = folder + QStringLiteral("/o \u00fc.xlsx");
+        WriteFile(source, Order().Archive());
+        WriteFile(folder + QStringLiteral("/v.json"), "{\"Amount\": 1}");
+        QCOMPARE(Run({QStringLiteral("fill"), source, folder + QStringLiteral("/v.json"), output}), 0);
+        QVERIFY(ReadArchive(FileContent(output)).value(kSheet1).contains("<v>1</v>"));
+        QCOMPARE(Run({QStringLiteral("prepare"), source, output}), 0);
+        QCOMPARE(FileContent(output), FileContent(source));
+    }
+
+    void a_link_to_the_output_stays_a_link()
+    {
+        WriteFile(Path(QStringLiteral("real.xlsx")), "old");
+        QFile::link(QStringLiteral("real.xlsx"), OutputPath());
+        QCOMPARE(Fill("{\"Amount\": 1}"), 0);
+        QVERIFY(QFileInfo(OutputPath()).isSymLink());
+        QVERIFY(FileContent(Path(QStringLiteral("real.xlsx"))).startsWith("PK"));
+    }
+
+    void what_is_no_regular_file_is_not_replaced()
+    {
+        WriteFile(ValuesPath(), "{}");
+        QCOMPARE(Run({QStringLiteral("fill"), TemplatePath(), ValuesPath(), QStringLiteral("/dev/full")}), 9);
+        QVERIFY(!QFileInfo(QStringLiteral("/dev/full")).isFile());
+        QDir().mkpath(OutputPath());
+        QCOMPARE(Run({QStringLiteral("fill"), TemplatePath(), ValuesPath(), OutputPath()}), 9);
+        QCOMPARE(Run({QStringLiteral("prepare"), TemplatePath(), OutputPath()}), 9);
+        QCOMPARE(Run({QStringLiteral("prepare"), TemplatePath(), Path(QStringLiteral("no/such/folder.xlsx"))}), 9);
+    }
+
+    void a_read_only_folder_keeps_its_file()
+    {
+        const QString folder = Path(QStringLiteral("closed"));
+        const QString output = folder + QStringLiteral("/output.xlsx");
+        WriteFile(output, "old");
+        WriteFile(ValuesPath(), "{\"Amount\": 1}");
+        QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+        const int filled = Run({QStringLiteral("fill"), TemplatePath(), ValuesPath(), output});
+        const int prepared = Run({QStringLiteral("prepare"), TemplatePath(), output});
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QCOMPARE(filled, 9);
+        QCOMPARE(prepared, 9);
+        QCOMPARE(FileContent(output), QByteArrayLiteral("old"));
+        QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList(QStringLiteral("output.xlsx")));
+    }
+
+    void a_full_disk_leaves_the_output_as_it_was()
+    {
+        // The working directory, the output beside and what is read back all meet the limit, each part at its own size.
+        Template source = Order();
+        QByteArray noise;
+        for (quint32 i = 0, x = 1; i < 30000; ++i)
+            noise.append(char((x = x * 1664525U + 1013904223U) >> 24));
+        source.parts["xl/media/image1.png"] = noise;
+        WriteFile(TemplatePath(), source.Archive());
+        WriteFile(ValuesPath(), "{\"Amount\": 1, \"Text\": \"2\"}");
+        int succeeded = 0;
+        for (qint64 limit = 0; limit <= 65536; limit += limit < 2048 ? 128 : 2048) {
+            WriteFile(OutputPath(), "old");
+            const QStringList before = Files();
+            FillTemplateProgram program({QStringLiteral("fill"), TemplatePath(), ValuesPath(), OutputPath()});
+            program.LimitFileSize(limit);
+            const int status = program.Run();
+            QCOMPARE(Files(), before);
+            if (status == 0) {
+                ++succeeded;
+                QCOMPARE(PackageFaults(Output()), QStringList());
+                QCOMPARE(Output().value("xl/media/image1.png"), noise);
+            } else {
+                QVERIFY2(status == 9 || status == 4, program.Errors().constData());
+                QCOMPARE(FileContent(OutputPath()), QByteArrayLiteral("old"));
+            }
+        }
+        QVERIFY(succeeded > 5);
+    }
+
+    void the_output_is_the_old_or_the_new_package_whenever_the_program_is_killed()
+    {
+        WriteFile(ValuesPath(), "{\"Amount\": 1}");
+        WriteFile(OutputPath(), "old");
+        for (int i = 0; i < 25; ++i) {
+            FillTemplateProgram program({QStringLiteral("fill"), TemplatePath(), ValuesPath(), OutputPath()});
+            program.start();
+            QVERIFY(program.waitForStarted());
+            program.waitForFinished(i * 3);
+            if (program.state() != QProcess::NotRunning)
+                program.kill();
+            program.waitForFinished();
+            const QByteArray content = FileContent(OutputPath());
+            QVERIFY(content == "old" || PackageFaults(ReadArchive(content)).isEmpty());
+        }
+    }
+
+    // --- prepare ---
+
+    /// Sheets 2 and 10, whose relationships come after the styles'; drawings 3, 5 and 7, of which 5 has no relationships.
+    static Template OutOfOrder()
+    {
+        Template source;
+        source.parts.remove(kSheet1);
+        const QByteArray head = "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\" "
+                                "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\"><sheetData><row r=\"1\">"
+                                "<c r=\"A1\"><v>";
+        const QByteArray foot = "</v></c></row></sheetData><!-- kept --><pageMargins left=\"0.7\"/><drawing r:id=\"rId1\"/></worksheet>";
+        source.parts["xl/worksheets/sheet2.xml"] = head + "2" + foot;
+        source.parts["xl/worksheets/sheet10.xml"] = head + "10" + foot;
+        source.parts["xl/worksheets/_rels/sheet2.xml.rels"] = Relationships(Relationship("rId1", "drawing", "../drawings/drawing7.xml"));
+        source.parts["xl/worksheets/_rels/sheet10.xml.rels"] = Relationships(Relationship("rId1", "drawing", "/xl/drawings/drawing3.xml"));
+        Template drawings;
+        drawings.Drawing(3, {{"Three", "rId1"}}, Relationship("rId1", "image", "../media/a.png"));
+        drawings.Drawing(5, {}, QByteArray());
+        drawings.Drawing(7, {{"Seven", "rId1"}}, Relationship("rId1", "image", "../media/b.png"));
+        for (const QByteArray number : {"3", "5", "7"}) {
+            source.parts["xl/drawings/drawing" + number + ".xml"] = drawings.parts["xl/drawings/drawing" + number + ".xml"];
+            if (number != "5")
+                source.parts["xl/drawings/_rels/drawing" + number + ".xml.rels"] =
+                    drawings.parts["xl/drawings/_rels/drawing" + number + ".xml.rels"];
+        }
+        source.parts["xl/media/a.png"] = ImageFile("PNG", Qt::white);
+        source.parts["xl/media/b.png"] = ImageFile("PNG", Qt::black);
+        source.parts["xl/pivotCache/pivotCacheDefinition1.xml"] = "<pivotCacheDefinition/>";
+        source.parts["xl/_rels/workbook.xml.rels"] = Relationships(
+            Relationship("rId1", "styles", "styles.xml")
+            + Relationship("rId2", "pivotCacheDefinition", "pivotCache/pivotCacheDefinition1.xml")
+            + Relationship("rId4", "worksheet", "worksheets/sheet2.xml") + Relationship("rId3", "worksheet", "/xl/worksheets/sheet10.xml"));
+        source.parts[kWorkbook] =
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<workbook xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\" "
+            "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\"><!-- kept --><sheets>"
+            "<sheet name=\"Ten\" sheetId=\"3\" r:id=\"rId3\"/><sheet name=\"Two\" sheetId=\"4\" r:id=\"rId4\"/></sheets><definedNames>"
+            "<definedName name=\"OnTwo\">Two!$A$1</definedName><definedName name=\"OnTen\">Ten!$A$1</definedName></definedNames>"
+            "<pivotCaches><pivotCache cacheId=\"1\" r:id=\"rId2\"/></pivotCaches></workbook>";
+        QByteArray types = source.parts["[Content_Types].xml"];
+        types.replace("</Types>",
+                      "<Default Extension=\"png\" ContentType=\"image/png\"/>"
+                      "<Override PartName=\"/xl/worksheets/sheet10.xml\" ContentType=\"ten\"/>"
+                      "<Override PartName=\"/xl/drawings/drawing3.xml\" ContentType=\"three\"/>"
+                      "<Override PartName=\"/xl/drawings/drawing7.xml\" ContentType=\"seven\"/></Types>");
+        source.parts["[Content_Types].xml"] = types.replace("/xl/worksheets/sheet1.xml", "/xl/worksheets/sheet2.xml");
+        return source;
+    }
+
+    void list_and_fill_say_that_a_template_needs_prepare()
+    {
+        WriteFile(TemplatePath(), OutOfOrder().Archive());
+        QCOMPARE(Run({QStringLiteral("list"), TemplatePath()}), 5);
+        QVERIFY2(m_errors.contains("needs `fill-template prepare` first: worksheet relationship rId"), m_errors.constData());
+        QCOMPARE(m_errors.count('\n'), 1);
+        QCOMPARE(Fill("{\"OnTen\": 1}"), 5);
+        QVERIFY(!QFile::exists(OutputPath()));
+    }
+
+    void prepare_numbers_all_parts_and_says_what_it_did()
+    {
+        const Template source = OutOfOrder();
+        QCOMPARE(PackageFaults(source.parts), QStringList());
+        QCOMPARE(PrepareTemplate(source), 0);
+        const QByteArray said = ("worksheet relationship rId4 becomes rId1\n"
+                                 "worksheet relationship rId3 becomes rId2\n"
+                                 "relationship rId1 of the workbook becomes rId3\n"
+                                 "relationship rId2 of the workbook becomes rId4\n"
+                                 "xl/drawings/_rels/drawing3.xml.rels becomes xl/drawings/_rels/drawing1.xml.rels\n"
+                                 "xl/drawings/_rels/drawing7.xml.rels becomes xl/drawings/_rels/drawing2.xml.rels\n"
+                                 "xl/drawings/drawing3.xml becomes xl/drawings/drawing1.xml\n"
+                                 "xl/drawings/drawing5.xml becomes xl/drawings/drawing3.xml\n"
+                                 "xl/drawings/drawing7.xml becomes xl/drawings/drawing2.xml\n"
+                                 "xl/worksheets/_rels/sheet10.xml.rels becomes xl/worksheets/_rels/sheet2.xml.rels\n"
+                                 "xl/worksheets/_rels/sheet2.xml.rels becomes xl/worksheets/_rels/sheet1.xml.rels\n"
+                                 "xl/worksheets/sheet10.xml becomes xl/worksheets/sheet2.xml\n"
+                                 "xl/worksheets/sheet2.xml becomes xl/worksheets/sheet1.xml\n");
+        QCOMPARE(m_output.split('\n'), said.split('\n'));
+        const QMap<QByteArray, QByteArray> parts = Output();
+        QCOMPARE(PackageFaults(parts), QStringList());
+        // What is renamed is not rewritten, and what is neither is untouched.
+        QCOMPARE(parts.value("xl/worksheets/sheet1.xml"), source.parts.value("xl/worksheets/sheet2.xml"));
+        QCOMPARE(parts.value("xl/worksheets/sheet2.xml"), source.parts.value("xl/worksheets/sheet10.xml"));
+        QCOMPARE(parts.value("xl/drawings/drawing3.xml"), source.parts.value("xl/drawings/drawing5.xml"));
+        QCOMPARE(parts.value(kDrawingRels), source.parts.value("xl/drawings/_rels/drawing3.xml.rels"));
+        QCOMPARE(parts.value("xl/styles.xml"), source.parts.value("xl/styles.xml"));
+        QVERIFY(parts.value("[Content_Types].xml").contains("PartName=\"/xl/drawings/drawing2.xml\" ContentType=\"seven\""));
+        QVERIFY(parts.value(kWorkbook).contains("<!-- kept -->"));
+        QVERIFY(parts.value(kWorkbook).contains("<pivotCache cacheId=\"1\" r:id=\"rId4\"/>"));
+        QVERIFY(parts.value("xl/worksheets/_rels/sheet2.xml.rels").contains("Target=\"/xl/drawings/drawing1.xml\""));
+        // Now each name leads to its own sheet, and each picture to its own image.
+        QCOMPARE(Value(QStringLiteral("OnTwo")), QVariant(2LL));
+        QCOMPARE(Value(QStringLiteral("OnTen")), QVariant(10LL));
+        QCOMPARE(Value(QStringLiteral("Seven")).value<Velmora::XlsxOperator::PictureInfo>().filePath, QStringLiteral("../media/b.png"));
+    }
+
+    void prepare_of_a_prepared_template_is_a_copy()
+    {
+        QCOMPARE(PrepareTemplate(OutOfOrder()), 0);
+        const QString again = Path(QStringLiteral("again.xlsx"));
+        QCOMPARE(Run({QStringLiteral("prepare"), OutputPath(), again}), 0);
+        QVERIFY(m_output.startsWith("nothing to do"));
+        QCOMPARE(FileContent(again), FileContent(OutputPath()));
+    }
+
+    void prepare_may_write_over_its_input()
+    {
+        WriteFile(TemplatePath(), OutOfOrder().Archive());
+        QCOMPARE(Run({QStringLiteral("prepare"), TemplatePath(), TemplatePath()}), 0);
+        QCOMPARE(Run({QStringLiteral("list"), TemplatePath()}), 0);
+    }
+
+    void prepare_refuses_what_numbers_do_not_mend_data()
+    {
+        QTest::addColumn<QByteArray>("part");
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("relationships of no drawing") << QByteArray("xl/drawings/_rels/drawing9.xml.rels") << Relationships(QByteArray());
+        QTest::newRow("no sheet") << QByteArray("xl/worksheets/sheet1.bin") << QByteArray("1");
+        QTest::newRow("another prefix") << kWorkbook
+                                        << QByteArray(
+                                               "<workbook xmlns:q=\"q\"><sheets><sheet name=\"Two\" q:id=\"rId4\"/></sheets></workbook>");
+        QTest::newRow("a worksheet elsewhere") << QByteArray("xl/_rels/workbook.xml.rels")
+                                               << Relationships(Relationship("rId1", "worksheet", "styles.xml"));
+        QTest::newRow("two of one worksheet") << QByteArray("xl/_rels/workbook.xml.rels")
+                                              << Relationships(Relationship("rId1", "worksheet", "worksheets/sheet2.xml")
+                                                               + Relationship("rId2", "worksheet", "worksheets/sheet2.xml"));
+    }
+
+    void prepare_refuses_what_numbers_do_not_mend()
+    {
+        QFETCH(QByteArray, part);
+        QFETCH(QByteArray, content);
+        Template source = OutOfOrder();
+        source.parts[part] = content;
+        QCOMPARE(PrepareTemplate(source), 10);
+        QVERIFY2(m_errors.contains("the template cannot be prepared: "), m_errors.constData());
+        QVERIFY(!QFile::exists(OutputPath()));
+    }
+};
+
+VELMORA_TEST_MAIN(tst_FillTemplate)
+
+#include "tst_FillTemplate.moc"

@@ -42,6 +42,9 @@ struct ButtonTables
     StateTokens icon;
 };
 
+/// A text that looks like a link: nothing behind or around it.
+constexpr ButtonTables kLinkTables = {AllStates("transparent"), AllStates("transparent"), kLinkText, kLinkText};
+
 /// Enters \a tables into \a button.
 void InstallTables(QcButton &button, const ButtonTables &tables);
 

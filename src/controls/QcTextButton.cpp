@@ -4,17 +4,6 @@
 
 namespace Velmora {
 
-namespace {
-
-constexpr ButtonTables kTables = {
-    AllStates("transparent"),
-    AllStates("transparent"),
-    kLinkText,
-    kLinkText,
-};
-
-} // namespace
-
 QcTextButton::QcTextButton(QWidget *parent)
     : QcButton(parent)
 {
@@ -23,7 +12,7 @@ QcTextButton::QcTextButton(QWidget *parent)
 
 void QcTextButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    InstallTables(*this, kLinkTables);
 }
 
 } // namespace Velmora

@@ -4,17 +4,6 @@
 
 namespace Velmora {
 
-namespace {
-
-constexpr ButtonTables kTables = {
-    AllStates("transparent"),
-    AllStates("transparent"),
-    kLinkText,
-    kLinkText,
-};
-
-} // namespace
-
 QcTextLinkButton::QcTextLinkButton(QWidget *parent)
     : QcButton(parent)
 {
@@ -26,7 +15,7 @@ void QcTextLinkButton::UpdateUiParams()
     QFont underlined = font();
     underlined.setUnderline(true);
     setFont(underlined);
-    InstallTables(*this, kTables);
+    InstallTables(*this, kLinkTables);
 }
 
 } // namespace Velmora

@@ -27,8 +27,9 @@ QByteArray FileUri(const QString &absolutePath)
     return QByteArrayLiteral("file://") + QUrl::toPercentEncoding(absolutePath, QByteArrayLiteral("/"));
 }
 
-/// Mutes the warnings in which QDesktopServices and the platform plugin tell that they could not open an URL, and no more than
-/// those: a host's URL handler that runs an event loop gets its own warnings back with the loop's first turn.
+/// Mutes the default category's warnings, in which QDesktopServices and the platform plugin tell that they could not open an
+/// URL. What others warn of in these milliseconds is lost, too; a host's URL handler that runs an event loop gets its
+/// warnings back with the loop's first turn.
 class MutedWarnings : public QObject
 {
 public:

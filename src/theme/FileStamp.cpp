@@ -20,7 +20,7 @@ FileStamp OfResource(const QString &path)
     // bytes as they are stored, which takes far less than decoding them.
     const QResource resource(path);
     const qint64 size = resource.size();
-    return {resource.isValid(), size, qint64(qHashBits(resource.data(), std::size_t(size)))};
+    return {resource.isValid(), size, qint64(qHashBits(resource.data(), std::size_t(size))), 0};
 }
 
 /// Whatever Qt makes of \a path, search paths and file engines of the host included.
@@ -29,7 +29,7 @@ FileStamp OfAnything(const QString &path)
     if (!QFile::exists(path))
         return FileStamp();
     const QFileInfo info(path);
-    return {true, info.size(), info.lastModified().toMSecsSinceEpoch()};
+    return {true, info.size(), info.lastModified().toMSecsSinceEpoch(), 0};
 }
 
 #if defined(Q_OS_LINUX)
@@ -41,7 +41,8 @@ FileStamp OfPlainFile(const QString &path)
     if (::stat(QFile::encodeName(path).constData(), &status) != 0)
         return FileStamp();
     constexpr qint64 nanoseconds = 1000000000;
-    return {true, qint64(status.st_size), status.st_ctim.tv_sec * nanoseconds + status.st_ctim.tv_nsec};
+    return {true, qint64(status.st_size), status.st_ctim.tv_sec * nanoseconds + status.st_ctim.tv_nsec,
+            quint64(status.st_ino) ^ (quint64(status.st_dev) << 32)};
 }
 #else
 FileStamp OfPlainFile(const QString &path)

@@ -11,15 +11,18 @@ class tst_HugeColorTable : public VelmoraTest::TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void a_table_of_100_megabytes_loads()
+    void a_huge_table_loads()
     {
-        constexpr int kTokens = 2800000;
+#ifdef __SANITIZE_ADDRESS__ // which follows the stack of each of the millions of allocations
+        constexpr int kTokens = 100 * 1000;
+#else
+        constexpr int kTokens = 2800 * 1000; // 100 MB
+#endif
         QByteArray text;
-        text.reserve(110 * 1000 * 1000);
+        text.reserve(kTokens * 40);
         for (int i = 0; i < kTokens; ++i) {
             text += "family/token_" + QByteArray::number(i) + " = #0670F9, 0.4 ; x\n";
         }
-        QVERIFY(text.size() > 100 * 1000 * 1000);
         const VelmoraTest::TestFiles files;
         const QString path = files.Write(QStringLiteral("huge.ini"), text);
         text.clear();

@@ -217,7 +217,7 @@ private Q_SLOTS:
         pugi::xml_node row = sheet.child("worksheet").child("sheetData").first_child();
         for (int i = 0; i < texts.size(); ++i, row = row.next_sibling()) {
             const bool isFormula = bool(row.child("c").child("f"));
-            QVERIFY2(isFormula == pattern.match(texts.at(i)).hasMatch(), QTest::toString(texts.at(i)));
+            QVERIFY2(isFormula == pattern.match(texts.at(i)).hasMatch(), qPrintable(texts.at(i)));
             formulas += isFormula;
         }
         QVERIFY(formulas > 500 && formulas < texts.size() - 500);

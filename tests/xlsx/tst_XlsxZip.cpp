@@ -355,11 +355,14 @@ private Q_SLOTS:
 
     void as_many_entries_as_may_be_are_read()
     {
+        // Mostly links, because Qt's reader looks through all entries for the data of each file.
         QList<ArchiveEntry> many;
-        for (int i = 0; i < 4096; ++i)
+        for (int i = 0; i < 4000; ++i)
+            many.append(ArchiveEntry::Link("link" + QByteArray::number(i), "x"));
+        for (int i = 4000; i < 4096; ++i)
             many.append(Entry("xl/media/" + QByteArray::number(i), QByteArray::number(i)));
         QVERIFY(Extract(MakeArchive(many)));
-        QCOMPARE(FilesBelow(WorkPath()).size(), 4096);
+        QCOMPARE(FilesBelow(WorkPath()).size(), 96);
         QCOMPARE(FileContent(WorkPath() + QStringLiteral("/xl/media/4095")), QByteArray("4095"));
     }
 

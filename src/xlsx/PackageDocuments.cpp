@@ -8,6 +8,7 @@ namespace Velmora {
 namespace {
 
 constexpr int kShortRow = 64;
+constexpr int kLongestRowLookedThrough = 256;
 constexpr int kMostAttributes = 1000;
 constexpr int kMostChildrenOfCell = 1000;
 constexpr int kRelationshipIdPrefix = 3; // "rId"
@@ -34,6 +35,25 @@ bool HasMoreAttributesThan(const pugi::xml_node &node, int count)
     return steps > count;
 }
 
+bool IsOrdinaryElement(const pugi::xml_node &node, bool isLookedInto)
+{
+    return !HasMoreAttributesThan(node, kMostAttributes) && !(isLookedInto && HasMoreChildrenThan(node, kMostChildrenOfCell));
+}
+
+/// The digits at the end of a cell's reference.
+const char *RowOf(std::string_view position)
+{
+    const char *begin = position.data() + position.size();
+    while (begin != position.data() && begin[-1] >= '0' && begin[-1] <= '9')
+        --begin;
+    return begin;
+}
+
+bool IsDigits(const char *text)
+{
+    return *text && !*(text + std::strspn(text, "0123456789"));
+}
+
 } // namespace
 
 // --- SheetDocument ---
@@ -44,45 +64,86 @@ SheetDocument::Index &SheetDocument::TheIndex()
         return *m_index;
     m_index = std::make_unique<Index>();
     Index &index = *m_index;
+    pugi::xml_node row; // that of the cells at hand
+    const char *rowNumber = "";
     ForEachElement(*this, [&](const pugi::xml_node &node) {
-        if (Is(node, "c")) {
-            index.cells.InsertIfAbsent(node);
-        } else if (Is(node, "row")) {
-            index.rows.InsertIfAbsent(node);
-        } else if (Is(node, "dataValidation")) {
+        const char *name = node.name();
+        const auto is = [name](const char *other) { return std::strcmp(name, other) == 0; };
+        const bool isCell = name[0] == 'c' && name[1] == '\0';
+        const bool isValidation = name[0] == 'd' && is("dataValidation");
+        index.isOrdinary = index.isOrdinary && IsOrdinaryElement(node, isCell || isValidation);
+        if (isCell) {
+            const char *position = node.attribute("r").value();
+            if (*position && (node.parent() != row || std::strcmp(RowOf(position), rowNumber) != 0))
+                index.cellsLieInTheirRows = false;
+        } else if (is("row")) {
+            row = node;
+            rowNumber = node.attribute("r").value();
+            if (!index.rows.InsertIfAbsent(node) || !IsDigits(rowNumber) || HasMoreChildrenThan(node, kLongestRowLookedThrough))
+                index.cellsLieInTheirRows = false;
+        } else if (isValidation) {
             if (std::strcmp(node.attribute("type").value(), "list") == 0)
                 index.listValidations.InsertIfAbsent(node);
-        } else if (!index.sheetData && Is(node, "sheetData")) {
+        } else if (!index.sheetData && is("sheetData")) {
             index.sheetData = node;
-        } else if (!index.dataValidations && Is(node, "dataValidations")) {
+        } else if (!index.dataValidations && is("dataValidations")) {
             index.dataValidations = node;
-        } else if (!index.worksheet && Is(node, "worksheet")) {
+        } else if (!index.worksheet && is("worksheet")) {
             index.worksheet = node;
         }
     });
     index.pageMargins = index.worksheet.child("pageMargins");
-    for (const pugi::xml_node &row : index.sheetData.children("row"))
-        index.risingRows.Append(row.attribute("r").as_int(), row);
+    if (!index.cellsLieInTheirRows)
+        IndexAllCells();
     return index;
+}
+
+void SheetDocument::IndexAllCells()
+{
+    m_index->cellsLieInTheirRows = false;
+    ForEachElement(*this, [this](const pugi::xml_node &node) {
+        if (Is(node, "c"))
+            m_index->cells.InsertIfAbsent(node);
+    });
 }
 
 pugi::xml_node SheetDocument::FindCell(const QByteArray &position)
 {
-    return TheIndex().cells.Find(position);
+    Index &index = TheIndex();
+    if (!index.cellsLieInTheirRows)
+        return index.cells.Find(position);
+    const pugi::xml_node row = index.rows.Find(RowOf(position.constData()));
+    for (const pugi::xml_node &cell : row.children("c")) {
+        if (std::strcmp(cell.attribute("r").value(), position.constData()) == 0)
+            return cell;
+    }
+    return pugi::xml_node();
+}
+
+RisingSiblings<int> &SheetDocument::RisingRows()
+{
+    Index &index = TheIndex();
+    if (!index.risingRows) {
+        index.risingRows = std::make_unique<RisingSiblings<int>>();
+        for (const pugi::xml_node &row : index.sheetData.children("row"))
+            index.risingRows->Append(row.attribute("r").as_int(), row);
+    }
+    return *index.risingRows;
 }
 
 pugi::xml_node SheetDocument::MakeRow(int row)
 {
     Index &index = TheIndex();
+    RisingSiblings<int> &risingRows = RisingRows();
     pugi::xml_node &data = index.sheetData;
     pugi::xml_node made;
-    if (index.risingRows.IsEmpty() || data.last_child().attribute("r").as_int() < row) {
+    if (risingRows.IsEmpty() || data.last_child().attribute("r").as_int() < row) {
         made = data.append_child("row");
         if (made)
-            index.risingRows.Append(row, made);
-    } else if (const pugi::xml_node above = index.risingRows.FirstAbove(row)) {
+            risingRows.Append(row, made);
+    } else if (const pugi::xml_node above = risingRows.FirstAbove(row)) {
         made = data.insert_child_before("row", above);
-        index.risingRows.Insert(row, made);
+        risingRows.Insert(row, made);
     }
     if (made) {
         made.append_attribute("r").set_value(row);
@@ -130,7 +191,11 @@ pugi::xml_node SheetDocument::MakeCell(int row, const QByteArray &position)
     if (made) {
         made.append_attribute("r").set_value(position.constData());
         made.append_child("v");
-        index.cells.InsertIfAbsent(made);
+        if (!index.cellsLieInTheirRows)
+            index.cells.InsertIfAbsent(made);
+        else if (std::strcmp(RowOf(position.constData()), parent.attribute("r").value()) != 0
+                 || HasMoreChildrenThan(parent, kLongestRowLookedThrough))
+            IndexAllCells();
     }
     return made;
 }
@@ -365,11 +430,14 @@ bool IsOrdinary(const pugi::xml_document &document)
 {
     bool ordinary = true;
     ForEachElement(document, [&ordinary](const pugi::xml_node &node) {
-        const bool isLookedInto = Is(node, "c") || Is(node, "dataValidation");
-        if (HasMoreAttributesThan(node, kMostAttributes) || (isLookedInto && HasMoreChildrenThan(node, kMostChildrenOfCell)))
-            ordinary = false;
+        ordinary = ordinary && IsOrdinaryElement(node, Is(node, "c") || Is(node, "dataValidation"));
     });
     return ordinary;
+}
+
+bool IsOrdinary(SheetDocument &document)
+{
+    return document.IsOrdinary();
 }
 
 QString TextOf(const char *utf8)

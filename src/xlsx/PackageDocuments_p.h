@@ -26,16 +26,18 @@ public:
     {
     }
 
-    void InsertIfAbsent(const Item &item)
+    /// False if there was one.
+    bool InsertIfAbsent(const Item &item)
     {
         // At most two thirds full, so that probing stays short.
         if (m_used * 3 >= m_slots.size() * 2)
             Grow();
         Item &slot = m_slots[SlotOf(m_text(item))];
-        if (!slot) {
-            slot = item;
-            ++m_used;
-        }
+        if (slot)
+            return false;
+        slot = item;
+        ++m_used;
+        return true;
     }
     Item Find(const char *text) const { return m_slots.empty() ? Item() : m_slots[SlotOf(text)]; }
 
@@ -74,11 +76,8 @@ public:
     {
     }
 
-    void InsertIfAbsent(const pugi::xml_node &node)
-    {
-        if (node.attribute(m_attribute))
-            m_nodes.InsertIfAbsent(node);
-    }
+    /// False if the node is passed over, or if there was one.
+    bool InsertIfAbsent(const pugi::xml_node &node) { return node.attribute(m_attribute) && m_nodes.InsertIfAbsent(node); }
     pugi::xml_node Find(const QByteArray &value) const { return m_nodes.Find(value.constData()); }
 
 private:
@@ -133,21 +132,30 @@ public:
     /// Empty if the sheet has neither validations nor page margins to put them in front of.
     pugi::xml_node MakeListValidation(const QByteArray &position);
 
+    /// IsOrdinary() of this document, told while its index is built.
+    bool IsOrdinary() { return TheIndex().isOrdinary; }
+
 private:
+    /// In a sheet as programs write it, the digits at the end of a cell's reference name its row, and a cell is found by looking through
+    /// that row. In any other all cells are indexed, which takes a slot for each.
     struct Index
     {
-        NodesByAttribute cells{"r"};
+        bool isOrdinary = true;
+        bool cellsLieInTheirRows = true;
+        NodesByAttribute cells{"r"}; ///< empty if they lie in their rows
         NodesByAttribute rows{"r"};
         NodesByAttribute listValidations{"sqref"};
         pugi::xml_node sheetData;
         pugi::xml_node dataValidations;
         pugi::xml_node worksheet;
         pugi::xml_node pageMargins;
-        RisingSiblings<int> risingRows;
+        std::unique_ptr<RisingSiblings<int>> risingRows; ///< made with the first new row
         std::unordered_map<std::size_t, RisingSiblings<std::string>> cellsOfLongRows;
     };
 
     Index &TheIndex();
+    void IndexAllCells();
+    RisingSiblings<int> &RisingRows();
     pugi::xml_node MakeRow(int row);
     pugi::xml_node MakeCellInRow(pugi::xml_node row, const std::string &position);
 
@@ -270,6 +278,7 @@ QString TextOf(const char *utf8);
 /// True if no element has so many attributes or children that looking one of them up costs more than it may: more than 1,000
 /// attributes, or as many children of a cell or a validation. No program writes such parts.
 bool IsOrdinary(const pugi::xml_document &document);
+bool IsOrdinary(SheetDocument &document);
 
 /// Calls \a visit for each element of \a document in document order, without recursion.
 template <typename Visit>
@@ -277,13 +286,19 @@ void ForEachElement(const pugi::xml_document &document, const Visit &visit)
 {
     pugi::xml_node node = document.first_child();
     while (node) {
-        if (node.type() == pugi::node_element)
+        if (node.type() == pugi::node_element) {
             visit(node);
-        pugi::xml_node next = node.first_child();
-        while (!next && node && node.type() != pugi::node_document) {
+            if (const pugi::xml_node child = node.first_child()) {
+                node = child;
+                continue;
+            }
+        }
+        pugi::xml_node next = node.next_sibling();
+        while (!next) {
+            node = node.parent();
+            if (node.type() == pugi::node_document)
+                return;
             next = node.next_sibling();
-            if (!next)
-                node = node.parent();
         }
         node = next;
     }

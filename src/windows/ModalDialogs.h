@@ -1,0 +1,25 @@
+#pragma once
+
+#include <Velmora/VelmoraExport.h>
+
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
+class QDialog;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+/// Centres \a dialog on the window that holds \a referenceWidget, also if it is larger, runs it and returns its result. With a null
+/// argument: a warning, and -1, which is neither QDialog::Accepted nor QDialog::Rejected. Shows no veil: that is the host's.
+VELMORA_EXPORT int exec(QDialog *dialog, QWidget *referenceWidget);
+
+/// Shows \a dialog, modal for the whole application, without waiting for its result or moving it. \a dialog must not be null;
+/// \a referenceWidget is not used.
+VELMORA_EXPORT void showModal(QDialog *dialog, QWidget *referenceWidget);
+
+/// Hides \a dialog and leaves its modality. \a dialog must not be null; \a referenceWidget is not used.
+VELMORA_EXPORT void hideModal(QDialog *dialog, QWidget *referenceWidget);
+
+} // namespace Velmora

@@ -1,0 +1,286 @@
+#include <Velmora/PaintingHelpers.h>
+#include <Velmora/QcDialog.h>
+#include <Velmora/QcFrame.h>
+#include <Velmora/QcIconButton.h>
+#include <Velmora/QcLabel.h>
+#include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcSecondaryButton.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "theme/TokenPainting_p.h"
+#include "windows/QcWindowHandler_p.h"
+#include "windows/WindowParts_p.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+constexpr int kTitleLeftMargin = 15;
+constexpr int kShadowMargin = 10;
+constexpr double kShadowOpacity = 0.1;
+constexpr int kBottomMargin = 16;
+constexpr int kBottomSpacing = 12;
+constexpr int kBottomButtonWidth = 80;
+constexpr const char *kTranslationContext = "QcDialog";
+
+template <typename Button>
+Button *MakeBottomButton(QFrame *row, const QString &name)
+{
+    auto *button = new Button(row);
+    button->setObjectName(name);
+    button->setMinimumWidth(kBottomButtonWidth);
+    button->setText(QCoreApplication::translate(kTranslationContext, "PushButton"));
+    row->layout()->addWidget(button);
+    return button;
+}
+
+} // namespace
+
+struct Ui_QcDialog
+{
+    QVBoxLayout *verticalLayout;
+    QcFrame *m_titleFrame;
+    QHBoxLayout *horizontalLayout;
+    QcLabel *m_titleLabel;
+    QSpacerItem *horizontalSpacer;
+    QcIconButton *m_minButton;
+    QcIconButton *m_maxButton;
+    QcIconButton *m_closeButton;
+    QFrame *m_contentFrame;
+    QFrame *m_bottomFrame;
+    QHBoxLayout *horizontalLayout_2;
+    QSpacerItem *horizontalSpacer_2;
+    QcPrimaryButton *m_okButton;
+    QcSecondaryButton *m_cancelButton;
+};
+
+QcDialog::QcDialog(QWidget *parent)
+    : QDialog(parent, Qt::WindowFlags())
+    , ui(new Ui_QcDialog) // deleted by the destructor
+{
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+    SetUpForm();
+    connect(ui->m_minButton, &QAbstractButton::clicked, this, &QcDialog::onShowMin);
+    connect(ui->m_maxButton, &QAbstractButton::clicked, this, &QcDialog::onShowMax);
+    connect(ui->m_closeButton, &QAbstractButton::clicked, this, &QcDialog::onCloseButtonClicked);
+    ui->m_titleFrame->installEventFilter(this);
+
+    m_windowHandler = new QcWindowHandler(this);
+    m_windowHandler->setWidget(this);
+    m_windowHandler->setTitleBar(ui->m_titleFrame);
+    m_windowHandler->setBorderWidth(0);
+
+    connect(ui->m_okButton, &QAbstractButton::clicked, this, &QDialog::accept);
+    connect(ui->m_cancelButton, &QAbstractButton::clicked, this, &QDialog::reject);
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+}
+
+QcDialog::~QcDialog()
+{
+    delete ui;
+}
+
+// --- The form ---
+
+void QcDialog::SetUpForm()
+{
+    setObjectName(QStringLiteral("QcDialog"));
+    resize(600, 400);
+    setWindowTitle(QCoreApplication::translate(kTranslationContext, "dialog"));
+
+    const TitleRow row = MakeTitleRow(*this, kTranslationContext, kTitleLeftMargin, QStringLiteral("m_maxButton"));
+    row.minButton->hide();
+    row.maxButton->hide();
+    ui->m_titleFrame = row.frame;
+    ui->horizontalLayout = row.layout;
+    ui->m_titleLabel = row.title;
+    ui->horizontalSpacer = row.spacer;
+    ui->m_minButton = row.minButton;
+    ui->m_maxButton = row.maxButton;
+    ui->m_closeButton = row.closeButton;
+    ui->m_contentFrame = MakeContentFrame(*this);
+    SetUpBottomRow();
+
+    ui->verticalLayout = new QVBoxLayout(this);
+    ui->verticalLayout->setObjectName(QStringLiteral("verticalLayout"));
+    ui->verticalLayout->setSpacing(0);
+    ui->verticalLayout->setContentsMargins(kShadowMargin, kShadowMargin, kShadowMargin, kShadowMargin);
+    ui->verticalLayout->addWidget(ui->m_titleFrame);
+    ui->verticalLayout->addWidget(ui->m_contentFrame);
+    ui->verticalLayout->addWidget(ui->m_bottomFrame);
+}
+
+void QcDialog::SetUpBottomRow()
+{
+    ui->m_bottomFrame = MakePlainFrame(*this, QStringLiteral("m_bottomFrame"));
+    ui->m_bottomFrame->setMinimumSize(0, 0);
+    ui->horizontalLayout_2 = new QHBoxLayout(ui->m_bottomFrame);
+    ui->horizontalLayout_2->setObjectName(QStringLiteral("horizontalLayout_2"));
+    ui->horizontalLayout_2->setSpacing(kBottomSpacing);
+    ui->horizontalLayout_2->setContentsMargins(kBottomMargin, kBottomMargin, kBottomMargin, kBottomMargin);
+    ui->horizontalSpacer_2 = new QSpacerItem(417, 20, QSizePolicy::Expanding, QSizePolicy::Minimum);
+    ui->horizontalLayout_2->addItem(ui->horizontalSpacer_2);
+    ui->m_okButton = MakeBottomButton<QcPrimaryButton>(ui->m_bottomFrame, QStringLiteral("m_okButton"));
+    ui->m_cancelButton = MakeBottomButton<QcSecondaryButton>(ui->m_bottomFrame, QStringLiteral("m_cancelButton"));
+    ui->m_bottomFrame->hide();
+}
+
+// --- What the host sets ---
+
+void QcDialog::setTitle(const QString &title)
+{
+    ui->m_titleLabel->setText(title);
+}
+
+void QcDialog::setTitleBarVisible(bool visible)
+{
+    ui->m_titleFrame->setVisible(visible);
+}
+
+void QcDialog::setCloseButtonVisible(bool visible)
+{
+    ui->m_closeButton->setVisible(visible);
+}
+
+void QcDialog::setBottomFrameVisible(bool visible)
+{
+    ui->m_bottomFrame->setVisible(visible);
+}
+
+void QcDialog::setOkButtonVisible(bool visible)
+{
+    ui->m_okButton->setVisible(visible);
+}
+
+void QcDialog::setCancelButtonVisible(bool visible)
+{
+    ui->m_cancelButton->setVisible(visible);
+}
+
+void QcDialog::setOkButtonText(const QString &text)
+{
+    ui->m_okButton->setText(text);
+}
+
+void QcDialog::setCancelButtonText(const QString &text)
+{
+    ui->m_cancelButton->setText(text);
+}
+
+void QcDialog::setBottomButtonHeight(int height)
+{
+    const auto buttons = ui->m_bottomFrame->findChildren<QPushButton *>();
+    for (QPushButton *button : buttons)
+        button->setFixedHeight(height);
+}
+
+void QcDialog::setBorderColorParams(const QString &code)
+{
+    m_borderColorParams = code;
+    update();
+}
+
+void QcDialog::setBackgroundColorParams(const QString &code)
+{
+    m_backgroundColorParams = code;
+    update();
+}
+
+void QcDialog::setBorderRadius(int radius)
+{
+    m_borderRadius = radius;
+    update();
+}
+
+void QcDialog::controlMinMaxBtn(bool visible)
+{
+    ui->m_minButton->setVisible(visible);
+    ui->m_maxButton->setVisible(visible);
+}
+
+QFrame *QcDialog::getContentFrame()
+{
+    return ui->m_contentFrame;
+}
+
+QFrame *QcDialog::getTitleFrame()
+{
+    return ui->m_titleFrame;
+}
+
+void QcDialog::showToCenter(QWidget *reference)
+{
+    ShowCentredOn(*this, reference);
+}
+
+void QcDialog::removeEventFilter()
+{
+    ui->m_titleFrame->removeEventFilter(this);
+}
+
+// --- Events ---
+
+void QcDialog::onShowMin()
+{
+    showMinimized();
+}
+
+void QcDialog::onShowMax()
+{
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
+}
+
+void QcDialog::onCloseButtonClicked()
+{
+    close();
+}
+
+bool QcDialog::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == ui->m_titleFrame && event->type() == QEvent::MouseButtonDblClick)
+        return true; // a dialog is not maximised by its title row
+    return QDialog::eventFilter(watched, event);
+}
+
+void QcDialog::closeEvent(QCloseEvent *event)
+{
+    Q_EMIT signalClose();
+    QDialog::closeEvent(event);
+}
+
+void QcDialog::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    ShadowParams shadow;
+    shadow.margins = layout()->contentsMargins();
+    const double radius = m_borderRadius;
+    shadow.radius = {radius, radius, radius, radius};
+    shadow.maxOpacity = kShadowOpacity;
+    const QRect panel = rect().marginsRemoved(shadow.margins);
+    // Most repaints are of something on the panel, where there is no shadow but under the corners, and setting up its gradients
+    // would cost eight times as much as painting a button's ground.
+    const int corner = std::max(m_borderRadius, 0);
+    if (!panel.adjusted(corner, corner, -corner, -corner).contains(event->rect()))
+        DrawShadow(painter, panel, shadow);
+
+    // Square, whatever the radius: it rounds the shadow only.
+    SetBorderPen(painter, m_borderColorParams);
+    painter.setBrush(TokenColor(m_backgroundColorParams));
+    painter.drawRoundedRect(panel, 0.0, 0.0, Qt::AbsoluteSize);
+}
+
+} // namespace Velmora

@@ -1,0 +1,19 @@
+#include <Velmora/QcMaskFrame.h>
+
+#include "windows/Veil_p.h"
+
+namespace Velmora {
+
+QcMaskFrame::QcMaskFrame(QWidget *parent)
+    : QFrame(parent, Qt::WindowFlags())
+{
+    setAttribute(Qt::WA_AlwaysStackOnTop);
+    SetUpVeil(*this);
+}
+
+void QcMaskFrame::paintEvent(QPaintEvent * /*event*/)
+{
+    PaintVeil(*this);
+}
+
+} // namespace Velmora

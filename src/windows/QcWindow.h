@@ -1,0 +1,68 @@
+#pragma once
+
+#include <Velmora/QcFrame.h>
+#include <Velmora/VelmoraExport.h>
+
+#include <QString>
+
+QT_BEGIN_NAMESPACE
+class QCloseEvent;
+class QEvent;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+class QcWindowHandler;
+struct Ui_QcWindow;
+
+/// A top-level window without a system frame: a title row with three buttons over a content frame that the host fills.
+///
+/// A press of any mouse button on the title row moves it, a double click there maximises and restores it; its edges do not resize
+/// it. 600 by 400 pixels at first. The title buttons stand outside of the Tab order, as those of a system frame do.
+/// The middle button stays checked while the window is maximised, by it or by a double click; a window maximised by another
+/// road leaves it as it was. While the mouse moves over a window, a cursor set on the window itself is unset: set it on the content.
+class VELMORA_EXPORT QcWindow : public QcFrame
+{
+    Q_OBJECT
+
+public:
+    explicit QcWindow(QWidget *parent = nullptr);
+    ~QcWindow() override;
+
+    /// The text in the title row. The title that the desktop shows is setWindowTitle()'s.
+    void setTitle(const QString &title);
+    void setMinButtonVisible(bool visible);
+    void setMaxRestoreButtonVisible(bool visible);
+    void setCloseButtonVisible(bool visible);
+
+    /// The frame under the title row. It has no layout: give it one.
+    QFrame *getContentFrame();
+    /// The title row; what a host adds to its layout stands right of the buttons.
+    QFrame *getTitleFrame();
+
+    /// Centres the window on the one that holds \a reference, and shows it. Null does nothing, and shows nothing.
+    void showToCenter(QWidget *reference);
+    /// Ends the title row's answer to a double click. It still moves the window.
+    void removeEventFilter();
+
+Q_SIGNALS:
+    /// The window is about to close, by whatever road.
+    void signalClose();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private Q_SLOTS:
+    void onMinButtonClicked();
+    void onMaxRestoreButtonToggled();
+    void onCloseButtonClicked();
+
+private:
+    void SetUpForm();
+
+    Ui_QcWindow *ui;
+    QcWindowHandler *m_windowHandler = nullptr;
+};
+
+} // namespace Velmora

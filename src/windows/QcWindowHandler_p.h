@@ -1,0 +1,58 @@
+#pragma once
+
+#include "windows/NativeFrame_p.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+namespace Velmora {
+
+/// What a system frame would do for a frameless window: moving by its title row, resizing at its edges with the cursors for it.
+///
+/// Both go through the window system. It watches the application's events and consumes none of them.
+class QcWindowHandler : public QObject, public QAbstractNativeEventFilter
+{
+    Q_OBJECT
+
+public:
+    /// \a native are the calls of the native layer, which is off until setNativeFrame(); null leaves it off for good.
+    explicit QcWindowHandler(QWidget *parent, const NativeFrame *native = SystemNativeFrame());
+    ~QcWindowHandler() override;
+
+    /// The window that is served; none at first. It may be a widget that becomes a window later.
+    void setWidget(QWidget *widget);
+    /// The widget on which a press of any mouse button moves the window; none at first.
+    void setTitleBar(QWidget *titleBar);
+    /// Width in pixels of the band along each edge that resizes; 0, the default, makes the window keep its size.
+    void setBorderWidth(int width);
+    /// Keeps the window in the system's care as if it had a frame, which is then not shown. Off at first; Windows only.
+    void setNativeFrame(bool enabled);
+    /// Gives the window the style of one with a frame, if it is to have it.
+    void applyNativeStyle();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool nativeEventFilter(const QByteArray &eventType, void *message, long *result) override;
+
+private:
+    bool UsesNativeFrame() const { return m_nativeFrame && m_native; }
+    bool IsResizable() const;
+    Qt::Edges EdgesUnderCursor() const;
+    void StartMove(const QEvent &press);
+    void StartResize(const QEvent &press);
+    void UpdateCursor();
+    bool HasCursor() const;
+    void ClearCursor();
+    void FollowScreenChanges();
+    void UpdateMaximisedMargins();
+
+    QPointer<QWidget> m_widget;
+    QPointer<QWidget> m_titleBar;
+    bool m_nativeFrame = false;
+    int m_borderWidth = 0;
+    bool m_firstShow = true;
+    const NativeFrame *m_native;
+};
+
+} // namespace Velmora

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+QT_BEGIN_NAMESPACE
+class QFrame;
+class QHBoxLayout;
+class QSpacerItem;
+class QWidget;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+class QcFrame;
+class QcIconButton;
+class QcLabel;
+
+/// The row at the top of a window or dialog: its title, and at the right end three buttons.
+struct TitleRow
+{
+    QcFrame *frame;
+    QHBoxLayout *layout;
+    QcLabel *title;
+    QSpacerItem *spacer;
+    QcIconButton *minButton;
+    QcIconButton *maxButton;
+    QcIconButton *closeButton;
+};
+
+/// Makes the row as a child of \a window, \a leftMargin pixels before the title, its texts translated in \a context.
+/// \a maxButtonName is the object name of the middle button, the others being m_minButton and m_closeButton.
+TitleRow MakeTitleRow(QWidget &window, const char *context, int leftMargin, const QString &maxButtonName);
+
+/// The frame under the title row that the host fills, m_contentFrame, as a child of \a window.
+QFrame *MakeContentFrame(QWidget &window);
+
+/// A plain frame without a border, as a child of \a window.
+QFrame *MakePlainFrame(QWidget &window, const QString &name);
+
+/// Moves \a window so that it is centred on the window of \a reference, and shows it. Nothing happens if that is null.
+void ShowCentredOn(QWidget &window, const QWidget *reference);
+
+} // namespace Velmora

@@ -1,0 +1,141 @@
+#include "windows/QcWindowHandler_p.h"
+
+#include <Velmora/QcApplication.h>
+#include <Velmora/QcDialog.h>
+#include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcStyleManager.h>
+#include <Velmora/QcWindow.h>
+
+#include <QHBoxLayout>
+#include <QTextStream>
+#include <QTimer>
+
+using namespace Velmora;
+
+namespace {
+
+constexpr int kBorder = 8;
+
+/// Tells on the standard output, a line each, whatever changes in a window that a test drives with a real mouse.
+class Reporter : public QObject
+{
+public:
+    explicit Reporter(QWidget *window)
+        : QObject(window)
+        , m_window(window)
+    {
+        auto *timer = new QTimer(this);
+        connect(timer, &QTimer::timeout, this, [this] { Report(); });
+        timer->start(10);
+    }
+
+private:
+    void Report()
+    {
+        QString text = QStringLiteral("state %1 %2 %3 %4 cursor %5 maximized %6 minimized %7 active %8")
+                           .arg(m_window->x())
+                           .arg(m_window->y())
+                           .arg(m_window->width())
+                           .arg(m_window->height())
+                           .arg(int(m_window->cursor().shape()))
+                           .arg(m_window->isMaximized())
+                           .arg(m_window->isMinimized())
+                           .arg(m_window->isActiveWindow());
+        for (const QWidget *widget : m_window->findChildren<QWidget *>()) {
+            if (!widget->isVisible() || widget->objectName().isEmpty())
+                continue;
+            const QPoint at = widget->mapTo(m_window, QPoint());
+            text += QStringLiteral(" widget %1 %2 %3 %4 %5")
+                        .arg(widget->objectName())
+                        .arg(at.x())
+                        .arg(at.y())
+                        .arg(widget->width())
+                        .arg(widget->height());
+        }
+        if (text == m_last)
+            return;
+        m_last = text;
+        QTextStream(stdout) << text << Qt::endl;
+    }
+
+    QWidget *m_window;
+    QString m_last;
+};
+
+void Say(const QString &what)
+{
+    QTextStream(stdout) << "said " << what << Qt::endl;
+}
+
+/// A button that tells of its clicks.
+void AddButton(QWidget *place)
+{
+    auto *row = new QHBoxLayout(place);
+    auto *button = new QcPrimaryButton;
+    button->setObjectName(QStringLiteral("pushMe"));
+    button->setText(QStringLiteral("Push me"));
+    QObject::connect(button, &QAbstractButton::clicked, button, [] { Say(QStringLiteral("clicked")); });
+    row->addWidget(button, 0, Qt::AlignCenter);
+}
+
+void ShowAt(QWidget *window)
+{
+    new Reporter(window); // the window's child
+    window->setGeometry(200, 150, 400, 300);
+    window->show();
+}
+
+int ShowWindow()
+{
+    QcWindow window(nullptr);
+    window.setTitle(QStringLiteral("Stage"));
+    window.setWindowTitle(QStringLiteral("stage"));
+    QObject::connect(&window, &QcWindow::signalClose, [] { Say(QStringLiteral("closed")); });
+    AddButton(window.getContentFrame());
+    ShowAt(&window);
+    return QApplication::exec();
+}
+
+int ShowDialog()
+{
+    QcDialog dialog(nullptr);
+    dialog.setTitle(QStringLiteral("Stage"));
+    dialog.setWindowTitle(QStringLiteral("stage"));
+    dialog.controlMinMaxBtn(true);
+    dialog.setBottomFrameVisible(true);
+    QObject::connect(&dialog, &QcDialog::signalClose, [] { Say(QStringLiteral("closed")); });
+    AddButton(dialog.getContentFrame());
+    ShowAt(&dialog);
+    return QApplication::exec();
+}
+
+/// A bare window whose edges resize it, as those of a floating panel do.
+int ShowPanel()
+{
+    QWidget panel(nullptr, Qt::Window | Qt::FramelessWindowHint);
+    panel.setWindowTitle(QStringLiteral("stage"));
+    auto *handler = new QcWindowHandler(&panel); // the panel's child
+    handler->setWidget(&panel);
+    handler->setBorderWidth(kBorder);
+    AddButton(&panel);
+    ShowAt(&panel);
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QcApplication application(argc, argv);
+    QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
+    application.Initialize();
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString what = arguments.value(1);
+    if (what == QLatin1String("window"))
+        return ShowWindow();
+    if (what == QLatin1String("dialog"))
+        return ShowDialog();
+    if (what == QLatin1String("panel"))
+        return ShowPanel();
+    return 1;
+}

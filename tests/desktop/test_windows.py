@@ -1,0 +1,266 @@
+"""Moves, resizes, maximises and closes windows with a real mouse, under a real window manager."""
+
+import os
+import re
+import subprocess
+import threading
+import unittest
+
+from desktop import EXPECTED_MESSAGE, MESSAGE, TIMEOUT, Desktop, wait_for
+
+STAGE = os.environ["STAGE_PROGRAM"]
+TABLES = os.environ["COLOUR_TABLES"]
+
+ARROW, SIZE_VER, SIZE_HOR, SIZE_BDIAG, SIZE_FDIAG = 0, 5, 6, 7, 8 # Qt::CursorShape
+
+
+def token(name):
+    """A token of the light table, "#rrggbb"."""
+    with open(os.path.join(TABLES, "blue_light.ini"), encoding="utf-8-sig") as file:
+        return re.search(rf"^{re.escape(name)} *= *(#\w{{6}})", file.read(), re.MULTILINE).group(1).lower()
+
+
+class Stage:
+    """The program that shows one window and tells how it is."""
+
+    count = 0
+
+    def __init__(self, desktop, kind):
+        Stage.count += 1
+        self.desktop = desktop
+        self.log_name = f"stage-{Stage.count}.log"
+        self.process = desktop.start([STAGE, kind], log=self.log_name, stdout=subprocess.PIPE)
+        self.geometry = self.cursor = self.maximized = self.minimized = self.active = None
+        self.widgets = {}
+        self.said = []
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        wait_for(lambda: self.active and self.geometry[2:] == (400, 300), "the stage's window")
+        self.window = desktop.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split()[0]
+        # Shown is not yet painted.
+        x, y, _, _ = self.geometry
+        wait_for(lambda: self.desktop.pixel(x + 200, y + 60) == token("bg/bg_box") or kind == "panel", "the window's ground")
+
+    def _read(self):
+        for line in self.process.stdout:
+            words = line.split()
+            if words[0] == "said":
+                self.said.append(words[1])
+                continue
+            widgets = {}
+            for part in line.split(" widget ")[1:]:
+                name, *numbers = part.split()
+                widgets[name] = tuple(int(number) for number in numbers)
+            self.widgets = widgets
+            self.cursor, self.maximized, self.minimized = int(words[6]), words[8] == "1", words[10] == "1"
+            self.active = words[12] == "1"
+            self.geometry = tuple(int(word) for word in words[1:5])
+
+    def at(self, widget, dx=None, dy=None):
+        """A place of a widget on the screen, its centre unless told otherwise."""
+        left, top, width, height = self.widgets[widget]
+        x, y, _, _ = self.geometry
+        return x + left + (width // 2 if dx is None else dx), y + top + (height // 2 if dy is None else dy)
+
+    def inside(self, dx, dy):
+        x, y, _, _ = self.geometry
+        return x + dx, y + dy
+
+    def complaints(self):
+        log = self.desktop.log(self.log_name)
+        found = [message for message in MESSAGE.findall(log) if not EXPECTED_MESSAGE.fullmatch(message)]
+        return found + MESSAGE.sub("", log).splitlines()
+
+
+class WindowsTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(1280, 900)
+        cls.addClassCleanup(cls.desktop.close)
+
+    def show(self, kind):
+        self.point_at(1270, 890) # off all windows
+        stage = Stage(self.desktop, kind)
+        self.addCleanup(self.finish, stage)
+        return stage
+
+    def finish(self, stage):
+        if stage.process.poll() is None:
+            stage.process.terminate()
+            stage.process.wait(TIMEOUT)
+        self.assertEqual(stage.complaints(), [])
+
+    def point_at(self, x, y):
+        # Not "--sync", which waits for ever if the mouse is there already.
+        self.desktop.run("xdotool", "mousemove", str(x), str(y))
+
+    def press(self, button=1):
+        self.desktop.run("xdotool", "mousedown", str(button))
+
+    def release(self, button=1):
+        self.desktop.run("xdotool", "mouseup", str(button))
+
+    def drag(self, start, by, button=1):
+        """In steps, as a hand does: the window manager takes the pointer over in between."""
+        x, y = start
+        self.point_at(x, y)
+        self.press(button)
+        for step in range(1, 6):
+            self.point_at(x + by[0] * step // 5, y + by[1] * step // 5)
+        self.release(button)
+
+    def drag_until(self, stage, start, by, expected, button=1):
+        """The window manager takes the pointer over when it gets around to it: the button is held until the window has followed."""
+        x, y = start
+        self.point_at(x, y)
+        self.press(button)
+        try:
+            def arrives():
+                self.point_at(x + by[0] - 1, y + by[1])
+                self.point_at(x + by[0], y + by[1])
+                return self.desktop.geometry(stage.window) == expected
+            wait_for(arrives, f"{expected} after a drag", 20)
+        finally:
+            self.release(button)
+            if button != 1: # Qt names the left button to the window manager, whose move ends with a release of that one
+                self.desktop.run("xdotool", "click", "1")
+        # Only now does the window manager tell the program.
+        wait_for(lambda: stage.geometry == expected, f"the program to know of {expected}", 20)
+
+    def click(self, at, button=1):
+        self.point_at(*at)
+        self.desktop.run("xdotool", "click", str(button))
+
+    def double_click(self, at, done):
+        """As a hand does it, whose press lasts: the window manager, asked to move the window, awaits the release. On a busy machine
+        it may ask for the pointer too late for that, and is then freed by one more click, and the double click done again."""
+        press = ("mousedown", "1", "sleep", "0.12", "mouseup", "1")
+        for _ in range(20):
+            self.point_at(*at)
+            self.desktop.run("xdotool", *press, "sleep", "0.03", *press)
+            try:
+                return wait_for(done, "the double click's answer", 3)
+            except AssertionError:
+                self.click(at)
+        raise AssertionError("no double click was answered")
+
+    def check_title_row_moves(self, kind):
+        for button in (1, 2, 3):
+            with self.subTest(kind=kind, button=button):
+                stage = self.show(kind)
+                x, y, width, height = stage.geometry
+                self.drag_until(stage, stage.at("m_titleFrame"), (130, 90), (x + 130, y + 90, width, height), button)
+                # Another press at once, on the text this time, moves it again.
+                self.drag_until(stage, stage.at("m_titleLabel"), (-60, 45), (x + 70, y + 135, width, height), button)
+                # Nothing looks hovered or pressed, and the next press works.
+                close = stage.at("m_closeButton", 3, 3)
+                self.assertEqual(self.desktop.pixel(*close), token("bg/bg_box"))
+                self.click(stage.at("pushMe"))
+                wait_for(lambda: "clicked" in stage.said, "the click after a move")
+                self.finish(stage)
+
+    def test_a_window_moves_by_its_title_row_with_each_mouse_button(self):
+        self.check_title_row_moves("window")
+
+    def test_a_dialog_moves_by_its_title_row_with_each_mouse_button(self):
+        self.check_title_row_moves("dialog")
+
+    def test_a_hover_still_shows_after_a_move(self):
+        stage = self.show("window")
+        x, y, width, height = stage.geometry
+        self.drag_until(stage, stage.at("m_titleFrame"), (100, 50), (x + 100, y + 50, width, height))
+        close = stage.at("m_closeButton", 3, 3)
+        self.point_at(*stage.at("m_closeButton"))
+        wait_for(lambda: self.desktop.pixel(*close) != token("bg/bg_box"), "the hover of the close button", 15)
+        self.point_at(*stage.inside(200, 200))
+        wait_for(lambda: self.desktop.pixel(*close) == token("bg/bg_box"), "the hover to go", 15)
+
+    def test_a_press_on_a_title_button_moves_nothing(self):
+        for kind, names in (("window", ("m_minButton", "m_maxRestoreButton", "m_closeButton")),
+                            ("dialog", ("m_minButton", "m_maxButton", "m_closeButton"))):
+            stage = self.show(kind)
+            before = stage.geometry
+            for name in names:
+                for button in (1, 2, 3):
+                    with self.subTest(kind=kind, name=name, button=button):
+                        self.drag(stage.at(name), (120, 160), button) # released elsewhere, it is no click either
+                        self.point_at(*stage.inside(20, 250))
+                        close = stage.at(name, 3, 3)
+                        wait_for(lambda: self.desktop.pixel(*close) == token("bg/bg_box"), "no pressed look", 15)
+                        self.assertEqual(stage.geometry, before)
+                        self.assertEqual(stage.said, [])
+
+    def test_a_double_click_on_the_title_row_maximises_and_restores_a_window(self):
+        stage = self.show("window")
+        before = stage.geometry
+        self.double_click(stage.at("m_titleFrame"), lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900))
+        self.double_click(stage.at("m_titleFrame"), lambda: not stage.maximized and stage.geometry == before)
+
+    def test_title_buttons_of_a_window(self):
+        stage = self.show("window")
+        before = stage.geometry
+        self.click(stage.at("m_maxRestoreButton"))
+        wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the window to fill the screen")
+        self.click(stage.at("m_maxRestoreButton"))
+        wait_for(lambda: not stage.maximized and stage.geometry == before, "the window to be as before")
+        self.click(stage.at("m_minButton"))
+        wait_for(lambda: stage.minimized, "the window to be minimised")
+        self.desktop.run("xdotool", "windowactivate", stage.window)
+        wait_for(lambda: not stage.minimized and stage.active, "the window to come back")
+        self.click(stage.at("m_closeButton"))
+        self.assertEqual(stage.process.wait(TIMEOUT), 0)
+        self.assertEqual(stage.said, ["closed"])
+
+    def test_title_buttons_of_a_dialog(self):
+        stage = self.show("dialog")
+        before = stage.geometry
+        self.click(stage.at("m_maxButton"))
+        wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the dialog to fill the screen")
+        self.click(stage.at("m_maxButton"))
+        wait_for(lambda: not stage.maximized and stage.geometry == before, "the dialog to be as before")
+        self.click(stage.at("m_closeButton"))
+        self.assertEqual(stage.process.wait(TIMEOUT), 0)
+        self.assertEqual(stage.said, ["closed"])
+
+    def test_window_and_dialog_cannot_be_resized(self):
+        for kind in ("window", "dialog"):
+            stage = self.show(kind)
+            before = stage.geometry
+            for at in ((0, 150), (399, 150), (399, 299), (0, 0)):
+                with self.subTest(kind=kind, at=at):
+                    self.point_at(*stage.inside(*at))
+                    if at != (0, 0) or kind == "dialog": # a window's first pixel belongs to its title row, which moves it
+                        self.drag(stage.inside(*at), (40, 40))
+                    self.point_at(*stage.inside(200, 200))
+                    self.assertEqual(stage.cursor, ARROW)
+                    self.assertEqual(stage.geometry, before)
+
+    def test_a_panel_is_resized_by_its_edges_and_corners(self):
+        edges = {
+            (2, 150): (SIZE_HOR, (-30, 0), (-30, 0, 30, 0)),
+            (397, 150): (SIZE_HOR, (30, 0), (0, 0, 30, 0)),
+            (200, 2): (SIZE_VER, (0, -25), (0, -25, 0, 25)),
+            (200, 297): (SIZE_VER, (0, 25), (0, 0, 0, 25)),
+            (2, 2): (SIZE_FDIAG, (-30, -25), (-30, -25, 30, 25)),
+            (397, 2): (SIZE_BDIAG, (30, -25), (0, -25, 30, 25)),
+            (2, 297): (SIZE_BDIAG, (-30, 25), (-30, 0, 30, 25)),
+            (397, 297): (SIZE_FDIAG, (30, 25), (0, 0, 30, 25)),
+        }
+        for at, (cursor, by, change) in edges.items():
+            with self.subTest(at=at):
+                stage = self.show("panel")
+                before = stage.geometry
+                self.point_at(*stage.inside(200, 100))
+                self.point_at(*stage.inside(*at))
+                wait_for(lambda: stage.cursor == cursor, f"the cursor {cursor}")
+                expected = tuple(a + b for a, b in zip(before, change))
+                self.drag_until(stage, stage.inside(*at), by, expected)
+                self.point_at(*stage.inside(200, 100))
+                wait_for(lambda: stage.cursor == ARROW, "the cursor to be an arrow again")
+                self.click(stage.at("pushMe"))
+                wait_for(lambda: "clicked" in stage.said, "the click after the resizing")
+                self.finish(stage)
+
+
+if __name__ == "__main__":
+    unittest.main()

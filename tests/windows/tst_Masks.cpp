@@ -1,0 +1,112 @@
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/TestMain.h"
+
+#include <Velmora/QcMaskFrame.h>
+#include <Velmora/QcMaskWindow.h>
+
+#include <QHBoxLayout>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+class TestMasks : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_mask_frame_lies_inside_a_window()
+    {
+        QWidget window;
+        auto *mask = new QcMaskFrame(&window);
+        QVERIFY(!mask->isWindow());
+        QVERIFY(mask->testAttribute(Qt::WA_TranslucentBackground));
+        QVERIFY(mask->testAttribute(Qt::WA_AlwaysStackOnTop));
+        CheckLayout(*mask);
+    }
+
+    void a_mask_window_is_a_tool_window_also_with_a_parent()
+    {
+        QWidget parent;
+        auto *mask = new QcMaskWindow(&parent);
+        QVERIFY(mask->isWindow());
+        QCOMPARE(int(mask->windowFlags()), 0x80B);
+        QVERIFY(mask->testAttribute(Qt::WA_TranslucentBackground));
+        QVERIFY(!mask->testAttribute(Qt::WA_AlwaysStackOnTop));
+        CheckLayout(*mask);
+        parent.setGeometry(50, 60, 100, 100);
+        mask->setGeometry(300, 200, 40, 30);
+        parent.show();
+        mask->show();
+        QCOMPARE(mask->geometry(), QRect(300, 200, 40, 30));
+        parent.move(10, 10);
+        QCOMPARE(mask->geometry(), QRect(300, 200, 40, 30));
+    }
+
+    void both_fill_all_of_their_rectangle_in_both_tables()
+    {
+        QcMaskFrame frame(nullptr);
+        QcMaskWindow window(nullptr);
+        for (QWidget *mask : {static_cast<QWidget *>(&frame), static_cast<QWidget *>(&window)}) {
+            for (const Table table : {Table::Dark, Table::Light}) {
+                UseTable(table);
+                const QColor overlay = TokenOf(table, QStringLiteral("overlay/overlay_primary"));
+                QVERIFY(overlay.alpha() > 0 && overlay.alpha() < 255);
+                for (const QSize size : {QSize(30, 20), QSize(80, 90)}) {
+                    mask->resize(size);
+                    const QImage image = Render(*mask);
+                    const QPointF corners[] = {
+                        {0, 0}, {size.width() - 0.1, 0}, {size.width() - 0.1, size.height() - 0.1}, {0, size.height() - 0.1}};
+                    for (const QPointF &corner : corners)
+                        COMPARE_COLOR(PixelAt(image, corner), Over(overlay));
+                    COMPARE_COLOR(PixelAt(image, QPointF(size.width() / 2, size.height() / 2)), Over(overlay));
+                }
+            }
+        }
+    }
+
+    void a_veil_shows_what_lies_behind_it()
+    {
+        QWidget window;
+        window.resize(100, 60);
+        window.setPalette(QPalette(Qt::red));
+        window.setAutoFillBackground(true);
+        auto *mask = new QcMaskFrame(&window);
+        mask->setGeometry(0, 0, 50, 60);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QImage image = window.grab().toImage();
+        const QColor ground = window.palette().color(QPalette::Window);
+        COMPARE_COLOR(PixelAt(image, QPointF(25, 30)), Over(TokenOf(Table::Light, QStringLiteral("overlay/overlay_primary")), ground));
+        COMPARE_COLOR(PixelAt(image, QPointF(75, 30)), ground);
+    }
+
+    void a_visible_veil_follows_the_table()
+    {
+        QcMaskFrame mask(nullptr);
+        mask.resize(20, 20);
+        mask.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&mask));
+        DrainEvents();
+        EventCounter paints(mask, QEvent::Paint);
+        UseTable(Table::Dark);
+        QCOMPARE(paints.Take(), 1);
+    }
+
+protected:
+    void TearDown() override { UseTable(Table::Light); }
+
+private:
+    static void CheckLayout(const QWidget &mask)
+    {
+        auto *row = qobject_cast<QHBoxLayout *>(mask.layout());
+        QVERIFY(row);
+        QCOMPARE(row->contentsMargins(), QMargins());
+        QCOMPARE(row->spacing(), 0);
+        QCOMPARE(row->count(), 0);
+    }
+};
+
+VELMORA_TEST_MAIN(TestMasks)
+
+#include "tst_Masks.moc"

@@ -1,0 +1,90 @@
+#include "support/TestMain.h"
+
+#include <Velmora/ModalDialogs.h>
+#include <Velmora/QcDialog.h>
+
+#include <QTimer>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+class TestModalDialogs : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void exec_needs_both_arguments()
+    {
+        QWidget window;
+        QDialog dialog;
+        const QString warning = QStringLiteral("exec: dialog or referenceWidget is null");
+        ExpectWarning(warning);
+        QCOMPARE(Velmora::exec(nullptr, &window), -1);
+        ExpectWarning(warning);
+        QCOMPARE(Velmora::exec(&dialog, nullptr), -1);
+        ExpectWarning(warning);
+        QCOMPARE(Velmora::exec(nullptr, nullptr), -1);
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void exec_centres_and_returns_the_result_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("result");
+        QTest::newRow("smaller, accepted") << QSize(200, 150) << int(QDialog::Accepted);
+        QTest::newRow("odd, rejected") << QSize(201, 151) << int(QDialog::Rejected);
+        QTest::newRow("larger, a result of the host") << QSize(600, 500) << 17;
+    }
+
+    void exec_centres_and_returns_the_result()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, result);
+        QWidget window;
+        window.setGeometry(200, 150, 400, 300);
+        QWidget inner(&window);
+        inner.setGeometry(10, 10, 20, 20);
+        window.show();
+        QcDialog dialog(nullptr);
+        dialog.resize(size);
+        QPoint centre;
+        bool wasModal = false;
+        QTimer::singleShot(0, &dialog, [&] {
+            centre = dialog.mapToGlobal(dialog.rect().center());
+            wasModal = dialog.isModal();
+            dialog.done(result);
+        });
+        QCOMPARE(Velmora::exec(&dialog, &inner), result);
+        QCOMPARE(centre, window.mapToGlobal(window.rect().center()));
+        QVERIFY(wasModal);
+        // No veil was made.
+        QCOMPARE(window.children().size(), 1);
+    }
+
+    void show_and_hide_modal()
+    {
+        QWidget window;
+        QDialog dialog;
+        dialog.move(33, 44);
+        showModal(&dialog, &window);
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
+        QCOMPARE(dialog.pos(), QPoint(33, 44));
+        hideModal(&dialog, &window);
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.windowModality(), Qt::ApplicationModal);
+    }
+
+    void the_reference_may_be_null_when_showing()
+    {
+        QDialog dialog;
+        showModal(&dialog, nullptr);
+        QVERIFY(dialog.isVisible());
+        hideModal(&dialog, nullptr);
+        QVERIFY(!dialog.isVisible());
+    }
+};
+
+VELMORA_TEST_MAIN(TestModalDialogs)
+
+#include "tst_ModalDialogs.moc"

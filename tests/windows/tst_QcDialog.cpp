@@ -1,0 +1,410 @@
+#include "support/EventCounter.h"
+#include "support/TestMain.h"
+#include "windows/TitleRowChecks.h"
+
+#include <Velmora/PaintingHelpers.h>
+#include <Velmora/QcDialog.h>
+#include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcSecondaryButton.h>
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QRect kPanel(10, 10, 580, 380);
+
+// What a margin of 10 pixels in a tenth of black must look like.
+QImage Shadow(const QWidget &dialog, double radius)
+{
+    QImage image = Canvas(dialog);
+    QPainter painter(&image);
+    ShadowParams shadow;
+    shadow.margins = QMargins(10, 10, 10, 10);
+    shadow.radius = {radius, radius, radius, radius};
+    shadow.maxOpacity = 0.1;
+    DrawShadow(painter, kPanel, shadow);
+    return image;
+}
+
+} // namespace
+
+class TestQcDialog : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_new_dialog()
+    {
+        QcDialog dialog(nullptr);
+        QCOMPARE(int(dialog.windowFlags()), 0x803);
+        QVERIFY(dialog.testAttribute(Qt::WA_TranslucentBackground));
+        QCOMPARE(dialog.objectName(), QStringLiteral("QcDialog"));
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("dialog"));
+        QCOMPARE(dialog.size(), QSize(600, 400));
+        dialog.show();
+        DrainEvents();
+        CheckTitleRow(dialog, QMargins(15, 0, 8, 0), "m_maxButton");
+
+        QLayout *column = dialog.layout();
+        QCOMPARE(column->objectName(), QStringLiteral("verticalLayout"));
+        QCOMPARE(column->spacing(), 0);
+        QCOMPARE(column->contentsMargins(), QMargins(10, 10, 10, 10));
+        QCOMPARE(column->itemAt(0)->widget(), dialog.getTitleFrame());
+        QCOMPARE(column->itemAt(1)->widget(), dialog.getContentFrame());
+        QCOMPARE(column->itemAt(2)->widget(), Child<QFrame>(dialog, "m_bottomFrame"));
+        QCOMPARE(column->count(), 3);
+        QCOMPARE(dialog.getContentFrame()->geometry(), QRect(10, 50, 580, 340));
+        QCOMPARE(dialog.getContentFrame()->sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding));
+        QVERIFY(!dialog.getContentFrame()->layout());
+        QVERIFY(!Child<QcIconButton>(dialog, "m_maxButton")->isCheckable());
+
+        QVERIFY(dialog.getTitleFrame()->isVisible());
+        QVERIFY(IsShown(dialog, "m_closeButton"));
+        QVERIFY(!IsShown(dialog, "m_minButton") && !IsShown(dialog, "m_maxButton") && !IsShown(dialog, "m_bottomFrame"));
+    }
+
+    void the_bottom_row()
+    {
+        QcDialog dialog(nullptr);
+        dialog.show();
+        dialog.setOkButtonVisible(true);
+        QVERIFY(!IsShown(dialog, "m_okButton")); // its row is hidden
+        dialog.setBottomFrameVisible(true);
+        DrainEvents();
+        QVERIFY(IsShown(dialog, "m_okButton") && IsShown(dialog, "m_cancelButton"));
+
+        auto *frame = Child<QFrame>(dialog, "m_bottomFrame");
+        QLayout *row = frame->layout();
+        QCOMPARE(row->objectName(), QStringLiteral("horizontalLayout_2"));
+        QCOMPARE(row->spacing(), 12);
+        QCOMPARE(row->contentsMargins(), QMargins(16, 16, 16, 16));
+        QCOMPARE(row->itemAt(0)->sizeHint(), QSize(417, 20));
+        auto *ok = Child<QcPrimaryButton>(dialog, "m_okButton");
+        auto *cancel = Child<QcSecondaryButton>(dialog, "m_cancelButton");
+        QCOMPARE(row->itemAt(1)->widget(), ok);
+        QCOMPARE(row->itemAt(2)->widget(), cancel);
+        QCOMPARE(row->count(), 3);
+        QCOMPARE(ok->minimumWidth(), 80);
+        QCOMPARE(cancel->minimumWidth(), 80);
+        QCOMPARE(ok->text(), QStringLiteral("PushButton"));
+        QCOMPARE(cancel->text(), QStringLiteral("PushButton"));
+        QCOMPARE(cancel->mapTo(&dialog, QPoint(cancel->width(), 0)).x(), 590 - 16);
+        QCOMPARE(cancel->x() - ok->geometry().right() - 1, 12);
+
+        dialog.setOkButtonText(QStringLiteral("Save"));
+        dialog.setCancelButtonText(QStringLiteral("Leave"));
+        QCOMPARE(ok->text(), QStringLiteral("Save"));
+        QCOMPARE(cancel->text(), QStringLiteral("Leave"));
+        dialog.setOkButtonVisible(false);
+        QVERIFY(!IsShown(dialog, "m_okButton") && IsShown(dialog, "m_cancelButton"));
+        dialog.setCancelButtonVisible(false);
+        QVERIFY(!IsShown(dialog, "m_cancelButton"));
+    }
+
+    void the_button_height_reaches_the_hosts_buttons_too()
+    {
+        QcDialog dialog(nullptr);
+        auto *bottom = Child<QFrame>(dialog, "m_bottomFrame");
+        auto *group = new QWidget(bottom);
+        auto *deep = new QPushButton(group);
+        auto *outside = new QPushButton(dialog.getContentFrame());
+        const int before = outside->maximumHeight();
+        dialog.setBottomButtonHeight(33);
+        const QPushButton *const reached[] = {Child<QcPrimaryButton>(dialog, "m_okButton"),
+                                              Child<QcSecondaryButton>(dialog, "m_cancelButton"), deep};
+        for (const QPushButton *button : reached) {
+            QCOMPARE(button->minimumHeight(), 33);
+            QCOMPARE(button->maximumHeight(), 33);
+        }
+        QCOMPARE(outside->maximumHeight(), before);
+    }
+
+    void title_and_title_buttons()
+    {
+        QcDialog dialog(nullptr);
+        dialog.show();
+        dialog.setTitle(QStringLiteral("Letters"));
+        QCOMPARE(Child<QcLabel>(dialog, "m_titleLabel")->text(), QStringLiteral("Letters"));
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("dialog"));
+        dialog.controlMinMaxBtn(true);
+        QVERIFY(IsShown(dialog, "m_minButton") && IsShown(dialog, "m_maxButton"));
+        dialog.controlMinMaxBtn(false);
+        QVERIFY(!IsShown(dialog, "m_minButton") && !IsShown(dialog, "m_maxButton"));
+        dialog.setCloseButtonVisible(false);
+        QVERIFY(!IsShown(dialog, "m_closeButton"));
+        dialog.setTitleBarVisible(false);
+        QVERIFY(!dialog.getTitleFrame()->isVisible());
+        DrainEvents();
+        QCOMPARE(dialog.getContentFrame()->geometry(), kPanel);
+    }
+
+    void minimise_and_maximise_by_their_buttons()
+    {
+        QcDialog dialog(nullptr);
+        dialog.controlMinMaxBtn(true);
+        dialog.show();
+        auto *max = Child<QcIconButton>(dialog, "m_maxButton");
+        QTest::mouseClick(max, Qt::LeftButton);
+        QVERIFY(dialog.isMaximized() && !max->isChecked());
+        QTest::mouseClick(max, Qt::LeftButton);
+        QVERIFY(!dialog.isMaximized());
+        dialog.showMaximized();
+        QTest::mouseClick(max, Qt::LeftButton); // the button asks the window, not itself
+        QVERIFY(!dialog.isMaximized());
+        QTest::mouseClick(Child<QcIconButton>(dialog, "m_minButton"), Qt::LeftButton);
+        QVERIFY(dialog.isMinimized());
+    }
+
+    void a_double_click_on_the_title_row_is_swallowed()
+    {
+        QcDialog dialog(nullptr);
+        dialog.show();
+        DoubleClicks onFrame(dialog.getTitleFrame());
+        DoubleClicks onDialog(&dialog);
+        QTest::mouseDClick(dialog.getTitleFrame(), Qt::LeftButton);
+        QTest::mouseDClick(Child<QcLabel>(dialog, "m_titleLabel"), Qt::LeftButton);
+        QVERIFY(!dialog.isMaximized());
+        QCOMPARE(onDialog.count, 0);
+
+        dialog.removeEventFilter();
+        QTest::mouseDClick(dialog.getTitleFrame(), Qt::LeftButton);
+        QVERIFY(onFrame.count > 0);
+        QCOMPARE(onDialog.count, 1);
+        QVERIFY(!dialog.isMaximized());
+    }
+
+    void ok_accepts_and_cancel_rejects()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setBottomFrameVisible(true);
+        QSignalSpy closed(&dialog, &QcDialog::signalClose);
+        dialog.show();
+        QTest::mouseClick(Child<QcPrimaryButton>(dialog, "m_okButton"), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(!dialog.isVisible());
+        dialog.show();
+        QTest::mouseClick(Child<QcSecondaryButton>(dialog, "m_cancelButton"), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(closed.count(), 0); // hidden, not closed
+    }
+
+    void closing_says_so_before_it_rejects()
+    {
+        QcDialog dialog(nullptr);
+        QStringList order;
+        connect(&dialog, &QcDialog::signalClose, this, [&] { order.append(QStringLiteral("close")); });
+        connect(&dialog, &QDialog::rejected, this, [&] { order.append(QStringLiteral("rejected")); });
+        dialog.show();
+        QTest::mouseClick(Child<QcIconButton>(dialog, "m_closeButton"), Qt::LeftButton);
+        QCOMPARE(order, QStringList({QStringLiteral("close"), QStringLiteral("rejected")}));
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void works_by_keyboard()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setBottomFrameVisible(true);
+        auto *edit = new QLineEdit(dialog.getContentFrame());
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        edit->setFocus();
+        QTest::keyClick(edit, Qt::Key_Return); // the OK button, not one of the title row
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(!dialog.isVisible());
+
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QVERIFY(!dialog.isVisible());
+
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        Child<QcSecondaryButton>(dialog, "m_cancelButton")->setFocus();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QCOMPARE(dialog.focusWidget(), edit); // past the title row
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    }
+
+    void enter_does_nothing_without_a_bottom_row()
+    {
+        QcDialog dialog(nullptr);
+        auto *edit = new QLineEdit(dialog.getContentFrame());
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(dialog.focusWidget(), edit);
+        QTest::keyClick(edit, Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+    }
+
+    void shows_centred_on_the_window_of_a_reference()
+    {
+        QWidget host;
+        host.setGeometry(120, 80, 700, 500);
+        QWidget inner(&host);
+        host.show();
+        QcDialog dialog(nullptr);
+        dialog.showToCenter(nullptr);
+        QVERIFY(!dialog.isVisible());
+        dialog.showToCenter(&inner);
+        QVERIFY(dialog.isVisible() && !dialog.isModal());
+        QCOMPARE(dialog.pos(), QPoint(170, 130));
+    }
+
+    void the_panel_in_both_tables()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setTitle(QString());
+        dialog.setCloseButtonVisible(false);
+        dialog.show();
+        for (const Table table : {Table::Dark, Table::Light}) {
+            UseTable(table);
+            const QImage image = Render(dialog);
+            const QColor fill = Over(TokenOf(table, QStringLiteral("bg/bg_box")), Qt::white);
+            COMPARE_COLOR(PixelAt(image, QPointF(300, 200)), fill);
+            COMPARE_COLOR(PixelAt(image, QPointF(12, 12)), fill); // square, not rounded
+            COMPARE_COLOR(PixelAt(image, QPointF(587, 387)), fill);
+        }
+    }
+
+    void colours_and_radius_can_be_set()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setTitleBarVisible(false);
+        dialog.show();
+        DrainEvents();
+        EventCounter paints(dialog, QEvent::Paint);
+        dialog.setBackgroundColorParams(QStringLiteral("#FF0000"));
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        dialog.setBorderColorParams(QStringLiteral("#0000FF"));
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        dialog.setBorderRadius(20);
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        UseTable(Table::Dark);
+        QCOMPARE(paints.Take(), 1);
+
+        const QImage image = Render(dialog);
+        COMPARE_COLOR(PixelAt(image, QPointF(300, 200)), QColor(Qt::red));
+        COMPARE_COLOR(PixelAt(image, QPointF(13, 13)), QColor(Qt::red)); // a radius rounds the shadow only
+        if (image.devicePixelRatio() == 1.0) {
+            QColor half(Qt::blue);
+            half.setAlphaF(0.5); // the line is centred on the panel's edge
+            COMPARE_COLOR(PixelAt(image, QPointF(10, 200)), Over(half, Qt::red));
+            COMPARE_COLOR(PixelAt(image, QPointF(300, 10)), Over(half, Qt::red));
+            COMPARE_COLOR(PixelAt(image, QPointF(589, 200)), Over(half, Qt::red));
+            COMPARE_COLOR(PixelAt(image, QPointF(300, 389)), Over(half, Qt::red));
+        }
+    }
+
+    void the_shadow_data()
+    {
+        QTest::addColumn<int>("radius");
+        for (const int radius : {0, 8, 20})
+            QTest::newRow(qPrintable(QString::number(radius))) << radius;
+    }
+
+    void the_shadow()
+    {
+        QFETCH(int, radius);
+        QcDialog dialog(nullptr);
+        dialog.setTitleBarVisible(false);
+        dialog.setBorderColorParams(QStringLiteral("transparent"));
+        dialog.setBackgroundColorParams(QStringLiteral("#FF0000"));
+        if (radius != 8) // the first one
+            dialog.setBorderRadius(radius);
+        dialog.show();
+        DrainEvents();
+        const QImage image = Render(dialog);
+        const QImage shadow = Shadow(dialog, radius);
+
+        QColor strongest(Qt::black);
+        strongest.setAlphaF(0.1);
+        for (const QPointF &beside : {QPointF(9.5, 200), QPointF(300, 9.5), QPointF(590.5, 200), QPointF(300, 390.5)})
+            COMPARE_COLOR(PixelAt(image, beside), Over(strongest));
+        QVERIFY(PixelAt(image, QPointF(0, 200)).red() > PixelAt(image, QPointF(5, 200)).red());
+
+        // Everywhere outside of the panel, corners included.
+        int compared = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QPointF logical = QPointF(x + 0.5, y + 0.5) / image.devicePixelRatio();
+                if (QRectF(kPanel).adjusted(-0.5, -0.5, 0.5, 0.5).contains(logical))
+                    continue;
+                ++compared;
+                QVERIFY2(image.pixel(x, y) == shadow.pixel(x, y), qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
+            }
+        }
+        QVERIFY(compared > 10000);
+        // A radius leaves a notch between the round shadow and the square panel, and covers none of the panel.
+        COMPARE_COLOR(PixelAt(image, QPointF(11, 11)), QColor(Qt::red));
+    }
+
+    void a_part_repainted_looks_as_before()
+    {
+        QcDialog dialog(nullptr);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        DrainEvents();
+        const QImage whole = Render(dialog);
+        for (const QRect &part : {QRect(100, 100, 50, 50), QRect(0, 0, 30, 30), QRect(8, 150, 12, 5), QRect(560, 380, 40, 20)}) {
+            QImage image = whole;
+            QPainter painter(&image);
+            painter.setCompositionMode(QPainter::CompositionMode_Source);
+            painter.fillRect(part, Qt::white);
+            painter.end();
+            dialog.render(&image, part.topLeft(), part, QWidget::DrawChildren);
+            const qreal ratio = whole.devicePixelRatio();
+            const QRect inside =
+                QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect().adjusted(2, 2, -2, -2);
+            QCOMPARE(image.copy(inside), whole.copy(inside));
+        }
+    }
+
+    void right_to_left_turns_the_rows_around()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setBottomFrameVisible(true);
+        dialog.setLayoutDirection(Qt::RightToLeft);
+        dialog.show();
+        DrainEvents();
+        QVERIFY(Child<QcIconButton>(dialog, "m_closeButton")->x() < Child<QcLabel>(dialog, "m_titleLabel")->x());
+        QVERIFY(Child<QcSecondaryButton>(dialog, "m_cancelButton")->x() < Child<QcPrimaryButton>(dialog, "m_okButton")->x());
+        QCOMPARE(Child<QcSecondaryButton>(dialog, "m_cancelButton")->x(), 16);
+    }
+
+protected:
+    void TearDown() override { UseTable(Table::Light); }
+
+private:
+    static bool IsShown(const QWidget &dialog, const char *name) { return Child<QWidget>(dialog, name)->isVisible(); }
+
+    class DoubleClicks : public QObject
+    {
+    public:
+        explicit DoubleClicks(QObject *watched) { watched->installEventFilter(this); }
+        int count = 0;
+
+    protected:
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override
+        {
+            count += event->type() == QEvent::MouseButtonDblClick;
+            return false;
+        }
+    };
+};
+
+VELMORA_TEST_MAIN(TestQcDialog)
+
+#include "tst_QcDialog.moc"

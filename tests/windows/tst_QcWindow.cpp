@@ -1,0 +1,284 @@
+#include "support/TestMain.h"
+#include "windows/TitleRowChecks.h"
+
+#include <Velmora/QcWindow.h>
+
+#include <QSignalSpy>
+#include <QVBoxLayout>
+#include <QWindow>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+class TestQcWindow : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_new_window()
+    {
+        QcWindow window(nullptr);
+        QCOMPARE(int(window.windowFlags()), 0x801);
+        QCOMPARE(window.objectName(), QStringLiteral("QcWindow"));
+        QCOMPARE(window.windowTitle(), QStringLiteral("window"));
+        QCOMPARE(window.size(), QSize(600, 400));
+        window.show();
+        CheckTitleRow(window, QMargins(12, 0, 8, 0), "m_maxRestoreButton");
+
+        QLayout *column = window.layout();
+        QCOMPARE(column->objectName(), QStringLiteral("verticalLayout"));
+        QCOMPARE(column->spacing(), 0);
+        QCOMPARE(column->contentsMargins(), QMargins());
+        QCOMPARE(column->itemAt(0)->widget(), window.getTitleFrame());
+        QCOMPARE(column->itemAt(1)->widget(), window.getContentFrame());
+        QCOMPARE(column->count(), 2);
+
+        const QFrame *content = window.getContentFrame();
+        QCOMPARE(content->objectName(), QStringLiteral("m_contentFrame"));
+        QCOMPARE(content->geometry(), QRect(0, 40, 600, 360));
+        QCOMPARE(content->sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding));
+        QCOMPARE(content->frameShape(), QFrame::NoFrame);
+        QCOMPARE(content->frameShadow(), QFrame::Raised);
+        QVERIFY(!content->layout());
+
+        QVERIFY(Child<QcIconButton>(window, "m_maxRestoreButton")->isCheckable());
+        QVERIFY(!Child<QcIconButton>(window, "m_minButton")->isCheckable());
+        QVERIFY(!Child<QcIconButton>(window, "m_closeButton")->isCheckable());
+    }
+
+    void a_window_with_a_parent_is_a_window_still()
+    {
+        QWidget parent;
+        QcWindow window(&parent);
+        QVERIFY(window.isWindow());
+    }
+
+    void the_title_stands_in_the_row_only()
+    {
+        QcWindow window(nullptr);
+        window.setTitle(QStringLiteral("Letters"));
+        QCOMPARE(Child<QcLabel>(window, "m_titleLabel")->text(), QStringLiteral("Letters"));
+        QCOMPARE(window.windowTitle(), QStringLiteral("window"));
+        window.setWindowTitle(QStringLiteral("Post"));
+        QCOMPARE(Child<QcLabel>(window, "m_titleLabel")->text(), QStringLiteral("Letters"));
+    }
+
+    void a_long_title_gives_way_to_the_buttons()
+    {
+        QcWindow window(nullptr);
+        window.setTitle(QString(500, QLatin1Char('W')));
+        window.setMinimumSize(300, 100);
+        window.resize(300, 100);
+        window.show();
+        DrainEvents();
+        const QWidget *close = Child<QcIconButton>(window, "m_closeButton");
+        // Text does not widen a window that the host made narrow, and close stays at its right end.
+        QCOMPARE(close->mapTo(&window, QPoint(24, 0)).x(), window.width() - 8);
+    }
+
+    void buttons_can_be_hidden()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        const auto isShown = [&window](const char *name) { return Child<QcIconButton>(window, name)->isVisible(); };
+        window.setMinButtonVisible(false);
+        QVERIFY(!isShown("m_minButton") && isShown("m_maxRestoreButton") && isShown("m_closeButton"));
+        window.setMaxRestoreButtonVisible(false);
+        QVERIFY(!isShown("m_maxRestoreButton") && isShown("m_closeButton"));
+        window.setCloseButtonVisible(false);
+        QVERIFY(!isShown("m_closeButton"));
+        window.setMinButtonVisible(true);
+        window.setMaxRestoreButtonVisible(true);
+        window.setCloseButtonVisible(true);
+        QVERIFY(isShown("m_minButton") && isShown("m_maxRestoreButton") && isShown("m_closeButton"));
+    }
+
+    void minimise_and_maximise_by_their_buttons()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        QTest::mouseClick(Child<QcIconButton>(window, "m_maxRestoreButton"), Qt::LeftButton);
+        QVERIFY(window.isMaximized());
+        QTest::mouseClick(Child<QcIconButton>(window, "m_maxRestoreButton"), Qt::LeftButton);
+        QVERIFY(!window.isMaximized());
+        QTest::mouseClick(Child<QcIconButton>(window, "m_minButton"), Qt::LeftButton);
+        QVERIFY(window.isMinimized());
+    }
+
+    void a_double_click_on_row_or_title_maximises_and_restores()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        auto *button = Child<QcIconButton>(window, "m_maxRestoreButton");
+        QTest::mouseDClick(window.getTitleFrame(), Qt::LeftButton);
+        QVERIFY(window.isMaximized() && button->isChecked());
+        QTest::mouseDClick(Child<QcLabel>(window, "m_titleLabel"), Qt::LeftButton);
+        QVERIFY(!window.isMaximized() && !button->isChecked());
+        QTest::mouseDClick(window.getContentFrame(), Qt::LeftButton);
+        QVERIFY(!window.isMaximized());
+    }
+
+    void a_window_maximised_by_another_road_leaves_the_button()
+    {
+        QcWindow window(nullptr);
+        window.showMaximized();
+        QVERIFY(!Child<QcIconButton>(window, "m_maxRestoreButton")->isChecked());
+        // The first toggle then maximises what is maximised.
+        QTest::mouseDClick(window.getTitleFrame(), Qt::LeftButton);
+        QVERIFY(window.isMaximized());
+    }
+
+    void without_its_filter_a_double_click_does_nothing()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        window.removeEventFilter();
+        QTest::mouseDClick(window.getTitleFrame(), Qt::LeftButton);
+        QVERIFY(!window.isMaximized());
+        QVERIFY(!Child<QcIconButton>(window, "m_maxRestoreButton")->isChecked());
+    }
+
+    void a_press_that_a_title_button_does_not_take_stays_there()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        QWidget *frame = window.getTitleFrame();
+        const auto pressesOnRow = [&](QWidget *target, Qt::MouseButton button) {
+            PressCounter counter(frame);
+            QTest::mouseClick(target, button);
+            return counter.presses;
+        };
+        for (const char *name : {"m_minButton", "m_maxRestoreButton", "m_closeButton"}) {
+            for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton})
+                QCOMPARE(pressesOnRow(Child<QcIconButton>(window, name), button), 0);
+        }
+        QCOMPARE(pressesOnRow(Child<QcLabel>(window, "m_titleLabel"), Qt::RightButton), 1);
+    }
+
+    void closing_by_button_or_call_says_so_first()
+    {
+        QcWindow window(nullptr);
+        QSignalSpy spy(&window, &QcWindow::signalClose);
+        bool wasVisible = false;
+        connect(&window, &QcWindow::signalClose, this, [&] { wasVisible = window.isVisible(); });
+        window.show();
+        QTest::mouseClick(Child<QcIconButton>(window, "m_closeButton"), Qt::LeftButton);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(spy.count(), 1);
+        QVERIFY(wasVisible);
+        window.show();
+        window.close();
+        QCOMPARE(spy.count(), 2);
+        window.show();
+        window.hide();
+        QCOMPARE(spy.count(), 2);
+    }
+
+    void shows_centred_on_the_window_of_a_reference()
+    {
+        QWidget host;
+        host.setGeometry(101, 53, 401, 303);
+        QWidget inner(&host);
+        inner.setGeometry(300, 200, 50, 50);
+        host.show();
+        QcWindow window(nullptr);
+        window.resize(200, 100);
+        window.showToCenter(&inner);
+        QVERIFY(window.isVisible());
+        QCOMPARE(window.pos(), QPoint(101 + 100, 53 + 101));
+
+        // Larger than the reference: integer division goes towards zero.
+        window.resize(602, 404);
+        window.showToCenter(&host);
+        QCOMPARE(window.pos(), QPoint(101 - 100, 53 - 50));
+    }
+
+    void shows_nothing_without_a_reference()
+    {
+        QcWindow window(nullptr);
+        const QPoint before = window.pos();
+        window.showToCenter(nullptr);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(window.pos(), before);
+    }
+
+    void paints_its_ground_and_a_line_under_the_title()
+    {
+        QcWindow window(nullptr);
+        window.setTitle(QString());
+        window.show();
+        for (const Table table : {Table::Dark, Table::Light}) {
+            UseTable(table);
+            const QImage image = Render(window);
+            const QColor ground = Over(TokenOf(table, QStringLiteral("bg/bg_box")));
+            COMPARE_COLOR(PixelAt(image, QPointF(0, 0)), ground);
+            COMPARE_COLOR(PixelAt(image, QPointF(300, 20)), ground);
+            COMPARE_COLOR(PixelAt(image, QPointF(300, 200)), ground);
+            COMPARE_COLOR(PixelAt(image, QPointF(599, 399)), ground);
+            const QColor line = Over(TokenOf(table, QStringLiteral("border/border_tertairy")), ground);
+            if (image.devicePixelRatio() == 1.0)
+                QVERIFY(!Close(InkColor(Part(image, QRectF(200, 38, 100, 3)), ground), ground, 1));
+            QVERIFY(!Close(line, ground, 1));
+        }
+    }
+
+    void the_edges_keep_their_cursor_and_its_size()
+    {
+        QcWindow window(nullptr);
+        window.move(100, 100);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCursor::setPos(window.mapToGlobal(QPoint(0, 0)));
+        QTest::mouseMove(window.windowHandle(), QPoint(0, 0));
+        DrainEvents();
+        QCOMPARE(window.cursor().shape(), Qt::ArrowCursor);
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(0, 0));
+        QCOMPARE(window.size(), QSize(600, 400));
+    }
+
+    void right_to_left_turns_the_row_around()
+    {
+        QcWindow window(nullptr);
+        window.setLayoutDirection(Qt::RightToLeft);
+        window.show();
+        DrainEvents();
+        QVERIFY(Child<QcIconButton>(window, "m_closeButton")->x() < Child<QcIconButton>(window, "m_minButton")->x());
+        QVERIFY(Child<QcIconButton>(window, "m_minButton")->x() < Child<QcLabel>(window, "m_titleLabel")->x());
+    }
+
+    void the_focus_goes_to_the_content()
+    {
+        QcWindow window(nullptr);
+        auto *column = new QVBoxLayout(window.getContentFrame());
+        auto *button = new QPushButton;
+        column->addWidget(button);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, Qt::Key_Tab);
+        QVERIFY(button->hasFocus());
+        QTest::keyClick(button, Qt::Key_Tab);
+        QVERIFY(button->hasFocus());
+    }
+
+protected:
+    void TearDown() override { UseTable(Table::Light); }
+
+private:
+    class PressCounter : public QObject
+    {
+    public:
+        explicit PressCounter(QObject *watched) { watched->installEventFilter(this); }
+        int presses = 0;
+
+    protected:
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override
+        {
+            presses += event->type() == QEvent::MouseButtonPress;
+            return false;
+        }
+    };
+};
+
+VELMORA_TEST_MAIN(TestQcWindow)
+
+#include "tst_QcWindow.moc"

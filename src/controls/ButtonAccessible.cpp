@@ -1,6 +1,7 @@
 #include "controls/ButtonAccessible_p.h"
 
 #include <Velmora/QcButton.h>
+#include <Velmora/QcSwitchButton.h>
 
 #include <QAccessibleWidget>
 #include <QKeySequence>
@@ -31,7 +32,12 @@ public:
     {
     }
 
-    QAccessible::Role role() const override { return button()->menu() ? QAccessible::ButtonMenu : QAccessible::Button; }
+    QAccessible::Role role() const override
+    {
+        if (qobject_cast<QcSwitchButton *>(button()))
+            return QAccessible::CheckBox; // the nearest that Qt has: screen readers then say on or off
+        return button()->menu() ? QAccessible::ButtonMenu : QAccessible::Button;
+    }
 
     QString text(QAccessible::Text kind) const override
     {

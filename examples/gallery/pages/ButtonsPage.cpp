@@ -1,8 +1,8 @@
 #include "Kit.h"
 #include "Page.h"
+#include "StateHolder.h"
 #include "Tables.h"
 
-#include <Velmora/PostOwnedTask.h>
 #include <Velmora/QcGhostButton.h>
 #include <Velmora/QcHighlightButton.h>
 #include <Velmora/QcIconButton.h>
@@ -12,10 +12,8 @@
 #include <Velmora/QcTextButton.h>
 #include <Velmora/QcTextLinkButton.h>
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QMouseEvent>
 #include <QVBoxLayout>
 
 using namespace Gallery;
@@ -77,70 +75,6 @@ constexpr int kStates[] = {
 };
 constexpr const char *kStateNames[] = {"Disabled", "Normal", "Hover", "Pressed", "Disabled", "Normal", "Hover", "Pressed"};
 
-// Real buttons, each held in one state.
-//
-// Enabled and checked are set by the button's own calls. Hover and pressed are brought about as the mouse does it, by an enter
-// and a press event; they go straight to the button's event(), past the application's filters, because a press that the
-// application sees ends the hover of every other button. The user's own presses do just that, so after each one
-// the states are brought about anew. The real mouse cannot reach these buttons.
-class StateHolder : public QObject
-{
-public:
-    using QObject::QObject;
-
-    void Add(QcButton *button, int state)
-    {
-        button->setAttribute(Qt::WA_TransparentForMouseEvents);
-        button->setFocusPolicy(Qt::NoFocus);
-        button->setCheckable(true);
-        button->setChecked(state & QStyle::State_Selected);
-        button->setEnabled(state & QStyle::State_Enabled);
-        m_held.append({button, state});
-        Hold(button, state);
-    }
-
-    void HoldAll()
-    {
-        m_queued = false;
-        for (const Held &held : qAsConst(m_held))
-            Hold(held.button, held.state);
-    }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        const bool resets = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate;
-        if (resets && !m_queued) {
-            m_queued = true;
-            Velmora::PostOwnedTask(
-                this, [this] { HoldAll(); }, "ButtonsPage::HoldAll");
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    struct Held
-    {
-        QcButton *button;
-        int state;
-    };
-
-    static void Hold(QObject *button, int state)
-    {
-        if (state & QStyle::State_MouseOver) {
-            QEvent enter(QEvent::Enter);
-            button->event(&enter);
-        }
-        if (state & QStyle::State_Sunken) {
-            // The right button: it looks pressed all the same and clicks nothing.
-            QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
-            button->event(&press);
-        }
-    }
-
-    QVector<Held> m_held;
-    bool m_queued = false;
-};
-
 class ButtonsPage : public PageWidget
 {
 public:
@@ -154,17 +88,15 @@ public:
     }
 
 protected:
-    // The filter sees every event of the program, so it is there only while the page is.
     void showEvent(QShowEvent *event) override
     {
         PageWidget::showEvent(event);
-        m_holder->HoldAll();
-        qApp->installEventFilter(m_holder);
+        m_holder->Start();
     }
 
     void hideEvent(QHideEvent *event) override
     {
-        qApp->removeEventFilter(m_holder);
+        m_holder->Stop();
         PageWidget::hideEvent(event);
     }
 

@@ -1,0 +1,109 @@
+#include <Velmora/QcCheckBox.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "controls/Indicator_p.h"
+
+#include <QCursor>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionButton>
+
+namespace Velmora {
+
+namespace {
+
+// Red is the fill, green the outline or the tick, blue the inner square.
+constexpr IndicatorTable kChecked = {
+    ":/images/checkbox/checkbox_checked.svg",
+    {{
+        {"brand/brand_disable", "#FFFFFF", nullptr},
+        {"brand/brand", "#FFFFFF", nullptr},
+        {"brand/brand_hover", "#FFFFFF", nullptr},
+        {"brand/brand_press", "#FFFFFF", nullptr},
+    }},
+};
+
+constexpr IndicatorTable kUnchecked = {
+    ":/images/checkbox/checkbox_unchecked.svg",
+    {{
+        {"transparent", "border/border_secondary_disabled", nullptr},
+        {"transparent", "border/border_primary", nullptr},
+        {"brand/brand_bg", "brand/brand_hover", nullptr},
+        {"brand/brand_bg", "brand/brand_press", nullptr},
+    }},
+};
+
+constexpr IndicatorTable kPartiallyChecked = {
+    ":/images/checkbox/checkbox_half_checked.svg",
+    {{
+        {"transparent", "border/border_secondary_disabled", "brand/brand_disable"},
+        {"transparent", "border/border_primary", "brand/brand"},
+        {"brand/brand_bg", "brand/brand_hover", "brand/brand"},
+        {"brand/brand_bg", "brand/brand_press", "brand/brand"},
+    }},
+};
+
+const IndicatorTable &TableFor(Qt::CheckState state)
+{
+    switch (state) {
+    case Qt::Checked:
+        return kChecked;
+    case Qt::PartiallyChecked:
+        return kPartiallyChecked;
+    case Qt::Unchecked:
+        break;
+    }
+    return kUnchecked;
+}
+
+} // namespace
+
+QcCheckBox::QcCheckBox(QWidget *parent)
+    : QCheckBox(parent)
+{
+    setAttribute(Qt::WA_MouseTracking);
+    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/CheckBox.qss"));
+}
+
+void QcCheckBox::paintEvent(QPaintEvent * /*event*/)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    DrawIndicator(option);
+    DrawText(option);
+}
+
+void QcCheckBox::DrawIndicator(const QStyleOptionButton &option)
+{
+    PaintIndicator(*this, style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this), TableFor(checkState()), option,
+                   hitButton(mapFromGlobal(QCursor::pos())));
+}
+
+void QcCheckBox::DrawText(const QStyleOptionButton &option)
+{
+    const QStyleOptionButton label = LabelOption(*this, option, style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this));
+    QPainter painter(this);
+    style()->drawControl(QStyle::CE_CheckBoxLabel, &label, &painter, this);
+}
+
+// The look depends on where in the widget the cursor is.
+
+void QcCheckBox::enterEvent(QEvent *event)
+{
+    update();
+    QCheckBox::enterEvent(event);
+}
+
+void QcCheckBox::leaveEvent(QEvent *event)
+{
+    update();
+    QCheckBox::leaveEvent(event);
+}
+
+void QcCheckBox::mouseMoveEvent(QMouseEvent *event)
+{
+    update();
+    QCheckBox::mouseMoveEvent(event);
+}
+
+} // namespace Velmora

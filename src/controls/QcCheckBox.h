@@ -1,0 +1,35 @@
+#pragma once
+
+#include <Velmora/VelmoraExport.h>
+
+#include <QCheckBox>
+
+QT_BEGIN_NAMESPACE
+class QStyleOptionButton;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+/// A check box with a themed indicator, in three states if the host asks for them as of any QCheckBox.
+///
+/// A text too long for the widget is elided at its end. The indicator shows a hover while the cursor is over the area that
+/// a click toggles, which may be smaller than the widget.
+class VELMORA_EXPORT QcCheckBox : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    explicit QcCheckBox(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    void DrawIndicator(const QStyleOptionButton &option);
+    void DrawText(const QStyleOptionButton &option);
+};
+
+} // namespace Velmora

@@ -1,0 +1,264 @@
+#include <Velmora/MultiLineTextElide.h>
+#include <Velmora/QcMultiLineText.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "theme/TokenPainting_p.h"
+
+#include <QAccessibleWidget>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QResizeEvent>
+#include <QSignalBlocker>
+#include <QTextBlock>
+#include <QTextBlockFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+#include <QTextLayout>
+
+namespace Velmora {
+
+// --- Accessibility ---
+
+/// A static text whose name is the whole text, where the screen shows a part of it. A name set by the host comes first.
+class MultiLineTextAccessible : public QAccessibleWidget
+{
+public:
+    explicit MultiLineTextAccessible(QcMultiLineText *widget)
+        : QAccessibleWidget(widget, QAccessible::StaticText)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name || !widget()->accessibleName().isEmpty())
+            return QAccessibleWidget::text(kind);
+        return QTextDocumentFragment::fromHtml(static_cast<QcMultiLineText *>(widget())->m_text).toPlainText();
+    }
+};
+
+namespace {
+
+QAccessibleInterface *CreateTextInterface(const QString &className, QObject *object)
+{
+    // Qt asks once for each class of the object, the most derived first.
+    auto *text = className == QLatin1String("Velmora::QcMultiLineText") ? qobject_cast<QcMultiLineText *>(object) : nullptr;
+    return text ? new MultiLineTextAccessible(text) : nullptr; // owned by Qt's accessibility cache
+}
+
+void InstallTextAccessibility()
+{
+    QAccessible::installFactory(CreateTextInterface); // for each control: Qt forgets it with the application object
+}
+
+} // namespace
+
+QcMultiLineText::QcMultiLineText(QWidget *parent)
+    : QFrame(parent)
+    , m_document(new QTextDocument(this))
+{
+    InstallTextAccessibility();
+    m_document->setDocumentMargin(0.0);
+    m_document->setDefaultFont(QcStyleManager::GetDefaultFont());
+    m_paintContext.cursorPosition = -1;
+    setAttribute(Qt::WA_MouseTracking);
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { setDefaultTextColorParams(m_textColorParams); });
+}
+
+// --- Text ---
+
+void QcMultiLineText::setText(const QString &text)
+{
+    m_text = text;
+    setTextToDocument(text);
+    updateAlignmentByLineCount();
+    elideText();
+    announceText();
+    update();
+}
+
+void QcMultiLineText::clear()
+{
+    m_text.clear();
+    setTextToDocument(m_text);
+    announceText();
+    update();
+}
+
+void QcMultiLineText::announceText()
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void QcMultiLineText::setTextToDocument(const QString & /*text*/)
+{
+    m_document->clear();
+    QTextBlockFormat format;
+    format.setLineHeight(4.0, QTextBlockFormat::LineDistanceHeight);
+    QTextCursor cursor(m_document);
+    cursor.setBlockFormat(format);
+    // Always the whole text, which cutting never shortens. The first paragraph of the HTML brings a block format of its own.
+    cursor.insertHtml(m_text);
+
+    QTextOption option = m_document->defaultTextOption();
+    option.setAlignment(m_alignment);
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    m_document->setDefaultTextOption(option);
+    updateAlignmentByLineCount();
+}
+
+void QcMultiLineText::setFont(const QFont &font)
+{
+    m_document->setDefaultFont(font);
+    elideText();
+    update();
+}
+
+void QcMultiLineText::setFont(int pixelSize)
+{
+    QFont font = QcStyleManager::GetDefaultFont();
+    font.setPixelSize(pixelSize);
+    setFont(font);
+}
+
+// --- Lines and height ---
+
+void QcMultiLineText::setHeightAdaptive(bool on)
+{
+    m_heightAdaptive = on;
+    QAbstractTextDocumentLayout *layout = m_document->documentLayout();
+    if (on)
+        connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, &QcMultiLineText::onUpdateHeight, Qt::UniqueConnection);
+    else
+        disconnect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, &QcMultiLineText::onUpdateHeight);
+}
+
+void QcMultiLineText::onUpdateHeight()
+{
+    setFixedHeight(int(m_document->size().height()));
+    Q_EMIT signalHeightChanged();
+}
+
+void QcMultiLineText::setLineCount(int count)
+{
+    m_lineCount = count;
+    setTextToDocument(m_text);
+    if (needElideText())
+        multiLineTextElide(m_document, m_lineCount);
+    update();
+}
+
+bool QcMultiLineText::needElideText() const
+{
+    return !m_heightAdaptive && m_lineCount >= 1;
+}
+
+void QcMultiLineText::elideText()
+{
+    if (!needElideText())
+        return;
+    setTextToDocument(m_text);
+    multiLineTextElide(m_document, m_lineCount);
+}
+
+int QcMultiLineText::lineCount() const
+{
+    m_document->documentLayout()->documentSize(); // Qt lays out lazily
+    int count = 0;
+    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next())
+        count += block.layout()->lineCount();
+    return count;
+}
+
+int QcMultiLineText::idealWidth()
+{
+    return int(m_document->idealWidth());
+}
+
+/// The ideal width of the text in lines as long as its paragraphs, whatever width the control has.
+int QcMultiLineText::unwrappedWidth()
+{
+    const QSignalBlocker quiet(m_document->documentLayout()); // the layout comes back as it was
+    const qreal width = m_document->textWidth();
+    m_document->setTextWidth(-1);
+    const int unwrapped = idealWidth();
+    m_document->setTextWidth(width);
+    return unwrapped;
+}
+
+// --- Alignment ---
+
+void QcMultiLineText::setAlignment(Qt::Alignment alignment)
+{
+    applyAlignment(alignment);
+    update();
+}
+
+void QcMultiLineText::setAutoAlignment(bool on)
+{
+    m_autoAlignment = on;
+}
+
+void QcMultiLineText::updateAlignmentByLineCount()
+{
+    if (m_autoAlignment)
+        applyAlignment(lineCount() > 1 ? Qt::AlignLeft : Qt::AlignRight);
+}
+
+void QcMultiLineText::applyAlignment(Qt::Alignment alignment)
+{
+    m_alignment = alignment;
+    QTextOption option = m_document->defaultTextOption();
+    option.setAlignment(alignment);
+    m_document->setDefaultTextOption(option);
+}
+
+// --- Painting and mouse ---
+
+void QcMultiLineText::setDefaultTextColorParams(const QString &code)
+{
+    m_textColorParams = code;
+    m_paintContext.palette.setBrush(QPalette::All, QPalette::Text, TokenColor(code));
+    update();
+}
+
+void QcMultiLineText::paintEvent(QPaintEvent *event)
+{
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    m_paintContext.clip = QRectF(rect());
+    m_document->documentLayout()->draw(&painter, m_paintContext);
+}
+
+void QcMultiLineText::resizeEvent(QResizeEvent *event)
+{
+    if (event->size().width() != event->oldSize().width()) {
+        m_document->setTextWidth(event->size().width());
+        updateAlignmentByLineCount();
+        elideText();
+    }
+    QFrame::resizeEvent(event);
+}
+
+void QcMultiLineText::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_document->documentLayout()->anchorAt(event->pos()).isEmpty())
+        unsetCursor();
+    else
+        setCursor(Qt::PointingHandCursor);
+    QFrame::mouseMoveEvent(event);
+}
+
+void QcMultiLineText::mousePressEvent(QMouseEvent *event)
+{
+    const QString anchor = m_document->documentLayout()->anchorAt(event->pos());
+    if (anchor.isEmpty())
+        QFrame::mousePressEvent(event);
+    else
+        Q_EMIT signalAnchorClicked(anchor);
+}
+
+} // namespace Velmora

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <Velmora/VelmoraExport.h>
+
+#include <QAbstractTextDocumentLayout>
+#include <QFont>
+#include <QFrame>
+#include <QString>
+
+QT_BEGIN_NAMESPACE
+class QTextDocument;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+/// Read-only rich text with links, which either grows in height with its text or is cut to a number of lines with "...".
+///
+/// Text is read as HTML, so that "<" and "&" of plain text must be escaped. It wraps anywhere, in the middle of words too.
+/// A link that names no colour has that of the application's palette at the time of setText(), not one of the table.
+/// Without setHeightAdaptive() the control takes the height that its host gives it.
+class VELMORA_EXPORT QcMultiLineText : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit QcMultiLineText(QWidget *parent = nullptr);
+
+    /// Shows \a text. Malformed HTML shows as far as Qt can read it.
+    void setText(const QString &text);
+    void clear();
+    /// The font of all text that names none of its own. The widget's font plays no part.
+    void setFont(const QFont &font);
+    /// The kit's default font at \a pixelSize pixels.
+    void setFont(int pixelSize);
+    /// With true the height follows each change of the text's height, and a line count plays no part. The height at this
+    /// moment stays until the next change.
+    void setHeightAdaptive(bool on);
+    /// The number of lines to cut the text to, at every width; below 1, as at first, shows the whole text.
+    void setLineCount(int count);
+    void setAlignment(Qt::Alignment alignment);
+    /// Whether the alignment follows the number of lines: right for one line, left for more. Takes effect with the next text,
+    /// width or updateAlignmentByLineCount().
+    void setAutoAlignment(bool on);
+    /// The colour code of text that names no colour, "text/text_primary" at first.
+    void setDefaultTextColorParams(const QString &code);
+    /// Aligns by the number of lines, if setAutoAlignment() is on.
+    void updateAlignmentByLineCount();
+    /// The width in pixels, rounded down, that the text takes as it is laid out now; before the first show that of its
+    /// longest paragraph in one line.
+    int idealWidth();
+
+Q_SIGNALS:
+    /// The height followed the text.
+    void signalHeightChanged();
+    /// A link was pressed.
+    void signalAnchorClicked(const QString &qstrAnchorHref);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private Q_SLOTS:
+    void onUpdateHeight();
+    bool needElideText() const;
+    void elideText();
+
+private:
+    friend class MultiLineTextAccessible;
+    friend class QcArrowTip;
+
+    int lineCount() const;
+    int unwrappedWidth();
+    void announceText();
+    void setTextToDocument(const QString &text);
+    void applyAlignment(Qt::Alignment alignment);
+
+    QTextDocument *m_document;
+    QString m_text;
+    int m_lineCount = -1;
+    bool m_heightAdaptive = false;
+    Qt::Alignment m_alignment;
+    bool m_autoAlignment = false;
+    QAbstractTextDocumentLayout::PaintContext m_paintContext;
+    QString m_textColorParams = QStringLiteral("text/text_primary");
+};
+
+} // namespace Velmora

@@ -1,0 +1,449 @@
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/TestMain.h"
+
+#include <Velmora/MultiLineTextElide.h>
+#include <Velmora/QcMultiLineText.h>
+
+#include <QAbstractTextDocumentLayout>
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextLayout>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QString kSuffix = QStringLiteral("...");
+
+QTextDocument *DocumentOf(const QcMultiLineText &text)
+{
+    return text.findChild<QTextDocument *>();
+}
+
+QString Shown(const QcMultiLineText &text)
+{
+    return DocumentOf(text)->toPlainText();
+}
+
+int LinesOf(const QcMultiLineText &text)
+{
+    QTextDocument *document = DocumentOf(text);
+    document->documentLayout()->documentSize();
+    int lines = 0;
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next())
+        lines += block.layout()->lineCount();
+    return lines;
+}
+
+Qt::Alignment AlignmentOf(const QcMultiLineText &text)
+{
+    return DocumentOf(text)->defaultTextOption().alignment();
+}
+
+QString Words(int count)
+{
+    return QStringLiteral("several words ").repeated(count / 2);
+}
+
+/// A shown text of a width: only a shown widget is told of its sizes.
+class Shower
+{
+public:
+    explicit Shower(const QSize &size)
+    {
+        m_window.resize(800, 800);
+        text.resize(size);
+        m_window.show();
+    }
+
+private:
+    QWidget m_window;
+
+public:
+    QcMultiLineText text{&m_window};
+};
+
+/// A place on the link of \a text, or outside the widget if none was found.
+QPoint LinkPosition(const QcMultiLineText &text)
+{
+    for (int y = 0; y < text.height(); ++y) {
+        for (int x = 0; x < text.width(); ++x) {
+            if (!DocumentOf(text)->documentLayout()->anchorAt(QPointF(x, y)).isEmpty())
+                return QPoint(x + 2, y + 2);
+        }
+    }
+    return QPoint(-1, -1);
+}
+
+/// Counts the presses that reach the parent of a control, which are those that the control passed on.
+class PressCounter : public QWidget
+{
+public:
+    int presses = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent * /*event*/) override { ++presses; }
+};
+
+} // namespace
+
+class TestQcMultiLineText : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_new_control_is_empty_and_has_the_default_font()
+    {
+        QcMultiLineText text;
+        QCOMPARE(DocumentOf(text)->documentMargin(), 0.0);
+        QCOMPARE(DocumentOf(text)->defaultFont(), QcStyleManager::GetDefaultFont());
+        QVERIFY(text.hasMouseTracking());
+        QVERIFY(Shown(text).isEmpty());
+        QVERIFY(InkBox(Render(text), Qt::white).isNull());
+    }
+
+    void markup_is_read_and_wraps_anywhere()
+    {
+        Shower shower(QSize(200, 300));
+        shower.text.setText(QStringLiteral("<b>bold</b> &amp; <i>italic</i>"));
+        QCOMPARE(Shown(shower.text), QStringLiteral("bold & italic"));
+        QCOMPARE(DocumentOf(shower.text)->defaultTextOption().wrapMode(), QTextOption::WrapAnywhere);
+        shower.text.setText(QString(200, QLatin1Char('x')));
+        QVERIFY(LinesOf(shower.text) > 4);
+        const QRectF ink = InkBox(Render(shower.text), Qt::white);
+        QVERIFY(ink.right() <= 200 && ink.width() > 150); // the long word is not clipped
+    }
+
+    void malformed_markup_shows_as_far_as_it_can_be_read_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::newRow("unclosed") << QStringLiteral("<b>bold <i>both </b> plain");
+        QTest::newRow("open tag") << QStringLiteral("word <a href=\"x");
+        QTest::newRow("entities") << QStringLiteral("&nosuch; &#xFFFFFFFF; &#; word &");
+        QTest::newRow("brackets") << QStringLiteral("word <<<<>>>><<");
+        QTest::newRow("table") << QStringLiteral("word <table><td><tr></table></td><table>");
+        QTest::newRow("nul") << QStringLiteral("word ") + QChar(0) + QStringLiteral("x");
+        QTest::newRow("surrogate") << QStringLiteral("word ") + QChar(0xD800);
+        QTest::newRow("deep") << QStringLiteral("word ") + QStringLiteral("<span>").repeated(2000);
+    }
+
+    void malformed_markup_shows_as_far_as_it_can_be_read()
+    {
+        QFETCH(QString, html);
+        Shower shower(QSize(60, 60));
+        shower.text.setLineCount(2);
+        shower.text.setText(html);
+        QVERIFY(!Shown(shower.text).isEmpty());
+        QVERIFY(!InkBox(Render(shower.text), Qt::white).isNull());
+    }
+
+    void text_colour_is_the_tokens_from_the_start_and_follows_the_table()
+    {
+        Shower shower(QSize(200, 100));
+        QFont font;
+        font.setPixelSize(60);
+        font.setBold(true);
+        shower.text.setFont(font);
+        shower.text.setText(QStringLiteral("I"));
+        const auto ink = [&shower](Table table) {
+            const QColor canvas = table == Table::Light ? Qt::white : Qt::black;
+            return InkColor(Render(shower.text, canvas), canvas);
+        };
+        COMPARE_COLOR(ink(Table::Light), Over(TokenOf(Table::Light, QStringLiteral("text/text_primary"))));
+        UseTable(Table::Dark);
+        COMPARE_COLOR(ink(Table::Dark), Over(TokenOf(Table::Dark, QStringLiteral("text/text_primary")), Qt::black));
+        shower.text.setDefaultTextColorParams(QStringLiteral("${brand/brand}"));
+        COMPARE_COLOR(ink(Table::Dark), Over(TokenOf(Table::Dark, QStringLiteral("brand/brand")), Qt::black));
+        UseTable(Table::Light);
+        COMPARE_COLOR(ink(Table::Light), Over(TokenOf(Table::Light, QStringLiteral("brand/brand"))));
+        shower.text.setText(QStringLiteral("<span style=\"color:#00ff00\">I</span>"));
+        COMPARE_COLOR(ink(Table::Light), QColor(Qt::green));
+    }
+
+    void a_new_colour_or_text_repaints()
+    {
+        Shower shower(QSize(200, 100));
+        DrainEvents();
+        EventCounter paints(shower.text, QEvent::Paint);
+        shower.text.setText(QStringLiteral("text"));
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+        shower.text.setDefaultTextColorParams(QStringLiteral("brand/brand"));
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        shower.text.clear();
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+        QVERIFY(Shown(shower.text).isEmpty());
+        UseTable(Table::Dark);
+        QCOMPARE(paints.Take(), 1);
+    }
+
+    void exactly_as_many_lines_stay_whole_and_one_less_cuts()
+    {
+        Shower shower(QSize(200, 300));
+        shower.text.setText(Words(20));
+        const QString whole = Shown(shower.text);
+        const int lines = LinesOf(shower.text);
+        QVERIFY(lines > 3);
+        shower.text.setLineCount(lines);
+        QCOMPARE(Shown(shower.text), whole);
+        shower.text.setLineCount(lines - 1);
+        QCOMPARE(LinesOf(shower.text), lines - 1);
+        QVERIFY(Shown(shower.text).endsWith(kSuffix));
+        QVERIFY(whole.startsWith(Shown(shower.text).chopped(3)));
+    }
+
+    void no_line_count_shows_the_whole_text()
+    {
+        Shower shower(QSize(100, 300));
+        shower.text.setText(Words(20));
+        const QString whole = Shown(shower.text);
+        shower.text.setLineCount(2);
+        QVERIFY(Shown(shower.text) != whole);
+        for (const int count : {0, -1}) {
+            shower.text.setLineCount(count);
+            QCOMPARE(Shown(shower.text), whole);
+        }
+    }
+
+    void the_cut_follows_width_and_font_but_not_height()
+    {
+        Shower shower(QSize(200, 300));
+        shower.text.setLineCount(2);
+        shower.text.setText(Words(100));
+        const QString narrow = Shown(shower.text);
+        QVERIFY(narrow.endsWith(kSuffix));
+
+        QSignalSpy changes(DocumentOf(shower.text), &QTextDocument::contentsChanged);
+        shower.text.resize(200, 50);
+        QCOMPARE(changes.count(), 0);
+        QCOMPARE(Shown(shower.text), narrow);
+
+        shower.text.resize(400, 50);
+        QVERIFY(Shown(shower.text).size() > narrow.size() + 10);
+        QCOMPARE(LinesOf(shower.text), 2);
+        shower.text.setFont(28);
+        QCOMPARE(DocumentOf(shower.text)->defaultFont().pixelSize(), 28);
+        QCOMPARE(DocumentOf(shower.text)->defaultFont().family(), QcStyleManager::GetDefaultFont().family());
+        QCOMPARE(LinesOf(shower.text), 2);
+        const QString large = Shown(shower.text);
+        QFont small;
+        small.setPixelSize(8);
+        shower.text.setFont(small);
+        QVERIFY(Shown(shower.text).size() > large.size() + 10);
+        QCOMPARE(LinesOf(shower.text), 2);
+    }
+
+    void the_cut_is_that_of_the_free_function()
+    {
+        Shower shower(QSize(150, 300));
+        const QString html = QStringLiteral("<p>One <b>two</b></p><p dir=rtl>\u05E9\u05DC\u05D5\u05DD</p>") + Words(30);
+        shower.text.setText(html);
+        multiLineTextElide(DocumentOf(shower.text), 3);
+        const QString expected = DocumentOf(shower.text)->toHtml();
+        shower.text.setLineCount(3);
+        QCOMPARE(DocumentOf(shower.text)->toHtml(), expected);
+    }
+
+    void no_width_and_no_text_are_no_trouble_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("words") << Words(20);
+        QTest::newRow("hebrew") << QStringLiteral("\u05E9\u05DC\u05D5\u05DD ").repeated(10);
+        QTest::newRow("emoji") << QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467 ").repeated(10);
+        QTest::newRow("combining") << QStringLiteral("e\u0301\u0323").repeated(30);
+    }
+
+    void no_width_and_no_text_are_no_trouble()
+    {
+        QFETCH(QString, html);
+        for (const int width : {0, 1}) {
+            Shower shower(QSize(50, 100));
+            shower.text.setLineCount(1);
+            shower.text.setText(html);
+            shower.text.resize(width, 100);
+            QCOMPARE(Shown(shower.text), html.isEmpty() ? QString() : kSuffix);
+            shower.text.setHeightAdaptive(true);
+            shower.text.setText(html);
+            shower.text.setAutoAlignment(true);
+            shower.text.updateAlignmentByLineCount();
+            if (width > 0)
+                Render(shower.text);
+        }
+    }
+
+    void adaptive_height_follows_the_text_and_ignores_the_line_count()
+    {
+        Shower shower(QSize(200, 300));
+        QSignalSpy changes(&shower.text, &QcMultiLineText::signalHeightChanged);
+        shower.text.setLineCount(1);
+        shower.text.setHeightAdaptive(true);
+        shower.text.setHeightAdaptive(true); // once is enough
+        QCOMPARE(changes.count(), 0);
+        shower.text.setText(Words(40));
+        const QTextDocument *document = DocumentOf(shower.text);
+        QVERIFY(changes.count() > 0);
+        QCOMPARE(shower.text.height(), int(document->size().height()));
+        QVERIFY(!Shown(shower.text).endsWith(kSuffix));
+        const int narrow = shower.text.height();
+
+        shower.text.resize(400, narrow);
+        QVERIFY(shower.text.height() < narrow);
+        QCOMPARE(shower.text.height(), int(document->size().height()));
+        QCOMPARE(shower.text.minimumHeight(), shower.text.maximumHeight());
+
+        shower.text.setHeightAdaptive(false);
+        changes.clear();
+        shower.text.setText(Words(2));
+        QCOMPARE(changes.count(), 0);
+        QVERIFY(shower.text.height() > int(document->size().height()));
+    }
+
+    void one_change_of_height_is_announced_once()
+    {
+        Shower shower(QSize(200, 300));
+        shower.text.setHeightAdaptive(true);
+        shower.text.setHeightAdaptive(true);
+        shower.text.setText(Words(40));
+        DrainEvents();
+        int announced = 0;
+        int changed = 0;
+        connect(&shower.text, &QcMultiLineText::signalHeightChanged, &shower.text, [&announced] { ++announced; });
+        connect(DocumentOf(shower.text)->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, &shower.text,
+                [&changed] { ++changed; });
+        shower.text.resize(300, shower.text.height());
+        QVERIFY(changed > 0);
+        QCOMPARE(announced, changed);
+    }
+
+    void alignment_moves_the_text()
+    {
+        Shower shower(QSize(300, 100));
+        shower.text.setText(QStringLiteral("I"));
+        QVERIFY(InkBox(Render(shower.text), Qt::white).right() < 30);
+        shower.text.setAlignment(Qt::AlignRight);
+        QVERIFY(InkBox(Render(shower.text), Qt::white).left() > 270);
+        shower.text.setText(QStringLiteral("J"));
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignRight));
+        shower.text.setAlignment(Qt::AlignHCenter);
+        QVERIFY(std::abs(InkBox(Render(shower.text), Qt::white).center().x() - 150) < 6);
+    }
+
+    void auto_alignment_follows_the_number_of_lines()
+    {
+        Shower shower(QSize(400, 100));
+        shower.text.setAlignment(Qt::AlignHCenter);
+        shower.text.setText(Words(4));
+        shower.text.setAutoAlignment(true);
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignHCenter)); // the flag alone does nothing
+        shower.text.updateAlignmentByLineCount();
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignRight));
+        shower.text.resize(60, 100);
+        QVERIFY(LinesOf(shower.text) > 1);
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignLeft));
+        shower.text.resize(400, 100);
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignRight));
+        shower.text.setText(Words(60));
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignLeft));
+        shower.text.setAutoAlignment(false);
+        shower.text.setText(Words(4));
+        QCOMPARE(AlignmentOf(shower.text), Qt::Alignment(Qt::AlignLeft));
+    }
+
+    void ideal_width_is_that_of_the_longest_paragraph()
+    {
+        QcMultiLineText text; // not shown, so that no width binds it
+        text.setText(QStringLiteral("<p>short</p><p>somewhat longer</p>"));
+        QTextDocument longest;
+        longest.setDocumentMargin(0);
+        longest.setDefaultFont(QcStyleManager::GetDefaultFont());
+        longest.setPlainText(QStringLiteral("somewhat longer"));
+        QCOMPARE(text.idealWidth(), int(longest.idealWidth()));
+        QVERIFY(text.idealWidth() > 40);
+    }
+
+    void a_link_shows_a_hand_and_reports_its_press_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::newRow("first") << QStringLiteral("<a href=\"target\">link</a> and words");
+        QTest::newRow("last") << QStringLiteral("words and a <a href=\"target\">link</a>");
+        QTest::newRow("all") << QStringLiteral("<a href=\"target\">link</a>");
+        QTest::newRow("wrapped") << Words(10) + QStringLiteral("<br><a href=\"target\">%1</a>").arg(Words(10));
+        QTest::newRow("right to left") << QStringLiteral(
+            "<p dir=rtl>\u05E9\u05DC\u05D5\u05DD <a href=\"target\">\u05E2\u05D5\u05DC\u05DD</a></p>");
+        QTest::newRow("cut") << QStringLiteral("word <a href=\"target\">%1</a>").arg(Words(90));
+    }
+
+    void a_link_shows_a_hand_and_reports_its_press()
+    {
+        QFETCH(QString, html);
+        PressCounter window;
+        window.resize(400, 400);
+        QcMultiLineText text(&window);
+        text.setGeometry(0, 0, 200, 200);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        text.setLineCount(4);
+        text.setText(html);
+        QSignalSpy clicks(&text, &QcMultiLineText::signalAnchorClicked);
+
+        const QPoint link = LinkPosition(text);
+        QVERIFY(link.x() >= 0);
+        QTest::mouseMove(window.windowHandle(), link);
+        QTRY_COMPARE(text.cursor().shape(), Qt::PointingHandCursor);
+        QTest::mousePress(&text, Qt::LeftButton, Qt::NoModifier, link);
+        QCOMPARE(clicks.count(), 1);
+        QCOMPARE(clicks.takeFirst().constFirst().toString(), QStringLiteral("target"));
+        QCOMPARE(window.presses, 0);
+        QTest::mouseRelease(&text, Qt::LeftButton, Qt::NoModifier, link);
+
+        const QPoint beside(190, 190);
+        QTest::mouseMove(window.windowHandle(), beside);
+        QTRY_COMPARE(text.cursor().shape(), Qt::ArrowCursor);
+        QTest::mousePress(&text, Qt::LeftButton, Qt::NoModifier, beside);
+        QCOMPARE(clicks.count(), 0);
+        QCOMPARE(window.presses, 1);
+    }
+
+    void assistive_technology_reads_the_whole_text()
+    {
+        Shower shower(QSize(100, 100));
+        shower.text.setLineCount(1);
+        shower.text.setText(QStringLiteral("<b>Some</b> words that are &lt;cut&gt; on the screen"));
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&shower.text);
+        QCOMPARE(accessible->role(), QAccessible::StaticText);
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Some words that are <cut> on the screen"));
+        shower.text.setAccessibleName(QStringLiteral("Name"));
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Name"));
+    }
+
+    void a_frame_is_painted_around_the_text()
+    {
+        Shower shower(QSize(100, 50));
+        shower.text.setStyleSheet(QStringLiteral("border: 2px solid red"));
+        QCOMPARE(InkBox(Render(shower.text), Qt::white), QRectF(0, 0, 100, 50));
+    }
+
+    void a_megabyte_is_shown_and_cut()
+    {
+        Shower shower(QSize(300, 300));
+        shower.text.setLineCount(3);
+        shower.text.setText(QStringLiteral("<p>%1</p>").arg(Words(140)).repeated(1000));
+        QCOMPARE(LinesOf(shower.text), 3);
+        QVERIFY(Shown(shower.text).endsWith(kSuffix));
+    }
+
+protected:
+    void TearDown() override { UseTable(Table::Light); }
+};
+
+VELMORA_TEST_MAIN(TestQcMultiLineText)
+
+#include "tst_QcMultiLineText.moc"

@@ -5,6 +5,15 @@
 
 namespace VelmoraTest {
 
+namespace {
+
+QWidgetList TopLevelWidgets()
+{
+    return qobject_cast<QApplication *>(QCoreApplication::instance()) ? QApplication::topLevelWidgets() : QWidgetList();
+}
+
+} // namespace
+
 void DrainEvents()
 {
     // A turn may post the next one; a handful of turns covers every chain of calls that one action starts.
@@ -18,6 +27,8 @@ void DrainEvents()
 void TestCase::init()
 {
     m_log = std::make_unique<LogGuard>();
+    const QWidgetList before = TopLevelWidgets();
+    m_widgetsBefore = QSet<QWidget *>(before.begin(), before.end());
     SetUp();
 }
 
@@ -27,10 +38,13 @@ void TestCase::cleanup()
     QStringList faults;
     if (qobject_cast<QApplication *>(QCoreApplication::instance())) {
         DrainEvents();
-        const auto widgets = QApplication::topLevelWidgets();
-        for (const QWidget *widget : widgets)
+        const QWidgetList widgets = TopLevelWidgets();
+        for (QWidget *widget : widgets) {
+            if (m_widgetsBefore.contains(widget))
+                continue;
             faults.append(
                 QStringLiteral("left behind: %1 \"%2\"").arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName()));
+        }
     }
     faults += m_log->TakeFaults();
     m_log.reset();

@@ -3,10 +3,15 @@
 #include "support/LogGuard.h"
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QTest>
 
 #include <memory>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
 
 namespace VelmoraTest {
 
@@ -33,6 +38,7 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<LogGuard> m_log;
+    QSet<QWidget *> m_widgetsBefore; // such as those of a singleton, which no test function leaves behind
 };
 
 } // namespace VelmoraTest

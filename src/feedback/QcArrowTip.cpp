@@ -1,0 +1,221 @@
+#include <Velmora/QcArrowTip.h>
+#include <Velmora/QcMultiLineText.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "theme/TokenPainting_p.h"
+
+#include <QAccessibleWidget>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPainterPath>
+#include <QTimer>
+
+namespace Velmora {
+
+namespace {
+
+const QString kBubbleColor = QStringLiteral("base/neutral/neutral_invert");
+
+/// A tool tip whose name is its text. A name set by the host comes first.
+class TipAccessible : public QAccessibleWidget
+{
+public:
+    explicit TipAccessible(QcArrowTip *tip)
+        : QAccessibleWidget(tip, QAccessible::ToolTip)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        auto *content = widget()->findChild<QcMultiLineText *>();
+        if (kind != QAccessible::Name || !widget()->accessibleName().isEmpty() || !content)
+            return QAccessibleWidget::text(kind);
+        return QAccessible::queryAccessibleInterface(content)->text(kind);
+    }
+};
+
+QAccessibleInterface *CreateTipInterface(const QString &className, QObject *object)
+{
+    auto *tip = className == QLatin1String("Velmora::QcArrowTip") ? qobject_cast<QcArrowTip *>(object) : nullptr;
+    return tip ? new TipAccessible(tip) : nullptr; // owned by Qt's accessibility cache
+}
+
+void InstallTipAccessibility()
+{
+    QAccessible::installFactory(CreateTipInterface); // for each tip: Qt forgets it with the application object
+}
+
+/// The triangle on one side of a tip of \a size: its apex on the edge, its base \a s pixels inside and twice as wide.
+QPainterPath TrianglePath(QcArrowTip::TriangleDirection direction, const QSize &size, int s)
+{
+    const int w = size.width();
+    const int h = size.height();
+    QPolygon points;
+    switch (direction) {
+    case QcArrowTip::Left:
+        points << QPoint(s, h / 2 - s) << QPoint(0, h / 2) << QPoint(s, h / 2 + s);
+        break;
+    case QcArrowTip::Top:
+        points << QPoint(w / 2 - s, s) << QPoint(w / 2, 0) << QPoint(w / 2 + s, s);
+        break;
+    case QcArrowTip::Right:
+        points << QPoint(w - s, h / 2 - s) << QPoint(w, h / 2) << QPoint(w - s, h / 2 + s);
+        break;
+    case QcArrowTip::Bottom:
+        points << QPoint(w / 2 - s, h - s) << QPoint(w / 2, h) << QPoint(w / 2 + s, h - s);
+        break;
+    }
+    QPainterPath path;
+    path.addPolygon(points);
+    path.closeSubpath();
+    return path;
+}
+
+} // namespace
+
+QcArrowTip::QcArrowTip(QWidget *parent)
+    : QFrame(parent)
+    , m_outerLayout(new QHBoxLayout(this))
+    , m_font(QcStyleManager::GetDefaultFont())
+    , m_textControl(new QcMultiLineText(this))
+{
+    InstallTipAccessibility();
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating); // who types into the reference goes on typing
+    setAttribute(Qt::WA_QuitOnClose, false);    // a tip left behind in sight does not keep the program running
+
+    // Room for the triangle on every side, whichever it sits on.
+    m_outerLayout->setContentsMargins(m_triangleSize, m_triangleSize, m_triangleSize, m_triangleSize);
+    m_outerLayout->setSizeConstraint(QLayout::SetFixedSize);
+    auto *contentFrame = new QFrame(this);
+    contentFrame->setObjectName(QStringLiteral("m_contentFrame"));
+    m_outerLayout->addWidget(contentFrame);
+    m_innerLayout = new QHBoxLayout(contentFrame);
+    m_innerLayout->setContentsMargins(8, 4, 8, 4);
+
+    m_font.setPixelSize(12);
+    m_textControl->setFont(m_font);
+    m_textControl->setHeightAdaptive(true);
+    m_innerLayout->addWidget(m_textControl);
+
+    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/ArrowTip.qss"));
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+}
+
+void QcArrowTip::setText(const QString &text)
+{
+    m_text = text;
+    m_textControl->setText(text);
+    adjustWidth();
+}
+
+void QcArrowTip::setMaxWidth(int width)
+{
+    m_maxWidth = width;
+    adjustWidth();
+}
+
+void QcArrowTip::setTextColorParams(const QString &code)
+{
+    m_textColorParams = code;
+    m_textControl->setDefaultTextColorParams(code);
+}
+
+void QcArrowTip::setTriangleDirection(TriangleDirection direction)
+{
+    m_direction = direction;
+}
+
+void QcArrowTip::setReferenceWidget(QPointer<QWidget> widget)
+{
+    m_reference = widget;
+    if (!m_reference)
+        return;
+    m_reference->installEventFilter(this);
+    m_reference->window()->installEventFilter(this);
+}
+
+void QcArrowTip::show()
+{
+    if (m_reference)
+        QFrame::show();
+}
+
+// --- Size and place ---
+
+void QcArrowTip::adjustWidth()
+{
+    const QMargins inner = m_innerLayout->contentsMargins();
+    const QMargins outer = m_outerLayout->contentsMargins();
+    const int available = m_maxWidth - inner.left() - inner.right() - outer.left() - outer.right();
+    // Free of the width that an earlier text left behind, so that a tip used again has the size of a fresh one.
+    const int ideal = m_textControl->unwrappedWidth();
+    // A long text takes the maximum itself: its tip is wider by the margins.
+    m_textControl->setFixedWidth(ideal < available ? ideal : m_maxWidth);
+    adjustPositionAsync();
+}
+
+void QcArrowTip::adjustPositionAsync()
+{
+    // Later, since inside a move or resize event neither the reference nor the tip has its place and size yet.
+    QTimer::singleShot(1, this, &QcArrowTip::Place);
+}
+
+void QcArrowTip::Place()
+{
+    if (!m_reference)
+        return;
+    const QPoint origin = m_reference->mapToGlobal(QPoint(0, 0));
+    const int centredX = origin.x() + m_reference->width() / 2 - width() / 2;
+    const int centredY = origin.y() + m_reference->height() / 2 - height() / 2;
+    switch (m_direction) {
+    case Left:
+        move(origin.x() + m_reference->width() + m_gap, centredY);
+        break;
+    case Top:
+        move(centredX, origin.y() + m_reference->height() + m_gap);
+        break;
+    case Right:
+        move(origin.x() - m_gap - width(), centredY);
+        break;
+    case Bottom:
+        move(centredX, origin.y() - m_gap - height());
+        break;
+    }
+}
+
+bool QcArrowTip::eventFilter(QObject *watched, QEvent *event)
+{
+    // Earlier references keep the filter and no longer count.
+    const bool isMine = m_reference && (watched == m_reference || watched == m_reference->window());
+    if (isMine && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
+        adjustPositionAsync();
+    return QFrame::eventFilter(watched, event);
+}
+
+void QcArrowTip::resizeEvent(QResizeEvent *event)
+{
+    adjustPositionAsync();
+    QFrame::resizeEvent(event);
+}
+
+void QcArrowTip::showEvent(QShowEvent *event)
+{
+    adjustPositionAsync();
+    QFrame::showEvent(event);
+}
+
+// --- Painting ---
+
+void QcArrowTip::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(TokenColor(kBubbleColor));
+    painter.drawPath(TrianglePath(m_direction, size(), m_triangleSize));
+}
+
+} // namespace Velmora

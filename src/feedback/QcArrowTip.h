@@ -1,0 +1,76 @@
+#pragma once
+
+#include <Velmora/VelmoraExport.h>
+
+#include <QFont>
+#include <QFrame>
+#include <QPointer>
+#include <QString>
+
+QT_BEGIN_NAMESPACE
+class QHBoxLayout;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+class QcMultiLineText;
+
+/// A small bubble with a triangle that points at a reference widget and stays beside it while it or its window moves.
+///
+/// The tip is a window of its own that never takes the keyboard. It is placed 1 millisecond after each cause, and not kept on
+/// the screen: beside an edge it is cut off. QcArrowTipGlobal shows one tip for many widgets as the mouse enters them.
+class VELMORA_EXPORT QcArrowTip : public QFrame
+{
+    Q_OBJECT
+
+public:
+    /// The side of the bubble that the triangle sits on; the bubble stands on the other side of the reference.
+    enum TriangleDirection : int {
+        Left = 0,   ///< the bubble stands to the right of the reference
+        Top = 1,    ///< below it
+        Right = 2,  ///< to its left
+        Bottom = 3, ///< above it; the default
+    };
+    Q_ENUM(TriangleDirection)
+
+    explicit QcArrowTip(QWidget *parent = nullptr);
+
+    /// The text, read as HTML as QcMultiLineText does.
+    void setText(const QString &text);
+    /// The width in pixels, 100 at first, from which a text wraps. A text narrower than this, less 28 pixels of margins, makes
+    /// the tip as narrow as it can be; any other is this wide, and the tip wider by the margins.
+    void setMaxWidth(int width);
+    /// The colour code of the text, that of QcMultiLineText at first.
+    void setTextColorParams(const QString &code);
+    /// Takes effect with the next placement and paint.
+    void setTriangleDirection(TriangleDirection direction);
+    /// The widget to point at. The tip never shows without one, stays where it is when the widget dies, and may outlive it.
+    void setReferenceWidget(QPointer<QWidget> widget);
+    /// Shows the tip, if its reference lives.
+    void show();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void adjustPositionAsync();
+    void adjustWidth();
+    void Place();
+
+    QHBoxLayout *m_outerLayout;
+    QHBoxLayout *m_innerLayout;
+    QFont m_font;
+    int m_triangleSize = 6;
+    QcMultiLineText *m_textControl;
+    QPointer<QWidget> m_reference;
+    int m_gap = 8;
+    TriangleDirection m_direction = Bottom;
+    int m_maxWidth = 100;
+    QString m_text;
+    QString m_textColorParams;
+};
+
+} // namespace Velmora

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <Velmora/PointerFunctors.h>
+#include <Velmora/TipInfo.h>
+#include <Velmora/VelmoraExport.h>
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <unordered_map>
+
+namespace Velmora {
+
+/// Hover tips: shows one shared QcArrowTip as the mouse enters a registered widget and hides it as it leaves. Main thread only.
+class VELMORA_EXPORT QcArrowTipGlobal : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The one instance, made at its first use. Its tip lives to the end of the process.
+    static QcArrowTipGlobal *instance();
+
+    /// Gives \a widget a tip, in place of an earlier one. The widget may die registered. Null is ignored.
+    void registerWidget(QWidget *widget, const TipInfo &info);
+    /// A tip with this text and the defaults of TipInfo.
+    void registerWidget(QWidget *widget, const QString &text);
+    /// Takes the tip away. One that shows at this moment stays until the mouse leaves another registered widget. Null is ignored.
+    void unregisterWidget(QWidget *widget);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private Q_SLOTS:
+    void onWidgetDestroyed(QObject *obj);
+
+private:
+    QcArrowTipGlobal();
+    void ShowTip(QWidget *widget, const TipInfo &info);
+
+    QcArrowTip *m_tip;
+    std::unordered_map<QPointer<QWidget>, TipInfo, PointerHashFunc, PointerEqualFunc> m_infos;
+};
+
+} // namespace Velmora

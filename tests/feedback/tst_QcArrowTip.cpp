@@ -1,0 +1,394 @@
+#include "support/Pixels.h"
+#include "support/TestMain.h"
+
+#include <Velmora/QcArrowTip.h>
+#include <Velmora/QcMultiLineText.h>
+
+#include <QAccessible>
+#include <QLayout>
+
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QString kBubble = QStringLiteral("base/neutral/neutral_invert");
+const QString kLongText = QStringLiteral("A text that is a good deal longer than a tip is wide");
+
+QcMultiLineText *ContentOf(const QcArrowTip &tip)
+{
+    return tip.findChild<QcMultiLineText *>();
+}
+
+QWidget *FrameOf(const QcArrowTip &tip)
+{
+    return tip.findChild<QWidget *>(QStringLiteral("m_contentFrame"));
+}
+
+/// Where \a tip belongs beside \a reference.
+QPoint PlaceOf(const QcArrowTip &tip, const QWidget &reference, int direction)
+{
+    const QPoint origin = reference.mapToGlobal(QPoint(0, 0));
+    const int centredX = origin.x() + reference.width() / 2 - tip.width() / 2;
+    const int centredY = origin.y() + reference.height() / 2 - tip.height() / 2;
+    switch (direction) {
+    case 0:
+        return {origin.x() + reference.width() + 8, centredY};
+    case 1:
+        return {centredX, origin.y() + reference.height() + 8};
+    case 2:
+        return {origin.x() - 8 - tip.width(), centredY};
+    default:
+        return {centredX, origin.y() - 8 - tip.height()};
+    }
+}
+
+/// A shown window with something to point at.
+struct Stage
+{
+    Stage()
+        : reference(new QWidget(&window))
+    {
+        window.setGeometry(300, 300, 200, 101);
+        reference->setGeometry(20, 30, 91, 25);
+        window.show();
+        DrainEvents();
+    }
+
+    QWidget window;
+    QWidget *reference;
+};
+
+QSize SizeOf(QcArrowTip &tip)
+{
+    tip.show();
+    DrainEvents();
+    return tip.size();
+}
+
+} // namespace
+
+class TestQcArrowTip : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_tip_is_a_frameless_window_that_does_not_keep_the_program_running()
+    {
+        QWidget parent;
+        for (QWidget *owner : {static_cast<QWidget *>(nullptr), &parent}) {
+            const QcArrowTip tip(owner);
+            QVERIFY(tip.isWindow());
+            QCOMPARE(tip.windowType(), Qt::Tool);
+            QVERIFY(tip.windowFlags().testFlag(Qt::FramelessWindowHint));
+            QVERIFY(tip.testAttribute(Qt::WA_TranslucentBackground));
+            QVERIFY(!tip.testAttribute(Qt::WA_QuitOnClose));
+            QVERIFY(tip.testAttribute(Qt::WA_ShowWithoutActivating)); // the platform of this test activates every window
+            QCOMPARE(tip.parentWidget(), owner);
+        }
+    }
+
+    void it_shows_only_with_a_living_reference()
+    {
+        QcArrowTip tip;
+        tip.show();
+        QVERIFY(!tip.isVisible());
+        tip.setReferenceWidget(nullptr);
+        tip.show();
+        QVERIFY(!tip.isVisible());
+        auto reference = std::make_unique<QWidget>();
+        tip.setReferenceWidget(reference.get());
+        reference.reset();
+        tip.show();
+        QVERIFY(!tip.isVisible());
+        DrainEvents(); // no placement without a reference
+    }
+
+    void it_stands_beside_its_reference_data()
+    {
+        QTest::addColumn<int>("direction");
+        QTest::addColumn<QString>("text");
+        for (int direction = 0; direction < 4; ++direction) {
+            QTest::addRow("%d, short", direction) << direction << QStringLiteral("Tip");
+            QTest::addRow("%d, odd", direction) << direction << QStringLiteral("Tips!");
+            QTest::addRow("%d, long", direction) << direction << kLongText;
+        }
+    }
+
+    void it_stands_beside_its_reference()
+    {
+        QFETCH(int, direction);
+        QFETCH(QString, text);
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(text);
+        tip.setTriangleDirection(QcArrowTip::TriangleDirection(direction));
+        tip.show();
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+
+        stage.window.move(320, 280);
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        stage.reference->move(40, 50);
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        stage.reference->resize(50, 41);
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        tip.setText(QStringLiteral("another"));
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+    }
+
+    void bottom_is_the_default_and_an_unknown_direction_leaves_it_where_it_is()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(QStringLiteral("Tip"));
+        tip.show();
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        const QPoint before = tip.pos();
+        tip.setTriangleDirection(QcArrowTip::TriangleDirection(4));
+        stage.window.move(100, 100);
+        QTest::qWait(20);
+        QCOMPARE(tip.pos(), before);
+        COMPARE_COLOR(PixelAt(Render(tip), QPointF(tip.width() / 2.0, tip.height() - 2)), QColor(Qt::white)); // and without a triangle
+    }
+
+    void a_new_direction_waits_for_the_next_placement()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(QStringLiteral("Tip"));
+        tip.show();
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        tip.setTriangleDirection(QcArrowTip::Top);
+        QTest::qWait(20);
+        QCOMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        const QPoint before = tip.pos();
+        stage.window.move(310, 310);
+        QCOMPARE(tip.pos(), before); // not yet: a placement is never part of the move
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 1));
+    }
+
+    void it_may_leave_the_screen()
+    {
+        Stage stage;
+        stage.window.move(0, 100);
+        stage.reference->move(0, 0);
+        QcArrowTip tip;
+        tip.setTriangleDirection(QcArrowTip::Right);
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(kLongText);
+        tip.show();
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 2));
+        QVERIFY(tip.x() < -100);
+    }
+
+    void earlier_references_no_longer_count()
+    {
+        Stage first;
+        Stage second;
+        QcArrowTip tip;
+        tip.setReferenceWidget(first.reference);
+        tip.setReferenceWidget(second.reference);
+        tip.setText(QStringLiteral("Tip"));
+        tip.show();
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *second.reference, 3));
+        tip.move(0, 0);
+        first.window.move(10, 10);
+        first.reference->move(1, 1);
+        QTest::qWait(20);
+        QCOMPARE(tip.pos(), QPoint(0, 0));
+        second.reference->move(1, 1);
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *second.reference, 3));
+    }
+
+    void it_stays_where_it_is_when_its_reference_dies()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(QStringLiteral("Tip"));
+        tip.show();
+        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        const QPoint before = tip.pos();
+        stage.window.move(100, 100); // a placement is on its way
+        delete stage.reference;
+        QTest::qWait(20);
+        stage.window.move(120, 120);
+        QTest::qWait(20);
+        QCOMPARE(tip.pos(), before);
+        QVERIFY(tip.isVisible());
+    }
+
+    void a_short_text_makes_a_narrow_tip()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(QStringLiteral("Tip"));
+        QcMultiLineText reference;
+        QFont font = QcStyleManager::GetDefaultFont();
+        font.setPixelSize(12);
+        reference.setFont(font);
+        reference.setText(QStringLiteral("Tip"));
+        const QSize size = SizeOf(tip);
+        QCOMPARE(ContentOf(tip)->width(), reference.idealWidth());
+        QCOMPARE(size, ContentOf(tip)->size() + QSize(28, 20));
+        QCOMPARE(FrameOf(tip)->geometry(), QRect(QPoint(6, 6), size - QSize(12, 12)));
+        QCOMPARE(ContentOf(tip)->pos(), QPoint(8, 4));
+        QVERIFY(ContentOf(tip)->height() < 2 * QFontMetrics(font).height()); // one line
+    }
+
+    void a_long_text_is_as_wide_as_the_maximum_and_the_tip_wider()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(kLongText);
+        QCOMPARE(SizeOf(tip).width(), 128);
+        QCOMPARE(ContentOf(tip)->width(), 100);
+        tip.setMaxWidth(200);
+        QCOMPARE(SizeOf(tip).width(), 228);
+    }
+
+    void a_text_as_wide_as_the_room_widens_to_the_maximum()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setMaxWidth(1000);
+        tip.setText(QStringLiteral("Some words"));
+        SizeOf(tip);
+        const int ideal = ContentOf(tip)->width();
+        tip.setMaxWidth(ideal + 29);
+        SizeOf(tip);
+        QCOMPARE(ContentOf(tip)->width(), ideal);
+        tip.setMaxWidth(ideal + 28);
+        SizeOf(tip);
+        QCOMPARE(ContentOf(tip)->width(), ideal + 28);
+    }
+
+    void a_tip_used_again_has_the_size_of_a_fresh_one_data()
+    {
+        QTest::addColumn<bool>("hidden");
+        QTest::newRow("hidden between") << true;
+        QTest::newRow("in sight") << false;
+    }
+
+    void a_tip_used_again_has_the_size_of_a_fresh_one()
+    {
+        QFETCH(bool, hidden);
+        Stage stage;
+        QcArrowTip used;
+        used.setReferenceWidget(stage.reference);
+        struct Content
+        {
+            QString text;
+            int maxWidth;
+        };
+        const Content contents[] = {
+            {QStringLiteral("a"), 100},
+            {QStringLiteral("Some words"), 100},
+            {kLongText, 100},
+            {QStringLiteral("i"), 100},
+            {kLongText, 300},
+            {QStringLiteral("Some words"), 300},
+            {QStringLiteral("<p>one</p><p>two</p>"), 100},
+            {QString(), 100},
+            {kLongText + kLongText, 60},
+            {QStringLiteral("Words"), 100},
+            {kLongText, 0},
+            {QStringLiteral("Words"), 1000},
+        };
+        for (const Content &content : contents) {
+            if (hidden)
+                used.hide();
+            used.setText(content.text);
+            used.setMaxWidth(content.maxWidth);
+            QcArrowTip fresh;
+            fresh.setReferenceWidget(stage.reference);
+            fresh.setText(content.text);
+            fresh.setMaxWidth(content.maxWidth);
+            QCOMPARE(SizeOf(used), SizeOf(fresh));
+        }
+    }
+
+    void bubble_and_triangle_have_the_tokens_colour_data()
+    {
+        QTest::addColumn<int>("direction");
+        for (int direction = 0; direction < 4; ++direction)
+            QTest::addRow("%d", direction) << direction;
+    }
+
+    void bubble_and_triangle_have_the_tokens_colour()
+    {
+        QFETCH(int, direction);
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(kLongText);
+        tip.setTriangleDirection(QcArrowTip::TriangleDirection(direction));
+        tip.show();
+        DrainEvents();
+        const double w = tip.width();
+        const double h = tip.height();
+        const int halfW = tip.width() / 2;
+        const int halfH = tip.height() / 2;
+        // Just inside the apex and just inside and outside one end of the base, by side.
+        const QPointF apex[] = {{2.5, halfH + 0.0}, {halfW + 0.0, 2.5}, {w - 3.5, halfH + 0.0}, {halfW + 0.0, h - 3.5}};
+        const QPointF base[] = {{5.5, halfH - 4.0}, {halfW - 4.0, 5.5}, {w - 5.5, halfH - 4.0}, {halfW - 4.0, h - 5.5}};
+        const QPointF beside[] = {{4.5, halfH - 8.0}, {halfW - 8.0, 4.5}, {w - 4.5, halfH - 8.0}, {halfW - 8.0, h - 4.5}};
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            const QColor canvas = QColor(Qt::red);
+            const QImage image = Render(tip, canvas);
+            const QColor bubble = Over(TokenOf(table, kBubble), canvas);
+            for (int side = 0; side < 4; ++side) {
+                COMPARE_COLOR(PixelAt(image, apex[side]), side == direction ? bubble : canvas);
+                COMPARE_COLOR(PixelAt(image, base[side]), side == direction ? bubble : canvas);
+                COMPARE_COLOR(PixelAt(image, beside[side]), canvas);
+            }
+            COMPARE_COLOR(PixelAt(image, QPointF(10, 9)), bubble); // in the bubble, beside the text
+            COMPARE_COLOR(PixelAt(image, QPointF(1, 1)), canvas);
+        }
+    }
+
+    void text_has_its_token()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setMaxWidth(400);
+        tip.setText(QStringLiteral("<span style=\"font-size:60px;font-weight:bold\">I</span>"));
+        tip.setTextColorParams(QStringLiteral("tip/danger"));
+        tip.show();
+        DrainEvents();
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            const QImage image = Part(Render(tip), QRectF(QPointF(15, 11), QSizeF(tip.size() - QSize(30, 22))));
+            COMPARE_COLOR(InkColor(image, TokenOf(table, kBubble)),
+                          Over(TokenOf(table, QStringLiteral("tip/danger")), TokenOf(table, kBubble)));
+        }
+    }
+
+    void assistive_technology_reads_it_as_a_tool_tip()
+    {
+        QcArrowTip tip;
+        tip.setText(QStringLiteral("<b>Some</b> words"));
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&tip);
+        QCOMPARE(accessible->role(), QAccessible::ToolTip);
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Some words"));
+        tip.setAccessibleName(QStringLiteral("Name"));
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Name"));
+    }
+
+protected:
+    void TearDown() override { UseTable(Table::Light); }
+};
+
+VELMORA_TEST_MAIN(TestQcArrowTip)
+
+#include "tst_QcArrowTip.moc"

@@ -1,0 +1,185 @@
+#include "support/TestMain.h"
+
+#include <Velmora/QcArrowTipGlobal.h>
+#include <Velmora/QcMultiLineText.h>
+
+#include <QApplication>
+#include <QCursor>
+#include <QTextDocument>
+
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+QcArrowTip *SharedTip()
+{
+    QcArrowTip *tip = nullptr;
+    const auto widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (auto *candidate = qobject_cast<QcArrowTip *>(widget))
+            tip = candidate;
+    }
+    return tip;
+}
+
+QString TextOf(const QcArrowTip &tip)
+{
+    return tip.findChild<QTextDocument *>()->toPlainText();
+}
+
+/// A window with two widgets to hover over, far from where their tips come to lie.
+struct Stage
+{
+    Stage()
+        : first(new QWidget(&window))
+        , second(new QWidget(&window))
+    {
+        window.setGeometry(100, 100, 400, 300);
+        first->setGeometry(50, 100, 60, 30);
+        second->setGeometry(250, 100, 60, 30);
+        window.show();
+        DrainEvents();
+        Hover(QPoint(5, 295));
+    }
+
+    void Hover(const QPoint &position) { QCursor::setPos(window.mapToGlobal(position)); }
+    void Hover(const QWidget &widget) { Hover(widget.geometry().center()); }
+
+    QWidget window;
+    QWidget *first;
+    QWidget *second;
+};
+
+} // namespace
+
+class TestQcArrowTipGlobal : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QcArrowTipGlobal::instance(); } // the shared tip lives to the end of the process
+
+    void an_info_has_defaults()
+    {
+        const TipInfo info;
+        QVERIFY(info.text.isEmpty());
+        QCOMPARE(info.maxWidth, 100);
+        QCOMPARE(info.textColorParams, QStringLiteral("text/text_primary"));
+        QCOMPARE(info.direction, QcArrowTip::Bottom);
+    }
+
+    void one_tip_is_shared()
+    {
+        QCOMPARE(QcArrowTipGlobal::instance(), QcArrowTipGlobal::instance());
+        QVERIFY(SharedTip());
+        QVERIFY(!SharedTip()->parentWidget());
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void it_shows_while_the_mouse_is_over_a_registered_widget()
+    {
+        Stage stage;
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, QStringLiteral("One"));
+        TipInfo info;
+        info.text = QStringLiteral("A second tip whose text is a long one");
+        info.maxWidth = 150;
+        info.direction = QcArrowTip::Top;
+        QcArrowTipGlobal::instance()->registerWidget(stage.second, info);
+        QVERIFY(!SharedTip()->isVisible());
+
+        stage.Hover(*stage.first);
+        QTRY_VERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("One"));
+        QTRY_COMPARE(SharedTip()->geometry().bottom() + 1 + 8, stage.first->mapToGlobal(QPoint(0, 0)).y());
+        stage.Hover(QPoint(5, 295));
+        QTRY_VERIFY(!SharedTip()->isVisible());
+
+        stage.Hover(*stage.second);
+        QTRY_VERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), info.text);
+        QTRY_COMPARE(SharedTip()->width(), 178);
+        QTRY_COMPARE(SharedTip()->y(), stage.second->mapToGlobal(QPoint(0, 30 + 8)).y());
+        stage.Hover(*stage.first);
+        QTRY_COMPARE(TextOf(*SharedTip()), QStringLiteral("One"));
+        QVERIFY(SharedTip()->isVisible());
+    }
+
+    void registering_again_replaces_the_info()
+    {
+        Stage stage;
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, QStringLiteral("One"));
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, QStringLiteral("Two"));
+        stage.Hover(*stage.first);
+        QTRY_VERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
+
+        QcArrowTipGlobal::instance()->unregisterWidget(stage.first); // once is enough after registering twice
+        stage.Hover(QPoint(5, 295));
+        DrainEvents();
+        QVERIFY(SharedTip()->isVisible()); // no longer its widget
+        stage.Hover(*stage.first);
+        DrainEvents();
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
+    }
+
+    void an_unregistered_widget_has_no_tip()
+    {
+        Stage stage;
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, QStringLiteral("One"));
+        QcArrowTipGlobal::instance()->unregisterWidget(stage.first);
+        QcArrowTipGlobal::instance()->unregisterWidget(stage.second); // never was
+        stage.Hover(*stage.first);
+        DrainEvents();
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void null_is_ignored()
+    {
+        QcArrowTipGlobal::instance()->registerWidget(nullptr, QStringLiteral("One"));
+        QcArrowTipGlobal::instance()->registerWidget(nullptr, TipInfo());
+        QcArrowTipGlobal::instance()->unregisterWidget(nullptr);
+    }
+
+    void a_widget_that_dies_under_the_mouse_leaves_the_tip_until_another_is_left()
+    {
+        Stage stage;
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, QStringLiteral("One"));
+        QcArrowTipGlobal::instance()->registerWidget(stage.second, QStringLiteral("Two"));
+        stage.Hover(*stage.first);
+        QTRY_VERIFY(SharedTip()->isVisible());
+        delete stage.first;
+        DrainEvents();
+        QVERIFY(SharedTip()->isVisible());
+        const QPoint before = SharedTip()->pos();
+        stage.window.move(110, 110);
+        QTest::qWait(20);
+        QCOMPARE(SharedTip()->pos(), before); // its reference is gone
+        stage.Hover(*stage.second);
+        QTRY_COMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
+        stage.Hover(QPoint(5, 295));
+        QTRY_VERIFY(!SharedTip()->isVisible());
+    }
+
+    void many_widgets_may_die_registered()
+    {
+        for (int round = 0; round < 3; ++round) {
+            QWidget window;
+            for (int i = 0; i < 200; ++i)
+                QcArrowTipGlobal::instance()->registerWidget(new QWidget(&window), QString::number(i));
+        }
+        Stage stage; // whose widgets may have the addresses of dead ones
+        stage.Hover(*stage.first);
+        DrainEvents();
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+protected:
+    void TearDown() override { SharedTip()->hide(); }
+};
+
+VELMORA_TEST_MAIN(TestQcArrowTipGlobal)
+
+#include "tst_QcArrowTipGlobal.moc"

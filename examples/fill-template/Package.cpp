@@ -56,7 +56,7 @@ QMap<QString, ArchivedFile> ArchivedFiles(const QString &archivePath)
     if (end < 0 || end + kEndSize > tail.size())
         throw damaged;
     file.seek(Number(tail, end + 16, 4));
-    const QByteArray directory = file.read(Number(tail, end + 12, 4));
+    const QByteArray directory = file.read(qMin<qint64>(Number(tail, end + 12, 4), file.size())); // what a file claims is not allocated
 
     QMap<QString, ArchivedFile> files;
     const int count = int(Number(tail, end + 10, 2));

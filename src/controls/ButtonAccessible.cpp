@@ -1,15 +1,25 @@
 #include "controls/ButtonAccessible_p.h"
 
-#include <Velmora/QcButton.h>
 #include <Velmora/QcSwitchButton.h>
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QKeySequence>
 #include <QMenu>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
 
 namespace Velmora {
 
 namespace {
+
+/// The classes described here, with all that derive from them.
+constexpr const char *kClasses[] = {
+    "Velmora::QcButton",
+};
 
 /// \a text without its mnemonic marks: "&Save" is read as "Save", "A && B" as "A & B".
 QString WithoutMnemonic(const QString &text)
@@ -23,11 +33,19 @@ QString WithoutMnemonic(const QString &text)
     return plain;
 }
 
-/// A push button whose name is its text or, without one, its tool tip. A name set by the host comes before both.
+QMenu *MenuOf(const QAbstractButton &button)
+{
+    if (const auto *pushButton = qobject_cast<const QPushButton *>(&button))
+        return pushButton->menu();
+    const auto *toolButton = qobject_cast<const QToolButton *>(&button);
+    return toolButton ? toolButton->menu() : nullptr;
+}
+
+/// A button whose name is its text or, without one, its tool tip. A name set by the host comes before both.
 class ButtonAccessible : public QAccessibleWidget
 {
 public:
-    explicit ButtonAccessible(QPushButton *button)
+    explicit ButtonAccessible(QAbstractButton *button)
         : QAccessibleWidget(button, QAccessible::Button)
     {
     }
@@ -36,7 +54,7 @@ public:
     {
         if (qobject_cast<QcSwitchButton *>(button()))
             return QAccessible::CheckBox; // the nearest that Qt has: screen readers then say on or off
-        return button()->menu() ? QAccessible::ButtonMenu : QAccessible::Button;
+        return HasMenu() ? QAccessible::ButtonMenu : QAccessible::Button;
     }
 
     QString text(QAccessible::Text kind) const override
@@ -54,26 +72,32 @@ public:
 
     QAccessible::State state() const override
     {
+        const auto *pushButton = qobject_cast<QPushButton *>(button());
         QAccessible::State state = QAccessibleWidget::state();
         state.pressed = button()->isDown();
         state.checkable = button()->isCheckable();
         state.checked = button()->isChecked();
-        state.defaultButton = button()->isDefault();
-        state.hasPopup = button()->menu() != nullptr;
+        state.defaultButton = pushButton && pushButton->isDefault();
+        state.hasPopup = HasMenu();
         return state;
     }
 
     QStringList actionNames() const override
     {
         QStringList names;
-        if (button()->isEnabled())
+        if (button()->isEnabled()) {
             names << ClickAction();
+            if (HasMenu() && !ClickShowsMenu())
+                names << showMenuAction();
+        }
         return names + QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString &name) override
     {
-        if (name == pressAction() || name == ClickAction())
+        if (name == showMenuAction() && HasMenu())
+            ShowMenu();
+        else if (name == pressAction() || name == ClickAction())
             Press();
         else
             QAccessibleWidget::doAction(name);
@@ -90,17 +114,35 @@ public:
 private:
     void Press()
     {
-        if (!button()->menu())
+        if (ClickShowsMenu())
+            ShowMenu();
+        else
             button()->click();
-        else if (button()->isEnabled())
-            button()->showMenu(); // returns when the menu closes
     }
 
-    QPushButton *button() const { return static_cast<QPushButton *>(widget()); }
-    /// What a click does: a button with a menu opens it, a checkable one toggles.
+    /// Returns when the menu closes.
+    void ShowMenu()
+    {
+        if (!button()->isEnabled())
+            return;
+        if (auto *pushButton = qobject_cast<QPushButton *>(button()))
+            pushButton->showMenu();
+        else if (auto *toolButton = qobject_cast<QToolButton *>(button()))
+            toolButton->showMenu();
+    }
+
+    QAbstractButton *button() const { return static_cast<QAbstractButton *>(widget()); }
+    bool HasMenu() const { return MenuOf(*button()) != nullptr; }
+    /// Tool buttons have more ways to their menu than a click, unless the host chose that one.
+    bool ClickShowsMenu() const
+    {
+        const auto *toolButton = qobject_cast<QToolButton *>(button());
+        return HasMenu() && (!toolButton || toolButton->popupMode() == QToolButton::InstantPopup);
+    }
+    /// What a click does: open the menu, or toggle, or no more than click.
     const QString &ClickAction() const
     {
-        if (button()->menu())
+        if (ClickShowsMenu())
             return showMenuAction();
         return button()->isCheckable() ? toggleAction() : pressAction();
     }
@@ -109,7 +151,9 @@ private:
 QAccessibleInterface *CreateButtonInterface(const QString &className, QObject *object)
 {
     // Qt asks once for each class of the object, the most derived first.
-    auto *button = className == QLatin1String("Velmora::QcButton") ? qobject_cast<QcButton *>(object) : nullptr;
+    const bool isOurs =
+        std::any_of(std::begin(kClasses), std::end(kClasses), [&](const char *name) { return className == QLatin1String(name); });
+    auto *button = isOurs ? qobject_cast<QAbstractButton *>(object) : nullptr;
     return button ? new ButtonAccessible(button) : nullptr; // owned by Qt's accessibility cache
 }
 

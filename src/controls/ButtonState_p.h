@@ -1,12 +1,17 @@
 #pragma once
 
 #include <QStyle>
+#include <QWidget>
 
 #include <array>
 
+QT_BEGIN_NAMESPACE
+class QResizeEvent;
+QT_END_NAMESPACE
+
 namespace Velmora {
 
-/// The eight looks of a button, as keys of its tables.
+/// The state word of a self-painted button, kept by hand, and the eight looks that it gives, as keys of the button's tables.
 namespace ButtonState {
 
 constexpr int kDisabled = QStyle::State_None;
@@ -34,6 +39,27 @@ inline QStyle::State LookFor(int flags)
         return QStyle::State(selected | kHover);
     return QStyle::State(selected | kNormal);
 }
+
+/// Sets or clears \a flag in \a state, which is an int or a QStyle::State.
+template <typename State>
+void SetFlag(State &state, QStyle::StateFlag flag, bool on)
+{
+    state = on ? state | flag : state & ~flag;
+}
+
+/// For a change of the enabled state: the cursor over a disabled \a button forbids; it repaints.
+void ShowEnabled(QWidget &button);
+
+/// For a change of the enabled state: State_Enabled follows in each of \a states, the cursor forbids, \a button repaints.
+template <typename... States>
+void FollowEnabled(QWidget &button, States &...states)
+{
+    (SetFlag(states, QStyle::State_Enabled, button.isEnabled()), ...);
+    ShowEnabled(button);
+}
+
+/// For a resize of a \a button whose size hint depends on its height: announces the hint if that changed.
+void AnnounceHeight(QWidget &button, const QResizeEvent &event);
 
 } // namespace ButtonState
 

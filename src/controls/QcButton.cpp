@@ -3,9 +3,9 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "controls/ButtonAccessible_p.h"
+#include "controls/ButtonPainting_p.h"
 #include "controls/ButtonState_p.h"
 #include "core/ApplicationEvents_p.h"
-#include "theme/TokenPainting_p.h"
 
 #include <QCursor>
 #include <QEvent>
@@ -118,14 +118,9 @@ bool QcButton::IsCursorInside() const
     return rect().contains(mapFromGlobal(QCursor::pos()));
 }
 
-void QcButton::SetStateFlag(QStyle::StateFlag flag, bool on)
-{
-    m_state = on ? m_state | flag : m_state & ~flag;
-}
-
 void QcButton::OnToggled(bool checked)
 {
-    SetStateFlag(QStyle::State_Selected, checked);
+    ButtonState::SetFlag(m_state, QStyle::State_Selected, checked);
     update();
 }
 
@@ -136,8 +131,8 @@ bool QcButton::eventFilter(QObject *watched, QEvent *event)
         // Most buttons have nothing to shake off, and asking for the cursor costs more than all the rest.
         const bool isStale = m_state & (QStyle::State_MouseOver | QStyle::State_Sunken);
         if (isStale && !IsCursorInside()) {
-            SetStateFlag(QStyle::State_MouseOver, false);
-            SetStateFlag(QStyle::State_Sunken, false);
+            ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
+            ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
         }
     }
     return QObject::eventFilter(watched, event);
@@ -145,21 +140,21 @@ bool QcButton::eventFilter(QObject *watched, QEvent *event)
 
 void QcButton::mousePressEvent(QMouseEvent *event)
 {
-    SetStateFlag(QStyle::State_Sunken, true);
+    ButtonState::SetFlag(m_state, QStyle::State_Sunken, true);
     update();
     QAbstractButton::mousePressEvent(event);
 }
 
 void QcButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    SetStateFlag(QStyle::State_Sunken, false);
+    ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
     update();
     QAbstractButton::mouseReleaseEvent(event);
 }
 
 void QcButton::enterEvent(QEvent *event)
 {
-    SetStateFlag(QStyle::State_MouseOver, true);
+    ButtonState::SetFlag(m_state, QStyle::State_MouseOver, true);
     update();
     QWidget::enterEvent(event);
 }
@@ -168,8 +163,8 @@ void QcButton::leaveEvent(QEvent *event)
 {
     // With the cursor still inside, a popup has opened over the button, which stays hovered.
     if (!IsCursorInside()) {
-        SetStateFlag(QStyle::State_MouseOver, false);
-        SetStateFlag(QStyle::State_Sunken, false);
+        ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
+        ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
     }
     update();
     QWidget::leaveEvent(event);
@@ -178,21 +173,14 @@ void QcButton::leaveEvent(QEvent *event)
 void QcButton::resizeEvent(QResizeEvent *event)
 {
     // The icon is as wide as the button is high.
-    if (event->oldSize().height() != event->size().height())
-        updateGeometry();
+    ButtonState::AnnounceHeight(*this, *event);
     QWidget::resizeEvent(event);
 }
 
 void QcButton::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange) {
-        SetStateFlag(QStyle::State_Enabled, isEnabled());
-        if (isEnabled())
-            unsetCursor();
-        else
-            setCursor(Qt::ForbiddenCursor);
-        update();
-    }
+    if (event->type() == QEvent::EnabledChange)
+        ButtonState::FollowEnabled(*this, m_state);
     QAbstractButton::changeEvent(event);
 }
 
@@ -204,25 +192,16 @@ void QcButton::paintEvent(QPaintEvent * /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     const QStyle::State look = ButtonState::LookFor(m_state);
 
-    const QString background = m_backgroundColorParams.value(look);
-    if (!background.isEmpty())
-        FillRounded(painter, rect(), m_borderRadius, background);
-
-    // Centred on the outer edge: half of the line lies outside and is clipped.
-    const QString border = m_borderColorParams.value(look);
-    if (!border.isEmpty())
-        OutlineRounded(painter, rect(), m_borderRadius, border);
-
+    PaintBackground(painter, rect(), m_borderRadius, m_backgroundColorParams.value(look));
+    PaintBorder(painter, rect(), m_borderRadius, m_borderColorParams.value(look));
     PaintContent(painter, m_iconParams.value(look), m_textColorParams.value(look));
 }
 
-void QcButton::PaintContent(QPainter &painter, ImageParams icon, const QString &textCode)
+void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QString &textCode)
 {
     const QString caption = text();
-    if (icon.path.isEmpty())
-        icon.path = m_iconPath;
-    icon.size = caption.isEmpty() ? size() : QSize(height(), height());
-    const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(icon);
+    const QSize iconSize = caption.isEmpty() ? size() : QSize(height(), height());
+    const QPixmap pixmap = IconPixmap(icon, m_iconPath, iconSize);
 
     if (caption.isEmpty()) {
         if (!pixmap.isNull())
@@ -230,7 +209,7 @@ void QcButton::PaintContent(QPainter &painter, ImageParams icon, const QString &
         return;
     }
 
-    painter.setPen(textCode.isEmpty() ? palette().color(QPalette::ButtonText) : TokenColor(textCode));
+    painter.setPen(CaptionColor(*this, textCode));
     painter.setFont(font());
     if (pixmap.isNull()) {
         painter.drawText(rect(), Qt::AlignCenter, caption);
@@ -238,10 +217,10 @@ void QcButton::PaintContent(QPainter &painter, ImageParams icon, const QString &
     }
     // Icon and text side by side, centred together.
     const int textWidth = painter.fontMetrics().horizontalAdvance(caption);
-    const int x = (width() - (textWidth + icon.size.width())) / 2;
-    const int y = (height() - icon.size.height()) / 2;
-    painter.drawPixmap(QRect(QPoint(x, y), icon.size), pixmap);
-    painter.drawText(QRect(x + icon.size.width(), 0, textWidth, height()), Qt::AlignVCenter, caption);
+    const int x = (width() - (textWidth + iconSize.width())) / 2;
+    const int y = (height() - iconSize.height()) / 2;
+    painter.drawPixmap(QRect(QPoint(x, y), iconSize), pixmap);
+    painter.drawText(QRect(x + iconSize.width(), 0, textWidth, height()), Qt::AlignVCenter, caption);
 }
 
 } // namespace Velmora

@@ -71,8 +71,7 @@ private Q_SLOTS:
 
 private:
     bool IsCursorInside() const;
-    void SetStateFlag(QStyle::StateFlag flag, bool on);
-    void PaintContent(QPainter &painter, ImageParams icon, const QString &textCode);
+    void PaintContent(QPainter &painter, const ImageParams &icon, const QString &textCode);
 
     int m_state = QStyle::State_Enabled;
     QString m_iconPath;

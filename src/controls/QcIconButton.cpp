@@ -7,8 +7,7 @@ namespace Velmora {
 namespace {
 
 constexpr ButtonTables kTables = {
-    {"transparent", "transparent", "bg/bg_transluent_strong_hover", "bg/bg_transluent_strong_press", "bg/bg_transluent_strong_active",
-     "bg/bg_transluent_strong_active", "bg/bg_transluent_strong_active", "bg/bg_transluent_strong_active"},
+    kToolBackground,
     kNoTokens,
     kNoTokens,
     {"text/text_disabled", "icon/icon_secondary", "icon/icon_secondary", "icon/icon_secondary", "icon/icon_primary", "icon/icon_primary",

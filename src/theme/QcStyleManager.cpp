@@ -206,8 +206,9 @@ template <typename Content>
 Content &QcStyleManager::EntryOf(Registry<Content> &registry, const QPointer<QWidget> &widget)
 {
     Registered<Content> &entry = registry[widget];
+    static quint64 lastSerial = 0;
     if (entry.serial == 0)
-        entry.serial = ++m_lastSerial;
+        entry.serial = ++lastSerial;
     return entry.content;
 }
 
@@ -230,7 +231,7 @@ void QcStyleManager::OnRegisteredWidgetDestroyed()
     const auto found = m_colorHandlers.find(widget);
     if (found == m_colorHandlers.end())
         return;
-    m_handlersOfDeadWidgets.push_back(std::move(found->second.content));
+    m_colorHandlers.ofDeadWidgets.push_back(std::move(found->second.content));
     m_colorHandlers.erase(found);
 }
 

@@ -101,6 +101,10 @@ private:
     };
     template <typename Content>
     using Registry = std::unordered_map<QPointer<QWidget>, Registered<Content>, PointerHashFunc, PointerEqualFunc>;
+    struct HandlerRegistry : Registry<std::function<void()>>
+    {
+        std::vector<std::function<void()>> ofDeadWidgets; // never called again, never destroyed before the manager
+    };
 
     QString ParseStyleSheetColorCodeToStyleSheetColor(const QString &code);
     bool IsColorCode(const QString &text);
@@ -120,9 +124,7 @@ private:
     QString m_colorFilePath;
     QHash<QString, QColor> m_colorTable;
     Registry<QString> m_styleSheets;
-    Registry<std::function<void()>> m_colorHandlers;
-    std::vector<std::function<void()>> m_handlersOfDeadWidgets; // never called again, never destroyed before the manager
-    quint64 m_lastSerial = 0;
+    HandlerRegistry m_colorHandlers;
 };
 
 } // namespace Velmora

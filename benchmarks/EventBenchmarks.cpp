@@ -27,12 +27,7 @@ protected:
 void PressElsewhere(benchmark::State &state, Kind kind)
 {
     const auto scene = MakeScene(kind);
-    const int count = int(state.range(0));
-    const auto window = MakeWindow(*scene, count);
-    Counters::Reset();
-    window->show();
-    RunUntilPainted(count);
-    Settle();
+    const auto window = ShowWindow(*scene, int(state.range(0)));
     Target target;
     for (auto _ : state) {
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
@@ -44,12 +39,7 @@ void PressElsewhere(benchmark::State &state, Kind kind)
 void OtherEvent(benchmark::State &state, Kind kind)
 {
     const auto scene = MakeScene(kind);
-    const int count = int(state.range(0));
-    const auto window = MakeWindow(*scene, count);
-    Counters::Reset();
-    window->show();
-    RunUntilPainted(count);
-    Settle();
+    const auto window = ShowWindow(*scene, int(state.range(0)));
     QObject target;
     for (auto _ : state) {
         QEvent event(QEvent::User);

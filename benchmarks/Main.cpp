@@ -1,4 +1,4 @@
-#include "Scenes.h"
+#include "WidgetBenchmarks.h"
 
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
@@ -25,6 +25,8 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_FONT_DPI", "96");
 
+    Bench::RegisterButtonBenchmarks();
+    Bench::RegisterControlBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

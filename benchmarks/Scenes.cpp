@@ -12,7 +12,6 @@
 
 #include <array>
 #include <utility>
-#include <vector>
 
 namespace Bench {
 
@@ -26,73 +25,22 @@ constexpr int kMostIdleTurns = 10000;
 
 QString applicationStyleSheet;
 
-/// \a Base, counting what a theme switch costs it.
-template <typename Base>
-class Counted : public Base
-{
-public:
-    using Base::Base;
-
-protected:
-    bool event(QEvent *event) override
-    {
-        if (event->type() == QEvent::StyleChange)
-            ++Counters::Get().styleChanges;
-        return Base::event(event);
-    }
-    void paintEvent(QPaintEvent *event) override
-    {
-        ++Counters::Get().paints;
-        Base::paintEvent(event);
-    }
-};
-
 QString Caption(int index)
 {
     return QStringLiteral("Button %1").arg(index);
 }
 
-/// The colours of a scene without the library, in the two tables by turns.
-class TwoTables
+QString ButtonSheet(const QHash<QString, QColor> &colors)
+{
+    return QStringLiteral("QPushButton { background: %1; color: %2; border: none; border-radius: %3px; }")
+        .arg(colors.value(QStringLiteral("brand/brand")).name(), colors.value(QStringLiteral("text/text_button")).name())
+        .arg(kRadius);
+}
+
+class VelmoraButtonScene : public VelmoraScene
 {
 public:
-    const QHash<QString, QColor> &Active() const { return m_dark ? m_darkColors : m_lightColors; }
-    void Switch() { m_dark = !m_dark; }
-
-    QString ButtonSheet() const
-    {
-        return QStringLiteral("QPushButton { background: %1; color: %2; border: none; border-radius: %3px; }")
-            .arg(Active().value(QStringLiteral("brand/brand")).name(), Active().value(QStringLiteral("text/text_button")).name())
-            .arg(kRadius);
-    }
-    QPalette Palette() const
-    {
-        QPalette palette = m_systemPalette;
-        palette.setColor(QPalette::Button, Active().value(QStringLiteral("brand/brand")));
-        palette.setColor(QPalette::ButtonText, Active().value(QStringLiteral("text/text_button")));
-        return palette;
-    }
-
-private:
-    QHash<QString, QColor> m_lightColors = TableColors(Table::Light);
-    QHash<QString, QColor> m_darkColors = TableColors(Table::Dark);
-    QPalette m_systemPalette = QApplication::palette();
-    bool m_dark = false;
-};
-
-// --- The library ---
-
-class VelmoraScene : public Scene
-{
-public:
-    VelmoraScene()
-    {
-        Velmora::QcStyleManager::GetInstance()->SetColorFilePath(TablePath(Table::Light));
-        qApp->setStyleSheet(applicationStyleSheet);
-    }
-    ~VelmoraScene() override { qApp->setStyleSheet(QString()); }
-
-    std::unique_ptr<QWidget> MakeButton(int index) override
+    std::unique_ptr<QWidget> MakeWidget(int index) override
     {
         auto button = std::make_unique<Counted<Velmora::QcPrimaryButton>>();
         button->setFixedSize(kButtonSize);
@@ -100,14 +48,6 @@ public:
         button->SetIconPath(IconPath(index));
         return button;
     }
-    void SwitchTheme() override
-    {
-        m_dark = !m_dark;
-        Velmora::QcStyleManager::GetInstance()->SetColorFilePath(TablePath(m_dark ? Table::Dark : Table::Light));
-    }
-
-private:
-    bool m_dark = false;
 };
 
 // --- The bare painter ---
@@ -161,7 +101,7 @@ private:
 class BarePainterScene : public Scene
 {
 public:
-    std::unique_ptr<QWidget> MakeButton(int index) override
+    std::unique_ptr<QWidget> MakeWidget(int index) override
     {
         auto button = std::make_unique<Counted<BareButton>>(m_tables, m_icons, Caption(index), IconPath(index));
         button->setFixedSize(kButtonSize);
@@ -185,78 +125,64 @@ private:
 
 // --- QPushButton ---
 
-class PlainScene : public Scene
+std::unique_ptr<QWidget> MakePlainButton(int index)
+{
+    auto button = std::make_unique<Counted<QPushButton>>();
+    button->setFixedSize(kButtonSize);
+    button->setIconSize(QSize(kIconPixels, kIconPixels));
+    button->setText(Caption(index));
+    button->setIcon(QIcon(IconPath(index)));
+    return button;
+}
+
+class ApplicationSheetScene : public Scene
 {
 public:
-    std::unique_ptr<QWidget> MakeButton(int index) override
+    ApplicationSheetScene() { qApp->setStyleSheet(ButtonSheet(m_tables.Active())); }
+    ~ApplicationSheetScene() override { qApp->setStyleSheet(QString()); }
+
+    std::unique_ptr<QWidget> MakeWidget(int index) override { return MakePlainButton(index); }
+    void SwitchTheme() override
     {
-        auto button = std::make_unique<Counted<QPushButton>>();
-        button->setFixedSize(kButtonSize);
-        button->setIconSize(QSize(kIconPixels, kIconPixels));
-        button->setText(Caption(index));
-        button->setIcon(QIcon(IconPath(index)));
-        return button;
+        m_tables.Switch();
+        qApp->setStyleSheet(ButtonSheet(m_tables.Active()));
     }
 
-protected:
+private:
     TwoTables m_tables;
 };
 
-class ApplicationSheetScene : public PlainScene
+class SheetOnEachButtonScene : public SheetOnEachScene
 {
-public:
-    ApplicationSheetScene() { qApp->setStyleSheet(m_tables.ButtonSheet()); }
-    ~ApplicationSheetScene() override { qApp->setStyleSheet(QString()); }
-
-    void SwitchTheme() override
-    {
-        m_tables.Switch();
-        qApp->setStyleSheet(m_tables.ButtonSheet());
-    }
+protected:
+    std::unique_ptr<QWidget> MakePlain(int index) override { return MakePlainButton(index); }
+    QString Sheet(const QHash<QString, QColor> &colors) const override { return ButtonSheet(colors); }
 };
 
-class SheetOnEachScene : public PlainScene
+class PaletteScene : public Scene
 {
 public:
-    std::unique_ptr<QWidget> MakeButton(int index) override
-    {
-        auto button = PlainScene::MakeButton(index);
-        button->setStyleSheet(m_tables.ButtonSheet());
-        m_buttons.emplace_back(button.get());
-        return button;
-    }
-    void SwitchTheme() override
-    {
-        m_tables.Switch();
-        const QString sheet = m_tables.ButtonSheet();
-        for (const QPointer<QWidget> &button : m_buttons) {
-            if (button)
-                button->setStyleSheet(sheet);
-        }
-    }
-
-private:
-    std::vector<QPointer<QWidget>> m_buttons;
-};
-
-class PaletteScene : public PlainScene
-{
-public:
-    PaletteScene()
-        : m_before(QApplication::palette())
-    {
-        QApplication::setPalette(m_tables.Palette());
-    }
+    PaletteScene() { QApplication::setPalette(ThemedPalette()); }
     ~PaletteScene() override { QApplication::setPalette(m_before); }
 
+    std::unique_ptr<QWidget> MakeWidget(int index) override { return MakePlainButton(index); }
     void SwitchTheme() override
     {
         m_tables.Switch();
-        QApplication::setPalette(m_tables.Palette());
+        QApplication::setPalette(ThemedPalette());
     }
 
 private:
-    QPalette m_before;
+    QPalette ThemedPalette() const
+    {
+        QPalette palette = m_before;
+        palette.setColor(QPalette::Button, m_tables.Active().value(QStringLiteral("brand/brand")));
+        palette.setColor(QPalette::ButtonText, m_tables.Active().value(QStringLiteral("text/text_button")));
+        return palette;
+    }
+
+    TwoTables m_tables;
+    QPalette m_before = QApplication::palette();
 };
 
 } // namespace
@@ -295,17 +221,52 @@ Counters &Counters::Get()
 
 Scene::~Scene() = default;
 
+VelmoraScene::VelmoraScene()
+{
+    Velmora::QcStyleManager::GetInstance()->SetColorFilePath(TablePath(Table::Light));
+    qApp->setStyleSheet(applicationStyleSheet);
+}
+
+VelmoraScene::~VelmoraScene()
+{
+    qApp->setStyleSheet(QString());
+}
+
+void VelmoraScene::SwitchTheme()
+{
+    m_isDark = !m_isDark;
+    Velmora::QcStyleManager::GetInstance()->SetColorFilePath(TablePath(m_isDark ? Table::Dark : Table::Light));
+}
+
+std::unique_ptr<QWidget> SheetOnEachScene::MakeWidget(int index)
+{
+    auto widget = MakePlain(index);
+    widget->setStyleSheet(Sheet(m_tables.Active()));
+    m_widgets.emplace_back(widget.get());
+    return widget;
+}
+
+void SheetOnEachScene::SwitchTheme()
+{
+    m_tables.Switch();
+    const QString sheet = Sheet(m_tables.Active());
+    for (const QPointer<QWidget> &widget : m_widgets) {
+        if (widget)
+            widget->setStyleSheet(sheet);
+    }
+}
+
 std::unique_ptr<Scene> MakeScene(Kind kind)
 {
     switch (kind) {
     case Kind::Velmora:
-        return std::make_unique<VelmoraScene>();
+        return std::make_unique<VelmoraButtonScene>();
     case Kind::BarePainter:
         return std::make_unique<BarePainterScene>();
     case Kind::ApplicationSheet:
         return std::make_unique<ApplicationSheetScene>();
     case Kind::SheetOnEach:
-        return std::make_unique<SheetOnEachScene>();
+        return std::make_unique<SheetOnEachButtonScene>();
     case Kind::Palette:
         return std::make_unique<PaletteScene>();
     }
@@ -325,7 +286,17 @@ std::unique_ptr<QWidget> MakeWindow(Scene &scene, int count)
     auto *grid = new QGridLayout(window.get());
     grid->setSpacing(2);
     for (int i = 0; i < count; ++i)
-        grid->addWidget(scene.MakeButton(i).release(), i / kColumns, i % kColumns); // the window's child
+        grid->addWidget(scene.MakeWidget(i).release(), i / kColumns, i % kColumns); // the window's child
+    return window;
+}
+
+std::unique_ptr<QWidget> ShowWindow(Scene &scene, int count)
+{
+    auto window = MakeWindow(scene, count);
+    Counters::Reset();
+    window->show();
+    RunUntilPainted(count);
+    Settle();
     return window;
 }
 

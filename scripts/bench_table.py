@@ -59,8 +59,8 @@ REPEAT_AIM = 0.02
 
 # Metric, counter, exact value.
 COUNTERS = [
-    ("Paints a button and theme switch", "paints_per_button", 1),
-    ("Style changes a button and theme switch", "style_changes_per_button", 0),
+    ("Paints a button and theme switch", "paints_per_widget", 1),
+    ("Style changes a button and theme switch", "style_changes_per_widget", 0),
     ("Paints when idle", "paints_when_idle", 0),
 ]
 
@@ -85,6 +85,37 @@ GROWTHS = [
     ("another event beside N buttons", "OtherEvent/velmora", "OtherEvent/palette", 250),
 ]
 GROWTH_AIM = 18.0
+
+# Controls that stand beside the plain Qt one with a stylesheet of its own: name in the benchmarks, words.
+CONTROLS = [
+    ("check_box", "check box", "`QCheckBox`"),
+    ("radio_button", "radio button", "`QRadioButton`"),
+    ("switch_button", "switch", "`QCheckBox`"),
+    ("multi_line_text", "multi-line text", "`QLabel`"),
+]
+FOLLOW_NO_THEME = ["radio_button"]
+CONTROLS_SMALLEST = 100
+
+
+def add_controls():
+    many = 4 * CONTROLS_SMALLEST
+    for name, words, plain in CONTROLS:
+        def add(metric, benchmark, suffix, aim, words=words, plain=plain, name=name):
+            COMPARISONS.append((f"{metric}, {words}", f"{benchmark}/{name}/velmora{suffix}", f"{benchmark}/{name}/plain{suffix}", aim,
+                                f"{plain}, stylesheet on each"))
+
+        def add_growth(metric, benchmark, words=words, name=name):
+            GROWTHS.append((f"{words}, {metric}", f"{benchmark}/{name}/velmora", f"{benchmark}/{name}/plain", CONTROLS_SMALLEST))
+
+        add("Paint", "PaintOne", "", 1.0)
+        add(f"Construct and show {many}", "ConstructAndShow", f"/{many}", None)
+        add_growth("construct and show", "ConstructAndShow")
+        if name not in FOLLOW_NO_THEME:
+            add(f"Switch the theme of {many}", "SwitchTheme", f"/{many}", 1.0)
+            add_growth("theme switch", "SwitchTheme")
+
+
+add_controls()
 
 
 class Results:

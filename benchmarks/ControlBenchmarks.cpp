@@ -1,0 +1,131 @@
+#include "WidgetBenchmarks.h"
+
+#include <Velmora/QcCheckBox.h>
+#include <Velmora/QcMultiLineText.h>
+#include <Velmora/QcRadioButton.h>
+#include <Velmora/QcSwitchButton.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+
+#include <utility>
+
+namespace Bench {
+
+namespace {
+
+using MakeControl = std::unique_ptr<QWidget> (*)(int index);
+
+/// A control of the library and the plain Qt one that comes nearest, dressed by a stylesheet of its own.
+struct Pair
+{
+    const char *name;
+    MakeControl ours;
+    MakeControl plain;
+    const char *sheet;        ///< the plain one's, with tokens in angle brackets
+    bool followsTheme = true; ///< by itself; a radio button is painted anew with what lies behind it
+};
+
+QString FilledIn(const char *sheet, const QHash<QString, QColor> &colors)
+{
+    QString text = QLatin1String(sheet);
+    for (const char *token : {"text/text_primary", "brand/brand", "border/border_primary"})
+        text.replace(QStringLiteral("<%1>").arg(QLatin1String(token)), colors.value(QLatin1String(token)).name());
+    return text;
+}
+
+class OurScene : public VelmoraScene
+{
+public:
+    explicit OurScene(const Pair &pair)
+        : m_pair(pair)
+    {
+    }
+    std::unique_ptr<QWidget> MakeWidget(int index) override { return m_pair.ours(index); }
+
+private:
+    const Pair &m_pair;
+};
+
+class PlainScene : public SheetOnEachScene
+{
+public:
+    explicit PlainScene(const Pair &pair)
+        : m_pair(pair)
+    {
+    }
+
+protected:
+    std::unique_ptr<QWidget> MakePlain(int index) override { return m_pair.plain(index); }
+    QString Sheet(const QHash<QString, QColor> &colors) const override { return FilledIn(m_pair.sheet, colors); }
+
+private:
+    const Pair &m_pair;
+};
+
+template <typename Control>
+std::unique_ptr<Counted<Control>> Make(QSize size)
+{
+    auto control = std::make_unique<Counted<Control>>();
+    control->setFixedSize(size);
+    return control;
+}
+
+/// Every other one is checked.
+template <typename Button>
+std::unique_ptr<QWidget> MakeCheckable(int index)
+{
+    auto button = Make<Button>(QSize(110, 24));
+    button->setText(QStringLiteral("Option %1").arg(index));
+    button->setCheckable(true);
+    button->setAutoExclusive(false);
+    button->setChecked(index % 2 == 0);
+    return button;
+}
+
+void Wrap(QLabel &label)
+{
+    label.setWordWrap(true);
+}
+void Wrap(Velmora::QcMultiLineText & /*text*/) {} // always does
+
+template <typename Text>
+std::unique_ptr<QWidget> MakeRichText(int index)
+{
+    auto text = Make<Text>(QSize(220, 60));
+    Wrap(*text);
+    text->setText(QStringLiteral("Paragraph %1 with a few words in <b>bold</b>, long enough for two lines and a bit.").arg(index));
+    return text;
+}
+
+constexpr const char *kIndicatorSheet = "* { color: <text/text_primary>; }"
+                                        "*::indicator { width: 14px; height: 14px; border: 1px solid <border/border_primary>; }"
+                                        "*::indicator:checked { background: <brand/brand>; }";
+
+constexpr Pair kPairs[] = {
+    {"check_box", MakeCheckable<Velmora::QcCheckBox>, MakeCheckable<QCheckBox>, kIndicatorSheet},
+    {"radio_button", MakeCheckable<Velmora::QcRadioButton>, MakeCheckable<QRadioButton>, kIndicatorSheet, false},
+    {"switch_button", MakeCheckable<Velmora::QcSwitchButton>, MakeCheckable<QCheckBox>, kIndicatorSheet},
+    {"multi_line_text", MakeRichText<Velmora::QcMultiLineText>, MakeRichText<QLabel>, "* { color: <text/text_primary>; }"},
+};
+
+} // namespace
+
+void RegisterControlBenchmarks()
+{
+    constexpr int small = 100;
+    for (const Pair &pair : kPairs) {
+        const SceneMaker ours = [&pair] { return std::make_unique<OurScene>(pair); };
+        const SceneMaker plain = [&pair] { return std::make_unique<PlainScene>(pair); };
+        for (const auto &[suffix, scene] : {std::pair("/velmora", ours), std::pair("/plain", plain)}) {
+            const QString name = QLatin1String(pair.name) + QLatin1String(suffix);
+            RegisterPaint(name, scene);
+            RegisterShow(name, small, scene);
+            if (pair.followsTheme)
+                RegisterSwitch(name, small, scene);
+        }
+    }
+}
+
+} // namespace Bench

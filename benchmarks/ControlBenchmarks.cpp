@@ -1,12 +1,17 @@
 #include "WidgetBenchmarks.h"
 
 #include <Velmora/QcCheckBox.h>
+#include <Velmora/QcDialog.h>
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcRadioButton.h>
 #include <Velmora/QcSwitchButton.h>
+#include <Velmora/QcWindow.h>
 
 #include <QCheckBox>
+#include <QDialog>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 
 #include <utility>
@@ -30,7 +35,7 @@ struct Pair
 QString FilledIn(const char *sheet, const QHash<QString, QColor> &colors)
 {
     QString text = QLatin1String(sheet);
-    for (const char *token : {"text/text_primary", "brand/brand", "border/border_primary"})
+    for (const char *token : {"text/text_primary", "brand/brand", "border/border_primary", "bg/bg_box"})
         text.replace(QStringLiteral("<%1>").arg(QLatin1String(token)), colors.value(QLatin1String(token)).name());
     return text;
 }
@@ -99,6 +104,38 @@ std::unique_ptr<QWidget> MakeRichText(int index)
     return text;
 }
 
+constexpr QSize kWindowSize(300, 200);
+
+/// Lies in the window of the scene like any other widget, without a window of the system.
+template <typename Window>
+std::unique_ptr<QWidget> MakeTitled(int index)
+{
+    auto window = Make<Window>(kWindowSize);
+    window->setTitle(QStringLiteral("Window %1").arg(index));
+    return window;
+}
+
+/// A title row of a label and three buttons, as a host would put one together.
+template <typename Window>
+std::unique_ptr<QWidget> MakePlainTitled(int index)
+{
+    auto window = Make<Window>(kWindowSize);
+    auto *row = new QHBoxLayout;
+    row->addWidget(new QLabel(QStringLiteral("Window %1").arg(index)), 1);
+    for (const char *icon : {"min", "max", "close"}) {
+        auto *button = new QPushButton;
+        button->setIcon(QIcon(QStringLiteral(":/images/%1.svg").arg(QLatin1String(icon))));
+        row->addWidget(button);
+    }
+    auto *rows = new QVBoxLayout(window.get());
+    rows->addLayout(row);
+    rows->addStretch();
+    return window;
+}
+
+constexpr const char *kWindowSheet = "* { background: <bg/bg_box>; color: <text/text_primary>; border: 1px solid <border/border_primary>; }"
+                                     "QLabel, QPushButton { border: none; }";
+
 constexpr const char *kIndicatorSheet = "* { color: <text/text_primary>; }"
                                         "*::indicator { width: 14px; height: 14px; border: 1px solid <border/border_primary>; }"
                                         "*::indicator:checked { background: <brand/brand>; }";
@@ -108,6 +145,8 @@ constexpr Pair kPairs[] = {
     {"radio_button", MakeCheckable<Velmora::QcRadioButton>, MakeCheckable<QRadioButton>, kIndicatorSheet, false},
     {"switch_button", MakeCheckable<Velmora::QcSwitchButton>, MakeCheckable<QCheckBox>, kIndicatorSheet},
     {"multi_line_text", MakeRichText<Velmora::QcMultiLineText>, MakeRichText<QLabel>, "* { color: <text/text_primary>; }"},
+    {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet},
+    {"dialog", MakeTitled<Velmora::QcDialog>, MakePlainTitled<QDialog>, kWindowSheet},
 };
 
 } // namespace

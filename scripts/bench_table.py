@@ -92,6 +92,8 @@ CONTROLS = [
     ("radio_button", "radio button", "`QRadioButton`"),
     ("switch_button", "switch", "`QCheckBox`"),
     ("multi_line_text", "multi-line text", "`QLabel`"),
+    ("window", "window", "`QFrame` with a title row"),
+    ("dialog", "dialog", "`QDialog` with a title row"),
 ]
 FOLLOW_NO_THEME = ["radio_button"]
 CONTROLS_SMALLEST = 100

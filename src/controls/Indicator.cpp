@@ -5,16 +5,23 @@
 #include <Velmora/ImageParams.h>
 #include <Velmora/QcStyleManager.h>
 
+#include <QAbstractButton>
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QWidget>
+#include <QStyleOptionButton>
+#include <QVariant>
 
 #include <algorithm>
 
 namespace Velmora {
 
 namespace {
+
+/// The property of a button whose press was dragged off it.
+constexpr char kDraggedOff[] = "_velmora_draggedOff";
 
 const IndicatorColors &ColorsFor(const IndicatorTable &table, int flags)
 {
@@ -24,13 +31,32 @@ const IndicatorColors &ColorsFor(const IndicatorTable &table, int flags)
 
 } // namespace
 
-void PaintIndicator(QWidget &widget, const QRect &rect, const IndicatorTable &table, const QStyleOptionButton &option, bool isHovered)
+void FollowPress(QAbstractButton &button, const QMouseEvent &move, bool isInHitArea)
+{
+    const bool wasHeld = button.isDown() || button.property(kDraggedOff).toBool();
+    const bool isDraggedOff = wasHeld && !isInHitArea && (move.buttons() & Qt::LeftButton);
+    button.setProperty(kDraggedOff, isDraggedOff ? QVariant(true) : QVariant());
+}
+
+void KeepPressed(QAbstractButton &button, QStyleOptionButton &option)
+{
+    if (!button.property(kDraggedOff).toBool())
+        return;
+    if (QGuiApplication::mouseButtons() & Qt::LeftButton)
+        option.state |= QStyle::State_Sunken;
+    else
+        button.setProperty(kDraggedOff, QVariant()); // released somewhere else, for which Qt repaints the button
+}
+
+void PaintIndicator(QAbstractButton &button, const IndicatorParts &parts, const IndicatorTable &table, const QStyleOptionButton &option,
+                    bool isHovered)
 {
     int flags = option.state & QStyle::State_Sunken;
-    if (widget.isEnabled())
+    if (button.isEnabled())
         flags |= QStyle::State_Enabled;
     if (isHovered)
         flags |= QStyle::State_MouseOver;
+    const QRect rect = button.style()->subElementRect(parts.indicator, &option, &button);
     const IndicatorColors &colors = ColorsFor(table, flags);
 
     ImageParams params;
@@ -46,20 +72,21 @@ void PaintIndicator(QWidget &widget, const QRect &rect, const IndicatorTable &ta
     const QImage image = QcStyleManager::GetInstance()->GetImage(params);
     if (image.isNull())
         return;
-    QPainter painter(&widget);
+    QPainter painter(&button);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(rect, image);
 }
 
-QStyleOptionButton LabelOption(const QWidget &widget, const QStyleOptionButton &option, const QRect &contents)
+void PaintLabel(QAbstractButton &button, const IndicatorParts &parts, const QStyleOptionButton &option, QPainter &painter)
 {
     QStyleOptionButton label = option;
+    const QRect contents = button.style()->subElementRect(parts.contents, &option, &button);
     // The style mirrors the contents of a right-to-left widget; the end of the line is then at the left.
     QRect rect = QStyle::visualRect(option.direction, option.rect, contents);
-    rect.setRight(widget.width());
+    rect.setRight(button.width());
     label.rect = QStyle::visualRect(option.direction, option.rect, rect);
-    label.text = QFontMetrics(widget.font()).elidedText(option.text, Qt::ElideRight, label.rect.width());
-    return label;
+    label.text = QFontMetrics(button.font()).elidedText(option.text, Qt::ElideRight, label.rect.width());
+    button.style()->drawControl(parts.label, &label, &painter, &button);
 }
 
 } // namespace Velmora

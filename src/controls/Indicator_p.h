@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QRect>
-#include <QString>
 #include <QStyle>
-#include <QStyleOptionButton>
 
 #include <array>
 
 QT_BEGIN_NAMESPACE
 class QAbstractButton;
-class QWidget;
+class QMouseEvent;
+class QPainter;
+class QStyleOptionButton;
 QT_END_NAMESPACE
 
 namespace Velmora {
@@ -29,11 +28,28 @@ struct IndicatorTable
     std::array<IndicatorColors, 4> colors;
 };
 
-/// Paints the indicator into \a rect of \a widget, in the look that \a option and \a isHovered give: disabled before pressed,
-/// pressed before hovered.
-void PaintIndicator(QWidget &widget, const QRect &rect, const IndicatorTable &table, const QStyleOptionButton &option, bool isHovered);
+/// The style's names for the parts of a button with an indicator.
+struct IndicatorParts
+{
+    QStyle::SubElement indicator;
+    QStyle::SubElement contents;
+    QStyle::ControlElement label;
+};
 
-/// \a option for the label alone: in \a contents, stretched to the end of \a widget, its text elided to that.
-QStyleOptionButton LabelOption(const QWidget &widget, const QStyleOptionButton &option, const QRect &contents);
+/// To be told of each mouse move of \a button before Qt handles it: notes whether the press is dragged off the area that it hit.
+void FollowPress(QAbstractButton &button, const QMouseEvent &move, bool isInHitArea);
+
+/// Makes \a option sunken while the mouse holds \a button, also where the cursor was dragged off and Qt no longer counts it
+/// as down: the pressed look lasts until the release.
+void KeepPressed(QAbstractButton &button, QStyleOptionButton &option);
+
+/// Paints the indicator of \a button in the look that \a option and \a isHovered give: disabled before pressed, pressed before
+/// hovered.
+void PaintIndicator(QAbstractButton &button, const IndicatorParts &parts, const IndicatorTable &table, const QStyleOptionButton &option,
+                    bool isHovered);
+
+/// Paints the label of \a button: beside the indicator, up to the end of the widget, its text elided to that. In the font that
+/// \a painter has, while the text is measured in that of the button.
+void PaintLabel(QAbstractButton &button, const IndicatorParts &parts, const QStyleOptionButton &option, QPainter &painter);
 
 } // namespace Velmora

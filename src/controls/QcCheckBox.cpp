@@ -4,6 +4,7 @@
 #include "controls/Indicator_p.h"
 
 #include <QCursor>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -11,6 +12,8 @@
 namespace Velmora {
 
 namespace {
+
+constexpr IndicatorParts kParts = {QStyle::SE_CheckBoxIndicator, QStyle::SE_CheckBoxContents, QStyle::CE_CheckBoxLabel};
 
 // Red is the fill, green the outline or the tick, blue the inner square.
 constexpr IndicatorTable kChecked = {
@@ -69,21 +72,20 @@ void QcCheckBox::paintEvent(QPaintEvent * /*event*/)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
+    KeepPressed(*this, option);
     DrawIndicator(option);
     DrawText(option);
 }
 
 void QcCheckBox::DrawIndicator(const QStyleOptionButton &option)
 {
-    PaintIndicator(*this, style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this), TableFor(checkState()), option,
-                   hitButton(mapFromGlobal(QCursor::pos())));
+    PaintIndicator(*this, kParts, TableFor(checkState()), option, hitButton(mapFromGlobal(QCursor::pos())));
 }
 
 void QcCheckBox::DrawText(const QStyleOptionButton &option)
 {
-    const QStyleOptionButton label = LabelOption(*this, option, style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this));
     QPainter painter(this);
-    style()->drawControl(QStyle::CE_CheckBoxLabel, &label, &painter, this);
+    PaintLabel(*this, kParts, option, painter);
 }
 
 // The look depends on where in the widget the cursor is.
@@ -102,6 +104,7 @@ void QcCheckBox::leaveEvent(QEvent *event)
 
 void QcCheckBox::mouseMoveEvent(QMouseEvent *event)
 {
+    FollowPress(*this, *event, hitButton(event->pos()));
     update();
     QCheckBox::mouseMoveEvent(event);
 }

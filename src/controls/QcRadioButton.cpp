@@ -5,6 +5,7 @@
 
 #include <QCursor>
 #include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
@@ -13,6 +14,8 @@
 namespace Velmora {
 
 namespace {
+
+constexpr IndicatorParts kParts = {QStyle::SE_RadioButtonIndicator, QStyle::SE_RadioButtonContents, QStyle::CE_RadioButtonLabel};
 
 constexpr int kFontPixels = 12;
 
@@ -72,26 +75,26 @@ void QcRadioButton::paintEvent(QPaintEvent * /*event*/)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
+    KeepPressed(*this, option);
     DrawIndicator(option);
     DrawText(option);
 }
 
 void QcRadioButton::DrawIndicator(const QStyleOptionButton &option)
 {
-    PaintIndicator(*this, style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, this), isChecked() ? kChecked : kUnchecked,
-                   option, hitButton(mapFromGlobal(QCursor::pos())));
+    PaintIndicator(*this, kParts, isChecked() ? kChecked : kUnchecked, option, hitButton(mapFromGlobal(QCursor::pos())));
 }
 
 void QcRadioButton::DrawText(const QStyleOptionButton &option)
 {
-    QStyleOptionButton label = LabelOption(*this, option, style()->subElementRect(QStyle::SE_RadioButtonContents, &option, this));
-    // Made from the surface, it has a text that stands out from it. Its active group serves while disabled, too.
+    QStyleOptionButton label = option;
+    // Made from the surface, it has a text that stands out from it, in the same colour while disabled.
     label.palette = QPalette(TokenColor(QStringLiteral("bg/bg_secondary")));
     QFont font(QStringLiteral("Open Sans"));
     font.setPixelSize(kFontPixels);
     QPainter painter(this);
     painter.setFont(font);
-    style()->drawControl(QStyle::CE_RadioButtonLabel, &label, &painter, this);
+    PaintLabel(*this, kParts, label, painter);
 }
 
 // The look depends on where in the widget the cursor is.
@@ -110,6 +113,7 @@ void QcRadioButton::leaveEvent(QEvent *event)
 
 void QcRadioButton::mouseMoveEvent(QMouseEvent *event)
 {
+    FollowPress(*this, *event, hitButton(event->pos()));
     update();
     QRadioButton::mouseMoveEvent(event);
 }

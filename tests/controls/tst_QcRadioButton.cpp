@@ -1,13 +1,11 @@
-#include "support/EventCounter.h"
 #include "support/TestMain.h"
 
 #include "controls/IndicatorLooks.h"
 
+#include <Velmora/QcFrame.h>
 #include <Velmora/QcRadioButton.h>
 
-#include <QAccessible>
 #include <QLabel>
-#include <QSignalSpy>
 
 #include <memory>
 
@@ -40,7 +38,7 @@ bool ShowsColor(const QImage &image, const QColor &color)
 
 } // namespace
 
-class TestQcRadioButton : public TestCase
+class TestQcRadioButton : public IndicatorTest<QcRadioButton>
 {
     Q_OBJECT
 
@@ -56,66 +54,72 @@ private Q_SLOTS:
     {
         QFETCH(int, index);
         const IndicatorRow &row = kRows[index];
-        m_radio->setChecked(row.check == Qt::Checked);
-        BringIndicatorTo(*m_radio, kLooks[row.look]);
-        for (const Table table : {Table::Light, Table::Dark}) {
-            UseTable(table);
-            const QImage image = Render(*m_radio);
-            const QColor disc = Painted(table, row.fill, Qt::white);
-            COMPARE_COLOR(PixelAt(image, AtImage(2.5, 7)), disc);
-            const QColor ring = Painted(table, row.line, disc);
+        m_control->setChecked(row.check == Qt::Checked);
+        CheckRow(row, [&row](const QImage &image, const QColor &disc, const QColor &ring) {
             QVERIFY2(ShowsColor(image, ring), qPrintable(ring.name()));
-            COMPARE_COLOR(PixelAt(image, AtImage(7, 7)), row.inner ? Painted(table, row.inner, disc) : disc);
-        }
+            if (!row.inner)
+                COMPARE_COLOR(PixelAt(image, AtImage(7, 7)), disc);
+        });
     }
 
-    void the_cursor_beside_the_hit_area_hovers_nothing()
-    {
-        m_window->setStyleSheet(QString()); // whose style takes hits on the whole widget
-        DrainEvents();
-        const QImage normal = Render(*m_radio);
-        EventCounter paints(*m_radio, QEvent::Paint);
-        QCursor::setPos(m_radio->mapToGlobal(QPoint(7, 30)));
-        DrainEvents();
-        QVERIFY(paints.Take() > 0);
-        QVERIFY(Render(*m_radio) != normal);
-        paints.Take();
-        QCursor::setPos(m_radio->mapToGlobal(QPoint(115, 30)));
-        DrainEvents();
-        QVERIFY(paints.Take() > 0);
-        QVERIFY(m_radio->underMouse());
-        QCOMPARE(Render(*m_radio), normal);
-        MoveCursorAway();
-        QVERIFY(paints.Take() > 0);
-    }
-
-    void a_button_held_down_looks_pressed_with_the_cursor_elsewhere()
-    {
-        m_radio->setDown(true);
-        MoveCursorToIndicator(*m_radio);
-        const QImage pressed = Render(*m_radio);
-        MoveCursorAway();
-        QCOMPARE(Render(*m_radio), pressed);
-    }
+    void the_cursor_beside_the_hit_area_hovers_nothing() { CheckHoverByHitArea(); }
+    void a_button_held_down_looks_pressed_with_the_cursor_elsewhere() { CheckDownWithTheCursorElsewhere(); }
+    void a_press_dragged_off_looks_pressed_until_the_release() { CheckPressDraggedOff(); }
+    void a_press_cancelled_by_escape_looks_pressed_no_more() { CheckCancelledPress(); }
+    void handlers_may_delete_it_or_change_the_table() { CheckHandlersThatDeleteOrReTheme(); }
 
     void a_disabled_label_looks_like_an_enabled_one()
     {
-        m_radio->setText(QStringLiteral("Text"));
+        m_control->setText(QStringLiteral("Text"));
         const QRectF label(57, 0, 63, 60);
         for (const Table table : {Table::Light, Table::Dark}) {
             UseTable(table);
-            m_radio->setEnabled(true);
-            const QImage enabled = Part(Render(*m_radio, QColor(128, 128, 128)), label);
+            m_control->setEnabled(true);
+            const QImage enabled = Part(Render(*m_control, QColor(128, 128, 128)), label);
             QVERIFY(!InkBox(enabled, QColor(128, 128, 128)).isNull());
-            m_radio->setEnabled(false);
-            QCOMPARE(Part(Render(*m_radio, QColor(128, 128, 128)), label), enabled);
+            m_control->setEnabled(false);
+            QCOMPARE(Part(Render(*m_control, QColor(128, 128, 128)), label), enabled);
         }
+    }
+
+    void the_label_is_12_pixels_high_in_the_colour_that_stands_out_from_the_surface()
+    {
+        m_control->setText(QStringLiteral("I"));
+        const QRectF label(57, 0, 63, 60);
+        const QImage small = Part(Render(*m_control), label);
+        QFont font;
+        font.setPixelSize(24);
+        m_control->setFont(font);
+        QCOMPARE(Part(Render(*m_control), label), small);
+        const int light = InkColor(small, Qt::white).value();
+        QVERIFY2(light < 128, qPrintable(QString::number(light)));
+        UseTable(Table::Dark);
+        const int dark = InkColor(Part(Render(*m_control, Qt::black), label), Qt::black).value();
+        QVERIFY2(dark > 128, qPrintable(QString::number(dark)));
+    }
+
+    void a_new_table_shows_with_the_next_paint_for_which_a_surface_of_the_kit_asks()
+    {
+        m_control->setText(QStringLiteral("Text"));
+        auto *surface = new QcFrame(m_window.get());
+        auto *above = new QcRadioButton(surface);
+        surface->setGeometry(10, 100, 140, 80);
+        surface->show();
+        DrainEvents();
+        EventCounter alone(*m_control, QEvent::Paint);
+        EventCounter onSurface(*above, QEvent::Paint);
+        const QImage light = Render(*m_control);
+        alone.Take();
+        UseTable(Table::Dark);
+        QCOMPARE(alone.Take(), 0);
+        QVERIFY(onSurface.Take() > 0);
+        QVERIFY(Render(*m_control) != light);
     }
 
     void no_stylesheet_is_registered()
     {
-        QVERIFY(m_radio->styleSheet().isEmpty());
-        QVERIFY(m_radio->testAttribute(Qt::WA_MouseTracking));
+        QVERIFY(m_control->styleSheet().isEmpty());
+        QVERIFY(m_control->testAttribute(Qt::WA_MouseTracking));
     }
 
     void a_long_text_is_elided_and_clear_of_the_indicator_data()
@@ -128,13 +132,8 @@ private Q_SLOTS:
     void a_long_text_is_elided_and_clear_of_the_indicator()
     {
         QFETCH(Qt::LayoutDirection, direction);
-        m_radio->setLayoutDirection(direction);
-        const QImage empty = Render(*m_radio);
-        m_radio->setText(QString(100, QLatin1Char('i')));
-        const QImage image = Render(*m_radio);
-        const QRectF indicator(direction == Qt::LeftToRight ? 0 : 64, 2, 56, 56);
-        QCOMPARE(Part(image, indicator), Part(empty, indicator));
-        QVERIFY(InkBox(Part(image, QRectF(direction == Qt::LeftToRight ? 57 : 0, 0, 63, 60)), Qt::white).width() > 25);
+        CheckElision(direction, 25);
+        CheckTextReachesTheEnd(direction);
     }
 
     void a_release_on_the_trigger_selects_and_goes_no_further()
@@ -142,18 +141,18 @@ private Q_SLOTS:
         QLabel trigger(m_window.get());
         trigger.setGeometry(10, 100, 40, 40);
         trigger.show();
-        m_radio->setTriggerWidget(&trigger);
+        m_control->setTriggerWidget(&trigger);
         EventCounter reached(*m_window, QEvent::MouseButtonRelease); // a label lets its parent have what it ignores
-        QSignalSpy clicks(m_radio, &QAbstractButton::clicked);
+        QSignalSpy clicks(m_control, &QAbstractButton::clicked);
         QTest::mousePress(&trigger, Qt::LeftButton);
-        QVERIFY(!m_radio->isChecked());
+        QVERIFY(!m_control->isChecked());
         QTest::mouseRelease(&trigger, Qt::LeftButton);
-        QVERIFY(m_radio->isChecked());
+        QVERIFY(m_control->isChecked());
         QCOMPARE(clicks.count(), 1);
         QCOMPARE(reached.Take(), 0);
         QTest::mouseRelease(&trigger, Qt::RightButton, Qt::NoModifier, QPoint(1, 1)); // without a press, with any mouse button
         QCOMPARE(clicks.count(), 2);
-        m_radio->setTriggerWidget(nullptr);
+        m_control->setTriggerWidget(nullptr);
         QTest::mouseClick(&trigger, Qt::LeftButton);
         QCOMPARE(clicks.count(), 2);
         QVERIFY(reached.Take() > 0);
@@ -163,9 +162,9 @@ private Q_SLOTS:
     {
         QWidget first(m_window.get());
         QWidget second(m_window.get());
-        QSignalSpy clicks(m_radio, &QAbstractButton::clicked);
-        m_radio->setTriggerWidget(&first);
-        m_radio->setTriggerWidget(&second);
+        QSignalSpy clicks(m_control, &QAbstractButton::clicked);
+        m_control->setTriggerWidget(&first);
+        m_control->setTriggerWidget(&second);
         QTest::mouseClick(&first, Qt::LeftButton);
         QCOMPARE(clicks.count(), 0);
         QTest::mouseClick(&second, Qt::LeftButton);
@@ -175,9 +174,9 @@ private Q_SLOTS:
     void either_of_button_and_trigger_may_die_first()
     {
         auto trigger = std::make_unique<QWidget>(m_window.get());
-        m_radio->setTriggerWidget(trigger.get());
+        m_control->setTriggerWidget(trigger.get());
         trigger.reset();
-        m_radio->setTriggerWidget(nullptr);
+        m_control->setTriggerWidget(nullptr);
         QWidget survivor(m_window.get());
         auto radio = std::make_unique<QcRadioButton>(m_window.get());
         radio->setTriggerWidget(&survivor);
@@ -199,53 +198,28 @@ private Q_SLOTS:
         QVERIFY(gone);
     }
 
+    void a_receiver_of_the_click_may_delete_the_trigger()
+    {
+        auto *trigger = new QWidget(m_window.get());
+        m_control->setTriggerWidget(trigger);
+        connect(m_control, &QAbstractButton::clicked, trigger, [trigger] { delete trigger; });
+        QTest::mouseRelease(trigger, Qt::LeftButton);
+        QVERIFY(m_control->isChecked());
+    }
+
     void arrows_move_the_choice()
     {
         auto *other = new QcRadioButton(m_window.get());
         other->setGeometry(10, 80, 120, 60);
         other->show();
-        m_radio->setChecked(true);
-        m_radio->setFocus();
-        QTest::keyClick(m_radio, Qt::Key_Down);
+        m_control->setChecked(true);
+        m_control->setFocus();
+        QTest::keyClick(m_control, Qt::Key_Down);
         QVERIFY(other->isChecked());
-        QVERIFY(!m_radio->isChecked());
+        QVERIFY(!m_control->isChecked());
     }
 
-    void assistive_technology_hears_role_name_and_state()
-    {
-        m_radio->setText(QStringLiteral("&Left"));
-        QAccessibleInterface *radio = QAccessible::queryAccessibleInterface(m_radio);
-        QVERIFY(radio);
-        QCOMPARE(radio->role(), QAccessible::RadioButton);
-        QCOMPARE(radio->text(QAccessible::Name), QStringLiteral("Left"));
-        QVERIFY(!radio->state().checked);
-        m_radio->setChecked(true);
-        QVERIFY(radio->state().checked);
-    }
-
-protected:
-    void SetUp() override
-    {
-        MoveCursorAway();
-        m_window = std::make_unique<QWidget>();
-        m_window->setStyleSheet(QString::fromLatin1(kLargeIndicators));
-        m_window->setGeometry(kWindowPlace);
-        m_radio = new QcRadioButton(m_window.get());
-        m_radio->setGeometry(kIndicatorButton);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        DrainEvents();
-    }
-
-    void TearDown() override
-    {
-        m_window.reset();
-        UseTable(Table::Light);
-    }
-
-private:
-    std::unique_ptr<QWidget> m_window;
-    QcRadioButton *m_radio = nullptr;
+    void assistive_technology_hears_role_name_and_state() { CheckAccessible(QAccessible::RadioButton); }
 };
 
 VELMORA_TEST_MAIN(TestQcRadioButton)

@@ -1,15 +1,13 @@
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
-#include "controls/ButtonLooks.h"
+#include "controls/ControlTest.h"
 
 #include <Velmora/QcSwitchButton.h>
 
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QSignalSpy>
-
-#include <memory>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -22,17 +20,17 @@ constexpr const char *kTracks[] = {"base/gray/gray-30", "base/gray/gray-50", "ba
 
 } // namespace
 
-class TestQcSwitchButton : public TestCase
+class TestQcSwitchButton : public ControlTest<QcSwitchButton>
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void a_new_switch_is_checkable_and_of_fixed_size()
     {
-        QVERIFY(m_switch->isCheckable());
-        QVERIFY(!m_switch->isChecked());
-        QCOMPARE(m_switch->size(), QSize(28, 14));
-        QCOMPARE(m_switch->iconSize(), QSize(28, 14));
+        QVERIFY(m_control->isCheckable());
+        QVERIFY(!m_control->isChecked());
+        QCOMPARE(m_control->size(), QSize(28, 14));
+        QCOMPARE(m_control->iconSize(), QSize(28, 14));
         QWidget window;
         QHBoxLayout layout(&window);
         auto *inside = new QcSwitchButton;
@@ -54,16 +52,16 @@ private Q_SLOTS:
     {
         QFETCH(int, index);
         const Look &look = kLooks[index];
-        m_switch->setFixedSize(112, 56); // the icon follows, and covers whole pixels
-        m_switch->setChecked(look.isChecked);
-        m_switch->setEnabled(look.isEnabled);
+        m_control->setFixedSize(112, 56); // the icon follows, and covers whole pixels
+        m_control->setChecked(look.isChecked);
+        m_control->setEnabled(look.isEnabled);
         if (look.isHovered)
-            MoveCursorOver(*m_switch);
+            MoveCursorOver(*m_control);
         if (look.isPressed)
-            QTest::mousePress(m_switch, Qt::LeftButton);
+            QTest::mousePress(m_control, Qt::LeftButton);
         for (const Table table : {Table::Light, Table::Dark}) {
             UseTable(table);
-            const QImage image = Render(*m_switch, QColor(Qt::black));
+            const QImage image = Render(*m_control, QColor(Qt::black));
             const QString code = QString::fromLatin1(kTracks[index]);
             QColor track(code);
             if (code.contains(QLatin1Char('/'))) {
@@ -74,62 +72,39 @@ private Q_SLOTS:
             COMPARE_COLOR(PixelAt(image, QPointF(look.isChecked ? 84 : 28, 28)), QColor(Qt::white));
         }
         if (look.isPressed)
-            QTest::mouseRelease(m_switch, Qt::LeftButton, Qt::NoModifier, QPoint(-1, -1));
+            QTest::mouseRelease(m_control, Qt::LeftButton, Qt::NoModifier, QPoint(-1, -1));
     }
 
     void a_forced_size_rescales_the_icon_and_an_empty_one_leaves_it()
     {
-        m_switch->setFixedSize(56, 28);
-        QCOMPARE(m_switch->iconSize(), QSize(56, 28));
-        m_switch->setFixedSize(0, 28);
-        QCOMPARE(m_switch->iconSize(), QSize(56, 28));
+        m_control->setFixedSize(56, 28);
+        QCOMPARE(m_control->iconSize(), QSize(56, 28));
+        m_control->setFixedSize(0, 28);
+        QCOMPARE(m_control->iconSize(), QSize(56, 28));
     }
 
     void a_click_and_the_space_key_toggle()
     {
-        QSignalSpy toggles(m_switch, &QAbstractButton::toggled);
-        QTest::mouseClick(m_switch, Qt::LeftButton);
-        QVERIFY(m_switch->isChecked());
-        QTest::keyClick(m_switch, Qt::Key_Space);
-        QVERIFY(!m_switch->isChecked());
+        QSignalSpy toggles(m_control, &QAbstractButton::toggled);
+        QTest::mouseClick(m_control, Qt::LeftButton);
+        QVERIFY(m_control->isChecked());
+        QTest::keyClick(m_control, Qt::Key_Space);
+        QVERIFY(!m_control->isChecked());
         QCOMPARE(toggles.count(), 2);
     }
 
     void assistive_technology_hears_a_check_box()
     {
-        m_switch->setAccessibleName(QStringLiteral("Wi-Fi"));
-        QAccessibleInterface *described = QAccessible::queryAccessibleInterface(m_switch);
+        m_control->setAccessibleName(QStringLiteral("Wi-Fi"));
+        QAccessibleInterface *described = QAccessible::queryAccessibleInterface(m_control);
         QVERIFY(described);
         QCOMPARE(described->role(), QAccessible::CheckBox);
         QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Wi-Fi"));
         QVERIFY(described->state().checkable);
         QVERIFY(!described->state().checked);
-        m_switch->setChecked(true);
+        m_control->setChecked(true);
         QVERIFY(described->state().checked);
     }
-
-protected:
-    void SetUp() override
-    {
-        MoveCursorAway();
-        m_window = std::make_unique<QWidget>();
-        m_window->setGeometry(kWindowPlace);
-        m_switch = new QcSwitchButton(m_window.get());
-        m_switch->move(10, 10);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        DrainEvents();
-    }
-
-    void TearDown() override
-    {
-        m_window.reset();
-        UseTable(Table::Light);
-    }
-
-private:
-    std::unique_ptr<QWidget> m_window;
-    QcSwitchButton *m_switch = nullptr;
 };
 
 VELMORA_TEST_MAIN(TestQcSwitchButton)

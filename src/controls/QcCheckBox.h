@@ -13,7 +13,7 @@ namespace Velmora {
 /// A check box with a themed indicator, in three states if the host asks for them as of any QCheckBox.
 ///
 /// A text too long for the widget is elided at its end. The indicator shows a hover while the cursor is over the area that
-/// a click toggles, which may be smaller than the widget.
+/// a click toggles, which may be smaller than the widget. A press shows until the release, wherever the mouse is dragged.
 class VELMORA_EXPORT QcCheckBox : public QCheckBox
 {
     Q_OBJECT

@@ -14,8 +14,9 @@ namespace Velmora {
 /// A radio button with a themed indicator, which another widget may trigger.
 ///
 /// A text too long for the widget is elided at its end. The indicator shows a hover while the cursor is over the area that
-/// a click selects, which may be smaller than the widget. The text is 12 pixels high and keeps its colour while disabled.
-/// A change of the colour table shows at the next paint, as when the surface below repaints: the button asks for none itself.
+/// a click selects, which may be smaller than the widget. A press shows until the release, wherever the mouse is dragged.
+/// The text is 12 pixels high and keeps its colour while disabled. A change of the colour table shows at the next paint, as
+/// when the surface below repaints: the button asks for none itself.
 class VELMORA_EXPORT QcRadioButton : public QRadioButton
 {
     Q_OBJECT

@@ -132,17 +132,21 @@ private:
         row->addWidget(MakeLabel(QStringLiteral("Snap to grid"), QcLabel::Body));
         row->addStretch();
 
-        auto *narrow = new QcCheckBox;
-        narrow->setText(QStringLiteral("A text too long for its place is elided at its end"));
-        narrow->setFixedWidth(22 * kGrid);
-        auto *mirrored = new QcCheckBox;
-        mirrored->setText(narrow->text());
-        mirrored->setFixedWidth(22 * kGrid);
-        mirrored->setLayoutDirection(Qt::RightToLeft);
         QHBoxLayout *longTexts = card->AddRow(3 * kGrid);
-        longTexts->addWidget(narrow);
-        longTexts->addWidget(mirrored);
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            longTexts->addWidget(MakeNarrow(new QcCheckBox, direction));
+            longTexts->addWidget(MakeNarrow(new QcRadioButton, direction));
+        }
         longTexts->addStretch();
+    }
+
+    static QWidget *MakeNarrow(QAbstractButton *button, Qt::LayoutDirection direction)
+    {
+        button->setText(QStringLiteral("A text too long for its place is elided at its end"));
+        button->setFixedWidth(22 * kGrid);
+        button->setLayoutDirection(direction);
+        button->setAutoExclusive(false);
+        return button;
     }
 
     void AddMatrix()

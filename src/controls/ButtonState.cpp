@@ -1,10 +1,16 @@
 #include "controls/ButtonState_p.h"
 
+#include <QCursor>
 #include <QResizeEvent>
 
 namespace Velmora {
 
 namespace ButtonState {
+
+bool IsUnderCursor(const QWidget &button)
+{
+    return button.rect().contains(button.mapFromGlobal(QCursor::pos()));
+}
 
 void ShowEnabled(QWidget &button)
 {

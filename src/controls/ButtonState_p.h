@@ -47,6 +47,17 @@ void SetFlag(State &state, QStyle::StateFlag flag, bool on)
     state = on ? state | flag : state & ~flag;
 }
 
+/// Sets or clears \a flag in the \a state of \a button, which repaints.
+template <typename State>
+void ShowFlag(QWidget &button, State &state, QStyle::StateFlag flag, bool on)
+{
+    SetFlag(state, flag, on);
+    button.update();
+}
+
+/// Whether the cursor is in the rectangle of \a button, whatever Qt was told last.
+bool IsUnderCursor(const QWidget &button);
+
 /// For a change of the enabled state: the cursor over a disabled \a button forbids; it repaints.
 void ShowEnabled(QWidget &button);
 

@@ -7,7 +7,6 @@
 #include "controls/ButtonState_p.h"
 #include "core/ApplicationEvents_p.h"
 
-#include <QCursor>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QPainter>
@@ -113,15 +112,9 @@ QSize QcButton::minimumSizeHint() const
 
 void QcButton::UpdateUiParams() {}
 
-bool QcButton::IsCursorInside() const
-{
-    return rect().contains(mapFromGlobal(QCursor::pos()));
-}
-
 void QcButton::OnToggled(bool checked)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_Selected, checked);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, checked);
 }
 
 bool QcButton::eventFilter(QObject *watched, QEvent *event)
@@ -130,7 +123,7 @@ bool QcButton::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate) {
         // Most buttons have nothing to shake off, and asking for the cursor costs more than all the rest.
         const bool isStale = m_state & (QStyle::State_MouseOver | QStyle::State_Sunken);
-        if (isStale && !IsCursorInside()) {
+        if (isStale && !ButtonState::IsUnderCursor(*this)) {
             ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
             ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
         }
@@ -140,29 +133,26 @@ bool QcButton::eventFilter(QObject *watched, QEvent *event)
 
 void QcButton::mousePressEvent(QMouseEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_Sunken, true);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
     QAbstractButton::mousePressEvent(event);
 }
 
 void QcButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
     QAbstractButton::mouseReleaseEvent(event);
 }
 
 void QcButton::enterEvent(QEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_MouseOver, true);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
     QWidget::enterEvent(event);
 }
 
 void QcButton::leaveEvent(QEvent *event)
 {
     // With the cursor still inside, a popup has opened over the button, which stays hovered.
-    if (!IsCursorInside()) {
+    if (!ButtonState::IsUnderCursor(*this)) {
         ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
         ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
     }

@@ -70,7 +70,6 @@ private Q_SLOTS:
     void OnToggled(bool checked);
 
 private:
-    bool IsCursorInside() const;
     void PaintContent(QPainter &painter, const ImageParams &icon, const QString &textCode);
 
     int m_state = QStyle::State_Enabled;

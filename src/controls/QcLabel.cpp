@@ -84,6 +84,7 @@ void QcLabel::paintEvent(QPaintEvent *event)
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(layoutDirection()); // a painter begins with the application's
     painter.setPen(TokenColor(isEnabled() ? m_textColorParams : QStringLiteral("text/text_disabled")));
     const QString elided = painter.fontMetrics().elidedText(QLabel::text(), Qt::ElideRight, width(), 0);
     painter.drawText(rect(), int(alignment()), elided);

@@ -1,5 +1,7 @@
 #include <Velmora/ModalDialogs.h>
 
+#include "windows/WindowParts_p.h"
+
 #include <QDebug>
 #include <QDialog>
 
@@ -12,6 +14,7 @@ int exec(QDialog *dialog, QWidget *referenceWidget)
         return -1;
     }
     const QWidget *window = referenceWidget->window();
+    SettleSize(*dialog);
     dialog->move(window->mapToGlobal(window->rect().center()) - dialog->rect().center());
     return dialog->exec();
 }

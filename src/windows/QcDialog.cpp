@@ -8,14 +8,14 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "theme/TokenPainting_p.h"
-#include "windows/QcWindowHandler_p.h"
 #include "windows/WindowParts_p.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QHBoxLayout>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QVBoxLayout>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -29,7 +29,7 @@ constexpr double kShadowOpacity = 0.1;
 constexpr int kBottomMargin = 16;
 constexpr int kBottomSpacing = 12;
 constexpr int kBottomButtonWidth = 80;
-constexpr const char *kTranslationContext = "QcDialog";
+constexpr const char *kName = "QcDialog"; // of the object, and of the context of its texts
 
 template <typename Button>
 Button *MakeBottomButton(QFrame *row, const QString &name)
@@ -37,7 +37,7 @@ Button *MakeBottomButton(QFrame *row, const QString &name)
     auto *button = new Button(row);
     button->setObjectName(name);
     button->setMinimumWidth(kBottomButtonWidth);
-    button->setText(QCoreApplication::translate(kTranslationContext, "PushButton"));
+    button->setText(QCoreApplication::translate(kName, "PushButton"));
     row->layout()->addWidget(button);
     return button;
 }
@@ -74,11 +74,7 @@ QcDialog::QcDialog(QWidget *parent)
     connect(ui->m_closeButton, &QAbstractButton::clicked, this, &QcDialog::onCloseButtonClicked);
     ui->m_titleFrame->installEventFilter(this);
 
-    m_windowHandler = new QcWindowHandler(this);
-    m_windowHandler->setWidget(this);
-    m_windowHandler->setTitleBar(ui->m_titleFrame);
-    m_windowHandler->setBorderWidth(0);
-
+    m_windowHandler = MakeHandler(*this, ui->m_titleFrame);
     connect(ui->m_okButton, &QAbstractButton::clicked, this, &QDialog::accept);
     connect(ui->m_cancelButton, &QAbstractButton::clicked, this, &QDialog::reject);
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
@@ -93,11 +89,8 @@ QcDialog::~QcDialog()
 
 void QcDialog::SetUpForm()
 {
-    setObjectName(QStringLiteral("QcDialog"));
-    resize(600, 400);
-    setWindowTitle(QCoreApplication::translate(kTranslationContext, "dialog"));
-
-    const TitleRow row = MakeTitleRow(*this, kTranslationContext, kTitleLeftMargin, QStringLiteral("m_maxButton"));
+    BeginForm(*this, kName, "dialog");
+    const TitleRow row = MakeTitleRow(*this, kName, kTitleLeftMargin, QStringLiteral("m_maxButton"));
     row.minButton->hide();
     row.maxButton->hide();
     ui->m_titleFrame = row.frame;
@@ -109,14 +102,7 @@ void QcDialog::SetUpForm()
     ui->m_closeButton = row.closeButton;
     ui->m_contentFrame = MakeContentFrame(*this);
     SetUpBottomRow();
-
-    ui->verticalLayout = new QVBoxLayout(this);
-    ui->verticalLayout->setObjectName(QStringLiteral("verticalLayout"));
-    ui->verticalLayout->setSpacing(0);
-    ui->verticalLayout->setContentsMargins(kShadowMargin, kShadowMargin, kShadowMargin, kShadowMargin);
-    ui->verticalLayout->addWidget(ui->m_titleFrame);
-    ui->verticalLayout->addWidget(ui->m_contentFrame);
-    ui->verticalLayout->addWidget(ui->m_bottomFrame);
+    ui->verticalLayout = EndForm(*this, kShadowMargin, {ui->m_titleFrame, ui->m_contentFrame, ui->m_bottomFrame});
 }
 
 void QcDialog::SetUpBottomRow()
@@ -256,8 +242,10 @@ bool QcDialog::eventFilter(QObject *watched, QEvent *event)
 
 void QcDialog::closeEvent(QCloseEvent *event)
 {
+    const QPointer<QcDialog> alive(this);
     Q_EMIT signalClose();
-    QDialog::closeEvent(event);
+    if (alive) // the host may have deleted it
+        QDialog::closeEvent(event);
 }
 
 void QcDialog::paintEvent(QPaintEvent *event)

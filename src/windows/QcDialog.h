@@ -31,7 +31,8 @@ public:
     explicit QcDialog(QWidget *parent = nullptr);
     ~QcDialog() override;
 
-    /// The text in the title row. The title that the desktop shows is setWindowTitle()'s.
+    /// The text in the title row. The title that the desktop shows is setWindowTitle()'s. It asks for its whole width: give the
+    /// dialog a minimum width, and a longer one is elided.
     void setTitle(const QString &title);
     /// A dialog without its title row cannot be moved with the mouse.
     void setTitleBarVisible(bool visible);

@@ -2,19 +2,17 @@
 #include <Velmora/QcLabel.h>
 #include <Velmora/QcWindow.h>
 
-#include "windows/QcWindowHandler_p.h"
 #include "windows/WindowParts_p.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
-#include <QVBoxLayout>
+#include <QPointer>
 
 namespace Velmora {
 
 namespace {
 
 constexpr int kTitleLeftMargin = 12;
-constexpr const char *kTranslationContext = "QcWindow";
+constexpr const char *kName = "QcWindow"; // of the object, and of the context of its texts
 
 } // namespace
 
@@ -43,10 +41,7 @@ QcWindow::QcWindow(QWidget *parent)
     connect(ui->m_closeButton, &QAbstractButton::clicked, this, &QcWindow::onCloseButtonClicked);
     ui->m_titleFrame->installEventFilter(this);
 
-    m_windowHandler = new QcWindowHandler(this);
-    m_windowHandler->setWidget(this);
-    m_windowHandler->setTitleBar(ui->m_titleFrame);
-    m_windowHandler->setBorderWidth(0);
+    m_windowHandler = MakeHandler(*this, ui->m_titleFrame);
 }
 
 QcWindow::~QcWindow()
@@ -56,21 +51,11 @@ QcWindow::~QcWindow()
 
 void QcWindow::SetUpForm()
 {
-    setObjectName(QStringLiteral("QcWindow"));
-    resize(600, 400);
-    setWindowTitle(QCoreApplication::translate(kTranslationContext, "window"));
-
-    const TitleRow row = MakeTitleRow(*this, kTranslationContext, kTitleLeftMargin, QStringLiteral("m_maxRestoreButton"));
+    BeginForm(*this, kName, "window");
+    const TitleRow row = MakeTitleRow(*this, kName, kTitleLeftMargin, QStringLiteral("m_maxRestoreButton"));
     row.maxButton->setCheckable(true);
     QFrame *content = MakeContentFrame(*this);
-
-    auto *column = new QVBoxLayout(this);
-    column->setObjectName(QStringLiteral("verticalLayout"));
-    column->setSpacing(0);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(row.frame);
-    column->addWidget(content);
-
+    QVBoxLayout *column = EndForm(*this, 0, {row.frame, content});
     *ui = {column, row.frame, row.layout, row.title, row.spacer, row.minButton, row.maxButton, row.closeButton, content};
 }
 
@@ -142,8 +127,10 @@ bool QcWindow::eventFilter(QObject *watched, QEvent *event)
 
 void QcWindow::closeEvent(QCloseEvent *event)
 {
+    const QPointer<QcWindow> alive(this);
     Q_EMIT signalClose();
-    QWidget::closeEvent(event);
+    if (alive) // the host may have deleted it
+        QWidget::closeEvent(event);
 }
 
 } // namespace Velmora

@@ -29,7 +29,8 @@ public:
     explicit QcWindow(QWidget *parent = nullptr);
     ~QcWindow() override;
 
-    /// The text in the title row. The title that the desktop shows is setWindowTitle()'s.
+    /// The text in the title row. The title that the desktop shows is setWindowTitle()'s. It asks for its whole width: give the
+    /// window a minimum width, and a longer one is elided.
     void setTitle(const QString &title);
     void setMinButtonVisible(bool visible);
     void setMaxRestoreButtonVisible(bool visible);

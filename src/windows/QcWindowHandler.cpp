@@ -20,6 +20,12 @@ bool IsWindowOfWidget(const QObject *watched)
     return watched->inherits("QWidgetWindow");
 }
 
+// True for the window itself and for native windows inside of it, not for those that float over it.
+bool LiesIn(const QObject *pressed, const QWindow &window)
+{
+    return pressed == &window || window.isAncestorOf(qobject_cast<const QWindow *>(pressed), QWindow::ExcludeTransients);
+}
+
 Qt::CursorShape CursorFor(Qt::Edges edges)
 {
     if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge))
@@ -95,7 +101,7 @@ bool QcWindowHandler::eventFilter(QObject *watched, QEvent *event)
         if (watched == m_titleBar)
             StartMove(*event);
         else if (IsResizable() && IsWindowOfWidget(watched))
-            StartResize(*event);
+            StartResize(watched, *event);
         break;
     case QEvent::MouseMove:
         // Every handler comes here on every move of the mouse: mostly there is nothing to do, and the class's name is asked last.
@@ -129,10 +135,13 @@ void QcWindowHandler::StartMove(const QEvent &press)
         EndPress(window, static_cast<const QMouseEvent &>(press));
 }
 
-void QcWindowHandler::StartResize(const QEvent &press)
+void QcWindowHandler::StartResize(const QObject *pressed, const QEvent &press)
 {
     QWindow *window = m_widget->windowHandle();
-    const Qt::Edges edges = window ? EdgesUnderCursor() : Qt::Edges();
+    // Beyond an edge counts as on it, and the window stays active under a menu: a press there is for the menu.
+    if (!window || !LiesIn(pressed, *window))
+        return;
+    const Qt::Edges edges = EdgesUnderCursor();
     if (edges && window->startSystemResize(edges))
         EndPress(window, static_cast<const QMouseEvent &>(press));
 }

@@ -40,7 +40,7 @@ private:
     bool IsResizable() const;
     Qt::Edges EdgesUnderCursor() const;
     void StartMove(const QEvent &press);
-    void StartResize(const QEvent &press);
+    void StartResize(const QObject *pressed, const QEvent &press);
     void UpdateCursor();
     bool HasCursor() const;
     void ClearCursor();

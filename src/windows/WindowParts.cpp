@@ -4,14 +4,18 @@
 #include <Velmora/QcIconButton.h>
 #include <Velmora/QcLabel.h>
 
+#include "windows/QcWindowHandler_p.h"
+
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QSpacerItem>
+#include <QVBoxLayout>
 
 namespace Velmora {
 
 namespace {
 
+constexpr QSize kFirstSize(600, 400);
 constexpr int kTitleHeight = 40;
 constexpr int kButtonHeight = 24;
 constexpr int kRightMargin = 8;
@@ -43,6 +47,26 @@ void SetPlain(QFrame &frame, const QString &name)
 }
 
 } // namespace
+
+void BeginForm(QWidget &window, const char *name, const char *title)
+{
+    if (window.objectName().isEmpty())
+        window.setObjectName(QLatin1String(name));
+    window.resize(kFirstSize);
+    window.setWindowTitle(QCoreApplication::translate(name, title));
+}
+
+QVBoxLayout *EndForm(QWidget &window, int margin, std::initializer_list<QWidget *> parts)
+{
+    auto *column = new QVBoxLayout(&window);
+    column->setObjectName(QStringLiteral("verticalLayout"));
+    column->setSpacing(0);
+    column->setContentsMargins(margin, margin, margin, margin);
+    for (QWidget *part : parts)
+        column->addWidget(part);
+    QMetaObject::connectSlotsByName(&window);
+    return column;
+}
 
 TitleRow MakeTitleRow(QWidget &window, const char *context, int leftMargin, const QString &maxButtonName)
 {
@@ -92,10 +116,34 @@ QFrame *MakeContentFrame(QWidget &window)
     return frame;
 }
 
+QcWindowHandler *MakeHandler(QWidget &window, QWidget *titleRow)
+{
+    auto *handler = new QcWindowHandler(&window);
+    handler->setWidget(&window);
+    handler->setTitleBar(titleRow);
+    handler->setBorderWidth(0);
+    return handler;
+}
+
+void SettleSize(QWidget &window)
+{
+    if (window.isVisible() || window.windowState() != Qt::WindowNoState)
+        return;
+    // The steps of QWidget::setVisible, in its order.
+    window.ensurePolished();
+    if (QLayout *layout = window.layout())
+        layout->activate(); // grows it to its least size
+    if (!window.testAttribute(Qt::WA_Resized)) {
+        window.adjustSize();
+        window.setAttribute(Qt::WA_Resized, false);
+    }
+}
+
 void ShowCentredOn(QWidget &window, const QWidget *reference)
 {
     if (!reference)
         return;
+    SettleSize(window);
     const QRect r = reference->window()->geometry();
     window.move(r.x() + (r.width() - window.width()) / 2, r.y() + (r.height() - window.height()) / 2);
     window.show();

@@ -182,6 +182,11 @@ private Q_SLOTS:
         QVERIFY(inkAt(Qt::AlignLeft | Qt::AlignTop).right() < 20);
         QVERIFY(inkAt(Qt::AlignLeft | Qt::AlignTop).bottom() < 30);
         QVERIFY(inkAt(Qt::AlignRight | Qt::AlignBottom).left() > 180);
+        // In a layout from right to left a text begins at the right.
+        label.setLayoutDirection(Qt::RightToLeft);
+        QVERIFY(inkAt(Qt::AlignLeading | Qt::AlignTop).left() > 180);
+        QVERIFY(inkAt(Qt::AlignTrailing | Qt::AlignTop).right() < 20);
+        QVERIFY(inkAt(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignTop).right() < 20);
         QVERIFY(inkAt(Qt::AlignRight | Qt::AlignBottom).top() > 70);
         QVERIFY(std::abs(inkAt(Qt::AlignCenter).center().x() - 100) < 5);
     }

@@ -7,6 +7,7 @@
 #include <Velmora/QcWindow.h>
 
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QTextStream>
 #include <QTimer>
 
@@ -15,6 +16,8 @@ using namespace Velmora;
 namespace {
 
 constexpr int kBorder = 8;
+constexpr int kMenuWidth = 160;
+constexpr int kMenuTop = 100;
 
 /// Tells on the standard output, a line each, whatever changes in a window that a test drives with a real mouse.
 class Reporter : public QObject
@@ -68,7 +71,7 @@ void Say(const QString &what)
 }
 
 /// A button that tells of its clicks.
-void AddButton(QWidget *place)
+QAbstractButton *AddButton(QWidget *place)
 {
     auto *row = new QHBoxLayout(place);
     auto *button = new QcPrimaryButton;
@@ -76,6 +79,7 @@ void AddButton(QWidget *place)
     button->setText(QStringLiteral("Push me"));
     QObject::connect(button, &QAbstractButton::clicked, button, [] { Say(QStringLiteral("clicked")); });
     row->addWidget(button, 0, Qt::AlignCenter);
+    return button;
 }
 
 void ShowAt(QWidget *window)
@@ -109,7 +113,7 @@ int ShowDialog()
     return QApplication::exec();
 }
 
-/// A bare window whose edges resize it, as those of a floating panel do.
+/// A bare window whose edges resize it, as those of a floating panel do. Its button opens a menu that hangs over its right edge.
 int ShowPanel()
 {
     QWidget panel(nullptr, Qt::Window | Qt::FramelessWindowHint);
@@ -117,7 +121,11 @@ int ShowPanel()
     auto *handler = new QcWindowHandler(&panel); // the panel's child
     handler->setWidget(&panel);
     handler->setBorderWidth(kBorder);
-    AddButton(&panel);
+    QMenu menu(&panel);
+    menu.setMinimumWidth(kMenuWidth);
+    QObject::connect(menu.addAction(QStringLiteral("Choose me")), &QAction::triggered, [] { Say(QStringLiteral("chosen")); });
+    QObject::connect(AddButton(&panel), &QAbstractButton::clicked, &menu,
+                     [&] { menu.popup(panel.mapToGlobal(QPoint(panel.width() - kMenuWidth / 2, kMenuTop))); });
     ShowAt(&panel);
     return QApplication::exec();
 }

@@ -261,6 +261,17 @@ class WindowsTest(unittest.TestCase):
                 wait_for(lambda: "clicked" in stage.said, "the click after the resizing")
                 self.finish(stage)
 
+    def test_a_press_in_a_menu_over_the_edge_chooses_and_resizes_nothing(self):
+        stage = self.show("panel")
+        before = stage.geometry
+        self.click(stage.at("pushMe"))
+        menu = wait_for(lambda: [window for window in self.desktop.windows_of(stage.process) if window != stage.window], "the menu")[0]
+        x, y, width, height = wait_for(lambda: self.desktop.geometry(menu), "the menu's place")
+        self.drag((x + width - 40, y + height // 2), (20, 0))
+        wait_for(lambda: stage.said == ["clicked", "chosen"], "the choice")
+        self.drag(stage.inside(200, 60), (20, 20)) # nothing has kept the mouse
+        self.assertEqual(stage.geometry, before)
+
 
 if __name__ == "__main__":
     unittest.main()

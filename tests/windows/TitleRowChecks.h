@@ -1,15 +1,20 @@
 #pragma once
 
 #include "support/Pixels.h"
+#include "support/TestCase.h"
 #include "support/Tokens.h"
 
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcIconButton.h>
 #include <Velmora/QcLabel.h>
 
+#include <QCoreApplication>
 #include <QLayout>
 #include <QTest>
+#include <QTranslator>
 #include <QWidget>
+
+#include <utility>
 
 namespace VelmoraTest {
 
@@ -19,6 +24,39 @@ Widget *Child(const QWidget &window, const char *name)
     return window.findChild<Widget *>(QLatin1String(name));
 }
 
+/// Checks that \a button looks as a new one with \a icon does.
+inline void CheckIcon(Velmora::QcIconButton &button, const QString &icon)
+{
+    Velmora::QcIconButton expected(nullptr);
+    expected.SetIconPath(icon);
+    expected.setCheckable(button.isCheckable());
+    expected.setChecked(button.isChecked());
+    DrainEvents();
+    QCOMPARE(Render(button), Render(expected));
+    expected.SetIconPath(QStringLiteral(":/images/dock/no_such.svg"));
+    QVERIFY(Render(button) != Render(expected));
+}
+
+/// The texts of its context, each in brackets.
+class BracketTranslator : public QTranslator
+{
+public:
+    explicit BracketTranslator(const char *context)
+        : m_context(QLatin1String(context))
+    {
+        QCoreApplication::installTranslator(this);
+    }
+
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *text, const char * /*disambiguation*/, int /*n*/) const override
+    {
+        return m_context == QLatin1String(context) ? QStringLiteral("[%1]").arg(QLatin1String(text)) : QString();
+    }
+
+private:
+    QString m_context;
+};
+
 /// Checks what window and dialog promise of their title row.
 inline void CheckTitleRow(QWidget &window, const QMargins &margins, const char *maxButton)
 {
@@ -27,6 +65,7 @@ inline void CheckTitleRow(QWidget &window, const QMargins &margins, const char *
     QCOMPARE(frame->height(), 40);
     QCOMPARE(frame->minimumHeight(), 40);
     QCOMPARE(frame->maximumHeight(), 40);
+    QCOMPARE(frame->minimumWidth(), 0);
     QCOMPARE(frame->frameShape(), QFrame::NoFrame);
     QCOMPARE(frame->frameShadow(), QFrame::Raised);
     QLayout *row = frame->layout();
@@ -42,9 +81,13 @@ inline void CheckTitleRow(QWidget &window, const QMargins &margins, const char *
     QCOMPARE(row->itemAt(1)->sizeHint(), QSize(405, 20));
     QCOMPARE(row->itemAt(1)->expandingDirections(), Qt::Horizontal);
     int index = 2;
-    for (const char *name : {"m_minButton", maxButton, "m_closeButton"}) {
+    const std::pair<const char *, QString> buttons[] = {{"m_minButton", QStringLiteral(":/images/min.svg")},
+                                                        {maxButton, QStringLiteral(":/images/max.svg")},
+                                                        {"m_closeButton", QStringLiteral(":/images/close.svg")}};
+    for (const auto &[name, icon] : buttons) {
         auto *button = Child<Velmora::QcIconButton>(window, name);
         QVERIFY2(button, name);
+        CheckIcon(*button, icon);
         QCOMPARE(row->itemAt(index++)->widget(), button);
         QCOMPARE(button->size(), QSize(24, 24));
         QCOMPARE(button->text(), QString());

@@ -4,6 +4,7 @@
 #include <Velmora/QcDialog.h>
 
 #include <QTimer>
+#include <QVBoxLayout>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -59,6 +60,36 @@ private Q_SLOTS:
         QVERIFY(wasModal);
         // No veil was made.
         QCOMPARE(window.children().size(), 1);
+    }
+
+    void exec_centres_a_dialog_that_grows_when_shown_data()
+    {
+        QTest::addColumn<bool>("sized");
+        QTest::newRow("sized too small by the host") << true;
+        QTest::newRow("never sized") << false;
+    }
+
+    void exec_centres_a_dialog_that_grows_when_shown()
+    {
+        QFETCH(bool, sized);
+        QWidget window;
+        window.setGeometry(200, 150, 400, 300);
+        window.show();
+        QDialog dialog(nullptr, Qt::Dialog | Qt::FramelessWindowHint); // what is moved is a frame, if there is one
+        auto *column = new QVBoxLayout(&dialog);
+        auto *content = new QWidget;
+        content->setMinimumSize(250, 170);
+        column->addWidget(content);
+        if (sized)
+            dialog.resize(10, 10);
+        QPoint centre;
+        QTimer::singleShot(0, &dialog, [&] {
+            centre = dialog.mapToGlobal(dialog.rect().center());
+            dialog.accept();
+        });
+        QCOMPARE(Velmora::exec(&dialog, &window), int(QDialog::Accepted));
+        QVERIFY(dialog.width() >= 250 && dialog.width() < 400);
+        QCOMPARE(centre, window.mapToGlobal(window.rect().center()));
     }
 
     void show_and_hide_modal()

@@ -9,6 +9,7 @@
 
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -69,6 +70,16 @@ private Q_SLOTS:
         QVERIFY(!IsShown(dialog, "m_minButton") && !IsShown(dialog, "m_maxButton") && !IsShown(dialog, "m_bottomFrame"));
     }
 
+    void its_texts_can_be_translated()
+    {
+        const BracketTranslator translator("QcDialog");
+        const QcDialog dialog(nullptr);
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("[dialog]"));
+        QCOMPARE(Child<QcLabel>(dialog, "m_titleLabel")->text(), QStringLiteral("[TextLabel]"));
+        QCOMPARE(Child<QcPrimaryButton>(dialog, "m_okButton")->text(), QStringLiteral("[PushButton]"));
+        QCOMPARE(Child<QcSecondaryButton>(dialog, "m_cancelButton")->text(), QStringLiteral("[PushButton]"));
+    }
+
     void the_bottom_row()
     {
         QcDialog dialog(nullptr);
@@ -80,11 +91,15 @@ private Q_SLOTS:
         QVERIFY(IsShown(dialog, "m_okButton") && IsShown(dialog, "m_cancelButton"));
 
         auto *frame = Child<QFrame>(dialog, "m_bottomFrame");
+        QCOMPARE(frame->minimumSize(), QSize(0, 0));
+        QCOMPARE(frame->frameShape(), QFrame::NoFrame);
+        QCOMPARE(frame->frameShadow(), QFrame::Raised);
         QLayout *row = frame->layout();
         QCOMPARE(row->objectName(), QStringLiteral("horizontalLayout_2"));
         QCOMPARE(row->spacing(), 12);
         QCOMPARE(row->contentsMargins(), QMargins(16, 16, 16, 16));
         QCOMPARE(row->itemAt(0)->sizeHint(), QSize(417, 20));
+        QCOMPARE(row->itemAt(0)->expandingDirections(), Qt::Horizontal);
         auto *ok = Child<QcPrimaryButton>(dialog, "m_okButton");
         auto *cancel = Child<QcSecondaryButton>(dialog, "m_cancelButton");
         QCOMPARE(row->itemAt(1)->widget(), ok);
@@ -207,6 +222,15 @@ private Q_SLOTS:
         QVERIFY(!dialog.isVisible());
     }
 
+    void a_host_may_delete_a_dialog_that_closes()
+    {
+        QPointer<QcDialog> dialog = new QcDialog(nullptr); // deleted by its own signal
+        connect(dialog, &QcDialog::signalClose, this, [&] { delete dialog; });
+        dialog->show();
+        dialog->close();
+        QVERIFY(!dialog);
+    }
+
     void works_by_keyboard()
     {
         QcDialog dialog(nullptr);
@@ -260,6 +284,20 @@ private Q_SLOTS:
         QCOMPARE(dialog.pos(), QPoint(170, 130));
     }
 
+    void a_dialog_smaller_than_its_least_size_is_centred_as_it_will_be()
+    {
+        QWidget host;
+        host.setGeometry(120, 80, 700, 500);
+        host.show();
+        QcDialog dialog(nullptr);
+        dialog.setBottomFrameVisible(true);
+        dialog.resize(10, 10);
+        dialog.showToCenter(&host);
+        DrainEvents();
+        QVERIFY(dialog.width() > 100 && dialog.height() > 100);
+        QCOMPARE(dialog.pos(), QPoint(120 + (700 - dialog.width()) / 2, 80 + (500 - dialog.height()) / 2));
+    }
+
     void the_panel_in_both_tables()
     {
         QcDialog dialog(nullptr);
@@ -273,6 +311,10 @@ private Q_SLOTS:
             COMPARE_COLOR(PixelAt(image, QPointF(300, 200)), fill);
             COMPARE_COLOR(PixelAt(image, QPointF(12, 12)), fill); // square, not rounded
             COMPARE_COLOR(PixelAt(image, QPointF(587, 387)), fill);
+            QColor half = TokenOf(table, QStringLiteral("border/border_tertairy"));
+            half.setAlphaF(half.alphaF() * 0.5); // the line is centred on the panel's edge
+            if (image.devicePixelRatio() == 1.0)
+                COMPARE_COLOR(PixelAt(image, QPointF(10, 200)), Over(half, fill));
         }
     }
 

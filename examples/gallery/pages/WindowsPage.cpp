@@ -143,7 +143,9 @@ private:
         FillContent(bare->getContentFrame(), QStringLiteral("Content"), QStringLiteral("Only the close button, and a long title."));
         auto *mirrored = AsSpecimen(new QcWindow(nullptr));
         mirrored->setTitle(QStringLiteral("\u0631\u0633\u0627\u0626\u0644"));
-        FillContent(mirrored->getContentFrame(), QStringLiteral("\u0645\u062d\u062a\u0648\u0649"), QStringLiteral("Right to left."));
+        FillContent(
+            mirrored->getContentFrame(), QStringLiteral("\u0645\u062d\u062a\u0648\u0649"),
+            QStringLiteral("\u0645\u0646 \u0627\u0644\u064a\u0645\u064a\u0646 \u0625\u0644\u0649 \u0627\u0644\u064a\u0633\u0627\u0631."));
         mirrored->setLayoutDirection(Qt::RightToLeft);
         for (QcWindow *window : {plain, bare, mirrored}) {
             window->setMinimumWidth(20 * kGrid); // less than a long title asks for: it elides

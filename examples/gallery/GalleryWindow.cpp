@@ -11,7 +11,9 @@
 #include <QListWidget>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSet>
 #include <QShortcut>
+#include <QSizeGrip>
 #include <QVBoxLayout>
 
 namespace Gallery {
@@ -21,20 +23,25 @@ using Velmora::QcStyleManager;
 namespace {
 
 constexpr int kSidebarWidth = 30 * kGrid;
+constexpr int kGripSize = 2 * kGrid;
 constexpr int kPageRow = Qt::UserRole; // id of the page of a row; headings have none
 constexpr int kSearchText = Qt::UserRole + 1;
 
 } // namespace
 
 GalleryWindow::GalleryWindow(Table table, QWidget *parent)
-    : QWidget(parent)
+    : QcWindow(parent)
     , m_pages(Pages())
 {
     setObjectName(QStringLiteral("galleryWindow"));
     setMinimumSize(960, 560);
     resize(1280, 800);
 
-    auto *layout = new QHBoxLayout(this);
+    setTitle(QStringLiteral("Velmora Gallery"));
+    static_cast<QHBoxLayout *>(getTitleFrame()->layout())
+        ->insertWidget(1, MakeLabel(QStringLiteral("Version " GALLERY_VERSION), QcLabel::Hint)); // behind the title
+
+    auto *layout = new QHBoxLayout(getContentFrame());
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(MakeSidebar());
@@ -54,10 +61,38 @@ GalleryWindow::GalleryWindow(Table table, QWidget *parent)
     right->addWidget(m_scroll, 1);
     layout->addWidget(ground, 1);
 
+    m_grip = new QSizeGrip(this); // the edges of a frameless window do not resize it
+    m_grip->setFixedSize(kGripSize, kGripSize);
+    UpdateOutline();
+
     AddShortcuts();
     m_tableSwitch->SetCurrentIndex(table == Table::Light ? 0 : 1);
     if (!m_pages.isEmpty())
         ShowPage(m_pages.first().id);
+}
+
+// --- The frame ---
+
+void GalleryWindow::UpdateOutline()
+{
+    // On a ground of its own colour a window would not show where it ends; one that fills the screen needs no line.
+    const bool outlined = !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
+    setBorderSides(outlined ? BorderSides(Left | Top | Right | Bottom) : BorderSides());
+    setBorderColorParams(QStringLiteral("border/border_secondary"));
+    QWidget::layout()->setContentsMargins(outlined, outlined, outlined, outlined);
+}
+
+void GalleryWindow::changeEvent(QEvent *event)
+{
+    QcWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        UpdateOutline();
+}
+
+void GalleryWindow::resizeEvent(QResizeEvent *event)
+{
+    QcWindow::resizeEvent(event);
+    m_grip->move(width() - kGripSize - 1, height() - kGripSize - 1);
 }
 
 // --- Parts of the window ---
@@ -70,18 +105,8 @@ QWidget *GalleryWindow::MakeSidebar()
     sidebar->setBorderColorParams(QStringLiteral("border/border_tertairy"));
     sidebar->setBorderSides(QcFrame::Right);
     auto *layout = new QVBoxLayout(sidebar);
-    layout->setContentsMargins(2 * kGrid, 3 * kGrid, 2 * kGrid, 2 * kGrid);
+    layout->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, 2 * kGrid);
     layout->setSpacing(0);
-
-    auto *name = new QHBoxLayout;
-    name->setContentsMargins(kGrid, 0, kGrid, 0);
-    name->addWidget(MakeLabel(QStringLiteral("Velmora"), QcLabel::Headline));
-    name->addStretch();
-    QcLabel *version = MakeLabel(QStringLiteral("Version " GALLERY_VERSION), QcLabel::Hint);
-    version->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-    name->addWidget(version);
-    layout->addLayout(name);
-    layout->addSpacing(2 * kGrid);
 
     m_search = new QLineEdit;
     m_search->setObjectName(QStringLiteral("searchField"));
@@ -116,7 +141,7 @@ QWidget *GalleryWindow::MakeSidebar()
     connect(m_list, &QListWidget::currentItemChanged, this, &GalleryWindow::ShowItem);
     layout->addWidget(m_list, 1);
 
-    layout->addSpacing(kGrid);
+    layout->addSpacing(2 * kGrid);
     QcLabel *hint = MakeLabel(QStringLiteral("Ctrl+F  search     Ctrl+T  colours"), QcLabel::Hint);
     hint->setAlignment(Qt::AlignCenter);
     layout->addWidget(hint);
@@ -247,7 +272,7 @@ bool GalleryWindow::eventFilter(QObject *watched, QEvent *event)
             break;
         }
     }
-    return QWidget::eventFilter(watched, event);
+    return QcWindow::eventFilter(watched, event);
 }
 
 // --- Pages and tables ---
@@ -305,9 +330,13 @@ bool GalleryWindow::GrowToContent()
 QString GalleryWindow::ControlPositions() const
 {
     QString lines;
+    QSet<QString> names; // a page may show windows, whose parts have the names of this one's
     for (const QWidget *widget : findChildren<QWidget *>()) {
         if (!widget->isVisible() || widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_")))
             continue;
+        if (names.contains(widget->objectName()))
+            continue;
+        names.insert(widget->objectName());
         const QPoint at = widget->mapTo(this, QPoint(0, 0));
         lines +=
             QStringLiteral("%1 %2 %3 %4 %5\n").arg(widget->objectName()).arg(at.x()).arg(at.y()).arg(widget->width()).arg(widget->height());

@@ -3,14 +3,16 @@
 #include "Page.h"
 #include "Tables.h"
 
+#include <Velmora/QcWindow.h>
+
 #include <QHash>
-#include <QWidget>
 
 QT_BEGIN_NAMESPACE
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 class QScrollArea;
+class QSizeGrip;
 QT_END_NAMESPACE
 
 namespace Velmora {
@@ -21,9 +23,9 @@ namespace Gallery {
 
 class Segmented;
 
-/// The gallery's window: a searchable list of pages at the left, the chosen page and the switch of the
+/// The gallery's window: under the title row a searchable list of pages at the left, the chosen page and the switch of the
 /// colour table at the right.
-class GalleryWindow : public QWidget
+class GalleryWindow : public Velmora::QcWindow
 {
     Q_OBJECT
 
@@ -35,13 +37,17 @@ public:
     void SetTable(Table table);
     /// Makes the window as high as the whole page needs. The page must have been laid out.
     bool GrowToContent();
-    /// Where the named controls in sight are in the window, a line each: name, x, y, width, height. A last line says "end".
+    /// Where the named controls in sight are in the window, a line each: name, x, y, width, height; of those that share a name the
+    /// first. A last line says "end".
     QString ControlPositions() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void UpdateOutline();
     QWidget *MakeSidebar();
     QWidget *MakeHeader();
     void FillList();
@@ -60,6 +66,7 @@ private:
     Velmora::QcLabel *m_summary = nullptr;
     Segmented *m_tableSwitch = nullptr;
     QScrollArea *m_scroll = nullptr;
+    QSizeGrip *m_grip = nullptr;
 };
 
 } // namespace Gallery

@@ -15,7 +15,7 @@ namespace Gallery {
 namespace {
 
 constexpr int kWidth = 1280;
-constexpr int kMinimumHeight = 800;
+constexpr int kMinimumHeight = 860;
 
 // Lets all queued theme work run: tasks keep their order, so one more at the end tells when the others are done.
 // Twice, because a task may post another.

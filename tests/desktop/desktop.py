@@ -147,11 +147,56 @@ class Desktop:
     # --- Acting ---
 
     def point_at(self, x, y):
-        self.run("xdotool", "mousemove", "--sync", str(x), str(y))
+        # Not "--sync", which waits for ever if the mouse is there already.
+        self.run("xdotool", "mousemove", str(x), str(y))
 
-    def click(self, x, y):
+    def click(self, x, y, button=1):
         self.point_at(x, y)
-        self.run("xdotool", "click", "1")
+        self.run("xdotool", "click", str(button))
+
+    def press(self, button=1):
+        self.run("xdotool", "mousedown", str(button))
+
+    def release(self, button=1):
+        self.run("xdotool", "mouseup", str(button))
+
+    def drag(self, start, by, button=1):
+        """In steps, as a hand does: the window manager takes the pointer over in between."""
+        x, y = start
+        self.point_at(x, y)
+        self.press(button)
+        for step in range(1, 6):
+            self.point_at(x + by[0] * step // 5, y + by[1] * step // 5)
+        self.release(button)
+
+    def drag_until(self, window, start, by, expected, button=1):
+        """The window manager takes the pointer over when it gets around to it: the button is held until the window has followed."""
+        x, y = start
+        self.point_at(x, y)
+        self.press(button)
+        try:
+            def arrives():
+                self.point_at(x + by[0] - 1, y + by[1])
+                self.point_at(x + by[0], y + by[1])
+                return self.geometry(window) == expected
+            wait_for(arrives, f"{expected} after a drag", 20)
+        finally:
+            self.release(button)
+            if button != 1: # Qt names the left button to the window manager, whose move ends with a release of that one
+                self.run("xdotool", "click", "1")
+
+    def double_click(self, at, done):
+        """As a hand does it, whose press lasts: the window manager, asked to move the window, awaits the release. On a busy machine
+        it may ask for the pointer too late for that, and is then freed by one more click, and the double click done again."""
+        press = ("mousedown", "1", "sleep", "0.12", "mouseup", "1")
+        for _ in range(20):
+            self.point_at(*at)
+            self.run("xdotool", *press, "sleep", "0.03", *press)
+            try:
+                return wait_for(done, "the double click's answer", 3)
+            except AssertionError:
+                self.click(*at)
+        raise AssertionError("no double click was answered")
 
     def keys(self, *names):
         self.run("xdotool", "key", "--clearmodifiers", *names)

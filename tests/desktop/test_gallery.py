@@ -17,6 +17,7 @@ def token(table, name):
         return re.search(rf"^{re.escape(name)} *= *(#\w{{6}})", file.read(), re.MULTILINE).group(1).lower()
 
 
+SCREEN = (2720, 900)
 LIGHT_GROUND = token("light", "bg/bg_bottom")
 DARK_GROUND = token("dark", "bg/bg_bottom")
 
@@ -24,7 +25,7 @@ DARK_GROUND = token("dark", "bg/bg_bottom")
 class GalleryTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop(2720, 900) # room for two galleries side by side
+        cls.desktop = Desktop(*SCREEN) # room for two galleries side by side
         cls.addClassCleanup(cls.desktop.close)
 
     def start(self, *arguments):
@@ -126,6 +127,35 @@ class GalleryTest(unittest.TestCase):
                 file.write(with_ground(color))
             os.replace(path + ".new", path)
             self.wait_for_ground(gallery, color)
+
+    def test_the_title_row_moves_maximises_and_restores_the_window(self):
+        gallery = self.start()
+        x, y, width, height = self.desktop.geometry(gallery.window)
+        moved = (x + 90, y + 20, width, height)
+        self.desktop.drag_until(gallery.window, gallery.centre_of("m_titleFrame"), (90, 20), moved)
+        screen = (0, 0, *SCREEN)
+        self.desktop.double_click(gallery.centre_of("m_titleLabel"), lambda: self.desktop.geometry(gallery.window) == screen)
+        # What fills the screen has no outline.
+        title_row = token("light", "bg/bg_box")
+        wait_for(lambda: self.desktop.pixel(0, 10) == title_row, "the title row in the corner of the screen")
+        self.desktop.double_click((60, 20), lambda: self.desktop.geometry(gallery.window) == moved)
+        wait_for(lambda: self.desktop.pixel(moved[0], moved[1] + 10) not in (title_row, "#000000"), "the outline")
+
+    def test_the_title_buttons_minimise_and_close_the_window(self):
+        gallery = self.start()
+        gallery.click("m_minButton")
+        wait_for(lambda: gallery.window not in self.desktop.windows_of(gallery.process), "the window to be minimised")
+        self.desktop.run("xdotool", "windowactivate", gallery.window)
+        gallery.wait_until_active()
+        gallery.click("m_closeButton")
+        self.assertEqual(gallery.wait_for_end(), 0)
+
+    def test_the_grip_resizes_the_window(self):
+        gallery = self.start()
+        x, y, width, height = self.desktop.geometry(gallery.window)
+        corner = (x + width - 6, y + height - 6)
+        self.desktop.drag_until(gallery.window, corner, (-80, -60), (x, y, width - 80, height - 60))
+        self.wait_for_ground(gallery, LIGHT_GROUND)
 
     def test_control_q_quits(self):
         gallery = self.start()

@@ -79,7 +79,7 @@ class WindowsTest(unittest.TestCase):
         cls.addClassCleanup(cls.desktop.close)
 
     def show(self, kind):
-        self.point_at(1270, 890) # off all windows
+        self.desktop.point_at(1270, 890) # off all windows
         stage = Stage(self.desktop, kind)
         self.addCleanup(self.finish, stage)
         return stage
@@ -90,59 +90,10 @@ class WindowsTest(unittest.TestCase):
             stage.process.wait(TIMEOUT)
         self.assertEqual(stage.complaints(), [])
 
-    def point_at(self, x, y):
-        # Not "--sync", which waits for ever if the mouse is there already.
-        self.desktop.run("xdotool", "mousemove", str(x), str(y))
-
-    def press(self, button=1):
-        self.desktop.run("xdotool", "mousedown", str(button))
-
-    def release(self, button=1):
-        self.desktop.run("xdotool", "mouseup", str(button))
-
-    def drag(self, start, by, button=1):
-        """In steps, as a hand does: the window manager takes the pointer over in between."""
-        x, y = start
-        self.point_at(x, y)
-        self.press(button)
-        for step in range(1, 6):
-            self.point_at(x + by[0] * step // 5, y + by[1] * step // 5)
-        self.release(button)
-
     def drag_until(self, stage, start, by, expected, button=1):
-        """The window manager takes the pointer over when it gets around to it: the button is held until the window has followed."""
-        x, y = start
-        self.point_at(x, y)
-        self.press(button)
-        try:
-            def arrives():
-                self.point_at(x + by[0] - 1, y + by[1])
-                self.point_at(x + by[0], y + by[1])
-                return self.desktop.geometry(stage.window) == expected
-            wait_for(arrives, f"{expected} after a drag", 20)
-        finally:
-            self.release(button)
-            if button != 1: # Qt names the left button to the window manager, whose move ends with a release of that one
-                self.desktop.run("xdotool", "click", "1")
-        # Only now does the window manager tell the program.
+        self.desktop.drag_until(stage.window, start, by, expected, button)
+        # Only when all is over the window manager tells the program.
         wait_for(lambda: stage.geometry == expected, f"the program to know of {expected}", 20)
-
-    def click(self, at, button=1):
-        self.point_at(*at)
-        self.desktop.run("xdotool", "click", str(button))
-
-    def double_click(self, at, done):
-        """As a hand does it, whose press lasts: the window manager, asked to move the window, awaits the release. On a busy machine
-        it may ask for the pointer too late for that, and is then freed by one more click, and the double click done again."""
-        press = ("mousedown", "1", "sleep", "0.12", "mouseup", "1")
-        for _ in range(20):
-            self.point_at(*at)
-            self.desktop.run("xdotool", *press, "sleep", "0.03", *press)
-            try:
-                return wait_for(done, "the double click's answer", 3)
-            except AssertionError:
-                self.click(at)
-        raise AssertionError("no double click was answered")
 
     def check_title_row_moves(self, kind):
         for button in (1, 2, 3):
@@ -155,7 +106,7 @@ class WindowsTest(unittest.TestCase):
                 # Nothing looks hovered or pressed, and the next press works.
                 close = stage.at("m_closeButton", 3, 3)
                 self.assertEqual(self.desktop.pixel(*close), token("bg/bg_box"))
-                self.click(stage.at("pushMe"))
+                self.desktop.click(*stage.at("pushMe"))
                 wait_for(lambda: "clicked" in stage.said, "the click after a move")
                 self.finish(stage)
 
@@ -170,9 +121,9 @@ class WindowsTest(unittest.TestCase):
         x, y, width, height = stage.geometry
         self.drag_until(stage, stage.at("m_titleFrame"), (100, 50), (x + 100, y + 50, width, height))
         close = stage.at("m_closeButton", 3, 3)
-        self.point_at(*stage.at("m_closeButton"))
+        self.desktop.point_at(*stage.at("m_closeButton"))
         wait_for(lambda: self.desktop.pixel(*close) != token("bg/bg_box"), "the hover of the close button", 15)
-        self.point_at(*stage.inside(200, 200))
+        self.desktop.point_at(*stage.inside(200, 200))
         wait_for(lambda: self.desktop.pixel(*close) == token("bg/bg_box"), "the hover to go", 15)
 
     def test_a_press_on_a_title_button_moves_nothing(self):
@@ -183,8 +134,8 @@ class WindowsTest(unittest.TestCase):
             for name in names:
                 for button in (1, 2, 3):
                     with self.subTest(kind=kind, name=name, button=button):
-                        self.drag(stage.at(name), (120, 160), button) # released elsewhere, it is no click either
-                        self.point_at(*stage.inside(20, 250))
+                        self.desktop.drag(stage.at(name), (120, 160), button) # released elsewhere, it is no click either
+                        self.desktop.point_at(*stage.inside(20, 250))
                         close = stage.at(name, 3, 3)
                         wait_for(lambda: self.desktop.pixel(*close) == token("bg/bg_box"), "no pressed look", 15)
                         self.assertEqual(stage.geometry, before)
@@ -193,32 +144,32 @@ class WindowsTest(unittest.TestCase):
     def test_a_double_click_on_the_title_row_maximises_and_restores_a_window(self):
         stage = self.show("window")
         before = stage.geometry
-        self.double_click(stage.at("m_titleFrame"), lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900))
-        self.double_click(stage.at("m_titleFrame"), lambda: not stage.maximized and stage.geometry == before)
+        self.desktop.double_click(stage.at("m_titleFrame"), lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900))
+        self.desktop.double_click(stage.at("m_titleFrame"), lambda: not stage.maximized and stage.geometry == before)
 
     def test_title_buttons_of_a_window(self):
         stage = self.show("window")
         before = stage.geometry
-        self.click(stage.at("m_maxRestoreButton"))
+        self.desktop.click(*stage.at("m_maxRestoreButton"))
         wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the window to fill the screen")
-        self.click(stage.at("m_maxRestoreButton"))
+        self.desktop.click(*stage.at("m_maxRestoreButton"))
         wait_for(lambda: not stage.maximized and stage.geometry == before, "the window to be as before")
-        self.click(stage.at("m_minButton"))
+        self.desktop.click(*stage.at("m_minButton"))
         wait_for(lambda: stage.minimized, "the window to be minimised")
         self.desktop.run("xdotool", "windowactivate", stage.window)
         wait_for(lambda: not stage.minimized and stage.active, "the window to come back")
-        self.click(stage.at("m_closeButton"))
+        self.desktop.click(*stage.at("m_closeButton"))
         self.assertEqual(stage.process.wait(TIMEOUT), 0)
         self.assertEqual(stage.said, ["closed"])
 
     def test_title_buttons_of_a_dialog(self):
         stage = self.show("dialog")
         before = stage.geometry
-        self.click(stage.at("m_maxButton"))
+        self.desktop.click(*stage.at("m_maxButton"))
         wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the dialog to fill the screen")
-        self.click(stage.at("m_maxButton"))
+        self.desktop.click(*stage.at("m_maxButton"))
         wait_for(lambda: not stage.maximized and stage.geometry == before, "the dialog to be as before")
-        self.click(stage.at("m_closeButton"))
+        self.desktop.click(*stage.at("m_closeButton"))
         self.assertEqual(stage.process.wait(TIMEOUT), 0)
         self.assertEqual(stage.said, ["closed"])
 
@@ -228,10 +179,10 @@ class WindowsTest(unittest.TestCase):
             before = stage.geometry
             for at in ((0, 150), (399, 150), (399, 299), (0, 0)):
                 with self.subTest(kind=kind, at=at):
-                    self.point_at(*stage.inside(*at))
+                    self.desktop.point_at(*stage.inside(*at))
                     if at != (0, 0) or kind == "dialog": # a window's first pixel belongs to its title row, which moves it
-                        self.drag(stage.inside(*at), (40, 40))
-                    self.point_at(*stage.inside(200, 200))
+                        self.desktop.drag(stage.inside(*at), (40, 40))
+                    self.desktop.point_at(*stage.inside(200, 200))
                     self.assertEqual(stage.cursor, ARROW)
                     self.assertEqual(stage.geometry, before)
 
@@ -250,26 +201,26 @@ class WindowsTest(unittest.TestCase):
             with self.subTest(at=at):
                 stage = self.show("panel")
                 before = stage.geometry
-                self.point_at(*stage.inside(200, 100))
-                self.point_at(*stage.inside(*at))
+                self.desktop.point_at(*stage.inside(200, 100))
+                self.desktop.point_at(*stage.inside(*at))
                 wait_for(lambda: stage.cursor == cursor, f"the cursor {cursor}")
                 expected = tuple(a + b for a, b in zip(before, change))
                 self.drag_until(stage, stage.inside(*at), by, expected)
-                self.point_at(*stage.inside(200, 100))
+                self.desktop.point_at(*stage.inside(200, 100))
                 wait_for(lambda: stage.cursor == ARROW, "the cursor to be an arrow again")
-                self.click(stage.at("pushMe"))
+                self.desktop.click(*stage.at("pushMe"))
                 wait_for(lambda: "clicked" in stage.said, "the click after the resizing")
                 self.finish(stage)
 
     def test_a_press_in_a_menu_over_the_edge_chooses_and_resizes_nothing(self):
         stage = self.show("panel")
         before = stage.geometry
-        self.click(stage.at("pushMe"))
+        self.desktop.click(*stage.at("pushMe"))
         menu = wait_for(lambda: [window for window in self.desktop.windows_of(stage.process) if window != stage.window], "the menu")[0]
         x, y, width, height = wait_for(lambda: self.desktop.geometry(menu), "the menu's place")
-        self.drag((x + width - 40, y + height // 2), (20, 0))
+        self.desktop.drag((x + width - 40, y + height // 2), (20, 0))
         wait_for(lambda: stage.said == ["clicked", "chosen"], "the choice")
-        self.drag(stage.inside(200, 60), (20, 20)) # nothing has kept the mouse
+        self.desktop.drag(stage.inside(200, 60), (20, 20)) # nothing has kept the mouse
         self.assertEqual(stage.geometry, before)
 
 

@@ -178,15 +178,25 @@ int QcMultiLineText::idealWidth()
     return int(m_document->idealWidth());
 }
 
-/// The ideal width of the text in lines as long as its paragraphs, whatever width the control has.
-int QcMultiLineText::unwrappedWidth()
+/// The width of the text in lines as long as its paragraphs, whatever width the control has.
+qreal QcMultiLineText::unwrappedWidth()
 {
     const QSignalBlocker quiet(m_document->documentLayout()); // the layout comes back as it was
     const qreal width = m_document->textWidth();
     m_document->setTextWidth(-1);
-    const int unwrapped = idealWidth();
+    const qreal unwrapped = m_document->idealWidth();
     m_document->setTextWidth(width);
     return unwrapped;
+}
+
+/// Lays the text out in \a width pixels and, where that is the ideal width, in the fraction of a pixel that this leaves out:
+/// for want of it the last letter would wrap.
+void QcMultiLineText::layOut(int width)
+{
+    // Measured only where it may matter: a character takes at least a pixel.
+    const bool mayFit = !needElideText() && m_document->characterCount() <= qint64(width) * m_document->blockCount();
+    const qreal unwrapped = mayFit ? unwrappedWidth() : 0;
+    m_document->setTextWidth(int(unwrapped) == width ? unwrapped : width);
 }
 
 // --- Alignment ---
@@ -236,7 +246,7 @@ void QcMultiLineText::paintEvent(QPaintEvent *event)
 void QcMultiLineText::resizeEvent(QResizeEvent *event)
 {
     if (event->size().width() != event->oldSize().width()) {
-        m_document->setTextWidth(event->size().width());
+        layOut(event->size().width());
         updateAlignmentByLineCount();
         elideText();
     }

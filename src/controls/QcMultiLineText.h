@@ -46,7 +46,7 @@ public:
     /// Aligns by the number of lines, if setAutoAlignment() is on.
     void updateAlignmentByLineCount();
     /// The width in pixels, rounded down, that the text takes as it is laid out now; before the first show that of its
-    /// longest paragraph in one line.
+    /// longest paragraph in one line. A control made that wide shows it in one line, unless it is cut.
     int idealWidth();
 
 Q_SIGNALS:
@@ -71,7 +71,8 @@ private:
     friend class QcArrowTip;
 
     int lineCount() const;
-    int unwrappedWidth();
+    qreal unwrappedWidth();
+    void layOut(int width);
     void announceText();
     void setTextToDocument(const QString &text);
     void applyAlignment(Qt::Alignment alignment);

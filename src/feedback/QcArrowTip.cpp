@@ -151,9 +151,10 @@ void QcArrowTip::adjustWidth()
     const QMargins outer = m_outerLayout->contentsMargins();
     const int available = m_maxWidth - inner.left() - inner.right() - outer.left() - outer.right();
     // Free of the width that an earlier text left behind, so that a tip used again has the size of a fresh one.
-    const int ideal = m_textControl->unwrappedWidth();
+    const int ideal = int(m_textControl->unwrappedWidth());
     // A long text takes the maximum itself: its tip is wider by the margins.
-    m_textControl->setFixedWidth(ideal < available ? ideal : m_maxWidth);
+    m_textControl->setFixedWidth(qBound(0, ideal < available ? ideal : m_maxWidth, QWIDGETSIZE_MAX));
+    m_textControl->layOut(m_textControl->width()); // which may be that of the last text
     adjustPositionAsync();
 }
 

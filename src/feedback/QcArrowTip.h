@@ -38,7 +38,7 @@ public:
     /// The text, read as HTML as QcMultiLineText does.
     void setText(const QString &text);
     /// The width in pixels, 100 at first, from which a text wraps. A text narrower than this, less 28 pixels of margins, makes
-    /// the tip as narrow as it can be; any other is this wide, and the tip wider by the margins.
+    /// the tip as narrow as it can be; any other is this wide, and the tip wider by the margins. A negative width counts as 0.
     void setMaxWidth(int width);
     /// The colour code of the text, that of QcMultiLineText at first.
     void setTextColorParams(const QString &code);

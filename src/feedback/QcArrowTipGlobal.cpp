@@ -60,7 +60,7 @@ bool QcArrowTipGlobal::eventFilter(QObject *watched, QEvent *event)
         const auto found = m_infos.find(widget);
         if (found != m_infos.end() && type == QEvent::Enter)
             ShowTip(widget, TipInfo(found->second)); // a copy: what the tip's show causes may register anew
-        else if (found != m_infos.end() && !qt_qwidget_data(widget)->in_destructor)
+        else if (found != m_infos.end() && m_tip && !qt_qwidget_data(widget)->in_destructor)
             m_tip->hide(); // but not when a dying widget is left: its tip stays until the mouse leaves another
     }
     return QObject::eventFilter(watched, event);
@@ -68,6 +68,8 @@ bool QcArrowTipGlobal::eventFilter(QObject *watched, QEvent *event)
 
 void QcArrowTipGlobal::ShowTip(QWidget *widget, const TipInfo &info)
 {
+    if (!m_tip)
+        m_tip = new QcArrowTip; // a host deleted all top-level widgets
     m_tip->setReferenceWidget(widget);
     m_tip->setText(info.text);
     m_tip->setMaxWidth(info.maxWidth);

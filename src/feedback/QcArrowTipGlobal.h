@@ -18,7 +18,8 @@ class VELMORA_EXPORT QcArrowTipGlobal : public QObject
     Q_OBJECT
 
 public:
-    /// The one instance, made at its first use. Its tip lives to the end of the process.
+    /// The one instance, made at its first use. Its tip lives to the end of the process; a host that deletes it gets a
+    /// new one with the next hover.
     static QcArrowTipGlobal *instance();
 
     /// Gives \a widget a tip, in place of an earlier one. The widget may die registered. Null is ignored.
@@ -38,7 +39,7 @@ private:
     QcArrowTipGlobal();
     void ShowTip(QWidget *widget, const TipInfo &info);
 
-    QcArrowTip *m_tip;
+    QPointer<QcArrowTip> m_tip;
     std::unordered_map<QPointer<QWidget>, TipInfo, PointerHashFunc, PointerEqualFunc> m_infos;
 };
 

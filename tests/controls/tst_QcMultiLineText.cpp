@@ -369,6 +369,22 @@ private Q_SLOTS:
         QVERIFY(text.idealWidth() > 40);
     }
 
+    void a_control_as_wide_as_that_shows_whole_paragraphs()
+    {
+        for (const char *html : {"Back", "Bold", "ill", "Print", "<p>Print</p><p>Order 4711 now</p>", "\u05E9\u05DC\u05D5\u05DD"}) {
+            Shower shower(QSize(500, 100));
+            QcMultiLineText measured;
+            measured.setText(QString::fromUtf8(html));
+            const int ideal = measured.idealWidth();
+            shower.text.setText(QString::fromUtf8(html));
+            shower.text.resize(ideal, 100);
+            QCOMPARE(LinesOf(shower.text), DocumentOf(shower.text)->blockCount());
+            shower.text.resize(ideal - 1, 100);
+            QVERIFY(LinesOf(shower.text) > DocumentOf(shower.text)->blockCount());
+            QCOMPARE(DocumentOf(shower.text)->textWidth(), double(ideal - 1));
+        }
+    }
+
     void a_link_shows_a_hand_and_reports_its_press_data()
     {
         QTest::addColumn<QString>("html");

@@ -6,7 +6,11 @@
 
 #include <QAccessible>
 #include <QLayout>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
 
+#include <climits>
 #include <memory>
 
 using namespace Velmora;
@@ -27,6 +31,11 @@ QWidget *FrameOf(const QcArrowTip &tip)
     return tip.findChild<QWidget *>(QStringLiteral("m_contentFrame"));
 }
 
+int LinesOf(const QcArrowTip &tip)
+{
+    return tip.findChild<QTextDocument *>()->firstBlock().layout()->lineCount();
+}
+
 /// Where \a tip belongs beside \a reference.
 QPoint PlaceOf(const QcArrowTip &tip, const QWidget &reference, int direction)
 {
@@ -45,7 +54,7 @@ QPoint PlaceOf(const QcArrowTip &tip, const QWidget &reference, int direction)
     }
 }
 
-/// A shown window with something to point at.
+/// A shown window with something to point at, and a tip that does.
 struct Stage
 {
     Stage()
@@ -54,11 +63,22 @@ struct Stage
         window.setGeometry(300, 300, 200, 101);
         reference->setGeometry(20, 30, 91, 25);
         window.show();
+        tip.setReferenceWidget(reference);
         DrainEvents();
+    }
+
+    QPoint Place(int direction = 3) const { return PlaceOf(tip, *reference, direction); }
+
+    void ShowTip(const QString &text = QStringLiteral("Tip"))
+    {
+        tip.setText(text);
+        tip.show();
+        QTRY_COMPARE(tip.pos(), Place());
     }
 
     QWidget window;
     QWidget *reference;
+    QcArrowTip tip;
 };
 
 QSize SizeOf(QcArrowTip &tip)
@@ -122,31 +142,27 @@ private Q_SLOTS:
         QFETCH(int, direction);
         QFETCH(QString, text);
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
+        QcArrowTip &tip = stage.tip;
         tip.setText(text);
         tip.setTriangleDirection(QcArrowTip::TriangleDirection(direction));
         tip.show();
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        QTRY_COMPARE(tip.pos(), stage.Place(direction));
 
         stage.window.move(320, 280);
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        QTRY_COMPARE(tip.pos(), stage.Place(direction));
         stage.reference->move(40, 50);
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        QTRY_COMPARE(tip.pos(), stage.Place(direction));
         stage.reference->resize(50, 41);
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        QTRY_COMPARE(tip.pos(), stage.Place(direction));
         tip.setText(QStringLiteral("another"));
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, direction));
+        QTRY_COMPARE(tip.pos(), stage.Place(direction));
     }
 
     void bottom_is_the_default_and_an_unknown_direction_leaves_it_where_it_is()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
-        tip.setText(QStringLiteral("Tip"));
-        tip.show();
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        QcArrowTip &tip = stage.tip;
+        stage.ShowTip();
         const QPoint before = tip.pos();
         tip.setTriangleDirection(QcArrowTip::TriangleDirection(4));
         stage.window.move(100, 100);
@@ -158,18 +174,15 @@ private Q_SLOTS:
     void a_new_direction_waits_for_the_next_placement()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
-        tip.setText(QStringLiteral("Tip"));
-        tip.show();
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        QcArrowTip &tip = stage.tip;
+        stage.ShowTip();
         tip.setTriangleDirection(QcArrowTip::Top);
         QTest::qWait(20);
-        QCOMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        QCOMPARE(tip.pos(), stage.Place());
         const QPoint before = tip.pos();
         stage.window.move(310, 310);
         QCOMPARE(tip.pos(), before); // not yet: a placement is never part of the move
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 1));
+        QTRY_COMPARE(tip.pos(), stage.Place(1));
     }
 
     void it_may_leave_the_screen()
@@ -177,12 +190,11 @@ private Q_SLOTS:
         Stage stage;
         stage.window.move(0, 100);
         stage.reference->move(0, 0);
-        QcArrowTip tip;
+        QcArrowTip &tip = stage.tip;
         tip.setTriangleDirection(QcArrowTip::Right);
-        tip.setReferenceWidget(stage.reference);
         tip.setText(kLongText);
         tip.show();
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 2));
+        QTRY_COMPARE(tip.pos(), stage.Place(2));
         QVERIFY(tip.x() < -100);
     }
 
@@ -190,8 +202,7 @@ private Q_SLOTS:
     {
         Stage first;
         Stage second;
-        QcArrowTip tip;
-        tip.setReferenceWidget(first.reference);
+        QcArrowTip &tip = first.tip;
         tip.setReferenceWidget(second.reference);
         tip.setText(QStringLiteral("Tip"));
         tip.show();
@@ -208,11 +219,8 @@ private Q_SLOTS:
     void it_stays_where_it_is_when_its_reference_dies()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
-        tip.setText(QStringLiteral("Tip"));
-        tip.show();
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *stage.reference, 3));
+        QcArrowTip &tip = stage.tip;
+        stage.ShowTip();
         const QPoint before = tip.pos();
         stage.window.move(100, 100); // a placement is on its way
         delete stage.reference;
@@ -226,8 +234,7 @@ private Q_SLOTS:
     void a_short_text_makes_a_narrow_tip()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
+        QcArrowTip &tip = stage.tip;
         tip.setText(QStringLiteral("Tip"));
         QcMultiLineText reference;
         QFont font = QcStyleManager::GetDefaultFont();
@@ -239,14 +246,30 @@ private Q_SLOTS:
         QCOMPARE(size, ContentOf(tip)->size() + QSize(28, 20));
         QCOMPARE(FrameOf(tip)->geometry(), QRect(QPoint(6, 6), size - QSize(12, 12)));
         QCOMPARE(ContentOf(tip)->pos(), QPoint(8, 4));
-        QVERIFY(ContentOf(tip)->height() < 2 * QFontMetrics(font).height()); // one line
+        QCOMPARE(LinesOf(tip), 1);
+    }
+
+    void a_short_text_stays_in_one_line()
+    {
+        Stage fresh;
+        Stage used;
+        for (const char *text :
+             {"Back", "Bold", "Undo", "i", "Tips!", "Print", "Fill it", "l l l", "Words", "Wards", "Redo", "<b>Cut</b>"}) {
+            used.tip.setText(QLatin1String(text));
+            QcArrowTip tip;
+            tip.setReferenceWidget(fresh.reference);
+            tip.setText(QLatin1String(text));
+            for (QcArrowTip *each : {&tip, &used.tip}) {
+                SizeOf(*each);
+                QVERIFY2(LinesOf(*each) == 1, text);
+            }
+        }
     }
 
     void a_long_text_is_as_wide_as_the_maximum_and_the_tip_wider()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
+        QcArrowTip &tip = stage.tip;
         tip.setText(kLongText);
         QCOMPARE(SizeOf(tip).width(), 128);
         QCOMPARE(ContentOf(tip)->width(), 100);
@@ -257,8 +280,7 @@ private Q_SLOTS:
     void a_text_as_wide_as_the_room_widens_to_the_maximum()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
+        QcArrowTip &tip = stage.tip;
         tip.setMaxWidth(1000);
         tip.setText(QStringLiteral("Some words"));
         SizeOf(tip);
@@ -282,8 +304,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, hidden);
         Stage stage;
-        QcArrowTip used;
-        used.setReferenceWidget(stage.reference);
+        QcArrowTip &used = stage.tip;
         struct Content
         {
             QString text;
@@ -316,6 +337,38 @@ private Q_SLOTS:
         }
     }
 
+    void odd_widths_and_texts_are_no_trouble()
+    {
+        Stage stage;
+        QcArrowTip &tip = stage.tip;
+        for (const int width : {-1000, 0, 1, 28, 29, 16777215, INT_MAX}) {
+            tip.setMaxWidth(width);
+            tip.setText(QStringLiteral("<table><td>one <b>two <i>three</b><a href=\""));
+            QVERIFY(SizeOf(tip).width() >= 28);
+        }
+        tip.setMaxWidth(-1000);
+        QCOMPARE(SizeOf(tip).width(), 28);
+        tip.setMaxWidth(100);
+        tip.setText(QStringLiteral("word ").repeated(20000));
+        QCOMPARE(SizeOf(tip).width(), 128);
+        tip.setText(QString());
+        QCOMPARE(SizeOf(tip).width(), 28);
+    }
+
+    void the_table_may_change_and_the_reference_go_while_it_shows()
+    {
+        Stage stage;
+        connect(ContentOf(stage.tip), &QcMultiLineText::signalHeightChanged, &stage.tip, [&stage] {
+            UseTable(Table::Dark);
+            delete stage.reference;
+            stage.reference = nullptr;
+        });
+        stage.tip.setText(kLongText);
+        stage.tip.show();
+        DrainEvents();
+        QVERIFY(!stage.reference);
+    }
+
     void bubble_and_triangle_have_the_tokens_colour_data()
     {
         QTest::addColumn<int>("direction");
@@ -327,8 +380,7 @@ private Q_SLOTS:
     {
         QFETCH(int, direction);
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
+        QcArrowTip &tip = stage.tip;
         tip.setText(kLongText);
         tip.setTriangleDirection(QcArrowTip::TriangleDirection(direction));
         tip.show();
@@ -359,8 +411,7 @@ private Q_SLOTS:
     void text_has_its_token()
     {
         Stage stage;
-        QcArrowTip tip;
-        tip.setReferenceWidget(stage.reference);
+        QcArrowTip &tip = stage.tip;
         tip.setMaxWidth(400);
         tip.setText(QStringLiteral("<span style=\"font-size:60px;font-weight:bold\">I</span>"));
         tip.setTextColorParams(QStringLiteral("tip/danger"));

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <random>
+#include <utility>
 
 namespace Velmora {
 
@@ -10,6 +12,8 @@ namespace {
 constexpr int kShortRow = 64;
 constexpr int kLongestRowLookedThrough = 256;
 constexpr int kMostAttributes = 1000;
+constexpr int kMostAttributesOfLightCell = 8; // programs write up to six
+constexpr std::size_t kLongestReference = 1000;
 constexpr int kMostChildrenOfCell = 1000;
 constexpr int kRelationshipIdPrefix = 3; // "rId"
 
@@ -33,6 +37,12 @@ bool HasMoreAttributesThan(const pugi::xml_node &node, int count)
     for (pugi::xml_attribute attribute = node.first_attribute(); attribute && steps <= count; attribute = attribute.next_attribute())
         ++steps;
     return steps > count;
+}
+
+/// True if the element's place among its siblings takes long to read.
+bool HasLongReference(const pugi::xml_node &node)
+{
+    return strnlen(node.attribute("r").value(), kLongestReference + 1) > kLongestReference;
 }
 
 bool IsOrdinaryElement(const pugi::xml_node &node, bool isLookedInto)
@@ -71,8 +81,10 @@ SheetDocument::Index &SheetDocument::TheIndex()
         const auto is = [name](const char *other) { return std::strcmp(name, other) == 0; };
         const bool isCell = name[0] == 'c' && name[1] == '\0';
         const bool isValidation = name[0] == 'd' && is("dataValidation");
-        index.isOrdinary = index.isOrdinary && IsOrdinaryElement(node, isCell || isValidation);
+        index.isOrdinary = index.isOrdinary && IsOrdinaryElement(node, isCell || isValidation) && !HasLongReference(node);
         if (isCell) {
+            if (HasMoreAttributesThan(node, kMostAttributesOfLightCell))
+                index.cellsAreLight = index.cellsLieInTheirRows = false;
             const char *position = node.attribute("r").value();
             if (*position && (node.parent() != row || std::strcmp(RowOf(position), rowNumber) != 0))
                 index.cellsLieInTheirRows = false;
@@ -152,31 +164,38 @@ pugi::xml_node SheetDocument::MakeRow(int row)
     return made;
 }
 
-pugi::xml_node SheetDocument::MakeCellInRow(pugi::xml_node row, const std::string &position)
+RisingSiblings<std::string> &SheetDocument::RisingCells(const pugi::xml_node &row)
+{
+    const auto [place, isNew] = TheIndex().risingCells.try_emplace(row.hash_value());
+    if (isNew) {
+        for (const pugi::xml_node &cell : row.children("c"))
+            place->second.Append(cell.attribute("r").value(), cell);
+    }
+    return place->second;
+}
+
+pugi::xml_node SheetDocument::MakeCellInRow(pugi::xml_node row, const char *position)
 {
     // A short row is looked through anew each time; what would cost with every cell of a long one is done once.
-    RisingSiblings<std::string> ofShortRow;
-    RisingSiblings<std::string> *cells = &ofShortRow;
-    bool known = false;
-    if (HasMoreChildrenThan(row, kShortRow)) {
-        const auto [place, isNew] = TheIndex().cellsOfLongRows.try_emplace(row.hash_value());
-        cells = &place->second;
-        known = !isNew;
+    if (!TheIndex().cellsAreLight || HasMoreChildrenThan(row, kShortRow)) {
+        RisingSiblings<std::string> &cells = RisingCells(row);
+        pugi::xml_node made;
+        if (cells.IsEmpty() || std::strcmp(position, row.last_child().attribute("r").value()) > 0) {
+            made = row.append_child("c");
+            cells.Append(position, made);
+        } else if (const pugi::xml_node above = cells.FirstAbove(position)) {
+            made = row.insert_child_before("c", above);
+            cells.Insert(position, made);
+        }
+        return made;
     }
-    if (!known) {
-        for (const pugi::xml_node &cell : row.children("c"))
-            cells->Append(cell.attribute("r").value(), cell);
+    if (!row.child("c") || std::strcmp(position, row.last_child().attribute("r").value()) > 0)
+        return row.append_child("c");
+    for (const pugi::xml_node &cell : row.children("c")) {
+        if (std::strcmp(cell.attribute("r").value(), position) > 0)
+            return row.insert_child_before("c", cell);
     }
-
-    pugi::xml_node made;
-    if (cells->IsEmpty() || position > row.last_child().attribute("r").value()) {
-        made = row.append_child("c");
-        cells->Append(position, made);
-    } else if (const pugi::xml_node above = cells->FirstAbove(position)) {
-        made = row.insert_child_before("c", above);
-        cells->Insert(position, made);
-    }
-    return made;
+    return pugi::xml_node();
 }
 
 pugi::xml_node SheetDocument::MakeCell(int row, const QByteArray &position)
@@ -187,7 +206,7 @@ pugi::xml_node SheetDocument::MakeCell(int row, const QByteArray &position)
         parent = MakeRow(row);
     pugi::xml_node made;
     if (parent)
-        made = MakeCellInRow(parent, position.toStdString());
+        made = MakeCellInRow(parent, position.constData());
     if (made) {
         made.append_attribute("r").set_value(position.constData());
         made.append_child("v");
@@ -421,9 +440,41 @@ std::vector<pugi::xml_node> DrawingDocument::PicturesNamed(const QByteArray &nam
 
 // --- Free functions ---
 
+std::size_t KeyedHash(std::string_view text)
+{
+    // A polynomial at two secret places, over the integers modulo a prime: two texts meet for few of the places.
+    constexpr quint64 kPrime = 0x7fffffff;
+    static const std::pair<quint64, quint64> places = [] {
+        std::random_device random;
+        return std::pair<quint64, quint64>(1 + random() % (kPrime - 1), 1 + random() % (kPrime - 1));
+    }();
+    const auto reduced = [](quint64 product) { return (product & kPrime) + (product >> 31); };
+    quint64 first = 1;
+    quint64 second = 1;
+    for (const char c : text) {
+        const quint64 digit = quint64(uchar(c)) + 1;
+        first = reduced((first + digit) * places.first);
+        second = reduced((second + digit) * places.second);
+    }
+    // Neighbours are spread, as probing wants it.
+    quint64 hash = (first << 32) ^ second;
+    hash = (hash ^ (hash >> 31)) * 0x9e3779b97f4a7c15U;
+    return std::size_t(hash ^ (hash >> 29));
+}
+
 int RelationshipNumber(const char *id)
 {
     return TextOf(id).mid(kRelationshipIdPrefix).toInt();
+}
+
+bool TakeText(const char *utf8, qint64 copies, qint64 &bytesLeft)
+{
+    const std::size_t most = std::size_t(bytesLeft / std::max<qint64>(1, copies));
+    const std::size_t size = strnlen(utf8, most + 1);
+    if (size > most)
+        return false;
+    bytesLeft -= qint64(size) * copies;
+    return true;
 }
 
 bool IsOrdinary(const pugi::xml_document &document)

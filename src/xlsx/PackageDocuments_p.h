@@ -15,6 +15,9 @@
 
 namespace Velmora {
 
+/// A hash with a key of this process, so that no file can hold texts that all meet in one slot.
+std::size_t KeyedHash(std::string_view text);
+
 /// Items found by a text that each of them holds: of several with one text, the first that came in. An item converts to bool, a
 /// default one to false, and \a Text gives its text. Open addressing over bare items, because a sheet has one for every cell.
 template <typename Item, typename Text>
@@ -45,7 +48,7 @@ private:
     std::size_t SlotOf(std::string_view text) const
     {
         const std::size_t mask = m_slots.size() - 1;
-        std::size_t slot = std::hash<std::string_view>()(text) & mask;
+        std::size_t slot = KeyedHash(text) & mask;
         while (m_slots[slot] && m_text(m_slots[slot]) != text)
             slot = (slot + 1) & mask;
         return slot;
@@ -137,10 +140,11 @@ public:
 
 private:
     /// In a sheet as programs write it, the digits at the end of a cell's reference name its row, and a cell is found by looking through
-    /// that row. In any other all cells are indexed, which takes a slot for each.
+    /// that row. In any other all cells are indexed, which takes a slot for each: no file may choose rows that take long to look through.
     struct Index
     {
         bool isOrdinary = true;
+        bool cellsAreLight = true; ///< none has so many attributes that looking through a row takes long
         bool cellsLieInTheirRows = true;
         NodesByAttribute cells{"r"}; ///< empty if they lie in their rows
         NodesByAttribute rows{"r"};
@@ -149,15 +153,16 @@ private:
         pugi::xml_node dataValidations;
         pugi::xml_node worksheet;
         pugi::xml_node pageMargins;
-        std::unique_ptr<RisingSiblings<int>> risingRows; ///< made with the first new row
-        std::unordered_map<std::size_t, RisingSiblings<std::string>> cellsOfLongRows;
+        std::unique_ptr<RisingSiblings<int>> risingRows;                          ///< made with the first new row
+        std::unordered_map<std::size_t, RisingSiblings<std::string>> risingCells; ///< of the rows that are not looked through
     };
 
     Index &TheIndex();
     void IndexAllCells();
     RisingSiblings<int> &RisingRows();
     pugi::xml_node MakeRow(int row);
-    pugi::xml_node MakeCellInRow(pugi::xml_node row, const std::string &position);
+    RisingSiblings<std::string> &RisingCells(const pugi::xml_node &row);
+    pugi::xml_node MakeCellInRow(pugi::xml_node row, const char *position);
 
     std::unique_ptr<Index> m_index;
 };
@@ -275,8 +280,12 @@ int RelationshipNumber(const char *id);
 /// A text of a document, which pugixml holds as UTF-8.
 QString TextOf(const char *utf8);
 
+/// Takes \a copies of a text from what may still be read; false, and nothing taken, if it is more than that.
+bool TakeText(const char *utf8, qint64 copies, qint64 &bytesLeft);
+
 /// True if no element has so many attributes or children that looking one of them up costs more than it may: more than 1,000
-/// attributes, or as many children of a cell or a validation. No program writes such parts.
+/// attributes, or as many children of a cell or a validation; in a sheet, nor a reference of more than 1,000 bytes. No program
+/// writes such parts.
 bool IsOrdinary(const pugi::xml_document &document);
 bool IsOrdinary(SheetDocument &document);
 

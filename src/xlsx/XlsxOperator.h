@@ -29,7 +29,9 @@ namespace Velmora {
 ///
 /// A template numbers its worksheet relationships from rId1 in the order of the sheet files. Limits: columns A to ZZ in ranges;
 /// 1,048,576 cells in one name and 2,097,152 in all names, a reference beyond which is passed over with a warning; 256 MiB of
-/// parts that are parsed, and 1,000 attributes of an element and children of a cell, beyond which load() fails.
+/// text in all elements, a formula or a list counted for each of its cells, beyond which an element reads as nothing, with a
+/// warning; 256 MiB of parts that are parsed, and 1,000 attributes of an element, children of a cell and bytes of a cell's or a
+/// row's reference, beyond which load() fails.
 class VELMORA_EXPORT XlsxOperator
 {
 public:
@@ -131,6 +133,7 @@ private:
 
     // Cells
     QVariant getCellValueFromDocument(const QString &name);
+    bool takeTextOfCells(const QString &name, qint64 &bytesLeft);
     QVariant getCellValueFromNode(const pugi::xml_node &node);
     void getCNodesFromSheetDocument(QList<pugi::xml_node> &nodes, const QString &name, bool create);
     void getCNodeFromSheetDocument(pugi::xml_node &node, const CellPosInfo &info, bool create);
@@ -146,6 +149,7 @@ private:
 
     // Pictures
     QVariant getDrawingValueFromDocument(const QString &name);
+    bool takeTextOfPicture(const QString &name, qint64 &bytesLeft);
     void getRelationshipNodesFromDrawingRelsDocument(QList<pugi::xml_node> &nodes, const QString &name);
     void getRelationshipNodeFromDrawingRelsDocument(pugi::xml_node &node, const DrawingIDInfo &info, const QString &target);
     QString getMediaRelationshipPath(const QString &path);

@@ -4,6 +4,8 @@
 
 #include <QDebug>
 
+#include <optional>
+
 namespace Velmora {
 
 namespace {
@@ -91,6 +93,27 @@ QVariant XlsxOperator::getCellValueFromNode(const pugi::xml_node &node)
     return shared ? QVariant(TextOf(shared)) : QVariant();
 }
 
+bool XlsxOperator::takeTextOfCells(const QString &name, qint64 &bytesLeft)
+{
+    const QList<CellPosInfo> infos = m_cellNameToPosInfosHash.value(name);
+    const CellPosInfo first = infos.value(0);
+    pugi::xml_node cell;
+    getCNodeFromSheetDocument(cell, first, false);
+    const char *content = cell.child("v").text().get();
+    if (!TakeText(content, 1, bytesLeft))
+        return false;
+    if (m_pSharedStringsDocument && qstrcmp(cell.attribute("t").value(), "s") == 0) {
+        const char *text = static_cast<SharedStringsDocument &>(*m_pSharedStringsDocument).TextAt(TextOf(content).toInt());
+        // Every cell gets a formula of its own, but all the same string.
+        if (text && !TakeText(text, isFormula(QString(QLatin1Char(*text))) ? infos.size() : 1, bytesLeft))
+            return false;
+    }
+    pugi::xml_node validation;
+    if (SheetOf(m_sheetDocuments, first))
+        getDataValidationNodeFromSheetDocument(validation, first, false);
+    return !validation || TakeText(validation.child("formula1").text().get(), infos.size(), bytesLeft);
+}
+
 void XlsxOperator::getCNodesFromSheetDocument(QList<pugi::xml_node> &nodes, const QString &name, bool create)
 {
     const QList<CellPosInfo> infos = m_cellNameToPosInfosHash[name];
@@ -131,6 +154,8 @@ void XlsxOperator::saveCellsValue(const QString &name, const QVariant &value)
     const bool isText = content.type() == QVariant::String;
     const QString text = isText ? content.toString() : QString();
     const bool isFormulaText = isText && isFormula(text);
+    const QByteArray formula = isFormulaText ? text.toUtf8() : QByteArray();
+    std::optional<int> sharedString; // looked up with the first cell that takes it
     for (pugi::xml_node &cell : cells) {
         if (!cell)
             continue;
@@ -139,13 +164,15 @@ void XlsxOperator::saveCellsValue(const QString &name, const QVariant &value)
             // Every number converts to an integer, and so a fraction is rounded.
             EnsureChild(cell, "v").text().set(content.toLongLong());
         } else if (isFormulaText) {
-            EnsureChild(cell, "f").text().set(text.toUtf8().constData());
+            EnsureChild(cell, "f").text().set(formula.constData());
         } else if (isText) {
+            if (!sharedString || *sharedString < 0)
+                sharedString = getSiNodeIndexFromSharedStringsDocument(text);
             pugi::xml_attribute type = cell.attribute("t");
             if (!type)
                 type = cell.append_attribute("t");
             type.set_value("s");
-            EnsureChild(cell, "v").text().set(getSiNodeIndexFromSharedStringsDocument(text));
+            EnsureChild(cell, "v").text().set(*sharedString);
         }
     }
 }
@@ -165,7 +192,7 @@ bool XlsxOperator::isFormula(const QString &text)
     int letters = 0;
     while (letters < text.size() && isLetter(text.at(letters)))
         ++letters;
-    if (letters == 0)
+    if (letters == 0 || !text.isValidUtf16()) // an expression matches no text that is none
         return false;
     if (isOneLine(letters))
         return true;

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QRegularExpressionMatch>
 
+#include <map>
+
 namespace Velmora {
 
 namespace {
@@ -18,6 +20,12 @@ constexpr qint64 kMostPositionsOfOneName = 1048576;
 constexpr qint64 kMostPositions = 2 * kMostPositionsOfOneName;
 /// A parsed part takes up to twenty times its size in memory, so less is parsed than may be unpacked.
 constexpr qint64 kMostParsedBytes = 256LL * 1024 * 1024;
+
+/// What the values of all elements hold, counted as often as save() writes it: else a few names of one long text, or one name that spans
+/// cells, would make of a small package whatever its author likes.
+constexpr qint64 kMostTextOfElements = 256LL * 1024 * 1024;
+/// Names of one hash, which QHash finds one by one. Its seed does not part names that an author made to meet.
+constexpr int kMostNamesOfOneHash = 1000;
 
 /// Reads the part at \a path; null, with a warning, if it cannot be read whole. \a bytesLeft is how much may still be parsed.
 template <typename DocumentType>
@@ -103,6 +111,17 @@ private:
     qint64 m_ofAll = 0;
 };
 
+/// Tells names that QHash would search for long.
+class NameCount
+{
+public:
+    /// False for one too many.
+    bool Take(const QString &name) { return ++m_names[qHash(name, uint(qGlobalQHashSeed()))] <= kMostNamesOfOneHash; }
+
+private:
+    std::map<uint, int> m_names;
+};
+
 void WarnOfTooManyCells(const QString &reference)
 {
     qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
@@ -175,6 +194,7 @@ bool XlsxOperator::loadDocumentsFromXmls()
 void XlsxOperator::loadCellNameToPosInfosHash()
 {
     PositionCount count;
+    NameCount names;
     for (const pugi::xml_node &node : static_cast<WorkbookDocument &>(*m_pWorkbookDocument).DefinedNames()) {
         const QString name = TextOf(node.attribute("name").value());
         if (!m_elementNameFilterRegExp.match(name).hasMatch())
@@ -193,24 +213,29 @@ void XlsxOperator::loadCellNameToPosInfosHash()
                 break;
             }
 
-            const QStringList pieces = reference.split(QLatin1Char('!'));
-            if (pieces.size() != 2) {
+            if (reference.count(QLatin1Char('!')) != 1) {
                 qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
                            << "posSubStringList.size() != 2, " << reference;
                 count.Take(0);
                 continue;
             }
-            const QStringList corners = pieces.at(1).split(QLatin1Char(':'));
-            if (corners.size() > 2) {
+            const QStringList pieces = reference.split(QLatin1Char('!'));
+            if (pieces.at(1).count(QLatin1Char(':')) > 1) {
                 count.Take(0);
                 continue;
             }
+            const QStringList corners = pieces.at(1).split(QLatin1Char(':'));
             const bool isCell = corners.size() == 1;
             const QPair<int, QString> first = getRowColFromDollarPos(corners.first());
             const QPair<int, QString> last = isCell ? first : getRowColFromDollarPos(corners.last());
             const QStringList columns = isCell ? QStringList(first.second) : getColumnNames(first.second, last.second);
 
             const qint64 cells = qMax<qint64>(0, qint64(last.first) - first.first + 1) * columns.size();
+            if (cells > 0 && !m_cellNameToPosInfosHash.contains(name) && !names.Take(name)) {
+                qWarning() << "XlsxOperator::loadCellNameToPosInfosHash: "
+                           << "too many names of one hash, " << name;
+                break;
+            }
             if (!count.Take(cells))
                 WarnOfTooManyCells(reference);
             else if (cells > 0)
@@ -239,12 +264,18 @@ void XlsxOperator::appendPositions(QList<CellPosInfo> &infos, const QString &she
 
 void XlsxOperator::loadDrawingNameToIDInfosHash()
 {
+    NameCount names;
     for (int i = 0; i < m_drawingDocuments.size(); ++i) {
         auto &drawing = static_cast<DrawingDocument &>(*m_drawingDocuments.at(i));
         for (const pugi::xml_node &picture : drawing.Pictures()) {
             const QString name = TextOf(DrawingDocument::NameOf(picture).constData());
             if (!m_elementNameFilterRegExp.match(name).hasMatch())
                 continue;
+            if (!m_drawingNameToIDInfosHash.contains(name) && !names.Take(name)) {
+                qWarning() << "XlsxOperator::loadDrawingNameToIDInfosHash: "
+                           << "too many names of one hash, " << name;
+                continue;
+            }
             DrawingIDInfo info;
             info.drawingIndex = i;
             info.relationshipId = TextOf(DrawingDocument::ImageOf(picture).attribute("r:embed").value());
@@ -255,13 +286,26 @@ void XlsxOperator::loadDrawingNameToIDInfosHash()
 
 void XlsxOperator::loadElementsValueFromDocuments()
 {
+    qint64 bytesLeft = kMostTextOfElements;
+    const auto warnOfTooMuchText = [](const QString &name) {
+        qWarning() << "XlsxOperator::loadElementsValueFromDocuments: "
+                   << "too much text, " << name;
+    };
     const QStringList cellNames = m_cellNameToPosInfosHash.keys();
-    for (const QString &name : cellNames)
-        m_elementsNameToValueHash[name] = getCellValueFromDocument(name);
+    for (const QString &name : cellNames) {
+        const bool fits = takeTextOfCells(name, bytesLeft);
+        if (!fits)
+            warnOfTooMuchText(name);
+        m_elementsNameToValueHash[name] = fits ? getCellValueFromDocument(name) : QVariant();
+    }
     // A name of both kinds ends as a picture.
     const QStringList drawingNames = m_drawingNameToIDInfosHash.keys();
-    for (const QString &name : drawingNames)
-        m_elementsNameToValueHash[name] = getDrawingValueFromDocument(name);
+    for (const QString &name : drawingNames) {
+        const bool fits = takeTextOfPicture(name, bytesLeft);
+        if (!fits)
+            warnOfTooMuchText(name);
+        m_elementsNameToValueHash[name] = fits ? getDrawingValueFromDocument(name) : QVariant();
+    }
 }
 
 void XlsxOperator::generateColumnNames()
@@ -283,12 +327,12 @@ QStringList XlsxOperator::getColumnNames(const QString &first, const QString &la
 
 QPair<int, QString> XlsxOperator::getRowColFromDollarPos(const QString &position)
 {
-    const QStringList pieces = position.split(QLatin1Char('$'));
-    if (pieces.size() != 3) {
+    if (position.count(QLatin1Char('$')) != 2) {
         qWarning() << "XlsxOperator::getRowColFromDollarPos: "
                    << "posSubSubStringList.size() != 3, " << position;
         return {0, QString()}; // names no cell
     }
+    const QStringList pieces = position.split(QLatin1Char('$'));
     return {pieces.at(2).toInt(), pieces.at(1)};
 }
 

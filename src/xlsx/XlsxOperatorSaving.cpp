@@ -114,6 +114,13 @@ QVariant XlsxOperator::getDrawingValueFromDocument(const QString &name)
     return QVariant::fromValue(info);
 }
 
+bool XlsxOperator::takeTextOfPicture(const QString &name, qint64 &bytesLeft)
+{
+    pugi::xml_node node;
+    getRelationshipNodeFromDrawingRelsDocument(node, m_drawingNameToIDInfosHash.value(name).value(0), QString());
+    return TakeText(node.attribute("Target").value(), 1, bytesLeft);
+}
+
 void XlsxOperator::getRelationshipNodesFromDrawingRelsDocument(QList<pugi::xml_node> &nodes, const QString &name)
 {
     const QList<DrawingIDInfo> infos = m_drawingNameToIDInfosHash[name];

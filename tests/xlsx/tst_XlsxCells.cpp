@@ -197,7 +197,7 @@ private Q_SLOTS:
         }
         texts << QStringLiteral("=SUM(A1)") << QStringLiteral("SUM(\n)\n") << QStringLiteral("SUM(\n))\nx") << QStringLiteral("LOG10(\n)")
               << QStringLiteral("a\r\nb") << QStringLiteral("a\rb") << QStringLiteral("a\u2028b") << QStringLiteral("a\vb")
-              << QStringLiteral("a\fb") << QStringLiteral("\u0410") << QStringLiteral("SUM((\n)\n");
+              << QStringLiteral("a\fb") << QStringLiteral("\u0410") << QStringLiteral("SUM((\n)\n") << QStringLiteral("a") + QChar(0xd800);
 
         QByteArray names;
         for (int i = 0; i < texts.size(); ++i)

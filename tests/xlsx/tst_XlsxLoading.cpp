@@ -63,6 +63,51 @@ class tst_XlsxLoading : public XlsxTestCase
             QStringLiteral("XlsxOperator::getDataValidationNodeFromSheetDocument:  pSheetDocument is nullptr,  \"%1\"").arg(position));
     }
 
+    /// Different names of one length on which qHash() agrees, whether or not it takes the processor's checksum instruction.
+    static QList<QByteArray> NamesOfOneHash(int count)
+    {
+        constexpr int kLetters = 64;
+        const auto nameOf = [](quint64 bits) {
+            QByteArray name(kLetters, 'a');
+            for (int i = 0; i < kLetters; ++i)
+                name[i] = (bits >> i & 1U) != 0 ? 'q' : 'a'; // one bit apart
+            return name;
+        };
+        const auto hashOf = [](const QByteArray &name) { return qHash(QString::fromLatin1(name), uint(qGlobalQHashSeed())); };
+        // A checksum is linear: by elimination, sets of letters that may change at once without changing it.
+        QVector<QPair<uint, quint64>> basis;
+        QVector<quint64> free;
+        for (int i = 0; i < kLetters; ++i) {
+            quint64 bits = quint64(1) << i;
+            uint difference = hashOf(nameOf(bits)) ^ hashOf(nameOf(0));
+            for (const QPair<uint, quint64> &known : qAsConst(basis)) {
+                if ((difference ^ known.first) < difference) {
+                    difference ^= known.first;
+                    bits ^= known.second;
+                }
+            }
+            if (difference != 0)
+                basis.append({difference, bits});
+            else
+                free.append(bits);
+            std::sort(basis.begin(), basis.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+        }
+        const bool isLinear = free.size() >= 12 && hashOf(nameOf(free.at(0) ^ free.at(1) ^ free.at(2))) == hashOf(nameOf(0));
+        QList<QByteArray> names;
+        for (int n = 0; n < count; ++n) {
+            quint64 bits = 0;
+            QByteArray pairs;
+            for (int i = 0; i < 12; ++i) {
+                bits ^= isLinear && (n >> i & 1) != 0 ? free.at(i) : 0;
+                pairs += (n >> i & 1) != 0 ? "Aa" : "BB"; // 31 * first + second is the same
+            }
+            const QByteArray name = isLinear ? nameOf(bits) : pairs;
+            if (names.isEmpty() || hashOf(name) == hashOf(names.first()))
+                names.append(name);
+        }
+        return names;
+    }
+
 private Q_SLOTS:
     // --- What is missing is added ---
 
@@ -642,6 +687,11 @@ private Q_SLOTS:
         QTest::newRow("1,000 children") << QByteArray("<row r=\"1\"><c r=\"A1\">" + children + "</c></row>") << true;
         QTest::newRow("1,001 children") << QByteArray("<row r=\"1\"><c r=\"A1\"><v/>" + children + "</c></row>") << false;
         QTest::newRow("1,001 children of a row") << QByteArray("<row r=\"1\"><v/>" + children + "</row>") << true;
+        const QByteArray zeros(999, '0');
+        QTest::newRow("1,000 bytes of a row's number") << QByteArray("<row r=\"" + zeros + "1\"/>") << true;
+        QTest::newRow("1,001 bytes of a row's number") << QByteArray("<row r=\"" + zeros + "01\"/>") << false;
+        QTest::newRow("1,001 bytes of a cell's reference") << QByteArray("<row r=\"1\"><c r=\"A" + zeros + "1\"/></row>") << false;
+        QTest::newRow("1,001 bytes behind the rows") << QByteArray("<row r=\"1\"/><x r=\"" + zeros + "01\"/>") << false;
         QTest::newRow("1,001 children of a validation") << QByteArray("<dataValidation><v/>" + children + "</dataValidation>") << false;
     }
     void elements_no_program_writes_end_the_load()
@@ -671,6 +721,69 @@ private Q_SLOTS:
             op.setCellsDropDownInfo(QStringLiteral("N%1").arg(i), {i, {}});
         QVERIFY(op.save());
         QCOMPARE(Output().value(kSheet1).count("<c "), 40001);
+    }
+
+    /// Each cell of a name gets a formula and a list of its own, all of them share a string: a small package must not choose how much
+    /// is written.
+    void a_text_for_more_cells_than_it_may_have_reads_as_nothing()
+    {
+        const QByteArray text(3000, 'x');
+        const QByteArray list = "<dataValidations><dataValidation type=\"list\" sqref=\"C1\"><formula1>" + text
+            + "</formula1></dataValidation></dataValidations><pageMargins/>";
+        Template source;
+        source.Strings({"<si><t>" + text + "</t></si>", "<si><t>5" + text + "</t></si>"})
+            .Sheet(1, "<row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"B1\" t=\"s\"><v>1</v></c><c r=\"C1\"><v>1</v></c></row>", list)
+            .Name("Formula", "Sheet1!$A$1:$A$100000")
+            .Name("One formula", "Sheet1!$A$1")
+            .Name("String", "Sheet1!$B$1:$B$100000")
+            .Name("List", "Sheet1!$C$1:$C$100000")
+            .Name("One list", "Sheet1!$C$1");
+        for (const char *name : {"Formula", "List"})
+            ExpectWarning(QStringLiteral("XlsxOperator::loadElementsValueFromDocuments:  too much text,  \"%1\"").arg(QLatin1String(name)));
+        XlsxOperator op;
+        QVERIFY(Load(op, source));
+        QCOMPARE(op.getCellValue(QStringLiteral("Formula")), QVariant());
+        QCOMPARE(op.getCellValue(QStringLiteral("List")), QVariant());
+        QCOMPARE(op.getCellValue(QStringLiteral("One formula")), QVariant(QString::fromUtf8(text)));
+        QCOMPARE(op.getCellValue(QStringLiteral("String")), QVariant(QString::fromUtf8("5" + text)));
+        XlsxOperator::DropDownInfo info;
+        op.getCellDropDownInfo(QStringLiteral("One list"), info);
+        QCOMPARE(info.options, QStringList(QString::fromUtf8(text)));
+    }
+
+    /// QHash looks through names of one hash one by one, whatever its seed.
+    void names_made_to_meet_are_bounded()
+    {
+        const QList<QByteArray> names = NamesOfOneHash(1001);
+        QCOMPARE(names.size(), 1001);
+        Template source;
+        source.Sheet(1, "<row r=\"1\"><c r=\"A1\"><v>1</v></c></row>");
+        QByteArray definitions;
+        for (const QByteArray &name : names)
+            definitions += "<definedName name=\"" + name + "\">Sheet1!$A$1</definedName>";
+        // One that was taken stays taken.
+        definitions += "<definedName name=\"" + names.first() + "\">Sheet1!$B$1</definedName>";
+        source.parts[kWorkbook].replace("<calcPr", "<definedNames>" + definitions + "</definedNames><calcPr");
+        ExpectWarning(QStringLiteral("XlsxOperator::loadCellNameToPosInfosHash:  too many names of one hash,  \"%1\"")
+                          .arg(QString::fromLatin1(names.last())));
+        XlsxOperator op;
+        QVERIFY(Load(op, source));
+        QCOMPARE(Names(op).size(), 1000);
+        QVERIFY(!Names(op).contains(QString::fromLatin1(names.last())));
+    }
+
+    void pictures_whose_names_were_made_to_meet_are_bounded()
+    {
+        const QList<QByteArray> names = NamesOfOneHash(1001);
+        QCOMPARE(names.size(), 1001);
+        QList<QPair<QByteArray, QByteArray>> pictures;
+        for (const QByteArray &name : names)
+            pictures.append({name, "rId1"});
+        ExpectWarning(QStringLiteral("XlsxOperator::loadDrawingNameToIDInfosHash:  too many names of one hash,  \"%1\"")
+                          .arg(QString::fromLatin1(names.last())));
+        XlsxOperator op;
+        QVERIFY(Load(op, Template().Drawing(1, pictures, Relationship("rId1", "image", "../media/image1.png"))));
+        QCOMPARE(Names(op).size(), 1000);
     }
 
     void other_encodings_are_read()

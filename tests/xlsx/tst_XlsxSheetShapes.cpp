@@ -80,6 +80,26 @@ private Q_SLOTS:
         QCOMPARE(saved.count("<v>3</v>"), 702);
         QCOMPARE(PackageFaults(Output()), QStringList());
     }
+
+    /// Cells of many attributes are not looked through for each of many references.
+    void heavy_cells_cost_no_more_than_light_ones()
+    {
+        QByteArray attributes;
+        for (int i = 0; i < 999; ++i)
+            attributes += " a" + QByteArray::number(i) + "=\"\"";
+        QByteArray row;
+        for (int i = 0; i < 60; ++i)
+            row += "<c" + attributes + " r=\"A" + QByteArray::number(i) + "Y3\"/>";
+        // Nothing can be put behind the last child, nor in front of a cell.
+        Template source;
+        source.Sheet(1, "<row r=\"3\">" + row + "<x r=\"zzz\"/></row>")
+            .Name("Cells", QByteArray("Sheet1!$C$3,").repeated(100000) + "Sheet1!$C$3");
+        XlsxOperator op;
+        QVERIFY(Load(op, source));
+        op.setCellsValue(QStringLiteral("Cells"), 3);
+        QVERIFY(op.save());
+        QCOMPARE(OutputBetween(kSheet1, "<sheetData>", "</sheetData>").count("<c "), 60);
+    }
 };
 
 VELMORA_TEST_MAIN(tst_XlsxSheetShapes)

@@ -5,10 +5,12 @@
 #include <Velmora/QcMultiLineText.h>
 
 #include <QAccessible>
+#include <QEventLoop>
 #include <QLayout>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <QTimer>
 
 #include <climits>
 #include <memory>
@@ -54,6 +56,17 @@ QPoint PlaceOf(const QcArrowTip &tip, const QWidget &reference, int direction)
     }
 }
 
+/// Waits until every placement that is on its way has been: timers run in the order of their ends.
+void AwaitPlacements()
+{
+    for (int round = 0; round < 2; ++round) { // one may resize the tip, which asks for another
+        DrainEvents();
+        QEventLoop loop;
+        QTimer::singleShot(2, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+}
+
 /// A shown window with something to point at, and a tip that does.
 struct Stage
 {
@@ -73,7 +86,8 @@ struct Stage
     {
         tip.setText(text);
         tip.show();
-        QTRY_COMPARE(tip.pos(), Place());
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), Place());
     }
 
     QWidget window;
@@ -146,16 +160,21 @@ private Q_SLOTS:
         tip.setText(text);
         tip.setTriangleDirection(QcArrowTip::TriangleDirection(direction));
         tip.show();
-        QTRY_COMPARE(tip.pos(), stage.Place(direction));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(direction));
 
         stage.window.move(320, 280);
-        QTRY_COMPARE(tip.pos(), stage.Place(direction));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(direction));
         stage.reference->move(40, 50);
-        QTRY_COMPARE(tip.pos(), stage.Place(direction));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(direction));
         stage.reference->resize(50, 41);
-        QTRY_COMPARE(tip.pos(), stage.Place(direction));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(direction));
         tip.setText(QStringLiteral("another"));
-        QTRY_COMPARE(tip.pos(), stage.Place(direction));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(direction));
     }
 
     void bottom_is_the_default_and_an_unknown_direction_leaves_it_where_it_is()
@@ -166,7 +185,7 @@ private Q_SLOTS:
         const QPoint before = tip.pos();
         tip.setTriangleDirection(QcArrowTip::TriangleDirection(4));
         stage.window.move(100, 100);
-        QTest::qWait(20);
+        AwaitPlacements();
         QCOMPARE(tip.pos(), before);
         COMPARE_COLOR(PixelAt(Render(tip), QPointF(tip.width() / 2.0, tip.height() - 2)), QColor(Qt::white)); // and without a triangle
     }
@@ -177,12 +196,13 @@ private Q_SLOTS:
         QcArrowTip &tip = stage.tip;
         stage.ShowTip();
         tip.setTriangleDirection(QcArrowTip::Top);
-        QTest::qWait(20);
+        AwaitPlacements();
         QCOMPARE(tip.pos(), stage.Place());
         const QPoint before = tip.pos();
         stage.window.move(310, 310);
         QCOMPARE(tip.pos(), before); // not yet: a placement is never part of the move
-        QTRY_COMPARE(tip.pos(), stage.Place(1));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(1));
     }
 
     void it_may_leave_the_screen()
@@ -194,7 +214,8 @@ private Q_SLOTS:
         tip.setTriangleDirection(QcArrowTip::Right);
         tip.setText(kLongText);
         tip.show();
-        QTRY_COMPARE(tip.pos(), stage.Place(2));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), stage.Place(2));
         QVERIFY(tip.x() < -100);
     }
 
@@ -206,14 +227,16 @@ private Q_SLOTS:
         tip.setReferenceWidget(second.reference);
         tip.setText(QStringLiteral("Tip"));
         tip.show();
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *second.reference, 3));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), PlaceOf(tip, *second.reference, 3));
         tip.move(0, 0);
         first.window.move(10, 10);
         first.reference->move(1, 1);
-        QTest::qWait(20);
+        AwaitPlacements();
         QCOMPARE(tip.pos(), QPoint(0, 0));
         second.reference->move(1, 1);
-        QTRY_COMPARE(tip.pos(), PlaceOf(tip, *second.reference, 3));
+        AwaitPlacements();
+        QCOMPARE(tip.pos(), PlaceOf(tip, *second.reference, 3));
     }
 
     void it_stays_where_it_is_when_its_reference_dies()
@@ -224,9 +247,9 @@ private Q_SLOTS:
         const QPoint before = tip.pos();
         stage.window.move(100, 100); // a placement is on its way
         delete stage.reference;
-        QTest::qWait(20);
+        AwaitPlacements();
         stage.window.move(120, 120);
-        QTest::qWait(20);
+        AwaitPlacements();
         QCOMPARE(tip.pos(), before);
         QVERIFY(tip.isVisible());
     }

@@ -19,6 +19,7 @@ namespace {
 /// The classes described here, with all that derive from them.
 constexpr const char *kClasses[] = {
     "Velmora::QcButton",
+    "Velmora::QcToolButton",
 };
 
 /// \a text without its mnemonic marks: "&Save" is read as "Save", "A && B" as "A & B".

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "support/Pixels.h"
 #include "support/TestCase.h"
+#include "support/Tokens.h"
 
 #include <QAbstractButton>
 #include <QCursor>
@@ -57,6 +59,21 @@ inline void BringTo(QAbstractButton &button, const Look &look)
         MoveCursorOver(button);
     if (look.isPressed)
         QTest::mousePress(&button, Qt::LeftButton);
+}
+
+/// \a token in \a table over \a below; "-" is no token.
+inline QColor Painted(Table table, const QString &token, const QColor &below)
+{
+    const bool paintsNothing = token == QLatin1String("-") || token == QLatin1String("transparent");
+    return paintsNothing ? below : Over(TokenOf(table, token), below);
+}
+
+/// Releases a button pressed by BringTo(), off the button, and takes the cursor away.
+inline void LetGo(QAbstractButton &button)
+{
+    if (button.isDown())
+        QTest::mouseRelease(&button, Qt::LeftButton, Qt::NoModifier, QPoint(-1, -1));
+    MoveCursorAway();
 }
 
 } // namespace VelmoraTest

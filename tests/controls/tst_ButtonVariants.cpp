@@ -91,13 +91,6 @@ const QList<Variant> &Variants()
     return variants;
 }
 
-/// \a token in \a table over \a below.
-QColor Painted(Table table, const QString &token, const QColor &below)
-{
-    const bool paintsNothing = token == QLatin1String("-") || token == QLatin1String("transparent");
-    return paintsNothing ? below : Over(TokenOf(table, token), below);
-}
-
 QString At(const QcButton &button, const Look &look)
 {
     return QStringLiteral("%1, %2").arg(QString::fromLatin1(button.metaObject()->className()), QString::fromLatin1(look.name));

@@ -1,0 +1,540 @@
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/SquareIcon.h"
+#include "support/TestMain.h"
+
+#include "controls/ButtonLooks.h"
+
+#include <Velmora/QcToolButton.h>
+
+#include <QAccessible>
+#include <QAction>
+#include <QMenu>
+#include <QMetaMethod>
+#include <QPainter>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+#include <functional>
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QStyle::State kNormal = QStyle::State_Enabled;
+const QString kPlainIcon = QStringLiteral("icon/icon_toolbar");
+
+/// Background and icon in the order of kLooks.
+const char *const kBackgrounds[] = {
+    "transparent",
+    "transparent",
+    "bg/bg_transluent_strong_hover",
+    "bg/bg_transluent_strong_press",
+    "bg/bg_transluent_strong_active",
+    "bg/bg_transluent_strong_active",
+    "bg/bg_transluent_strong_active",
+    "bg/bg_transluent_strong_active",
+};
+const char *const kIcons[] = {
+    "icon/icon_toolbar_disable", "icon/icon_toolbar", "icon/icon_toolbar", "icon/icon_toolbar",
+    "icon/icon_toolbar",         "icon/icon_toolbar", "icon/icon_toolbar", "icon/icon_toolbar",
+};
+
+/// A button as a host derives it.
+class HostButton : public QcToolButton
+{
+public:
+    using QcToolButton::GetIconPath;
+    using QcToolButton::GetState;
+    using QcToolButton::QcToolButton;
+    using QcToolButton::UpdateUiParams;
+};
+
+} // namespace
+
+class TestQcToolButton : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // --- Construction ---
+
+    void a_new_button_has_its_fixed_height_and_state()
+    {
+        HostButton button;
+        QCOMPARE(button.minimumHeight(), 24);
+        QCOMPARE(button.maximumHeight(), 24);
+        QCOMPARE(button.GetState(), QStyle::State(QStyle::State_Enabled));
+        QCOMPARE(button.GetIconPath(), QString());
+        QVERIFY(!button.isCheckable());
+        QVERIFY(button.styleSheet().contains(QStringLiteral("Velmora--QcToolButton")));
+        QVERIFY(button.styleSheet().contains(QStringLiteral("Velmora--QcToolButton::menu-indicator")));
+    }
+
+    void the_size_hint_is_that_of_a_tool_button()
+    {
+        m_button->setIconSize(QSize(20, 20));
+        const QSize small = m_button->sizeHint();
+        m_button->setIconSize(QSize(60, 20));
+        QCOMPARE(m_button->sizeHint().width(), small.width() + 40);
+    }
+
+    void the_tables_are_there_at_once()
+    {
+        QcToolButton button;
+        button.resize(40, 24);
+        button.SetIconPath(m_icon.Path());
+        button.setIconSize(QSize(16, 16));
+        COMPARE_COLOR(PixelAt(Render(button), QPointF(20, 12)), Painted(Table::Light, kPlainIcon, Qt::white));
+    }
+
+    void the_corner_radius_is_two_at_first()
+    {
+        m_button->SetIconPath(QString());
+        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#000000"));
+        const auto rounded = [this](int radius) {
+            QImage image = Canvas(*m_button);
+            QPainter painter(&image);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(Qt::black);
+            painter.drawRoundedRect(m_button->rect(), radius, radius, Qt::AbsoluteSize);
+            return image;
+        };
+        QCOMPARE(Render(*m_button), rounded(2));
+        m_button->SetBorderRadius(9);
+        QCOMPARE(Render(*m_button), rounded(9));
+    }
+
+    // --- The tables ---
+
+    void each_cell_of_the_tables_is_painted_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < 8; ++i)
+            QTest::newRow(kLooks[i].name) << i;
+    }
+
+    void each_cell_of_the_tables_is_painted()
+    {
+        QFETCH(int, index);
+        BringTo(*m_button, kLooks[index]);
+        for (const Table table : {Table::Dark, Table::Light}) {
+            UseTable(table);
+            const QColor canvas = table == Table::Light ? Qt::white : Qt::black;
+            const QColor fill = Painted(table, QLatin1String(kBackgrounds[index]), canvas);
+            const QImage image = Render(*m_button, canvas);
+            COMPARE_COLOR(PixelAt(image, QPointF(2, 12)), fill);
+            COMPARE_COLOR(PixelAt(image, QPointF(20, 12)), Painted(table, QLatin1String(kIcons[index]), fill));
+        }
+    }
+
+    void each_look_takes_its_own_entries_data() { each_cell_of_the_tables_is_painted_data(); }
+
+    void each_look_takes_its_own_entries()
+    {
+        QFETCH(int, index);
+        const Look &look = kLooks[index];
+        ImageParams blue;
+        blue.color = ColorParams("#0000FF");
+        m_button->SetBackgroundColorParams(QStyle::State(look.key), QStringLiteral("#00FF00"));
+        m_button->SetIconParam(QStyle::State(look.key), blue);
+        BringTo(*m_button, look);
+        const QImage image = Render(*m_button);
+        COMPARE_COLOR(PixelAt(image, QPointF(2, 12)), QColor(Qt::green));
+        COMPARE_COLOR(PixelAt(image, QPointF(20, 12)), QColor(Qt::blue));
+        m_button->SetBackgroundColorParams(QStyle::State(look.key), QString());
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), QColor(Qt::white)); // no fallback to another state
+    }
+
+    void entries_of_other_combinations_are_never_used()
+    {
+        const QImage before = Render(*m_button);
+        ImageParams red;
+        red.path = m_icon.Path();
+        red.color = ColorParams("#FF0000");
+        for (const int key : {0x2000, 4, 0x2004, 0x2005, 0xA000, 0x8004, 0xA004, 0xA005, 2}) {
+            m_button->SetIconParam(QStyle::State(key), red);
+            m_button->SetBackgroundColorParams(QStyle::State(key), QStringLiteral("#FF0000"));
+        }
+        QCOMPARE(Render(*m_button), before);
+        for (const Look &look : kLooks) {
+            BringTo(*m_button, look);
+            const QImage image = Render(*m_button);
+            QVERIFY2(!Close(PixelAt(image, QPointF(2, 12)), Qt::red), look.name);
+            QVERIFY2(!Close(PixelAt(image, QPointF(20, 12)), Qt::red), look.name);
+            LetGo(*m_button);
+        }
+    }
+
+    void a_fresh_table_undoes_what_the_host_set_but_the_path()
+    {
+        const QImage before = Render(*m_button);
+        ImageParams red;
+        red.path = QStringLiteral(":/images/none.svg");
+        m_button->SetIconParam(kNormal, red);
+        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#FF0000"));
+        m_button->SetBorderRadius(9);
+        QVERIFY(Render(*m_button) != before);
+        m_button->UpdateUiParams();
+        QCOMPARE(Render(*m_button), before);
+        QCOMPARE(m_button->GetIconPath(), m_icon.Path());
+    }
+
+    // --- The icon ---
+
+    void the_icon_is_centred_at_icon_size_data()
+    {
+        QTest::addColumn<QSize>("button");
+        QTest::addColumn<QSize>("icon");
+        QTest::addColumn<QPoint>("place");
+        QTest::newRow("even") << QSize(40, 24) << QSize(16, 16) << QPoint(12, 4);
+        QTest::newRow("odd") << QSize(41, 25) << QSize(16, 16) << QPoint(12, 4);
+        QTest::newRow("not square") << QSize(40, 24) << QSize(30, 10) << QPoint(5, 7);
+        QTest::newRow("wider than the button") << QSize(41, 24) << QSize(60, 10) << QPoint(-9, 7); // towards zero
+    }
+
+    void the_icon_is_centred_at_icon_size()
+    {
+        QFETCH(QSize, button);
+        QFETCH(QSize, icon);
+        QFETCH(QPoint, place);
+        m_button->setFixedSize(button);
+        m_button->setIconSize(icon);
+        ImageParams params;
+        params.size = QSize(3, 3); // which plays no part
+        m_button->SetIconParam(kNormal, params);
+        QPixmap red(icon);
+        red.fill(Qt::red);
+        QImage expected = Canvas(*m_button);
+        QPainter painter(&expected);
+        painter.drawPixmap(place, red);
+        QVERIFY(painter.end());
+        QCOMPARE(Render(*m_button), expected);
+    }
+
+    void the_record_s_path_comes_before_the_common_one_in_its_state_only()
+    {
+        const VelmoraTest::SquareIcon other(QStringLiteral("#00FF00"));
+        ImageParams params;
+        params.path = other.Path();
+        m_button->SetIconParam(kNormal, params);
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)), QColor(Qt::green)); // as the file draws it: no colour, no recolouring
+        MoveCursorOver(*m_button);
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)),
+                      Painted(Table::Light, kPlainIcon, Painted(Table::Light, QLatin1String(kBackgrounds[2]), Qt::white)));
+    }
+
+    void a_missing_icon_paints_none_and_says_nothing()
+    {
+        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
+        QVERIFY(InkBox(Render(*m_button), Qt::white, 0).isNull());
+        m_button->SetIconPath(QString());
+        QVERIFY(InkBox(Render(*m_button), Qt::white, 0).isNull());
+        m_button->SetIconPath(m_icon.Path());
+        m_button->setIconSize(QSize(0, 16));
+        QVERIFY(InkBox(Render(*m_button), Qt::white, 0).isNull());
+    }
+
+    void text_menu_arrow_and_focus_are_not_painted()
+    {
+        const QImage before = Render(*m_button);
+        m_button->setText(QStringLiteral("Text"));
+        m_button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        QMenu menu;
+        m_button->setMenu(&menu);
+        m_button->setPopupMode(QToolButton::MenuButtonPopup);
+        m_button->setArrowType(Qt::DownArrow);
+        m_button->setFocus(Qt::TabFocusReason);
+        QVERIFY(m_button->hasFocus());
+        QCOMPARE(Render(*m_button), before);
+    }
+
+    // --- What repaints, what announces a size ---
+
+    void setters_repaint_and_announce_the_size_data()
+    {
+        QTest::addColumn<int>("setter");
+        QTest::addColumn<bool>("announces");
+        QTest::newRow("background") << 0 << false;
+        QTest::newRow("icon of a state") << 1 << true;
+        QTest::newRow("icon") << 2 << true;
+        QTest::newRow("radius") << 3 << false;
+        QTest::newRow("tables") << 4 << true;
+    }
+
+    void setters_repaint_and_announce_the_size()
+    {
+        QFETCH(int, setter);
+        QFETCH(bool, announces);
+        const std::function<void()> setters[] = {
+            [this] { m_button->SetBackgroundColorParams(kNormal, QString()); },
+            [this] { m_button->SetIconParam(kNormal, ImageParams()); },
+            [this] { m_button->SetIconPath(QString()); },
+            [this] { m_button->SetBorderRadius(2); },
+            [this] { m_button->UpdateUiParams(); },
+        };
+        EventCounter paints(*m_button, QEvent::Paint);
+        EventCounter requests(*m_window, QEvent::LayoutRequest);
+        setters[setter]();
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        QCOMPARE(requests.Take() > 0, announces);
+    }
+
+    void another_height_announces_the_size_and_another_width_does_not()
+    {
+        EventCounter requests(*m_window, QEvent::LayoutRequest);
+        m_button->resize(m_button->width() + 20, 24);
+        DrainEvents();
+        QCOMPARE(requests.Take(), 0);
+        m_button->setMaximumHeight(100);
+        DrainEvents();
+        requests.Take();
+        m_button->resize(m_button->width(), 60);
+        DrainEvents();
+        QVERIFY(requests.Take() > 0);
+    }
+
+    void a_theme_change_repaints_once_and_keeps_the_tables()
+    {
+        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("brand/brand"));
+        DrainEvents();
+        EventCounter paints(*m_button, QEvent::Paint);
+        UseTable(Table::Dark);
+        QCOMPARE(paints.Take(), 1);
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), Over(TokenOf(Table::Dark, QStringLiteral("brand/brand"))));
+    }
+
+    // --- States ---
+
+    void hover_and_press_come_and_go()
+    {
+        MoveCursorOver(*m_button);
+        QCOMPARE(int(m_button->GetState()), 0x2001);
+        for (const Qt::MouseButton mouse : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+            EventCounter paints(*m_button, QEvent::Paint);
+            QTest::mousePress(m_button, mouse);
+            QCOMPARE(int(m_button->GetState()), 0x2005); // whichever button it is
+            DrainEvents();
+            QVERIFY(paints.Take() > 0);
+            QTest::mouseRelease(m_button, mouse);
+            QCOMPARE(int(m_button->GetState()), 0x2001);
+            DrainEvents();
+            QVERIFY(paints.Take() > 0);
+        }
+        MoveCursorAway();
+        QCOMPARE(int(m_button->GetState()), 1);
+    }
+
+    void a_press_dragged_off_looks_pressed_until_its_release()
+    {
+        QSignalSpy clicks(m_button, &QAbstractButton::clicked);
+        MoveCursorOver(*m_button);
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
+        QTest::mouseMove(m_window->windowHandle(), QPoint(200, 150));
+        DrainEvents();
+        QVERIFY(m_button->GetState() & QStyle::State_Sunken);
+        QVERIFY(!m_button->isDown());
+        QTest::mouseRelease(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 150));
+        MoveCursorAway();
+        QCOMPARE(int(m_button->GetState()), 1);
+        QCOMPARE(clicks.count(), 0);
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
+        QCOMPARE(clicks.count(), 1);
+    }
+
+    void a_button_disabled_while_hovered_keeps_its_hover_unseen()
+    {
+        MoveCursorOver(*m_button);
+        m_button->setEnabled(false);
+        QCOMPARE(int(m_button->GetState()), 0x2000);
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), QColor(Qt::white));
+        m_button->setEnabled(true);
+        QCOMPARE(int(m_button->GetState()), 0x2001);
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), Painted(Table::Light, QLatin1String(kBackgrounds[2]), Qt::white));
+    }
+
+    void a_disabled_button_shows_the_forbidden_cursor()
+    {
+        QVERIFY(!m_button->testAttribute(Qt::WA_SetCursor));
+        m_button->setEnabled(false);
+        QCOMPARE(m_button->cursor().shape(), Qt::ForbiddenCursor);
+        EventCounter paints(*m_button, QEvent::Paint);
+        m_button->setEnabled(true);
+        QVERIFY(!m_button->testAttribute(Qt::WA_SetCursor)); // the inherited one again
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+        m_window->setCursor(Qt::CrossCursor);
+        QCOMPARE(m_button->cursor().shape(), Qt::CrossCursor);
+        m_window->setEnabled(false); // with its window as well
+        QCOMPARE(m_button->cursor().shape(), Qt::ForbiddenCursor);
+        QCOMPARE(int(m_button->GetState()), 0);
+        m_window->setEnabled(true);
+        QCOMPARE(m_button->cursor().shape(), Qt::CrossCursor);
+    }
+
+    void toggling_shows_also_while_disabled()
+    {
+        m_button->setCheckable(true);
+        m_button->setEnabled(false);
+        EventCounter paints(*m_button, QEvent::Paint);
+        m_button->setChecked(true);
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+        QCOMPARE(int(m_button->GetState()), 0x8000);
+        m_button->setEnabled(true);
+        QCOMPARE(int(m_button->GetState()), 0x8001);
+        m_button->setChecked(false);
+        QCOMPARE(int(m_button->GetState()), 1);
+    }
+
+    void a_button_that_cannot_be_checked_never_looks_checked()
+    {
+        m_button->setChecked(true);
+        QCOMPARE(int(m_button->GetState()), 1);
+        Q_EMIT m_button->toggled(true); // the button is asked, not the signal
+        QCOMPARE(int(m_button->GetState()), 1);
+        m_button->setCheckable(true);
+        m_button->setChecked(true);
+        Q_EMIT m_button->toggled(false);
+        QCOMPARE(int(m_button->GetState()), 0x8001);
+    }
+
+    void the_slot_is_private_and_the_class_known_by_name()
+    {
+        const QMetaObject &meta = QcToolButton::staticMetaObject;
+        QCOMPARE(meta.className(), "Velmora::QcToolButton");
+        QCOMPARE(meta.method(meta.indexOfSlot("OnToggled(bool)")).access(), QMetaMethod::Private);
+    }
+
+    // --- Keyboard, assistive technology, ownership ---
+
+    void tab_reaches_it_and_space_presses_it_without_a_pressed_look()
+    {
+        m_elsewhere->setFocus();
+        QTest::keyClick(m_window.get(), Qt::Key_Tab);
+        QVERIFY(m_button->hasFocus());
+        QSignalSpy clicks(m_button, &QAbstractButton::clicked);
+        QTest::keyPress(m_button, Qt::Key_Space);
+        QVERIFY(m_button->isDown());
+        QCOMPARE(int(m_button->GetState()), 1); // the look follows the mouse
+        QTest::keyRelease(m_button, Qt::Key_Space);
+        QCOMPARE(clicks.count(), 1);
+    }
+
+    void it_is_described_by_its_text_its_action_or_its_tool_tip()
+    {
+        QAccessibleInterface *described = QAccessible::queryAccessibleInterface(m_button);
+        QVERIFY(described);
+        QCOMPARE(described->role(), QAccessible::Button);
+        QCOMPARE(described->text(QAccessible::Name), QString());
+        m_button->setToolTip(QStringLiteral("Cuts"));
+        QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Cuts"));
+        m_button->setText(QStringLiteral("&Cut"));
+        QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Cut"));
+        QAction action(QStringLiteral("Find && &replace..."));
+        m_button->setDefaultAction(&action);
+        QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Find & replace"));
+        m_button->setAccessibleName(QStringLiteral("Host's"));
+        QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Host's"));
+        QVERIFY(!described->state().checkable);
+        action.setCheckable(true);
+        action.setChecked(true);
+        QVERIFY(described->state().checked);
+        QCOMPARE(int(m_button->GetState()), 0x8001);
+    }
+
+    void its_menu_is_an_action_beside_the_click_or_the_click_itself()
+    {
+        QAccessibleInterface *described = QAccessible::queryAccessibleInterface(m_button);
+        QAccessibleActionInterface *actions = described->actionInterface();
+        const QString press = QAccessibleActionInterface::pressAction();
+        const QString showMenu = QAccessibleActionInterface::showMenuAction();
+        const QString setFocus = QAccessibleActionInterface::setFocusAction();
+        QCOMPARE(actions->actionNames(), (QStringList{press, setFocus}));
+        QMenu menu;
+        menu.addAction(QStringLiteral("Entry"));
+        m_button->setMenu(&menu);
+        QCOMPARE(described->role(), QAccessible::ButtonMenu);
+        QVERIFY(described->state().hasPopup);
+        QCOMPARE(actions->actionNames(), (QStringList{press, showMenu, setFocus}));
+        QSignalSpy clicks(m_button, &QAbstractButton::clicked);
+        actions->doAction(press);
+        QCOMPARE(clicks.count(), 1);
+        QSignalSpy shown(&menu, &QMenu::aboutToShow);
+        connect(&menu, &QMenu::aboutToShow, &menu, &QMenu::close, Qt::QueuedConnection);
+        actions->doAction(showMenu);
+        QCOMPARE(shown.count(), 1);
+        m_button->setPopupMode(QToolButton::InstantPopup);
+        QCOMPARE(actions->actionNames(), (QStringList{showMenu, setFocus}));
+        actions->doAction(press);
+        QCOMPARE(shown.count(), 2);
+        m_button->setEnabled(false);
+        actions->doAction(showMenu);
+        QCOMPARE(shown.count(), 2);
+        QCOMPARE(clicks.count(), 1);
+    }
+
+    void menu_and_action_may_die_first()
+    {
+        auto menu = std::make_unique<QMenu>();
+        m_button->setMenu(menu.get());
+        menu.reset();
+        QCOMPARE(m_button->menu(), nullptr);
+        auto action = std::make_unique<QAction>(QStringLiteral("Action"));
+        m_button->setDefaultAction(action.get());
+        action.reset();
+        QCOMPARE(m_button->defaultAction(), nullptr);
+        QTest::mouseClick(m_button, Qt::LeftButton);
+        m_button->setMenu(nullptr);
+        QCOMPARE(QAccessible::queryAccessibleInterface(m_button)->role(), QAccessible::Button);
+    }
+
+    void a_click_may_delete_the_button()
+    {
+        const QPointer<QcToolButton> button = m_button;
+        connect(m_button, &QAbstractButton::clicked, m_button, [this] { delete m_button; });
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
+        QVERIFY(!button);
+        m_button = nullptr;
+    }
+
+protected:
+    void SetUp() override
+    {
+        MoveCursorAway();
+        m_window = std::make_unique<QWidget>();
+        m_window->setGeometry(kWindowPlace);
+        m_elsewhere = new QToolButton(m_window.get());
+        m_elsewhere->setGeometry(10, 150, 40, 20);
+        m_button = new HostButton(m_window.get());
+        m_button->setGeometry(10, 10, 40, 24);
+        m_button->setIconSize(QSize(16, 16));
+        m_button->SetIconPath(m_icon.Path());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        DrainEvents();
+    }
+
+    void TearDown() override
+    {
+        if (m_button)
+            LetGo(*m_button);
+        m_window.reset();
+        UseTable(Table::Light);
+    }
+
+private:
+    const VelmoraTest::SquareIcon m_icon{QStringLiteral("#FF0000")};
+    std::unique_ptr<QWidget> m_window;
+    HostButton *m_button = nullptr;
+    QWidget *m_elsewhere = nullptr;
+};
+
+VELMORA_TEST_MAIN(TestQcToolButton)
+
+#include "tst_QcToolButton.moc"

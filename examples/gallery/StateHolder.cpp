@@ -1,13 +1,31 @@
 #include "StateHolder.h"
 
+#include "Kit.h"
+
 #include <Velmora/PostOwnedTask.h>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QGridLayout>
 #include <QMouseEvent>
 #include <QStyle>
 
 namespace Gallery {
+
+QGridLayout *MakeStateGrid()
+{
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(kGrid);
+    grid->setVerticalSpacing(kGrid);
+    grid->addWidget(MakeLabel(QStringLiteral("Unchecked"), QcLabel::CaptionSmall), 0, 1, 1, 4, Qt::AlignCenter);
+    grid->addWidget(MakeLabel(QStringLiteral("Checked"), QcLabel::CaptionSmall), 0, 5, 1, 4, Qt::AlignCenter);
+    for (int column = 0; column < 8; ++column) {
+        grid->addWidget(MakeLabel(QLatin1String(kButtonStateNames[column]), QcLabel::BodySecondary), 1, column + 1, Qt::AlignCenter);
+        grid->setColumnStretch(column + 1, 1);
+    }
+    grid->addWidget(MakeDivider(), 2, 0, 1, 9);
+    return grid;
+}
 
 void StateHolder::Add(QAbstractButton *button, int state)
 {

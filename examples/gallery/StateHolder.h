@@ -1,13 +1,31 @@
 #pragma once
 
 #include <QObject>
+#include <QStyle>
 #include <QVector>
 
 QT_BEGIN_NAMESPACE
 class QAbstractButton;
+class QGridLayout;
 QT_END_NAMESPACE
 
 namespace Gallery {
+
+/// The eight states of a button, in the order of a state matrix.
+constexpr int kButtonStates[] = {
+    QStyle::State_None,
+    QStyle::State_Enabled,
+    QStyle::State_Enabled | QStyle::State_MouseOver,
+    QStyle::State_Enabled | QStyle::State_Sunken,
+    QStyle::State_Selected,
+    QStyle::State_Selected | QStyle::State_Enabled,
+    QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_MouseOver,
+    QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_Sunken,
+};
+constexpr const char *kButtonStateNames[] = {"Disabled", "Normal", "Hover", "Pressed", "Disabled", "Normal", "Hover", "Pressed"};
+
+/// A matrix with headings for them: names go into column 0, states into 1 to 8, from row 3 on.
+QGridLayout *MakeStateGrid();
 
 /// Real buttons, each held in one state.
 ///

@@ -1,5 +1,6 @@
 #include "controls/ButtonAccessible_p.h"
 
+#include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcSwitchButton.h>
 
 #include <QAbstractButton>
@@ -42,7 +43,8 @@ QMenu *MenuOf(const QAbstractButton &button)
     return toolButton ? toolButton->menu() : nullptr;
 }
 
-/// A button whose name is its text or, without one, its tool tip. A name set by the host comes before both.
+/// A button whose name is its text or, without one, its tool tip. A name set by the host comes before both. Half of a combined button
+/// that has none of them goes by those of the whole.
 class ButtonAccessible : public QAccessibleWidget
 {
 public:
@@ -63,10 +65,12 @@ public:
         if (kind == QAccessible::Accelerator)
             return button()->shortcut().toString(QKeySequence::NativeText);
         if (kind == QAccessible::Name) {
-            for (const QString &name : {button()->accessibleName(), WithoutMnemonic(button()->text()), button()->toolTip()}) {
-                if (!name.isEmpty())
-                    return name;
-            }
+            QStringList names = {button()->accessibleName(), WithoutMnemonic(button()->text()), button()->toolTip()};
+            if (const QWidget *whole = Whole())
+                names << whole->accessibleName() << whole->toolTip();
+            names.removeAll(QString());
+            if (!names.isEmpty())
+                return names.first();
         }
         return QAccessibleWidget::text(kind); // for a name: that of a label that has the button for its buddy
     }
@@ -76,8 +80,8 @@ public:
         const auto *pushButton = qobject_cast<QPushButton *>(button());
         QAccessible::State state = QAccessibleWidget::state();
         state.pressed = button()->isDown();
-        state.checkable = button()->isCheckable();
-        state.checked = button()->isChecked();
+        state.checkable = button()->isCheckable() && !IsArrow();
+        state.checked = button()->isChecked() && !IsArrow();
         state.defaultButton = pushButton && pushButton->isDefault();
         state.hasPopup = HasMenu();
         return state;
@@ -126,7 +130,9 @@ private:
     {
         if (!button()->isEnabled())
             return;
-        if (auto *pushButton = qobject_cast<QPushButton *>(button()))
+        if (IsArrow())
+            button()->click();
+        else if (auto *pushButton = qobject_cast<QPushButton *>(button()))
             pushButton->showMenu();
         else if (auto *toolButton = qobject_cast<QToolButton *>(button()))
             toolButton->showMenu();
@@ -134,11 +140,14 @@ private:
 
     QAbstractButton *button() const { return static_cast<QAbstractButton *>(widget()); }
     bool HasMenu() const { return MenuOf(*button()) != nullptr; }
+    QcCombinedToolButton *Whole() const { return qobject_cast<QcCombinedToolButton *>(button()->parentWidget()); }
+    /// The arrow half of a combined button shows the menu when it is toggled, which way makes no difference.
+    bool IsArrow() const { return HasMenu() && Whole(); }
     /// Tool buttons have more ways to their menu than a click, unless the host chose that one.
     bool ClickShowsMenu() const
     {
         const auto *toolButton = qobject_cast<QToolButton *>(button());
-        return HasMenu() && (!toolButton || toolButton->popupMode() == QToolButton::InstantPopup);
+        return HasMenu() && (!toolButton || IsArrow() || toolButton->popupMode() == QToolButton::InstantPopup);
     }
     /// What a click does: open the menu, or toggle, or no more than click.
     const QString &ClickAction() const
@@ -151,11 +160,13 @@ private:
 
 QAccessibleInterface *CreateButtonInterface(const QString &className, QObject *object)
 {
+    if (className == QLatin1String("Velmora::QcCombinedToolButton"))
+        return new QAccessibleWidget(qobject_cast<QWidget *>(object), QAccessible::Grouping); // owned by Qt's accessibility cache
     // Qt asks once for each class of the object, the most derived first.
     const bool isOurs =
         std::any_of(std::begin(kClasses), std::end(kClasses), [&](const char *name) { return className == QLatin1String(name); });
     auto *button = isOurs ? qobject_cast<QAbstractButton *>(object) : nullptr;
-    return button ? new ButtonAccessible(button) : nullptr; // owned by Qt's accessibility cache
+    return button ? new ButtonAccessible(button) : nullptr; // owned likewise
 }
 
 } // namespace

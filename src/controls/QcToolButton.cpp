@@ -79,35 +79,30 @@ void QcToolButton::UpdateUiParams()
 
 void QcToolButton::OnToggled(bool /*checked*/)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_Selected, isChecked());
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, isChecked());
 }
 
 void QcToolButton::enterEvent(QEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_MouseOver, true);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
     QToolButton::enterEvent(event);
 }
 
 void QcToolButton::leaveEvent(QEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, false);
     QToolButton::leaveEvent(event);
 }
 
 void QcToolButton::mousePressEvent(QMouseEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_Sunken, true);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
     QToolButton::mousePressEvent(event);
 }
 
 void QcToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
-    update();
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
     QToolButton::mouseReleaseEvent(event);
 }
 

@@ -32,6 +32,22 @@ constexpr Look kLooks[] = {
     {"checked pressed", 0x8005, true, true, true, true},
 };
 
+/// What all tool buttons show in the order of kLooks: the background and the icon.
+constexpr const char *kToolBackgrounds[] = {
+    "transparent",
+    "transparent",
+    "bg/bg_transluent_strong_hover",
+    "bg/bg_transluent_strong_press",
+    "bg/bg_transluent_strong_active",
+    "bg/bg_transluent_strong_active",
+    "bg/bg_transluent_strong_active",
+    "bg/bg_transluent_strong_active",
+};
+constexpr const char *kToolIcons[] = {
+    "icon/icon_toolbar_disable", "icon/icon_toolbar", "icon/icon_toolbar", "icon/icon_toolbar",
+    "icon/icon_toolbar",         "icon/icon_toolbar", "icon/icon_toolbar", "icon/icon_toolbar",
+};
+
 /// Where a window under the cursor has to stand: at any other place the offscreen platform, when it scales, tells it a wrong
 /// position of the cursor.
 constexpr QRect kWindowPlace(0, 0, 300, 200);

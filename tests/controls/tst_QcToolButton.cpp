@@ -27,22 +27,6 @@ namespace {
 const QStyle::State kNormal = QStyle::State_Enabled;
 const QString kPlainIcon = QStringLiteral("icon/icon_toolbar");
 
-/// Background and icon in the order of kLooks.
-const char *const kBackgrounds[] = {
-    "transparent",
-    "transparent",
-    "bg/bg_transluent_strong_hover",
-    "bg/bg_transluent_strong_press",
-    "bg/bg_transluent_strong_active",
-    "bg/bg_transluent_strong_active",
-    "bg/bg_transluent_strong_active",
-    "bg/bg_transluent_strong_active",
-};
-const char *const kIcons[] = {
-    "icon/icon_toolbar_disable", "icon/icon_toolbar", "icon/icon_toolbar", "icon/icon_toolbar",
-    "icon/icon_toolbar",         "icon/icon_toolbar", "icon/icon_toolbar", "icon/icon_toolbar",
-};
-
 /// A button as a host derives it.
 class HostButton : public QcToolButton
 {
@@ -125,10 +109,10 @@ private Q_SLOTS:
         for (const Table table : {Table::Dark, Table::Light}) {
             UseTable(table);
             const QColor canvas = table == Table::Light ? Qt::white : Qt::black;
-            const QColor fill = Painted(table, QLatin1String(kBackgrounds[index]), canvas);
+            const QColor fill = Painted(table, QLatin1String(kToolBackgrounds[index]), canvas);
             const QImage image = Render(*m_button, canvas);
             COMPARE_COLOR(PixelAt(image, QPointF(2, 12)), fill);
-            COMPARE_COLOR(PixelAt(image, QPointF(20, 12)), Painted(table, QLatin1String(kIcons[index]), fill));
+            COMPARE_COLOR(PixelAt(image, QPointF(20, 12)), Painted(table, QLatin1String(kToolIcons[index]), fill));
         }
     }
 
@@ -225,7 +209,7 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)), QColor(Qt::green)); // as the file draws it: no colour, no recolouring
         MoveCursorOver(*m_button);
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)),
-                      Painted(Table::Light, kPlainIcon, Painted(Table::Light, QLatin1String(kBackgrounds[2]), Qt::white)));
+                      Painted(Table::Light, kPlainIcon, Painted(Table::Light, QLatin1String(kToolBackgrounds[2]), Qt::white)));
     }
 
     void a_missing_icon_paints_none_and_says_nothing()
@@ -355,7 +339,7 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), QColor(Qt::white));
         m_button->setEnabled(true);
         QCOMPARE(int(m_button->GetState()), 0x2001);
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), Painted(Table::Light, QLatin1String(kBackgrounds[2]), Qt::white));
+        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), Painted(Table::Light, QLatin1String(kToolBackgrounds[2]), Qt::white));
     }
 
     void a_disabled_button_shows_the_forbidden_cursor()

@@ -63,18 +63,6 @@ constexpr Variant kVariants[] = {
     {"QcButton", "The base: the host fills its tables", MakeBase, false},
 };
 
-constexpr int kStates[] = {
-    QStyle::State_None,
-    QStyle::State_Enabled,
-    QStyle::State_Enabled | QStyle::State_MouseOver,
-    QStyle::State_Enabled | QStyle::State_Sunken,
-    QStyle::State_Selected,
-    QStyle::State_Selected | QStyle::State_Enabled,
-    QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_MouseOver,
-    QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_Sunken,
-};
-constexpr const char *kStateNames[] = {"Disabled", "Normal", "Hover", "Pressed", "Disabled", "Normal", "Hover", "Pressed"};
-
 class ButtonsPage : public PageWidget
 {
 public:
@@ -162,17 +150,7 @@ private:
     void AddMatrix(const QString &title, const QString &icon, const QString &text)
     {
         Card *card = AddSection(title);
-        auto *grid = new QGridLayout;
-        grid->setHorizontalSpacing(kGrid);
-        grid->setVerticalSpacing(kGrid);
-        QcLabel *checked = MakeLabel(QStringLiteral("Checked"), QcLabel::CaptionSmall);
-        grid->addWidget(MakeLabel(QStringLiteral("Unchecked"), QcLabel::CaptionSmall), 0, 1, 1, 4, Qt::AlignCenter);
-        grid->addWidget(checked, 0, 5, 1, 4, Qt::AlignCenter);
-        for (int column = 0; column < 8; ++column) {
-            grid->addWidget(MakeLabel(QLatin1String(kStateNames[column]), QcLabel::BodySecondary), 1, column + 1, Qt::AlignCenter);
-            grid->setColumnStretch(column + 1, 1);
-        }
-        grid->addWidget(MakeDivider(), 2, 0, 1, 9);
+        QGridLayout *grid = MakeStateGrid();
         int row = 3;
         for (const Variant &variant : kVariants) {
             if (variant.squareOnly && !text.isEmpty())
@@ -183,12 +161,12 @@ private:
             grid->addWidget(name, row, 0);
             for (int column = 0; column < 8; ++column) {
                 QcButton *button = MakeButton(variant, icon, text);
-                button->setAccessibleDescription(QLatin1String(kStateNames[column]));
+                button->setAccessibleDescription(QLatin1String(kButtonStateNames[column]));
                 if (text.isEmpty())
                     button->setAccessibleName(QLatin1String(variant.name));
                 if (icon.isEmpty())
-                    button->setObjectName(QStringLiteral("%1-%2").arg(QLatin1String(variant.name)).arg(kStates[column]));
-                m_holder->Add(button, kStates[column]);
+                    button->setObjectName(QStringLiteral("%1-%2").arg(QLatin1String(variant.name)).arg(kButtonStates[column]));
+                m_holder->Add(button, kButtonStates[column]);
                 grid->addWidget(button, row, column + 1, Qt::AlignCenter);
             }
             ++row;

@@ -81,10 +81,10 @@ QString CopiedImage(const QString &path, const QString &mediaFolder, const QDir 
     do {
         name = QStringLiteral("filled%1.%2").arg(++number).arg(suffix);
     } while (QFileInfo::exists(mediaFolder + QLatin1Char('/') + name) || copies.exists(name));
-    QFile file(copies.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be copied: %2").arg(path, file.errorString())};
-    copied = file.fileName();
+    copied = copies.filePath(name);
+    const QString fault = WriteFault(copied, content);
+    if (!fault.isEmpty())
+        throw Failure{OutputFailed, QStringLiteral("%1 cannot be copied: %2").arg(path, fault)};
     return copied;
 }
 
@@ -165,10 +165,9 @@ void RestoreStrings(const QString &path, const QByteArray &original)
     std::vector<pugi::xml_node> strings;
     for (const pugi::xml_node &string : saved.Root().children("si"))
         strings.push_back(string);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(original) != original.size() || !file.flush())
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString())};
-    file.close();
+    const QString fault = WriteFault(path, original);
+    if (!fault.isEmpty())
+        throw Failure{OutputFailed, QStringLiteral("%1 cannot be written: %2").arg(path, fault)};
 
     XmlPart restored(path);
     pugi::xml_node table = restored.Root();

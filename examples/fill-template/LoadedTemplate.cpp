@@ -20,9 +20,12 @@ LoadedTemplate::LoadedTemplate(const QString &path, const QString &filter)
     m_operator.setOldXlsxAbsolutePath(QFileInfo(path).absoluteFilePath());
     m_operator.setExtractDirAbsolutePath(m_folder);
     m_operator.setElementNameFilterRegExp(filter);
-    if (!m_operator.load())
+    const bool isLoaded = m_operator.load();
+    // A part that a full disk cut is no fault of the template's. Of a refused archive nothing is unpacked.
+    if (isLoaded || !QDir(m_folder).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        RequireSameFiles(m_folder, path, QLatin1String(kSharedStringsPath));
+    if (!isLoaded)
         throw Failure{LoadFailed, QStringLiteral("%1 cannot be loaded").arg(path)};
-    RequireSameFiles(m_folder, path, QLatin1String(kSharedStringsPath));
 
     const Numbering numbering = NumberingOf(m_folder);
     if (!numbering.IsInOrder()) {

@@ -81,6 +81,15 @@ void OutputFile::Commit()
     m_file->setAutoRemove(false);
 }
 
+QString WriteFault(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush())
+        return QString();
+    // What is written in part only is no error of the file.
+    return file.error() == QFile::NoError ? QStringLiteral("is the disk full?") : file.errorString();
+}
+
 Failure NotReadBack(const QString &path, const Failure &failure)
 {
     return {OutputFailed,

@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QTemporaryFile>
 
@@ -25,6 +26,9 @@ private:
     QString m_path;
     std::unique_ptr<QTemporaryFile> m_file;
 };
+
+/// Writes the file, replacing what is there. Empty, or why it is not whole now.
+QString WriteFault(const QString &path, const QByteArray &content);
 
 /// Says that what was written for \a path does not read back, because of \a failure.
 Failure NotReadBack(const QString &path, const Failure &failure);

@@ -136,12 +136,9 @@ void Unpack(const QString &archivePath, const QString &folder)
 void CopyFile(const QString &from, const QString &to)
 {
     QFile source(from);
-    QFile target(to);
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be copied").arg(from)};
-    const QByteArray content = source.readAll();
-    if (target.write(content) != content.size() || !target.flush())
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be copied: %2").arg(from, target.errorString())};
+    const QString fault = source.open(QIODevice::ReadOnly) ? WriteFault(to, source.readAll()) : source.errorString();
+    if (!fault.isEmpty())
+        throw Failure{OutputFailed, QStringLiteral("%1 cannot be copied: %2").arg(from, fault)};
 }
 
 } // namespace

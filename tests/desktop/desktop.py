@@ -83,7 +83,8 @@ class Desktop:
         with open(config, "w", encoding="utf-8") as file:
             file.write(OPENBOX_CONFIG)
         self.start(["openbox", "--sm-disable", "--config-file", config], log="openbox.log")
-        wait_for(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+        # It says who it is before it says what it can do, and a program asks for that only once, when it starts.
+        wait_for(lambda: "_NET_WM_MOVERESIZE" in self.run("xprop", "-root", "_NET_SUPPORTED"), "the window manager")
 
     def start(self, command, log, pass_fds=(), stdout=None):
         with open(os.path.join(self.folder, log), "w", encoding="utf-8") as file:

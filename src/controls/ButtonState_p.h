@@ -40,6 +40,11 @@ inline QStyle::State LookFor(int flags)
     return QStyle::State(selected | kNormal);
 }
 
+inline QStyle::State LookFor(QStyle::State flags)
+{
+    return LookFor(int(flags));
+}
+
 /// Sets or clears \a flag in \a state, which is an int or a QStyle::State.
 template <typename State>
 void SetFlag(State &state, QStyle::StateFlag flag, bool on)
@@ -61,7 +66,8 @@ bool IsUnderCursor(const QWidget &button);
 /// For a change of the enabled state: the cursor over a disabled \a button forbids; it repaints.
 void ShowEnabled(QWidget &button);
 
-/// For a change of the enabled state: State_Enabled follows in each of \a states, the cursor forbids, \a button repaints.
+/// For a change of the enabled state: State_Enabled follows in each of \a states, the cursor forbids, \a button repaints. To be
+/// called by the constructor too: a button made in a disabled parent is told before it can listen.
 template <typename... States>
 void FollowEnabled(QWidget &button, States &...states)
 {

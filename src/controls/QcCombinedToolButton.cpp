@@ -68,6 +68,7 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
         this, [this] { UpdateUiParams(); }, std::string());
     m_pMainButton->installEventFilter(this);
     m_pArrowButton->installEventFilter(this);
+    ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
 }
 
 void QcCombinedToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)

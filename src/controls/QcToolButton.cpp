@@ -28,6 +28,7 @@ QcToolButton::QcToolButton(QWidget *parent)
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/ToolButton.qss"));
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     QcToolButton::UpdateUiParams();
+    ButtonState::FollowEnabled(*this, m_state);
 }
 
 void QcToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)

@@ -486,6 +486,20 @@ private Q_SLOTS:
         QCOMPARE(m_button->cursor().shape(), Qt::ForbiddenCursor);
     }
 
+    void one_made_in_a_disabled_parent_starts_disabled()
+    {
+        m_button->SetIconPath(QString());
+        m_window->setEnabled(false);
+        auto *button = new HostButton(m_window.get());
+        QCOMPARE(button->cursor().shape(), Qt::ForbiddenCursor);
+        button->show();
+        DrainEvents();
+        QCOMPARE(Render(*button), Render(*m_button));
+        m_window->setEnabled(true);
+        QVERIFY(!button->testAttribute(Qt::WA_SetCursor));
+        QCOMPARE(Render(*button), Render(*m_button));
+    }
+
     // --- Actions and the menu ---
 
     void the_current_action_is_triggered_by_the_main_half()

@@ -361,6 +361,17 @@ private Q_SLOTS:
         QCOMPARE(m_button->cursor().shape(), Qt::CrossCursor);
     }
 
+    void one_made_in_a_disabled_parent_starts_disabled()
+    {
+        m_window->setEnabled(false);
+        HostButton button(m_window.get());
+        QCOMPARE(int(button.GetState()), 0);
+        QCOMPARE(button.cursor().shape(), Qt::ForbiddenCursor);
+        m_window->setEnabled(true);
+        QCOMPARE(int(button.GetState()), 1);
+        QVERIFY(!button.testAttribute(Qt::WA_SetCursor));
+    }
+
     void toggling_shows_also_while_disabled()
     {
         m_button->setCheckable(true);

@@ -27,6 +27,7 @@ QcButton::QcButton(QWidget *parent)
     : QPushButton(parent)
 {
     InstallButtonAccessibility();
+    ButtonState::FollowEnabled(*this, m_state);
     setFixedHeight(kHeight);
     QFont font;
     font.setPixelSize(kFontPixels);

@@ -51,6 +51,7 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
     , m_pMainButton(MakeHalf(this, QSize(kSide, kSide)))
     , m_pArrowButton(MakeHalf(this, QSize(kArrowWidth, kSide)))
 {
+    ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
     setAttribute(Qt::WA_MouseTracking);
     auto *halves = new QHBoxLayout(this);
     halves->setSpacing(0);
@@ -68,7 +69,6 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
         this, [this] { UpdateUiParams(); }, std::string());
     m_pMainButton->installEventFilter(this);
     m_pArrowButton->installEventFilter(this);
-    ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
 }
 
 void QcCombinedToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)

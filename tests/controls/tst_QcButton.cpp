@@ -486,6 +486,17 @@ private Q_SLOTS:
         QVERIFY(paints.Take() > 0);
     }
 
+    void a_button_made_in_a_disabled_window_is_disabled()
+    {
+        m_window->setEnabled(false);
+        const auto button = MakeButton();
+        SetBackgrounds(*button);
+        COMPARE_COLOR(PixelAt(Render(*button), QPointF(10, 12)), ColorOf(kLooks[0]));
+        QCOMPARE(button->cursor().shape(), Qt::ForbiddenCursor);
+        m_window->setEnabled(true);
+        COMPARE_COLOR(PixelAt(Render(*button), QPointF(10, 12)), ColorOf(kLooks[1]));
+    }
+
     void a_button_toggled_while_disabled_looks_checked_and_disabled()
     {
         SetBackgrounds(*m_button);

@@ -21,6 +21,8 @@ namespace {
 constexpr const char *kClasses[] = {
     "Velmora::QcButton",
     "Velmora::QcToolButton",
+    "Velmora::QcMenuTextButton",
+    "Velmora::QcMenuToolButton",
 };
 
 /// \a text without its mnemonic marks: "&Save" is read as "Save", "A && B" as "A & B".

@@ -1,0 +1,422 @@
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/SquareIcon.h"
+#include "support/TestMain.h"
+
+#include "controls/ButtonLooks.h"
+
+#include <Velmora/QcMenuToolButton.h>
+#include <Velmora/QcStyleManager.h>
+
+#include <QFile>
+#include <QLineF>
+#include <QMenu>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QWindow>
+
+#include <functional>
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QStyle::State kNormal = QStyle::State_Enabled;
+
+class HostButton : public QcMenuToolButton
+{
+public:
+    using QcMenuToolButton::GetIconPath;
+    using QcMenuToolButton::GetState;
+    using QcMenuToolButton::QcMenuToolButton;
+
+    int fills = 0;
+
+protected:
+    void UpdateUiParams() override { ++fills; }
+};
+
+ImageParams Arrow(const char *token)
+{
+    ImageParams arrow;
+    arrow.path = QStringLiteral(":/images/arrow_down_2.svg");
+    arrow.size = QSize(12, 32);
+    arrow.color = ColorParams(token);
+    return arrow;
+}
+
+/// \a image with an icon painted as a QIcon paints itself.
+void PaintInto(QImage &image, const QRect &rect, const ImageParams &params)
+{
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QcStyleManager::GetInstance()->GetIcon(params).paint(&painter, rect, Qt::AlignCenter, QIcon::Normal, QIcon::Off);
+}
+
+} // namespace
+
+class TestQcMenuToolButton : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_new_button_has_its_measures()
+    {
+        const HostButton button;
+        QCOMPARE(button.size(), QSize(44, 32));
+        QCOMPARE(button.minimumSize(), QSize(44, 32));
+        QCOMPARE(button.maximumSize(), QSize(44, 32));
+        QCOMPARE(button.iconSize(), QSize(44, 32));
+        QVERIFY(button.isCheckable());
+        QVERIFY(!button.isChecked());
+        QCOMPARE(button.popupMode(), QToolButton::DelayedPopup);
+        QFile sheet(QStringLiteral(":/qss/MenuToolButton.qss"));
+        QVERIFY(sheet.open(QIODevice::ReadOnly));
+        QCOMPARE(button.styleSheet(), QString::fromUtf8(sheet.readAll()));
+        QVERIFY(button.styleSheet().contains(QStringLiteral("Velmora--QcMenuToolButton {\n    border: none;\n    padding: 0px;\n}")));
+        QVERIFY(button.styleSheet().contains(QStringLiteral("Velmora--QcMenuToolButton::menu-indicator {\n    image: none;\n}")));
+        QCOMPARE(button.GetState(), QStyle::State(QStyle::State_Enabled));
+        QCOMPARE(button.GetIconPath(), QString());
+        QCOMPARE(button.fills, 0); // a constructor does not reach what is derived from its class
+    }
+
+    // --- Looks ---
+
+    void each_look_paints_its_row_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < 8; ++i)
+            QTest::newRow(kLooks[i].name) << i;
+    }
+
+    void each_look_paints_its_row()
+    {
+        QFETCH(int, index);
+        const Look &look = kLooks[index];
+        const QString background = QString::fromLatin1(kToolBackgrounds[index]);
+        const bool hasArrow = look.key != QStyle::State_Selected;
+        m_button->SetIconPath(QStringLiteral(":/images/select.svg"));
+        BringTo(*m_button, look);
+        QCOMPARE(m_button->GetState() & QStyle::State_Selected, QStyle::State(look.key) & QStyle::State_Selected);
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            QImage expected = Background(Painted(table, background, Qt::white), 2);
+            ImageParams icon;
+            icon.path = QStringLiteral(":/images/select.svg");
+            icon.size = QSize(32, 32);
+            icon.color = ColorParams(kToolIcons[index]);
+            PaintInto(expected, QRect(0, 0, 32, 32), icon);
+            if (hasArrow)
+                PaintInto(expected, QRect(31, 0, 12, 32), Arrow(kToolIcons[index])); // one pixel stays free at the right
+            QCOMPARE(Render(*m_button), expected);
+        }
+        // The icon's colour without the engine's help.
+        m_button->SetIconPath(m_icon.Path());
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            const QImage image = Render(*m_button, Qt::darkGreen); // on which the colours of both tables show
+            const QColor ground = Painted(table, background, Qt::darkGreen);
+            COMPARE_COLOR(PixelAt(image, QPointF(15, 15)), Painted(table, QString::fromLatin1(kToolIcons[index]), ground));
+            COMPARE_COLOR(PixelAt(image, QPointF(37, 3)), ground);
+            QCOMPARE(!InkBox(Part(image, QRectF(32, 4, 11, 24)), ground).isNull(), hasArrow);
+        }
+    }
+
+    void an_empty_code_fills_black()
+    {
+        m_button->SetBackgroundColorParams(kNormal, QString());
+        m_button->SetArrowIconVisible(false);
+        const QImage image = Render(*m_button);
+        QCOMPARE(image, Background(Qt::black, 2));
+        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("no/such_token"));
+        QCOMPARE(Render(*m_button), image);
+    }
+
+    void the_radius_is_two_at_first_and_changes_with_the_next_paint()
+    {
+        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#0000FF"));
+        m_button->SetArrowIconVisible(false);
+        QCOMPARE(Render(*m_button), Background(Qt::blue, 2));
+        DrainEvents();
+        EventCounter paints(*m_button, QEvent::Paint);
+        m_button->SetBorderRadius(9);
+        DrainEvents();
+        QCOMPARE(paints.Take(), 0);
+        QCOMPARE(Render(*m_button), Background(Qt::blue, 9));
+    }
+
+    // --- The icon ---
+
+    void the_common_icon_takes_the_place_beside_the_arrow()
+    {
+        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 31, 32)), Qt::white), QRectF());
+        m_button->SetIconPath(m_icon.Path());
+        QCOMPARE(m_button->GetIconPath(), m_icon.Path());
+        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 33, 32)), Qt::white), QRectF(0, 0, 32, 32));
+        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
+        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 31, 32)), Qt::white), QRectF());
+    }
+
+    void a_record_with_a_path_keeps_its_own_size()
+    {
+        m_button->SetIconPath(QStringLiteral(":/images/select.svg"));
+        ImageParams params;
+        params.path = m_icon.Path();
+        params.size = QSize(10, 10);
+        m_button->SetIconParam(kNormal, params);
+        QImage image = Render(*m_button);
+        const QRectF ink = InkBox(Part(image, QRectF(0, 0, 31, 32)), Qt::white);
+        QCOMPARE(ink.size(), QSizeF(10, 10));
+        QVERIFY(QLineF(ink.center(), QPointF(16, 16)).length() < 1.0);   // centred, but for the rounding to pixels
+        COMPARE_COLOR(PixelAt(image, QPointF(16, 16)), QColor(Qt::red)); // no code: as the file draws it
+        params.size = QSize();
+        m_button->SetIconParam(kNormal, params);
+        QVERIFY(InkBox(Part(Render(*m_button), QRectF(0, 0, 31, 32)), Qt::white).isNull());
+        params.size = QSize(200, 100);
+        m_button->SetIconParam(kNormal, params);
+        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 30, 32)), Qt::white), QRectF(0, 8, 30, 16)); // scaled down
+        MoveCursorOver(*m_button);                                                                        // of that state only
+        image = Render(*m_button);
+        QVERIFY(PixelAt(image, QPointF(1, 1)) != QColor(Qt::red));
+    }
+
+    void a_record_without_a_path_lends_its_colours_and_no_size()
+    {
+        ImageParams params;
+        params.size = QSize(5, 5);
+        params.mulColor.insert(QStringLiteral("#FF0000"), ColorParams("#0000FF"));
+        m_button->SetIconParam(kNormal, params);
+        m_button->SetIconPath(m_icon.Path());
+        const QImage image = Render(*m_button);
+        QCOMPARE(InkBox(Part(image, QRectF(0, 0, 33, 32)), Qt::white), QRectF(0, 0, 32, 32));
+        COMPARE_COLOR(PixelAt(image, QPointF(15, 15)), QColor(Qt::blue));
+    }
+
+    void a_hidden_arrow_gives_the_icon_all_of_the_icon_size()
+    {
+        m_button->SetIconPath(m_icon.Path());
+        m_button->SetArrowIconVisible(false);
+        QCOMPARE(m_button->iconSize(), QSize(44, 32)); // not computed anew
+        QCOMPARE(InkBox(Render(*m_button), Qt::white), QRectF(0, 0, 44, 32));
+        m_button->setIconSize(QSize(20, 10));
+        m_button->SetArrowIconVisible(true);
+        m_button->SetArrowIconVisible(false);
+        QCOMPARE(m_button->iconSize(), QSize(20, 10));
+        QCOMPARE(InkBox(Render(*m_button), Qt::white), QRectF(0, 0, 20, 10));
+    }
+
+    void a_new_size_computes_the_icon_size_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QSize>("iconSize");
+        QTest::newRow("taller") << QSize(44, 64) << QSize(60, 44); // 44 * 1.375 = 60.5
+        QTest::newRow("wider") << QSize(100, 20) << QSize(27, 20);
+        QTest::newRow("twice") << QSize(88, 64) << QSize(88, 64);
+        QTest::newRow("tiny") << QSize(1, 1) << QSize(1, 1);
+    }
+
+    void a_new_size_computes_the_icon_size()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QSize, iconSize);
+        m_button->SetIconPath(m_icon.Path());
+        EventCounter paints(*m_button, QEvent::Paint);
+        m_button->setFixedSize(size);
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+        QCOMPARE(m_button->iconSize(), iconSize);
+        QImage expected = Canvas(*m_button);
+        ImageParams icon;
+        icon.path = m_icon.Path();
+        icon.color = ColorParams("icon/icon_toolbar");
+        icon.size = QSize(iconSize.height(), iconSize.height());
+        PaintInto(expected, QRect(QPoint(0, 0), icon.size), icon);
+        const int arrowWidth = iconSize.width() - iconSize.height();
+        PaintInto(expected, QRect(size.width() - 1 - arrowWidth, 0, arrowWidth, iconSize.height()), Arrow("icon/icon_toolbar"));
+        QCOMPARE(Render(*m_button), expected);
+
+        m_button->SetArrowIconVisible(false);
+        m_button->setFixedSize(size + QSize(1, 1));
+        QCOMPARE(m_button->iconSize(), size + QSize(1, 1));
+    }
+
+    void an_empty_size_leaves_the_icon_size()
+    {
+        m_button->setFixedSize(0, 32);
+        QCOMPARE(m_button->iconSize(), QSize(44, 32));
+        m_button->setFixedSize(44, 0);
+        QCOMPARE(m_button->iconSize(), QSize(44, 32));
+    }
+
+    void an_icon_size_of_the_host_s_own_is_painted_without_harm()
+    {
+        m_button->SetIconPath(m_icon.Path());
+        for (const QSize &size : {QSize(10, 30), QSize(0, 0), QSize(-1, -1), QSize(3000, 1)}) {
+            m_button->setIconSize(size);
+            Render(*m_button);
+        }
+    }
+
+    void right_to_left_layouts_change_no_place()
+    {
+        m_button->SetIconPath(m_icon.Path());
+        const QImage image = Render(*m_button);
+        m_window->setLayoutDirection(Qt::RightToLeft);
+        QVERIFY(m_button->isRightToLeft());
+        QCOMPARE(Render(*m_button), image);
+    }
+
+    void neither_text_nor_focus_is_painted()
+    {
+        const QImage image = Render(*m_button);
+        m_button->setText(QStringLiteral("Text"));
+        m_button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        m_button->setFocus(Qt::TabFocusReason);
+        QVERIFY(m_button->hasFocus());
+        QCOMPARE(Render(*m_button), image);
+    }
+
+    void setters_repaint_and_what_they_set_stays()
+    {
+        EventCounter paints(*m_button, QEvent::Paint);
+        const auto repaints = [&](const std::function<void()> &change) {
+            DrainEvents();
+            paints.Take();
+            change();
+            DrainEvents();
+            return paints.Take() > 0;
+        };
+        ImageParams params;
+        params.path = m_icon.Path();
+        params.size = QSize(32, 32);
+        QVERIFY(repaints([this] { m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#00FF00")); }));
+        QVERIFY(repaints([&] { m_button->SetIconParam(kNormal, params); }));
+        QVERIFY(repaints([this] { m_button->SetIconPath(QStringLiteral(":/images/select.svg")); }));
+        QVERIFY(repaints([this] { m_button->SetArrowIconVisible(false); }));
+        QVERIFY(repaints([this] { m_button->SetArrowIconVisible(true); }));
+        UseTable(Table::Dark);
+        DrainEvents();
+        QCOMPARE(m_button->fills, 0);
+        const QImage image = Render(*m_button);
+        COMPARE_COLOR(PixelAt(image, QPointF(37, 3)), QColor(Qt::green));
+        COMPARE_COLOR(PixelAt(image, QPointF(15, 15)), QColor(Qt::red));
+    }
+
+    // --- Toggling and the menu ---
+
+    void a_click_toggles()
+    {
+        QSignalSpy toggles(m_button, &QAbstractButton::toggled);
+        MoveCursorOver(*m_button);
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
+        QVERIFY(m_button->isChecked());
+        QCOMPARE(m_button->GetState(), QStyle::State(QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_MouseOver));
+        m_button->setFocus();
+        QTest::keyClick(m_window->windowHandle(), Qt::Key_Space);
+        QVERIFY(!m_button->isChecked());
+        QCOMPARE(toggles.count(), 2);
+    }
+
+    void a_long_press_opens_the_menu_and_a_click_toggles_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("mouse") << false;
+        QTest::newRow("space") << true;
+    }
+
+    void a_long_press_opens_the_menu_and_a_click_toggles()
+    {
+        QFETCH(bool, byKey);
+        const QPoint centre = m_button->geometry().center();
+        QWindow *window = m_window->windowHandle();
+        QMenu menu;
+        menu.addAction(QStringLiteral("First"));
+        m_button->setMenu(&menu);
+        m_button->setFocus();
+        QStyle::State whileOpen;
+        bool wasChecked = false;
+        QSignalSpy closed(&menu, &QMenu::aboutToHide);
+        connect(
+            &menu, &QMenu::aboutToShow, this,
+            [&] {
+                whileOpen = m_button->GetState();
+                wasChecked = m_button->isChecked();
+                if (byKey)
+                    QTest::keyRelease(&menu, Qt::Key_Space); // the menu has the keyboard
+                else
+                    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, centre);
+                menu.close();
+            },
+            Qt::QueuedConnection);
+        if (byKey)
+            QTest::keyPress(window, Qt::Key_Space);
+        else
+            QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, centre);
+        QCOMPARE(closed.count(), 0);
+        QTRY_COMPARE(closed.count(), 1);
+        QCOMPARE(whileOpen & ~QStyle::State(QStyle::State_MouseOver),
+                 QStyle::State(QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_Sunken));
+        QVERIFY(wasChecked);
+        DrainEvents();
+        QVERIFY(!m_button->isChecked());
+        QVERIFY(!m_button->isDown());
+
+        // Short: the menu stays away.
+        if (byKey)
+            QTest::keyClick(window, Qt::Key_Space);
+        else
+            QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, centre);
+        QVERIFY(m_button->isChecked());
+        QCOMPARE(closed.count(), 1);
+    }
+
+    void a_menu_brings_no_indicator_of_its_own()
+    {
+        const QImage image = Render(*m_button);
+        QMenu menu;
+        m_button->setMenu(&menu);
+        QCOMPARE(Render(*m_button), image);
+    }
+
+protected:
+    void SetUp() override
+    {
+        MoveCursorAway();
+        m_window = std::make_unique<QWidget>();
+        m_window->setGeometry(kWindowPlace);
+        m_button = new HostButton(m_window.get());
+        m_button->move(10, 10);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        DrainEvents();
+    }
+
+    void TearDown() override
+    {
+        LetGo(*m_button);
+        m_window.reset();
+        UseTable(Table::Light);
+    }
+
+private:
+    QImage Background(const QColor &color, int radius) const
+    {
+        QImage image = Canvas(*m_button);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawRoundedRect(m_button->rect(), radius, radius);
+        return image;
+    }
+
+    const VelmoraTest::SquareIcon m_icon{QStringLiteral("#FF0000")};
+    std::unique_ptr<QWidget> m_window;
+    HostButton *m_button = nullptr;
+};
+
+VELMORA_TEST_MAIN(TestQcMenuToolButton)
+
+#include "tst_QcMenuToolButton.moc"

@@ -18,6 +18,7 @@ class QGridLayout;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPainter;
 class QSlider;
 class QTableWidget;
@@ -142,5 +143,6 @@ void PaintColor(QPainter &painter, const QRectF &rect, double radius, const QCol
 void StyleLineEdit(QLineEdit *edit);
 void StyleScrollBars(QAbstractScrollArea *area);
 void StyleTable(QTableWidget *table);
+void StyleMenu(QMenu *menu);
 
 } // namespace Gallery

@@ -3,7 +3,6 @@
 #include "StateHolder.h"
 
 #include <Velmora/QcCombinedToolButton.h>
-#include <Velmora/QcStyleManager.h>
 #include <Velmora/QcToolButton.h>
 #include <Velmora/QcToolColorButton.h>
 
@@ -146,11 +145,7 @@ private:
         auto *shapes = new QcCombinedToolButton;
         shapes->setToolTip(QStringLiteral("Shape to draw"));
         auto *menu = new QMenu(this);
-        Velmora::QcStyleManager::GetInstance()->RegisterStyleSheet(menu, QStringLiteral(R"(
-            QMenu { padding: 4px; border: 1px solid ${border/border_secondary}; background: ${bg/bg_float}; }
-            QMenu::item { padding: 4px 24px 4px 12px; border-radius: 2px; color: ${text/text_primary}; }
-            QMenu::item:selected { background: ${bg/bg_transluent_strong_hover}; }
-            QMenu::item:pressed { background: ${bg/bg_transluent_strong_press}; })"));
+        StyleMenu(menu);
         auto *group = new QActionGroup(this);
         group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional); // one shape or none
         for (const char *name : {"rectangle", "ellipse", "line", "arrow"}) {

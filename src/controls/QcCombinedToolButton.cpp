@@ -51,7 +51,6 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
     , m_pMainButton(MakeHalf(this, QSize(kSide, kSide)))
     , m_pArrowButton(MakeHalf(this, QSize(kArrowWidth, kSide)))
 {
-    ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
     setAttribute(Qt::WA_MouseTracking);
     auto *halves = new QHBoxLayout(this);
     halves->setSpacing(0);
@@ -69,6 +68,7 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
         this, [this] { UpdateUiParams(); }, std::string());
     m_pMainButton->installEventFilter(this);
     m_pArrowButton->installEventFilter(this);
+    ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
 }
 
 void QcCombinedToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)

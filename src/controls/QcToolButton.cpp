@@ -22,13 +22,13 @@ QcToolButton::QcToolButton(QWidget *parent)
     : QToolButton(parent)
 {
     InstallButtonAccessibility();
-    ButtonState::FollowEnabled(*this, m_state);
     setFixedHeight(kHeight);
     SetBorderRadius(kRadius);
     connect(this, &QAbstractButton::toggled, this, &QcToolButton::OnToggled);
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/ToolButton.qss"));
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     QcToolButton::UpdateUiParams();
+    ButtonState::FollowEnabled(*this, m_state);
 }
 
 void QcToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)

@@ -470,19 +470,6 @@ private Q_SLOTS:
         CheckFills(hover, Qt::white);
     }
 
-    void a_control_made_in_a_disabled_window_is_disabled()
-    {
-        m_window->setEnabled(false);
-        auto *made = new HostButton(m_window.get());
-        made->move(100, 10);
-        made->SetIconPath(m_icon.Path());
-        made->show();
-        DrainEvents();
-        made->Main()->setIconSize(m_button->Main()->iconSize());
-        QCOMPARE(Render(*made), Render(*m_button));
-        QCOMPARE(made->cursor().shape(), Qt::ForbiddenCursor);
-    }
-
     void a_disabled_control_shows_the_forbidden_cursor()
     {
         EventCounter paints(*m_button, QEvent::Paint);
@@ -497,6 +484,20 @@ private Q_SLOTS:
         QVERIFY(paints.Take() > 0);
         m_window->setEnabled(false); // with its window as well
         QCOMPARE(m_button->cursor().shape(), Qt::ForbiddenCursor);
+    }
+
+    void one_made_in_a_disabled_parent_starts_disabled()
+    {
+        m_button->SetIconPath(QString());
+        m_window->setEnabled(false);
+        auto *button = new HostButton(m_window.get());
+        QCOMPARE(button->cursor().shape(), Qt::ForbiddenCursor);
+        button->show();
+        DrainEvents();
+        QCOMPARE(Render(*button), Render(*m_button));
+        m_window->setEnabled(true);
+        QVERIFY(!button->testAttribute(Qt::WA_SetCursor));
+        QCOMPARE(Render(*button), Render(*m_button));
     }
 
     // --- Actions and the menu ---

@@ -342,16 +342,6 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(2, 12)), Painted(Table::Light, QLatin1String(kToolBackgrounds[2]), Qt::white));
     }
 
-    void a_button_made_in_a_disabled_window_is_disabled()
-    {
-        m_window->setEnabled(false);
-        const auto *button = new HostButton(m_window.get());
-        QCOMPARE(int(button->GetState()), 0);
-        QCOMPARE(button->cursor().shape(), Qt::ForbiddenCursor);
-        m_window->setEnabled(true);
-        QCOMPARE(int(button->GetState()), 1);
-    }
-
     void a_disabled_button_shows_the_forbidden_cursor()
     {
         QVERIFY(!m_button->testAttribute(Qt::WA_SetCursor));
@@ -369,6 +359,17 @@ private Q_SLOTS:
         QCOMPARE(int(m_button->GetState()), 0);
         m_window->setEnabled(true);
         QCOMPARE(m_button->cursor().shape(), Qt::CrossCursor);
+    }
+
+    void one_made_in_a_disabled_parent_starts_disabled()
+    {
+        m_window->setEnabled(false);
+        HostButton button(m_window.get());
+        QCOMPARE(int(button.GetState()), 0);
+        QCOMPARE(button.cursor().shape(), Qt::ForbiddenCursor);
+        m_window->setEnabled(true);
+        QCOMPARE(int(button.GetState()), 1);
+        QVERIFY(!button.testAttribute(Qt::WA_SetCursor));
     }
 
     void toggling_shows_also_while_disabled()

@@ -83,7 +83,8 @@ class Desktop:
         with open(config, "w", encoding="utf-8") as file:
             file.write(OPENBOX_CONFIG)
         self.start(["openbox", "--sm-disable", "--config-file", config], log="openbox.log")
-        wait_for(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+        # It says who it is before it says what it can do, and a program asks for that only once, when it starts.
+        wait_for(lambda: "_NET_WM_MOVERESIZE" in self.run("xprop", "-root", "_NET_SUPPORTED"), "the window manager")
 
     def start(self, command, log, pass_fds=(), stdout=None):
         with open(os.path.join(self.folder, log), "w", encoding="utf-8") as file:
@@ -170,15 +171,28 @@ class Desktop:
         self.release(button)
 
     def drag_until(self, window, start, by, expected, button=1):
-        """The window manager takes the pointer over when it gets around to it: the button is held until the window has followed."""
-        x, y = start
-        self.point_at(x, y)
+        """As a hand does it, which holds the button and looks where the window is: the window manager takes the pointer over when
+        it gets around to it, and counts from where the pointer is then."""
+        before = last = self.geometry(window)
+        end = (start[0] + by[0], start[1] + by[1])
+        at = start
+        self.point_at(*at)
         self.press(button)
+
+        def arrives():
+            nonlocal at, last
+            now, previous = self.geometry(window), last
+            last = now
+            if now == expected:
+                return previous == expected # at rest
+            if now == before:
+                at = start if at == end else end
+            elif now == previous:
+                at = tuple(at[axis] + (expected[axis] - now[axis] or expected[axis + 2] - now[axis + 2]) for axis in (0, 1))
+            self.point_at(*at)
+            return False
+
         try:
-            def arrives():
-                self.point_at(x + by[0] - 1, y + by[1])
-                self.point_at(x + by[0], y + by[1])
-                return self.geometry(window) == expected
             wait_for(arrives, f"{expected} after a drag", 20)
         finally:
             self.release(button)

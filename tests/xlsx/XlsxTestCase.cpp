@@ -21,6 +21,16 @@ bool XlsxTestCase::Load(Velmora::XlsxOperator &op, const QByteArray &archive)
     return op.load();
 }
 
+QByteArray XlsxTestCase::Saved(const Template &source, const std::function<void(Velmora::XlsxOperator &)> &edit, const QByteArray &begin,
+                               const QByteArray &end)
+{
+    Velmora::XlsxOperator op;
+    if (!Load(op, source))
+        return "not loaded";
+    edit(op);
+    return op.save() ? OutputBetween(kSheet1, begin, end) : QByteArray("not saved");
+}
+
 QByteArray XlsxTestCase::OutputBetween(const QByteArray &name, const QByteArray &begin, const QByteArray &end) const
 {
     const QByteArray content = Output().value(name);

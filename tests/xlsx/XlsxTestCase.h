@@ -10,6 +10,8 @@
 
 #include <QTemporaryDir>
 
+#include <functional>
+
 namespace VelmoraTest {
 
 /// Tests in a temporary folder, which holds the template, the working directory and the output.
@@ -31,6 +33,9 @@ protected:
     /// Writes the template, sets the paths and loads.
     bool Load(Velmora::XlsxOperator &op, const Template &source);
     bool Load(Velmora::XlsxOperator &op, const QByteArray &archive);
+    /// Loads, edits and saves; then the text of the first sheet as OutputBetween() gives it, or what failed.
+    QByteArray Saved(const Template &source, const std::function<void(Velmora::XlsxOperator &)> &edit, const QByteArray &begin,
+                     const QByteArray &end);
     /// The parts of the output.
     QMap<QByteArray, QByteArray> Output() const { return ReadArchive(FileContent(OutputPath())); }
     /// The text between the first \a begin and the next \a end of the part \a name of the output, both left out.

@@ -39,14 +39,10 @@ class tst_XlsxCells : public XlsxTestCase
     /// The children of sheetData after \a value was set to the name of \a source, whose name is A.
     QByteArray Saved(const Template &source, const QVariant &value)
     {
-        XlsxOperator op;
-        if (!Load(op, source))
-            return "not loaded";
-        op.setCellsValue(kA, value);
-        if (!op.save())
-            return "not saved";
+        const QByteArray saved = XlsxTestCase::Saved(
+            source, [&value](XlsxOperator &op) { op.setCellsValue(kA, value); }, "<sheetData>", "</sheetData>");
         const QStringList faults = PackageFaults(Output());
-        return faults.isEmpty() ? OutputBetween(kSheet1, "<sheetData>", "</sheetData>") : faults.join(QLatin1Char('\n')).toUtf8();
+        return faults.isEmpty() ? saved : faults.join(QLatin1Char('\n')).toUtf8();
     }
 
 private Q_SLOTS:

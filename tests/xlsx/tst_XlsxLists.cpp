@@ -38,11 +38,8 @@ class tst_XlsxLists : public XlsxTestCase
     /// What follows the sheet's data after the list was set.
     QByteArray Saved(const Template &source, const DropDownInfo &info)
     {
-        XlsxOperator op;
-        if (!Load(op, source))
-            return "not loaded";
-        op.setCellsDropDownInfo(kA, info);
-        return op.save() ? OutputBetween(kSheet1, "</sheetData>", "</worksheet>") : QByteArray("not saved");
+        return XlsxTestCase::Saved(
+            source, [&info](XlsxOperator &op) { op.setCellsDropDownInfo(kA, info); }, "</sheetData>", "</worksheet>");
     }
 
 private Q_SLOTS:

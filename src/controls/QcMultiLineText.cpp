@@ -5,16 +5,23 @@
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessibleWidget>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOption>
 #include <QTextBlock>
 #include <QTextBlockFormat>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <QTextFragment>
 #include <QTextLayout>
+#include <QVector>
+
+#include <algorithm>
 
 namespace Velmora {
 
@@ -49,6 +56,39 @@ QAccessibleInterface *CreateTextInterface(const QString &className, QObject *obj
 void InstallTextAccessibility()
 {
     QAccessible::installFactory(CreateTextInterface); // for each control: Qt forgets it with the application object
+}
+
+/// The links of \a document, each a selection.
+QVector<QTextCursor> LinksOf(QTextDocument *document)
+{
+    QVector<QTextCursor> links;
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            const QString href = fragment.charFormat().anchorHref();
+            if (href.isEmpty())
+                continue;
+            const bool goesOn = !links.isEmpty() && links.constLast().position() == fragment.position()
+                && links.constLast().charFormat().anchorHref() == href;
+            if (!goesOn) {
+                links.append(QTextCursor(document));
+                links.last().setPosition(fragment.position());
+            }
+            links.last().setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+        }
+    }
+    return links;
+}
+
+/// How \a widget's style marks a link that has the keyboard, where text has the colours of \a palette.
+QTextCharFormat FocusFormat(const QWidget *widget, const QPalette &palette)
+{
+    QStyleHintReturnVariant format;
+    QStyleOption option;
+    option.initFrom(widget);
+    option.palette = palette;
+    widget->style()->styleHint(QStyle::SH_TextControl_FocusIndicatorTextCharFormat, &option, widget, &format);
+    return qvariant_cast<QTextFormat>(format.variant).toCharFormat();
 }
 
 } // namespace
@@ -95,6 +135,7 @@ void QcMultiLineText::announceText()
 
 void QcMultiLineText::setTextToDocument(const QString & /*text*/)
 {
+    m_paintContext.selections.clear();
     m_document->clear();
     QTextBlockFormat format;
     format.setLineHeight(4.0, QTextBlockFormat::LineDistanceHeight);
@@ -108,6 +149,11 @@ void QcMultiLineText::setTextToDocument(const QString & /*text*/)
     option.setWrapMode(QTextOption::WrapAnywhere);
     m_document->setDefaultTextOption(option);
     updateAlignmentByLineCount();
+
+    // A host's own policy stays.
+    const bool hasLinks = !LinksOf(m_document).isEmpty();
+    if (focusPolicy() == (hasLinks ? Qt::NoFocus : Qt::TabFocus))
+        setFocusPolicy(hasLinks ? Qt::TabFocus : Qt::NoFocus);
 }
 
 void QcMultiLineText::setFont(const QFont &font)
@@ -240,6 +286,8 @@ void QcMultiLineText::paintEvent(QPaintEvent *event)
     QFrame::paintEvent(event);
     QPainter painter(this);
     m_paintContext.clip = QRectF(rect());
+    for (QAbstractTextDocumentLayout::Selection &link : m_paintContext.selections)
+        link.format = FocusFormat(this, m_paintContext.palette);
     m_document->documentLayout()->draw(&painter, m_paintContext);
 }
 
@@ -269,6 +317,57 @@ void QcMultiLineText::mousePressEvent(QMouseEvent *event)
         QFrame::mousePressEvent(event);
     else
         Q_EMIT signalAnchorClicked(anchor);
+}
+
+// --- Keyboard ---
+
+/// Marks the link behind or, unless \a next, before the marked one: the first or last if none is. False if there is none, and
+/// then none is marked.
+bool QcMultiLineText::markLink(bool next)
+{
+    QVector<QAbstractTextDocumentLayout::Selection> &marked = m_paintContext.selections;
+    const QVector<QTextCursor> links = LinksOf(m_document);
+    int index = next ? 0 : links.size() - 1;
+    if (!marked.isEmpty()) {
+        const int begin = marked.constFirst().cursor.selectionStart();
+        const auto isMarked = [begin](const QTextCursor &link) { return link.selectionStart() == begin; };
+        const auto found = std::find_if(links.begin(), links.end(), isMarked);
+        index = int(found - links.begin()) + (next ? 1 : -1);
+    }
+    marked.clear();
+    if (index >= 0 && index < links.size())
+        marked.append({links.at(index), QTextCharFormat()});
+    update();
+    return !marked.isEmpty();
+}
+
+void QcMultiLineText::keyPressEvent(QKeyEvent *event)
+{
+    const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (presses && !m_paintContext.selections.isEmpty())
+        Q_EMIT signalAnchorClicked(m_paintContext.selections.constFirst().cursor.charFormat().anchorHref());
+    else
+        QFrame::keyPressEvent(event);
+}
+
+void QcMultiLineText::focusInEvent(QFocusEvent *event)
+{
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        markLink(event->reason() == Qt::TabFocusReason);
+    QFrame::focusInEvent(event);
+}
+
+void QcMultiLineText::focusOutEvent(QFocusEvent *event)
+{
+    const bool comesBack = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    if (!comesBack)
+        m_paintContext.selections.clear();
+    QFrame::focusOutEvent(event);
+}
+
+bool QcMultiLineText::focusNextPrevChild(bool next)
+{
+    return markLink(next) || QFrame::focusNextPrevChild(next);
 }
 
 } // namespace Velmora

@@ -16,6 +16,7 @@ namespace Velmora {
 /// Read-only rich text with links, which either grows in height with its text or is cut to a number of lines with "...".
 ///
 /// Text is read as HTML, so that "<" and "&" of plain text must be escaped. It wraps anywhere, in the middle of words too.
+/// A text with links takes the Tab key, which goes from one to the next; Enter and Space press the marked one.
 /// A link that names no colour has that of the application's palette at the time of setText(), not one of the table.
 /// Without setHeightAdaptive() the control takes the height that its host gives it.
 class VELMORA_EXPORT QcMultiLineText : public QFrame
@@ -52,7 +53,7 @@ public:
 Q_SIGNALS:
     /// The height followed the text.
     void signalHeightChanged();
-    /// A link was pressed.
+    /// A link was pressed, with a mouse button or a key.
     void signalAnchorClicked(const QString &qstrAnchorHref);
 
 protected:
@@ -60,6 +61,10 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private Q_SLOTS:
     void onUpdateHeight();
@@ -76,6 +81,7 @@ private:
     void announceText();
     void setTextToDocument(const QString &text);
     void applyAlignment(Qt::Alignment alignment);
+    bool markLink(bool next);
 
     QTextDocument *m_document;
     QString m_text;

@@ -8,25 +8,27 @@
 #include <QTextDocument>
 #include <QTextLayout>
 
+#include <climits>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
 namespace {
 
-int CountDown(QTextDocument &document)
+bool HasMoreLines(QTextDocument &document, int maxLines)
 {
     Q_EMIT document.documentLayout()->update(QRectF(0, 0, 0, 1000000000.0));
     QTextCursor cursor(&document);
     int lines = 1;
-    while (cursor.movePosition(QTextCursor::Down))
+    while (lines <= maxLines && cursor.movePosition(QTextCursor::Down))
         ++lines;
-    return lines;
+    return lines > maxLines;
 }
 
-/// The plain way: one character and one count of all lines at a time. What the library does must come to the same.
+/// The plain way: one character and one count of the lines at a time. What the library does must come to the same.
 void ElideOneByOne(QTextDocument &document, int maxLines)
 {
-    if (CountDown(document) <= maxLines)
+    if (!HasMoreLines(document, maxLines))
         return;
     QTextCursor cursor(&document);
     for (int line = 1; line < maxLines; ++line)
@@ -35,7 +37,7 @@ void ElideOneByOne(QTextDocument &document, int maxLines)
     cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     cursor.insertText(QStringLiteral("..."));
-    while (CountDown(document) > maxLines) {
+    while (HasMoreLines(document, maxLines)) {
         const int before = document.characterCount();
         cursor.movePosition(QTextCursor::End);
         if (cursor.position() < 3)
@@ -92,6 +94,8 @@ struct Sample
 
 QVector<Sample> Samples()
 {
+    // More characters without a width than the library takes away one by one, and few enough to do so here.
+    constexpr int kMany = 120;
     const QString hebrew = QStringLiteral("\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD \u05D5\u05D1\u05E8\u05DB\u05D4 ").repeated(12);
     const QString arabic =
         QStringLiteral("\u0627\u0644\u0633\u0644\u0627\u0645 \u0639\u0644\u064A\u0643\u0645 \u0648\u0631\u062D\u0645\u0629 ").repeated(12);
@@ -116,10 +120,10 @@ QVector<Sample> Samples()
         {"table first", QStringLiteral("<table><tr><td>%1</td><td>%1</td></tr></table>after").arg(Words(6))},
         {"malformed", QStringLiteral("<p><b>bold <i>both </b>%1</i><a href=>&nosuch; &#xFFFF; <table><td>").arg(Words(20))},
         {"no markup", QStringLiteral("a < b && c > d <<<<< %1 <").arg(Words(20))},
-        {"preformatted", QStringLiteral("<pre>a%1b\nc\nd</pre>").arg(QString(400, QLatin1Char(' ')))},
-        {"hanging blanks", HangingBlanks(400)},
-        {"no-break blanks", QStringLiteral("a") + QStringLiteral("&nbsp;").repeated(200) + QStringLiteral("b")},
-        {"zero width", QStringLiteral("a") + QString(300, QChar(0x200B)) + Words(10)},
+        {"preformatted", QStringLiteral("<pre>a%1b\nc\nd</pre>").arg(QString(kMany, QLatin1Char(' ')))},
+        {"hanging blanks", HangingBlanks(kMany)},
+        {"no-break blanks", QStringLiteral("a") + QStringLiteral("&nbsp;").repeated(kMany) + QStringLiteral("b")},
+        {"zero width", QStringLiteral("a") + QString(kMany, QChar(0x200B)) + Words(10)},
     };
 }
 
@@ -144,7 +148,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, html);
         QFETCH(int, width);
-        for (const int lines : {-1, 0, 1, 2, 3, 5}) {
+        for (const int lines : {0, 1, 2, 3, 5}) {
+            if (lines == 0 && width != 101)
+                continue; // takes all away at any width, which takes long one by one
             QTextDocument expected;
             Fill(expected, html, width);
             ElideOneByOne(expected, lines);
@@ -193,10 +199,12 @@ private Q_SLOTS:
             multiLineTextElide(&document, 1);
             QCOMPARE(document.toPlainText(), QStringLiteral("..."));
         }
-        QTextDocument document;
-        Fill(document, Words(5), 200);
-        multiLineTextElide(&document, 0);
-        QCOMPARE(document.toPlainText(), QStringLiteral("..."));
+        for (const int lines : {0, -1, INT_MIN}) {
+            QTextDocument document;
+            Fill(document, Words(5), 200);
+            multiLineTextElide(&document, lines);
+            QCOMPARE(document.toPlainText(), QStringLiteral("..."));
+        }
     }
 
     void suffix_takes_the_format_in_front_of_it()

@@ -7,6 +7,8 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
+#include <QPointer>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -426,6 +428,103 @@ private Q_SLOTS:
         QTest::mousePress(&text, Qt::LeftButton, Qt::NoModifier, beside);
         QCOMPARE(clicks.count(), 0);
         QCOMPARE(window.presses, 1);
+    }
+
+    void the_keyboard_reaches_and_presses_links()
+    {
+        QWidget window;
+        window.resize(400, 400);
+        QPushButton before(&window);
+        QcMultiLineText text(&window);
+        QPushButton after(&window);
+        text.setGeometry(0, 50, 300, 200);
+        text.setText(QStringLiteral("One <a href=\"one\">fi<b>rst</b></a><a href=\"two\">second</a> and <a href=\"\">none</a>"));
+        QSignalSpy clicks(&text, &QcMultiLineText::signalAnchorClicked);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        before.setFocus();
+        const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        const auto pressed = [&clicks] { return clicks.isEmpty() ? QString() : clicks.takeFirst().constFirst().toString(); };
+        const QImage unmarked = Render(text);
+        press(Qt::Key_Tab);
+        QVERIFY(text.hasFocus());
+        const QImage first = Render(text);
+        QVERIFY(first != unmarked);
+        press(Qt::Key_Return);
+        QCOMPARE(pressed(), QStringLiteral("one"));
+        press(Qt::Key_Tab);
+        QVERIFY(text.hasFocus());
+        QVERIFY(Render(text) != first);
+        press(Qt::Key_Space);
+        QCOMPARE(pressed(), QStringLiteral("two"));
+        press(Qt::Key_A);
+        press(Qt::Key_Tab);
+        QVERIFY(after.hasFocus());
+        QCOMPARE(Render(text), unmarked);
+        press(Qt::Key_Backtab);
+        press(Qt::Key_Enter);
+        QCOMPARE(pressed(), QStringLiteral("two"));
+        press(Qt::Key_Backtab);
+        press(Qt::Key_Enter);
+        QCOMPARE(pressed(), QStringLiteral("one"));
+        press(Qt::Key_Backtab);
+        QVERIFY(before.hasFocus());
+        QVERIFY(clicks.isEmpty());
+
+        press(Qt::Key_Tab);
+        text.setText(QStringLiteral("<a href=\"new\">link</a>")); // the marked link has gone
+        press(Qt::Key_Return);
+        QVERIFY(clicks.isEmpty());
+        press(Qt::Key_Tab);
+        press(Qt::Key_Return);
+        QCOMPARE(pressed(), QStringLiteral("new"));
+    }
+
+    void a_text_without_links_is_no_stop_of_the_tab_key()
+    {
+        QcMultiLineText text;
+        text.setText(QStringLiteral("words"));
+        QCOMPARE(text.focusPolicy(), Qt::NoFocus);
+        text.setText(QStringLiteral("<a href=\"target\">link</a>"));
+        QCOMPARE(text.focusPolicy(), Qt::TabFocus);
+        text.clear();
+        QCOMPARE(text.focusPolicy(), Qt::NoFocus);
+        text.setFocusPolicy(Qt::ClickFocus); // a host's choice
+        text.setText(QStringLiteral("<a href=\"target\">link</a>"));
+        QCOMPARE(text.focusPolicy(), Qt::ClickFocus);
+    }
+
+    void receivers_may_delete_it_fill_it_or_change_the_table()
+    {
+        const QString html = QStringLiteral("<a href=\"target\">link</a> %1").arg(Words(20));
+        for (const bool byKey : {false, true}) {
+            QWidget window;
+            auto *text = new QcMultiLineText(&window);
+            const QPointer<QWidget> guard(text);
+            text->setGeometry(0, 0, 200, 200);
+            text->setText(html);
+            window.show();
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+            connect(text, &QcMultiLineText::signalAnchorClicked, &window, [text] { delete text; });
+            if (byKey)
+                QTest::keyClick(text, Qt::Key_Tab);
+            byKey ? QTest::keyClick(text, Qt::Key_Return) : QTest::mousePress(text, Qt::LeftButton, Qt::NoModifier, LinkPosition(*text));
+            QVERIFY(!guard);
+        }
+        Shower shower(QSize(200, 200));
+        shower.text.setHeightAdaptive(true);
+        int rounds = 0;
+        connect(&shower.text, &QcMultiLineText::signalHeightChanged, &shower.text, [&] {
+            if (++rounds > 3)
+                return;
+            UseTable(rounds % 2 ? Table::Dark : Table::Light);
+            shower.text.setText(Words(20 * rounds));
+            shower.text.resize(200 + rounds, shower.text.height());
+        });
+        shower.text.setText(html);
+        DrainEvents();
+        QVERIFY(rounds > 3);
+        QCOMPARE(shower.text.height(), int(DocumentOf(shower.text)->size().height()));
     }
 
     void assistive_technology_reads_the_whole_text()

@@ -93,7 +93,7 @@ private:
     {
         Card *card = AddSection(QStringLiteral("Try it"),
                                 QStringLiteral("Drag the right edge of a box. The first text grows with its lines, "
-                                               "the second is cut to three of them. Links report their press."));
+                                               "the second is cut to three of them. Links report their press; Tab reaches them, too."));
         auto *pressed = MakeElidingLabel(QStringLiteral("No link pressed yet"), QcLabel::BodySecondary);
         for (const bool growing : {true, false}) {
             QcFrame *box = MakeBox();

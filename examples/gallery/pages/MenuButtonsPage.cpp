@@ -250,7 +250,7 @@ private:
         grid->addWidget(MakeLabel(QLatin1String(name), QcLabel::Body), row, 0);
         for (int column = 0; column < 8; ++column) {
             auto *button = make();
-            button->setObjectName(QStringLiteral("%1-%2").arg(QLatin1String(name)).arg(kButtonStates[column]));
+            button->setObjectName(QStringLiteral("menu-%1-%2").arg(row).arg(kButtonStates[column]));
             button->setAccessibleName(QLatin1String(name));
             button->setAccessibleDescription(QLatin1String(kButtonStateNames[column]));
             m_holder->Add(button, kButtonStates[column]);

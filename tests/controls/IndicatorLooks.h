@@ -35,6 +35,21 @@ struct IndicatorRow
     const char *inner; ///< null where the image has no third colour
 };
 
+template <int count>
+void AddRows(const IndicatorRow (&rows)[count])
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < count; ++i)
+        QTest::newRow(rows[i].name) << i;
+}
+
+inline void AddDirections()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
 inline QColor Painted(Table table, const char *code, const QColor &below)
 {
     const QString text = QString::fromLatin1(code);

@@ -31,12 +31,7 @@ class TestQcCheckBox : public IndicatorTest<QcCheckBox>
     Q_OBJECT
 
 private Q_SLOTS:
-    void each_row_shows_its_colours_data()
-    {
-        QTest::addColumn<int>("index");
-        for (int i = 0; i < int(std::size(kRows)); ++i)
-            QTest::newRow(kRows[i].name) << i;
-    }
+    void each_row_shows_its_colours_data() { AddRows(kRows); }
 
     void each_row_shows_its_colours()
     {
@@ -79,12 +74,7 @@ private Q_SLOTS:
         }
     }
 
-    void a_long_text_is_elided_at_the_widget_s_end_data()
-    {
-        QTest::addColumn<Qt::LayoutDirection>("direction");
-        QTest::newRow("left to right") << Qt::LeftToRight;
-        QTest::newRow("right to left") << Qt::RightToLeft;
-    }
+    void a_long_text_is_elided_at_the_widget_s_end_data() { AddDirections(); }
 
     void a_long_text_is_elided_at_the_widget_s_end()
     {

@@ -43,12 +43,7 @@ class TestQcRadioButton : public IndicatorTest<QcRadioButton>
     Q_OBJECT
 
 private Q_SLOTS:
-    void each_row_shows_its_colours_data()
-    {
-        QTest::addColumn<int>("index");
-        for (int i = 0; i < int(std::size(kRows)); ++i)
-            QTest::newRow(kRows[i].name) << i;
-    }
+    void each_row_shows_its_colours_data() { AddRows(kRows); }
 
     void each_row_shows_its_colours()
     {
@@ -122,12 +117,7 @@ private Q_SLOTS:
         QVERIFY(m_control->testAttribute(Qt::WA_MouseTracking));
     }
 
-    void a_long_text_is_elided_and_clear_of_the_indicator_data()
-    {
-        QTest::addColumn<Qt::LayoutDirection>("direction");
-        QTest::newRow("left to right") << Qt::LeftToRight;
-        QTest::newRow("right to left") << Qt::RightToLeft;
-    }
+    void a_long_text_is_elided_and_clear_of_the_indicator_data() { AddDirections(); }
 
     void a_long_text_is_elided_and_clear_of_the_indicator()
     {

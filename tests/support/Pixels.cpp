@@ -1,5 +1,6 @@
 #include "support/Pixels.h"
 
+#include <QHash>
 #include <QPainter>
 #include <QWidget>
 
@@ -82,6 +83,20 @@ QColor InkColor(const QImage &image, const QColor &background)
         }
     }
     return ink;
+}
+
+QColor MainInk(const QImage &image, const QColor &background)
+{
+    QHash<QRgb, int> counts;
+    QRgb commonest = background.rgb();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (!Close(QColor(pixel), background) && ++counts[pixel] > counts.value(commonest))
+                commonest = pixel;
+        }
+    }
+    return QColor(commonest);
 }
 
 } // namespace VelmoraTest

@@ -40,6 +40,10 @@ QRectF InkBox(const QImage &image, const QColor &background, int tolerance = 8);
 /// to cover a pixel whole. Enlarge the font for that.
 QColor InkColor(const QImage &image, const QColor &background);
 
+/// The commonest colour of \a image beside \a background: that of a text of full blocks (U+2588), whatever its size, and
+/// whatever lies beside it or at its seams.
+QColor MainInk(const QImage &image, const QColor &background);
+
 } // namespace VelmoraTest
 
 /// Compares two colours channel by channel, within two steps, and prints both on failure.

@@ -142,14 +142,16 @@ void QcCombinedToolButton::ShowMenu()
     const QPointer<QMenu> menu = m_pArrowButton->menu();
     if (!menu)
         return;
-    // Its size decides its place. A size that is not the host's follows the entries, which may change before the next time.
-    const bool followsEntries = !menu->testAttribute(Qt::WA_Resized);
-    if (followsEntries)
-        menu->adjustSize();
+    // Its size decides its place. A size that is not the host's follows entries and font, which may change before the next time.
+    const bool hasOwnSize = !menu->testAttribute(Qt::WA_Resized);
+    if (hasOwnSize) {
+        menu->ensurePolished();
+        menu->resize(menu->sizeHint()); // not adjustSize(), which would cut a wide one
+    }
     const QPoint place = rect().bottomRight() + QPoint(-menu->width(), kMenuGap);
     menu->move(mapToGlobal(QStyle::visualRect(layoutDirection(), rect(), QRect(place, menu->size())).topLeft()));
     menu->show();
-    if (menu && followsEntries)
+    if (menu && hasOwnSize)
         menu->setAttribute(Qt::WA_Resized, false);
 }
 

@@ -136,6 +136,7 @@ private Q_SLOTS:
         QCOMPARE(button.fills, 1);
         COMPARE_COLOR(PixelAt(Render(button), kOnMain), QColor(Qt::white)); // what the host set before is replaced
         button.SetBackgroundColorParams(kNormal, QStringLiteral("#00FF00"));
+        COMPARE_COLOR(PixelAt(Render(button), QPointF(1, 2)), QColor(Qt::green)); // the radius too
         UseTable(Table::Dark);
         UseTable(Table::Light);
         QCOMPARE(button.fills, 1);
@@ -560,13 +561,21 @@ private Q_SLOTS:
     {
         m_window->move(120, 0);
         m_button->setMenu(m_menu.get());
-        for (const char *entry : {"", "An entry that is much wider than the others", "Another one, which makes the menu wider still"}) {
+        for (const char *entry : {"", "A wider entry", "An entry that is wider still"}) {
             if (*entry)
                 m_menu->addAction(QLatin1String(entry));
             m_button->Arrow()->toggle();
             CheckMenuPlace();
+            QCOMPARE(m_menu->size(), m_menu->sizeHint());
             m_menu->hide();
         }
+        QFont font = m_menu->font();
+        font.setPixelSize(2 * m_menu->fontMetrics().height());
+        m_menu->setFont(font);
+        m_button->Arrow()->toggle();
+        CheckMenuPlace();
+        QCOMPARE(m_menu->size(), m_menu->sizeHint());
+        m_menu->hide();
         m_menu->setFixedWidth(77);
         m_button->Arrow()->toggle();
         QCOMPARE(m_menu->width(), 77);

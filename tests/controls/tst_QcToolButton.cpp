@@ -25,6 +25,7 @@ using namespace VelmoraTest;
 namespace {
 
 const QStyle::State kNormal = QStyle::State_Enabled;
+const QStyle::State kHover = QStyle::State_Enabled | QStyle::State_MouseOver;
 const QString kPlainIcon = QStringLiteral("icon/icon_toolbar");
 
 /// A button as a host derives it.
@@ -156,11 +157,12 @@ private Q_SLOTS:
 
     void a_fresh_table_undoes_what_the_host_set_but_the_path()
     {
+        MoveCursorOver(*m_button);
         const QImage before = Render(*m_button);
         ImageParams red;
         red.path = QStringLiteral(":/images/none.svg");
-        m_button->SetIconParam(kNormal, red);
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#FF0000"));
+        m_button->SetIconParam(kHover, red);
+        m_button->SetBackgroundColorParams(kHover, QStringLiteral("#FF0000"));
         m_button->SetBorderRadius(9);
         QVERIFY(Render(*m_button) != before);
         m_button->UpdateUiParams();

@@ -14,7 +14,7 @@ using namespace VelmoraTest;
 
 namespace {
 
-const QStyle::State kNormal = QStyle::State_Enabled;
+const QStyle::State kHover = QStyle::State_Enabled | QStyle::State_MouseOver;
 
 } // namespace
 
@@ -76,13 +76,14 @@ private Q_SLOTS:
 
     void the_change_undoes_what_the_host_set_but_the_path()
     {
+        MoveCursorOver(*m_button);
         m_button->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
         const QImage before = Render(*m_button);
         ImageParams own;
         own.path = QStringLiteral(":/images/close.svg");
         own.color = ColorParams("#FF0000");
-        m_button->SetIconParam(kNormal, own);
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#FF0000"));
+        m_button->SetIconParam(kHover, own);
+        m_button->SetBackgroundColorParams(kHover, QStringLiteral("#FF0000"));
         m_button->SetBorderRadius(9);
         QVERIFY(Render(*m_button) != before);
         m_button->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));

@@ -128,6 +128,15 @@ class Desktop:
         match = re.search(r"# (0x[0-9a-f]+)", self.run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
         return str(int(match.group(1), 16)) if match else ""
 
+    def window_at(self, x, y):
+        """The uppermost window of a program at a place, tips and menus aside."""
+        stacked = re.findall(r"0x[0-9a-f]+", self.run("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))
+        for window in (str(int(number, 16)) for number in reversed(stacked)):
+            left, top, width, height = self.geometry(window) or (0, 0, 0, 0)
+            if left <= x < left + width and top <= y < top + height:
+                return window
+        return ""
+
     def property(self, window, name):
         return self.run("xprop", "-id", window, name).partition("=")[2].strip()
 
@@ -199,13 +208,16 @@ class Desktop:
             if button != 1: # Qt names the left button to the window manager, whose move ends with a release of that one
                 self.run("xdotool", "click", "1")
 
+    def press_twice(self, x, y):
+        press = ("mousedown", "1", "sleep", "0.12", "mouseup", "1")
+        self.point_at(x, y)
+        self.run("xdotool", *press, "sleep", "0.03", *press)
+
     def double_click(self, at, done):
         """As a hand does it, whose press lasts: the window manager, asked to move the window, awaits the release. On a busy machine
         it may ask for the pointer too late for that, and is then freed by one more click, and the double click done again."""
-        press = ("mousedown", "1", "sleep", "0.12", "mouseup", "1")
         for _ in range(20):
-            self.point_at(*at)
-            self.run("xdotool", *press, "sleep", "0.03", *press)
+            self.press_twice(*at)
             try:
                 return wait_for(done, "the double click's answer", 3)
             except AssertionError:

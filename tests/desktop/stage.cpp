@@ -1,6 +1,8 @@
 #include "windows/QcWindowHandler_p.h"
 
+#include <Velmora/ModalDialogs.h>
 #include <Velmora/QcApplication.h>
+#include <Velmora/QcArrowTip.h>
 #include <Velmora/QcDialog.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcStyleManager.h>
@@ -89,26 +91,51 @@ void ShowAt(QWidget *window)
     window->show();
 }
 
-int ShowWindow()
+template <typename Window>
+QAbstractButton *SetUp(Window &window, const QString &option)
+{
+    window.setTitle(QStringLiteral("Stage"));
+    window.setWindowTitle(QStringLiteral("main window"));
+    if (option == QLatin1String("unfiltered"))
+        window.removeEventFilter();
+    return AddButton(window.getContentFrame());
+}
+
+/// A dialog over the window, run until it is answered.
+void Ask(QWidget *window)
+{
+    QcDialog dialog(window);
+    dialog.setTitle(QStringLiteral("Question"));
+    dialog.setWindowTitle(QStringLiteral("question"));
+    dialog.setBottomFrameVisible(true);
+    dialog.resize(240, 160);
+    Say(QStringLiteral("answer%1").arg(Velmora::exec(&dialog, window)));
+}
+
+int ShowWindow(const QString &option)
 {
     QcWindow window(nullptr);
-    window.setTitle(QStringLiteral("Stage"));
-    window.setWindowTitle(QStringLiteral("stage"));
+    QAbstractButton *button = SetUp(window, option);
     QObject::connect(&window, &QcWindow::signalClose, [] { Say(QStringLiteral("closed")); });
-    AddButton(window.getContentFrame());
+    if (option == QLatin1String("asking"))
+        QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { Ask(&window); });
+    QcArrowTip tip(&window);
+    tip.setReferenceWidget(button);
+    tip.setText(QStringLiteral("Here"));
     ShowAt(&window);
+    if (option == QLatin1String("tipped"))
+        tip.show();
     return QApplication::exec();
 }
 
-int ShowDialog()
+int ShowDialog(const QString &option)
 {
     QcDialog dialog(nullptr);
-    dialog.setTitle(QStringLiteral("Stage"));
-    dialog.setWindowTitle(QStringLiteral("stage"));
+    SetUp(dialog, option);
     dialog.controlMinMaxBtn(true);
     dialog.setBottomFrameVisible(true);
+    dialog.setTitleBarVisible(option != QLatin1String("untitled"));
     QObject::connect(&dialog, &QcDialog::signalClose, [] { Say(QStringLiteral("closed")); });
-    AddButton(dialog.getContentFrame());
     ShowAt(&dialog);
     return QApplication::exec();
 }
@@ -117,7 +144,7 @@ int ShowDialog()
 int ShowPanel()
 {
     QWidget panel(nullptr, Qt::Window | Qt::FramelessWindowHint);
-    panel.setWindowTitle(QStringLiteral("stage"));
+    panel.setWindowTitle(QStringLiteral("main window"));
     auto *handler = new QcWindowHandler(&panel); // the panel's child
     handler->setWidget(&panel);
     handler->setBorderWidth(kBorder);
@@ -140,9 +167,9 @@ int main(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments();
     const QString what = arguments.value(1);
     if (what == QLatin1String("window"))
-        return ShowWindow();
+        return ShowWindow(arguments.value(2));
     if (what == QLatin1String("dialog"))
-        return ShowDialog();
+        return ShowDialog(arguments.value(2));
     if (what == QLatin1String("panel"))
         return ShowPanel();
     return 1;

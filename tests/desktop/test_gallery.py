@@ -120,9 +120,10 @@ class GalleryTest(unittest.TestCase):
         self.desktop.keys("shift+F1")
         tip = wait_for(gallery.tips, "the debug tip")[0]
         # One long line for each of the widgets from the button up to the window.
-        _, _, width, height = self.desktop.geometry(tip)
-        self.assertGreater(width, 600)
-        self.assertGreater(height, 8 * 12)
+        def is_long():
+            _, _, width, height = self.desktop.geometry(tip)
+            return width > 600 and height > 8 * 12
+        wait_for(is_long, "a line for each widget")
 
     def test_the_inspector_follows_a_file_that_is_edited(self):
         gallery = self.start("--page", "inspector")

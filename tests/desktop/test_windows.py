@@ -25,21 +25,21 @@ class Stage:
 
     count = 0
 
-    def __init__(self, desktop, kind):
+    def __init__(self, desktop, *kind):
         Stage.count += 1
         self.desktop = desktop
         self.log_name = f"stage-{Stage.count}.log"
-        self.process = desktop.start([STAGE, kind], log=self.log_name, stdout=subprocess.PIPE)
+        self.process = desktop.start([STAGE, *kind], log=self.log_name, stdout=subprocess.PIPE)
         self.geometry = self.cursor = self.maximized = self.minimized = self.active = None
         self.widgets = {}
         self.said = []
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
         wait_for(lambda: self.active and self.geometry[2:] == (400, 300), "the stage's window")
-        self.window = desktop.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split()[0]
+        self.window = wait_for(lambda: self.windows("main window"), "the stage's window on the desktop")[0]
         # Shown is not yet painted.
         x, y, _, _ = self.geometry
-        wait_for(lambda: self.desktop.pixel(x + 200, y + 60) == token("bg/bg_box") or kind == "panel", "the window's ground")
+        wait_for(lambda: self.desktop.pixel(x + 200, y + 60) == token("bg/bg_box") or "panel" in kind, "the window's ground")
 
     def _read(self):
         for line in self.process.stdout:
@@ -55,6 +55,11 @@ class Stage:
             self.cursor, self.maximized, self.minimized = int(words[6]), words[8] == "1", words[10] == "1"
             self.active = words[12] == "1"
             self.geometry = tuple(int(word) for word in words[1:5])
+
+    def windows(self, title):
+        """The visible windows of that title, frames of the window manager not among them."""
+        return [window for window in self.desktop.windows_of(self.process)
+                if self.desktop.property(window, "_NET_WM_NAME") == f'"{title}"']
 
     def at(self, widget, dx=None, dy=None):
         """A place of a widget on the screen, its centre unless told otherwise."""
@@ -78,9 +83,9 @@ class WindowsTest(unittest.TestCase):
         cls.desktop = Desktop(1280, 900)
         cls.addClassCleanup(cls.desktop.close)
 
-    def show(self, kind):
+    def show(self, *kind):
         self.desktop.point_at(1270, 890) # off all windows
-        stage = Stage(self.desktop, kind)
+        stage = Stage(self.desktop, *kind)
         self.addCleanup(self.finish, stage)
         return stage
 
@@ -115,6 +120,88 @@ class WindowsTest(unittest.TestCase):
 
     def test_a_dialog_moves_by_its_title_row_with_each_mouse_button(self):
         self.check_title_row_moves("dialog")
+
+    def test_without_its_filter_a_title_row_still_moves_and_answers_no_double_click(self):
+        for kind in ("window", "dialog"):
+            with self.subTest(kind=kind):
+                stage = self.show(kind, "unfiltered")
+                x, y, width, height = stage.geometry
+                moved = (x + 60, y + 40, width, height)
+                self.desktop.press_twice(*stage.at("m_titleFrame"))
+                self.drag_until(stage, stage.at("m_titleFrame"), (60, 40), moved)
+                self.desktop.click(*stage.at("pushMe"))
+                wait_for(lambda: "clicked" in stage.said, "the click after the double click")
+                self.assertEqual((stage.geometry, stage.maximized), (moved, False))
+                self.finish(stage)
+
+    def test_a_dialog_without_its_title_row_is_not_moved(self):
+        stage = self.show("dialog", "untitled")
+        before = stage.geometry
+        for at in ((200, 30), (200, 5), (200, 120)):
+            self.desktop.drag(stage.inside(*at), (50, 50))
+        self.desktop.click(*stage.at("pushMe"))
+        wait_for(lambda: "clicked" in stage.said, "the click after the drags")
+        self.assertEqual(self.desktop.geometry(stage.window), before)
+
+    def test_a_tip_stays_with_its_widget_while_the_window_moves(self):
+        stage = self.show("window", "tipped")
+        button = stage.widgets["pushMe"]
+
+        def tip():
+            return [window for window in self.desktop.windows_of(stage.process) if window not in stage.windows("main window")]
+
+        def follows():
+            place = self.desktop.geometry(tip()[0])
+            if not place:
+                return False
+            left, top, width, height = place
+            x, y, _, _ = stage.geometry
+            # Centred above the button, not far from it.
+            centred = abs(2 * (left - x) + width - 2 * button[0] - button[2]) <= 2
+            return centred and 0 <= y + button[1] - (top + height) < 20
+
+        wait_for(tip, "the tip")
+        wait_for(follows, "the tip over its button")
+        x, y, width, height = stage.geometry
+        for by in ((120, 80), (-70, 30)):
+            x, y = x + by[0], y + by[1]
+            self.drag_until(stage, stage.at("m_titleFrame"), by, (x, y, width, height))
+            wait_for(follows, "the tip to follow")
+        self.assertTrue(stage.active) # and takes no keyboard
+
+    def test_a_modal_dialog_stays_above_its_window_which_answers_nothing(self):
+        stage = self.show("window", "asking")
+        before = stage.geometry
+        self.desktop.click(*stage.at("pushMe"))
+        dialog = wait_for(lambda: stage.windows("question"), "the dialog")[0]
+        wait_for(lambda: self.desktop.active_window() == dialog, "the dialog to be active")
+        left, top, width, height = self.desktop.geometry(dialog)
+        self.assertEqual((left + width // 2, top + height // 2), stage.inside(200, 150)) # centred
+        self.desktop.click(*stage.at("m_minButton"))
+        self.desktop.click(*stage.at("m_closeButton"))
+        self.desktop.drag(stage.at("m_titleLabel"), (50, 50))
+        self.desktop.click(*stage.inside(10, 290))
+        x, y = left + width // 2, top + 70
+        self.assertEqual(self.desktop.window_at(x, y), dialog)
+        self.assertEqual(self.desktop.geometry(stage.window), before)
+        self.assertEqual(stage.said, ["clicked"])
+        # It moves, and its window lies still.
+        self.desktop.drag_until(dialog, (left + 60, top + 30), (-30, 40), (left - 30, top + 40, width, height))
+        self.desktop.keys("Escape")
+        wait_for(lambda: stage.said == ["clicked", "answer0"], "the answer")
+        wait_for(lambda: stage.active, "the window to be active again")
+        self.desktop.click(*stage.at("m_closeButton"))
+        self.assertEqual(stage.process.wait(TIMEOUT), 0)
+        self.assertEqual(stage.geometry, before)
+
+    def test_a_press_brings_the_window_to_the_front(self):
+        back, front = self.show("window"), self.show("dialog")
+        self.desktop.run("xdotool", "windowmove", front.window, "320", "230")
+        wait_for(lambda: front.geometry[:2] == (320, 230), "the second window aside")
+        place = front.inside(60, 60) # where both are
+        wait_for(lambda: self.desktop.window_at(*place) == front.window, "the second window in front")
+        self.desktop.click(*back.at("m_titleLabel"))
+        wait_for(lambda: back.active and self.desktop.window_at(*place) == back.window, "the first window in front")
 
     def test_a_hover_still_shows_after_a_move(self):
         stage = self.show("window")

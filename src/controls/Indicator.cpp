@@ -51,7 +51,7 @@ void KeepPressed(QAbstractButton &button, QStyleOptionButton &option)
 void PaintIndicator(QAbstractButton &button, const IndicatorParts &parts, const IndicatorTable &table, const QStyleOptionButton &option,
                     bool isHovered)
 {
-    int flags = option.state & QStyle::State_Sunken;
+    int flags = int(option.state & QStyle::State_Sunken);
     if (button.isEnabled())
         flags |= QStyle::State_Enabled;
     if (isHovered)

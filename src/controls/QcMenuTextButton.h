@@ -19,9 +19,8 @@ class MenuFollower;
 /// It paints itself from tables of its eight states, as QcButton does, and looks pressed and checked while its menu is open.
 /// At least 24 pixels high, with a 12-pixel font. The arrow stands at the right in right-to-left layouts too.
 ///
-/// The text is painted as it is, on one line and not elided. As in every button of Qt, a letter behind an & becomes its
-/// mnemonic; the & is painted all the same, so give a key with setShortcut(), after setText(), instead. Space opens the menu,
-/// in a dialog Enter too.
+/// The text is painted as it is and not elided. As in every button of Qt, a letter behind an & becomes its mnemonic; the & is
+/// painted all the same, so give a key with setShortcut(), after setText(), instead. Space opens the menu, in a dialog Enter too.
 class VELMORA_EXPORT QcMenuTextButton : public QPushButton
 {
     Q_OBJECT

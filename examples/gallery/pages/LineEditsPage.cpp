@@ -91,9 +91,7 @@ private:
         columns->addLayout(m_form);
         columns->addWidget(MakeLog(), 1);
 
-        const auto present = [](const QString &text) {
-            return text.trimmed().isEmpty() ? QStringLiteral("Nobody is named yet") : QString();
-        };
+        const auto present = [](const QString &text) { return text.trimmed().isEmpty() ? QStringLiteral("Missing") : QString(); };
         Field *consignee = AddField(QStringLiteral("Consignee"), QStringLiteral("Who gets the container"), present);
         consignee->setButtonIconPath(kClearIcon);
         NameButton(consignee, QStringLiteral("Clear the consignee"));
@@ -103,7 +101,7 @@ private:
         });
         AddField(QStringLiteral("E-mail"), QStringLiteral("name@example.com"), [](const QString &text) {
             const int at = text.indexOf(QLatin1Char('@'));
-            return at > 0 && at < text.size() - 1 ? QString() : QStringLiteral("This is no address");
+            return at > 0 && at < text.size() - 1 ? QString() : QStringLiteral("Not an address");
         });
         AddNumber(QStringLiteral("Weight"), QStringLiteral("kg"), 0, 30480, 0, 18600);
         AddNumber(QStringLiteral("Temperature"), QStringLiteral("\u00B0C"), -30, 30, 1, -18);

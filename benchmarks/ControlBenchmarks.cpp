@@ -1,18 +1,25 @@
 #include "WidgetBenchmarks.h"
 
 #include <Velmora/QcCheckBox.h>
+#include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcDialog.h>
+#include <Velmora/QcLineEditFrame.h>
+#include <Velmora/QcMenuTextButton.h>
+#include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcRadioButton.h>
 #include <Velmora/QcSwitchButton.h>
+#include <Velmora/QcToolButton.h>
 #include <Velmora/QcWindow.h>
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 
 #include <utility>
 
@@ -104,6 +111,67 @@ std::unique_ptr<QWidget> MakeRichText(int index)
     return text;
 }
 
+/// Every third one is checked.
+template <typename Button>
+std::unique_ptr<QWidget> MakeOurTool(int index)
+{
+    auto button = Make<Button>(QSize(32, 32));
+    button->setIconSize(QSize(24, 24));
+    button->setCheckable(true);
+    button->setChecked(index % 3 == 0);
+    button->SetIconPath(IconPath(index));
+    return button;
+}
+
+template <bool HasArrow>
+std::unique_ptr<QWidget> MakePlainTool(int index)
+{
+    auto button = Make<QToolButton>(HasArrow ? QSize(44, 32) : QSize(32, 32));
+    button->setIconSize(QSize(24, 24));
+    button->setCheckable(true);
+    button->setChecked(index % 3 == 0);
+    button->setIcon(QIcon(IconPath(index)));
+    if (HasArrow)
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+    return button;
+}
+
+template <typename Button>
+std::unique_ptr<QWidget> MakeOurSplitTool(int index)
+{
+    auto button = Make<Button>(QSize(44, 32));
+    button->SetIconPath(IconPath(index));
+    return button;
+}
+
+template <typename Button>
+std::unique_ptr<QWidget> MakeTextButton(int index)
+{
+    auto button = Make<Button>(QSize(110, 24));
+    button->setText(QStringLiteral("Menu %1").arg(index));
+    return button;
+}
+
+std::unique_ptr<QWidget> MakeOurLineEdit(int index)
+{
+    auto edit = Make<Velmora::QcLineEditFrame>(QSize(160, 32));
+    edit->setText(QStringLiteral("Text %1").arg(index));
+    return edit;
+}
+
+std::unique_ptr<QWidget> MakePlainLineEdit(int index)
+{
+    auto edit = Make<QLineEdit>(QSize(160, 32));
+    edit->setText(QStringLiteral("Text %1").arg(index));
+    return edit;
+}
+
+constexpr const char *kToolSheet = "* { border: none; border-radius: 2px; background: transparent; }"
+                                   "*:checked { background: <brand/brand>; }";
+constexpr const char *kTextButtonSheet = "* { border: none; border-radius: 4px; color: <text/text_primary>; }";
+constexpr const char *kLineEditSheet = "* { background: <bg/bg_box>; color: <text/text_primary>; border: 1px solid <border/border_primary>;"
+                                       " border-radius: 4px; }";
+
 constexpr QSize kWindowSize(300, 200);
 
 /// Lies in the window of the scene like any other widget, without a window of the system.
@@ -145,6 +213,11 @@ constexpr Pair kPairs[] = {
     {"radio_button", MakeCheckable<Velmora::QcRadioButton>, MakeCheckable<QRadioButton>, kIndicatorSheet, false},
     {"switch_button", MakeCheckable<Velmora::QcSwitchButton>, MakeCheckable<QCheckBox>, kIndicatorSheet},
     {"multi_line_text", MakeRichText<Velmora::QcMultiLineText>, MakeRichText<QLabel>, "* { color: <text/text_primary>; }"},
+    {"tool_button", MakeOurTool<Velmora::QcToolButton>, MakePlainTool<false>, kToolSheet},
+    {"combined_tool_button", MakeOurSplitTool<Velmora::QcCombinedToolButton>, MakePlainTool<true>, kToolSheet},
+    {"menu_tool_button", MakeOurSplitTool<Velmora::QcMenuToolButton>, MakePlainTool<true>, kToolSheet},
+    {"menu_text_button", MakeTextButton<Velmora::QcMenuTextButton>, MakeTextButton<QPushButton>, kTextButtonSheet},
+    {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet},
     {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet},
     {"dialog", MakeTitled<Velmora::QcDialog>, MakePlainTitled<QDialog>, kWindowSheet},
 };

@@ -92,6 +92,11 @@ CONTROLS = [
     ("radio_button", "radio button", "`QRadioButton`"),
     ("switch_button", "switch", "`QCheckBox`"),
     ("multi_line_text", "multi-line text", "`QLabel`"),
+    ("tool_button", "tool button", "`QToolButton`"),
+    ("combined_tool_button", "combined tool button", "`QToolButton` with an arrow"),
+    ("menu_tool_button", "menu tool button", "`QToolButton` with an arrow"),
+    ("menu_text_button", "menu text button", "`QPushButton`"),
+    ("line_edit", "line edit", "`QLineEdit`"),
     ("window", "window", "`QFrame` with a title row"),
     ("dialog", "dialog", "`QDialog` with a title row"),
 ]

@@ -159,11 +159,33 @@ std::unique_ptr<QWidget> MakeOurLineEdit(int index)
     return edit;
 }
 
+/// The same children in plain Qt, the unit and the button hidden like ours without a text and an icon.
 std::unique_ptr<QWidget> MakePlainLineEdit(int index)
 {
-    auto edit = Make<QLineEdit>(QSize(160, 32));
-    edit->setText(QStringLiteral("Text %1").arg(index));
-    return edit;
+    auto frame = Make<QFrame>(QSize(160, 32));
+    auto *row = new QHBoxLayout(frame.get());
+    row->setContentsMargins(QMargins());
+    row->addWidget(new QLineEdit(QStringLiteral("Text %1").arg(index)));
+    for (QWidget *hidden : {static_cast<QWidget *>(new QLabel), static_cast<QWidget *>(new QPushButton)}) {
+        row->addWidget(hidden);
+        hidden->hide();
+    }
+    return frame;
+}
+
+/// Two halves in a frame.
+std::unique_ptr<QWidget> MakePlainSplitTool(int index)
+{
+    auto frame = Make<QFrame>(QSize(44, 32));
+    auto *row = new QHBoxLayout(frame.get());
+    row->setContentsMargins(QMargins());
+    row->setSpacing(0);
+    for (const QString &icon : {IconPath(index), QStringLiteral(":/images/arrow_down_2.svg")}) {
+        auto *half = new QToolButton;
+        half->setIcon(QIcon(icon));
+        row->addWidget(half);
+    }
+    return frame;
 }
 
 constexpr const char *kToolSheet = "* { border: none; border-radius: 2px; background: transparent; }"
@@ -214,7 +236,7 @@ constexpr Pair kPairs[] = {
     {"switch_button", MakeCheckable<Velmora::QcSwitchButton>, MakeCheckable<QCheckBox>, kIndicatorSheet},
     {"multi_line_text", MakeRichText<Velmora::QcMultiLineText>, MakeRichText<QLabel>, "* { color: <text/text_primary>; }"},
     {"tool_button", MakeOurTool<Velmora::QcToolButton>, MakePlainTool<false>, kToolSheet},
-    {"combined_tool_button", MakeOurSplitTool<Velmora::QcCombinedToolButton>, MakePlainTool<true>, kToolSheet},
+    {"combined_tool_button", MakeOurSplitTool<Velmora::QcCombinedToolButton>, MakePlainSplitTool, kToolSheet},
     {"menu_tool_button", MakeOurSplitTool<Velmora::QcMenuToolButton>, MakePlainTool<true>, kToolSheet},
     {"menu_text_button", MakeTextButton<Velmora::QcMenuTextButton>, MakeTextButton<QPushButton>, kTextButtonSheet},
     {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet},

@@ -93,10 +93,10 @@ CONTROLS = [
     ("switch_button", "switch", "`QCheckBox`"),
     ("multi_line_text", "multi-line text", "`QLabel`"),
     ("tool_button", "tool button", "`QToolButton`"),
-    ("combined_tool_button", "combined tool button", "`QToolButton` with an arrow"),
+    ("combined_tool_button", "combined tool button", "`QFrame` of two `QToolButton`"),
     ("menu_tool_button", "menu tool button", "`QToolButton` with an arrow"),
     ("menu_text_button", "menu text button", "`QPushButton`"),
-    ("line_edit", "line edit", "`QLineEdit`"),
+    ("line_edit", "line edit", "`QFrame` of `QLineEdit`, unit and button"),
     ("window", "window", "`QFrame` with a title row"),
     ("dialog", "dialog", "`QDialog` with a title row"),
 ]

@@ -191,8 +191,15 @@ std::unique_ptr<QWidget> MakePlainSplitTool(int index)
 constexpr const char *kToolSheet = "* { border: none; border-radius: 2px; background: transparent; }"
                                    "*:checked { background: <brand/brand>; }";
 constexpr const char *kTextButtonSheet = "* { border: none; border-radius: 4px; color: <text/text_primary>; }";
-constexpr const char *kLineEditSheet = "* { background: <bg/bg_box>; color: <text/text_primary>; border: 1px solid <border/border_primary>;"
-                                       " border-radius: 4px; }";
+// The rules that a line edit with a frame of states needs, as our own has them.
+constexpr const char *kLineEditSheet =
+    ".QFrame { border: 1px solid <border/border_primary>; border-radius: 2px; color: <text/text_primary>; }"
+    ".QFrame:hover { border-color: <brand/brand>; }"
+    ".QFrame[focused=\"true\"] { border-color: <brand/brand>; }"
+    ".QFrame[warned=\"true\"] { border-color: <text/text_primary>; }"
+    ".QFrame:disabled { border-color: <border/border_primary>; background: <bg/bg_box>; }"
+    ".QFrame QLineEdit { border: none; padding-left: 0px; background: transparent; font-size: 12px; color: <text/text_primary>; }"
+    ".QFrame QLineEdit:disabled { color: <border/border_primary>; }";
 
 constexpr QSize kWindowSize(300, 200);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QStyle>
 #include <QWidget>
 
@@ -60,6 +61,14 @@ void ShowFlag(QWidget &button, State &state, QStyle::StateFlag flag, bool on)
     button.update();
 }
 
+/// For a change of the checked state: State_Selected follows in each of \a states. To be called by the paint too: a button that stops
+/// being checkable, or is checked with its signals blocked, tells nobody.
+template <typename... States>
+void FollowChecked(const QAbstractButton &button, States &...states)
+{
+    (SetFlag(states, QStyle::State_Selected, button.isChecked()), ...);
+}
+
 /// Whether the cursor is in the rectangle of \a button, whatever Qt was told last.
 bool IsUnderCursor(const QWidget &button);
 
@@ -73,6 +82,17 @@ void FollowEnabled(QWidget &button, States &...states)
 {
     (SetFlag(states, QStyle::State_Enabled, button.isEnabled()), ...);
     ShowEnabled(button);
+}
+
+/// For a menu that closes. The press that opened it is over: its release was the menu's. While a menu is open Qt tells nobody that the
+/// cursor leaves, and afterwards it has forgotten whom it entered. \a button repaints.
+template <typename State>
+void EndPress(QWidget &button, State &state)
+{
+    SetFlag(state, QStyle::State_Sunken, false);
+    if (!IsUnderCursor(button))
+        SetFlag(state, QStyle::State_MouseOver, false);
+    button.update();
 }
 
 /// For a resize of a \a button whose size hint depends on its height: announces the hint if that changed.

@@ -35,11 +35,10 @@ void MenuFollower::Show(bool isOpen)
 {
     m_button.setChecked(isOpen); // does nothing on a button that is not checkable, hence the flags
     ButtonState::SetFlag(m_state, QStyle::State_Selected, isOpen);
-    ButtonState::SetFlag(m_state, QStyle::State_Sunken, isOpen);
-    // While a menu is open Qt tells nobody that the cursor leaves, and afterwards it has forgotten whom it entered.
-    if (!isOpen && !ButtonState::IsUnderCursor(m_button))
-        ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
-    m_button.update();
+    if (isOpen)
+        ButtonState::ShowFlag(m_button, m_state, QStyle::State_Sunken, true);
+    else
+        ButtonState::EndPress(m_button, m_state);
 }
 
 } // namespace Velmora

@@ -120,8 +120,7 @@ void QcCombinedToolButton::SetCurrentAction(QAction *action)
     QAction *previous = m_pMainButton->defaultAction();
     m_pMainButton->setDefaultAction(action);
     if (previous && previous != action)
-        m_pMainButton->removeAction(previous);       // or a long press would offer all that were ever current
-    onMainButtonToggled(m_pMainButton->isChecked()); // an action that is not checkable unchecks the half without a signal
+        m_pMainButton->removeAction(previous); // or a long press would offer all that were ever current
     SetIconPath(action->property("ActionIconPath").toString());
 }
 
@@ -142,6 +141,12 @@ void QcCombinedToolButton::ShowMenu()
     const QPointer<QMenu> menu = m_pArrowButton->menu();
     if (!menu)
         return;
+    if (!menu->isVisible()) {
+        const QPointer<QcCombinedToolButton> alive(this);
+        Q_EMIT menu->aboutToShow(); // which show() leaves out, and in which hosts fill menus
+        if (!alive || !menu)
+            return;
+    }
     // Its size decides its place. A size that is not the host's follows entries and font, which may change before the next time.
     const bool hasOwnSize = !menu->testAttribute(Qt::WA_Resized);
     if (hasOwnSize) {
@@ -159,14 +164,14 @@ void QcCombinedToolButton::ShowMenu()
 
 void QcCombinedToolButton::onMainButtonToggled(bool /*checked*/)
 {
-    ButtonState::ShowFlag(*this, m_mainState, QStyle::State_Selected, m_pMainButton->isChecked());
-    ButtonState::ShowFlag(*this, m_arrowState, QStyle::State_Selected, m_pMainButton->isChecked());
+    ButtonState::FollowChecked(*m_pMainButton, m_mainState, m_arrowState);
+    update();
 }
 
 void QcCombinedToolButton::onArrowButtonToggled(bool /*checked*/)
 {
-    ShowMenu(); // each click, in either direction
     update();
+    ShowMenu(); // each click, in either direction
 }
 
 bool QcCombinedToolButton::eventFilter(QObject *watched, QEvent *event)
@@ -314,6 +319,7 @@ void QcCombinedToolButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    ButtonState::FollowChecked(*m_pMainButton, m_mainState, m_arrowState);
     const QPair<QString, ImageParams> main = getCurMainImageParams();
     const QPair<QString, ImageParams> arrow = getCurArrowImageParams();
     // Where the halves lie: in right-to-left layout the arrow stands first.

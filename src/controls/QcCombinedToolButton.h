@@ -51,8 +51,8 @@ public:
     /// QToolButton without a menu does. Not owned. A null is refused with Qt's warning.
     void addAction(QAction *action);
     /// The menu that each click on the arrow half shows, or holding it pressed, its top 2 pixels below the control, its right edge at the
-    /// control's. An entry chosen in it becomes the current action; this stays so for a menu that another one has replaced. Not owned: the
-    /// menu may be destroyed first. A null leaves the arrow half without one.
+    /// control's. It may be filled when it says that it is about to show. An entry chosen in it becomes the current action; this stays so
+    /// for a menu that another one has replaced. Not owned: the menu may be destroyed first. A null leaves the arrow half without one.
     void setMenu(QMenu *menu);
 
 Q_SIGNALS:

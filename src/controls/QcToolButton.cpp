@@ -7,7 +7,9 @@
 #include "controls/ButtonTables_p.h"
 
 #include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace Velmora {
 
@@ -80,7 +82,8 @@ void QcToolButton::UpdateUiParams()
 
 void QcToolButton::OnToggled(bool /*checked*/)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, isChecked());
+    ButtonState::FollowChecked(*this, m_state);
+    update();
 }
 
 void QcToolButton::enterEvent(QEvent *event)
@@ -98,13 +101,27 @@ void QcToolButton::leaveEvent(QEvent *event)
 void QcToolButton::mousePressEvent(QMouseEvent *event)
 {
     ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
+    const QPointer<QcToolButton> alive(this);
     QToolButton::mousePressEvent(event);
+    // A menu that the press opened is closed by now.
+    if (alive && event->button() == Qt::LeftButton && !isDown())
+        ButtonState::EndPress(*this, m_state);
 }
 
 void QcToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
     ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
     QToolButton::mouseReleaseEvent(event);
+}
+
+void QcToolButton::timerEvent(QTimerEvent *event)
+{
+    const bool wasDown = isDown();
+    const QPointer<QcToolButton> alive(this);
+    QToolButton::timerEvent(event);
+    // Nor does the button see the end of a press that lasted until a menu opened.
+    if (alive && wasDown && !isDown())
+        ButtonState::EndPress(*this, m_state);
 }
 
 void QcToolButton::changeEvent(QEvent *event)
@@ -126,6 +143,7 @@ void QcToolButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    ButtonState::FollowChecked(*this, m_state);
     const QStyle::State look = ButtonState::LookFor(m_state);
     PaintBackground(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
     DrawCentred(painter, rect(), IconPixmap(m_iconParams.value(look), m_iconPath, iconSize()));

@@ -15,7 +15,8 @@ namespace Velmora {
 ///
 /// The states are combinations of State_Enabled, State_Sunken, State_MouseOver and State_Selected: disabled (0), normal (1),
 /// pressed (5), hover (0x2001), and the same with State_Selected (0x8000) while checked. Pressed wins over hover. Other
-/// combinations may be set and are never painted; a state without an entry has no colour. Hover and press follow the mouse alone.
+/// combinations may be set and are never painted; a state without an entry has no colour. Hover and press follow the mouse alone; a press
+/// that opens a menu shows until the menu closes.
 ///
 /// The icon stands in the middle, iconSize() large. Text, menu arrow and focus frame are not painted; assistive technology reads the
 /// text, or the tool tip without one.
@@ -41,6 +42,7 @@ protected:
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

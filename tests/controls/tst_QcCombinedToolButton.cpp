@@ -536,6 +536,18 @@ private Q_SLOTS:
         CheckFills(Qt::white, Qt::white);
     }
 
+    void a_current_action_that_stops_being_checkable_looks_unchecked()
+    {
+        QAction action(QStringLiteral("Action"));
+        action.setCheckable(true);
+        action.setChecked(true);
+        m_button->SetCurrentAction(&action);
+        const QColor checked = Painted(Table::Light, QLatin1String(kToolBackgrounds[5]), Qt::white);
+        CheckFills(checked, checked);
+        action.setCheckable(false);
+        CheckFills(Qt::white, Qt::white);
+    }
+
     void an_action_without_an_icon_path_clears_the_icon()
     {
         QAction action(QStringLiteral("Action"));
@@ -581,6 +593,45 @@ private Q_SLOTS:
         QCOMPARE(m_menu->width(), 77);
         CheckMenuPlace();
         m_menu->hide();
+    }
+
+    void a_menu_may_be_filled_when_it_is_about_to_show()
+    {
+        m_menu->clear();
+        m_button->setMenu(m_menu.get());
+        QSignalSpy fills(m_menu.get(), &QMenu::aboutToShow);
+        connect(m_menu.get(), &QMenu::aboutToShow, this, [this] {
+            m_menu->clear();
+            m_menu->addAction(QStringLiteral("An entry that is much wider than an empty menu"));
+        });
+        Click(kArrowRect.center());
+        QCOMPARE(fills.count(), 1);
+        QCOMPARE(m_menu->width(), m_menu->sizeHint().width());
+        CheckMenuPlace();
+        m_button->Arrow()->toggle(); // open already
+        QCOMPARE(fills.count(), 1);
+        m_menu->hide();
+        m_button->Arrow()->toggle();
+        QCOMPARE(fills.count(), 2);
+        m_menu->hide();
+    }
+
+    void a_menu_about_to_show_may_delete_itself_or_the_control()
+    {
+        m_button->setMenu(m_menu.get());
+        connect(m_menu.get(), &QMenu::aboutToShow, this, [this] { m_menu.reset(); });
+        m_button->Arrow()->toggle();
+        QVERIFY(!m_menu);
+        QMenu menu;
+        m_button->setMenu(&menu);
+        connect(&menu, &QMenu::aboutToShow, this, [this] {
+            delete m_button;
+            m_button = nullptr;
+        });
+        m_button->Main()->setFocus();
+        QTest::keyPress(m_window->windowHandle(), Qt::Key_Down);
+        QVERIFY(!m_button);
+        QVERIFY(!menu.isVisible());
     }
 
     void a_menu_that_the_host_has_sized_keeps_its_size()

@@ -333,6 +333,75 @@ private Q_SLOTS:
         QCOMPARE(clicks.count(), 1);
     }
 
+    void a_press_that_opens_a_menu_ends_with_the_menu_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("x");
+        QTest::addColumn<bool>("isCursorAway");
+        for (const bool isAway : {false, true}) {
+            const char *const end = isAway ? "cursor away" : "cursor over it";
+            QTest::addRow("at once, %s", end) << int(QToolButton::InstantPopup) << 5 << isAway;
+            QTest::addRow("at the arrow, %s", end) << int(QToolButton::MenuButtonPopup) << 37 << isAway;
+            QTest::addRow("after a while, %s", end) << int(QToolButton::DelayedPopup) << 5 << isAway;
+        }
+    }
+
+    void a_press_that_opens_a_menu_ends_with_the_menu()
+    {
+        QFETCH(int, mode);
+        QFETCH(int, x);
+        QFETCH(bool, isCursorAway);
+        QMenu menu;
+        menu.addAction(QStringLiteral("Entry"));
+        m_button->setMenu(&menu);
+        m_button->setPopupMode(QToolButton::ToolButtonPopupMode(mode));
+        MoveCursorOver(*m_button);
+        bool hasOpened = false;
+        const auto useMenu = [&] {
+            hasOpened = menu.isVisible();
+            QCOMPARE(int(m_button->GetState()), 0x2005);
+            QTest::mouseRelease(menu.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(-5, -5)); // which the menu takes
+            if (isCursorAway)
+                MoveCursorAway();
+            QTest::keyClick(&menu, Qt::Key_Escape);
+        };
+        connect(&menu, &QMenu::aboutToShow, &menu, useMenu, Qt::QueuedConnection);
+        const QPoint place = m_button->mapTo(m_window.get(), QPoint(x, 12));
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+        QTRY_VERIFY(hasOpened);
+        DrainEvents();
+        QVERIFY(!m_button->isDown());
+        QCOMPARE(int(m_button->GetState()), isCursorAway ? 1 : 0x2001);
+    }
+
+    void a_menu_may_delete_the_button_that_opened_it_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::newRow("at once") << int(QToolButton::InstantPopup);
+        QTest::newRow("after a while") << int(QToolButton::DelayedPopup);
+    }
+
+    void a_menu_may_delete_the_button_that_opened_it()
+    {
+        QFETCH(int, mode);
+        const QPointer<QcToolButton> button = m_button;
+        QMenu menu;
+        menu.addAction(QStringLiteral("Entry"));
+        m_button->setMenu(&menu);
+        m_button->setPopupMode(QToolButton::ToolButtonPopupMode(mode));
+        const auto useMenu = [&] {
+            delete m_button;
+            m_button = nullptr;
+            menu.close();
+        };
+        connect(&menu, &QMenu::aboutToShow, &menu, useMenu, Qt::QueuedConnection);
+        const QPoint place = m_button->geometry().center();
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+        QTRY_VERIFY(!button);
+        DrainEvents();
+        QTest::mouseRelease(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+    }
+
     void a_button_disabled_while_hovered_keeps_its_hover_unseen()
     {
         MoveCursorOver(*m_button);
@@ -398,6 +467,22 @@ private Q_SLOTS:
         m_button->setCheckable(true);
         m_button->setChecked(true);
         Q_EMIT m_button->toggled(false);
+        QCOMPARE(int(m_button->GetState()), 0x8001);
+    }
+
+    void a_change_that_no_signal_tells_shows_in_the_next_paint()
+    {
+        const auto fill = [this] { return PixelAt(Render(*m_button), QPointF(2, 12)); };
+        const QColor checked = Painted(Table::Light, QLatin1String(kToolBackgrounds[5]), Qt::white);
+        m_button->setCheckable(true);
+        m_button->setChecked(true);
+        COMPARE_COLOR(fill(), checked);
+        m_button->setCheckable(false); // which unchecks it
+        COMPARE_COLOR(fill(), QColor(Qt::white));
+        m_button->setCheckable(true);
+        const QSignalBlocker blocker(m_button);
+        m_button->setChecked(true);
+        COMPARE_COLOR(fill(), checked);
         QCOMPARE(int(m_button->GetState()), 0x8001);
     }
 

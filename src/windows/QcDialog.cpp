@@ -254,7 +254,8 @@ void QcDialog::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
 
     ShadowParams shadow;
-    shadow.margins = layout()->contentsMargins();
+    if (const QLayout *column = layout()) // the host may have deleted it
+        shadow.margins = column->contentsMargins();
     const double radius = m_borderRadius;
     shadow.radius = {radius, radius, radius, radius};
     shadow.maxOpacity = kShadowOpacity;

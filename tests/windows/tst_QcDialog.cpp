@@ -350,6 +350,14 @@ private Q_SLOTS:
         }
     }
 
+    void a_dialog_whose_layout_the_host_deleted_is_all_panel()
+    {
+        QcDialog dialog(nullptr);
+        delete dialog.layout();
+        dialog.setBackgroundColorParams(QStringLiteral("#FF0000"));
+        COMPARE_COLOR(PixelAt(Render(dialog), QPointF(3, 3)), QColor(Qt::red));
+    }
+
     void the_shadow_data()
     {
         QTest::addColumn<int>("radius");

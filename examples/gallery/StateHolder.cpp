@@ -80,4 +80,21 @@ void StateHolder::Hold(QObject *button, int state)
     }
 }
 
+StatesPage::StatesPage()
+    : m_holder(new StateHolder(this))
+{
+}
+
+void StatesPage::showEvent(QShowEvent *event)
+{
+    PageWidget::showEvent(event);
+    m_holder->Start();
+}
+
+void StatesPage::hideEvent(QHideEvent *event)
+{
+    m_holder->Stop();
+    PageWidget::hideEvent(event);
+}
+
 } // namespace Gallery

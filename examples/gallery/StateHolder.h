@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Kit.h"
+
 #include <QObject>
 #include <QStyle>
 #include <QVector>
@@ -58,6 +60,18 @@ private:
 
     QVector<Held> m_held;
     bool m_queued = false;
+};
+
+/// A page with buttons held in their states while it shows.
+class StatesPage : public PageWidget
+{
+protected:
+    StatesPage();
+
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+    StateHolder *m_holder;
 };
 
 } // namespace Gallery

@@ -63,29 +63,15 @@ constexpr Variant kVariants[] = {
     {"QcButton", "The base: the host fills its tables", MakeBase, false},
 };
 
-class ButtonsPage : public PageWidget
+class ButtonsPage : public StatesPage
 {
 public:
     ButtonsPage()
-        : m_holder(new StateHolder(this))
     {
         AddLive();
         AddMatrix(QStringLiteral("Text"), QString(), QStringLiteral("Apply"));
         AddMatrix(QStringLiteral("Icon and text"), QStringLiteral(":/images/select.svg"), QStringLiteral("Apply"));
         AddMatrix(QStringLiteral("Icon"), QStringLiteral(":/images/close.svg"), QString());
-    }
-
-protected:
-    void showEvent(QShowEvent *event) override
-    {
-        PageWidget::showEvent(event);
-        m_holder->Start();
-    }
-
-    void hideEvent(QHideEvent *event) override
-    {
-        m_holder->Stop();
-        PageWidget::hideEvent(event);
     }
 
 private:
@@ -173,8 +159,6 @@ private:
         }
         card->Body()->addLayout(grid);
     }
-
-    StateHolder *m_holder;
 };
 
 const PageRegistrar registrar({QStringLiteral("buttons"), QStringLiteral("Controls"), QStringLiteral("Push buttons"),

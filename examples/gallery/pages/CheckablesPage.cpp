@@ -49,27 +49,13 @@ private:
     bool m_isHovered;
 };
 
-class CheckablesPage : public PageWidget
+class CheckablesPage : public StatesPage
 {
 public:
     CheckablesPage()
-        : m_holder(new StateHolder(this))
     {
         AddLive();
         AddMatrix();
-    }
-
-protected:
-    void showEvent(QShowEvent *event) override
-    {
-        PageWidget::showEvent(event);
-        m_holder->Start();
-    }
-
-    void hideEvent(QHideEvent *event) override
-    {
-        m_holder->Stop();
-        PageWidget::hideEvent(event);
     }
 
 private:
@@ -192,7 +178,6 @@ private:
         return button;
     }
 
-    StateHolder *m_holder;
     QGridLayout *m_grid = nullptr;
 };
 

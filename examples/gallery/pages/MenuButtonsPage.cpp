@@ -46,30 +46,16 @@ QcMenuToolButton *MakeTool(const QString &icon, const QString &name)
     return button;
 }
 
-class MenuButtonsPage : public PageWidget
+class MenuButtonsPage : public StatesPage
 {
 public:
     MenuButtonsPage()
-        : m_holder(new StateHolder(this))
     {
         AddMenuBar();
         AddChoices();
         AddTools();
         AddShapes();
         AddMatrix();
-    }
-
-protected:
-    void showEvent(QShowEvent *event) override
-    {
-        PageWidget::showEvent(event);
-        m_holder->Start();
-    }
-
-    void hideEvent(QHideEvent *event) override
-    {
-        m_holder->Stop();
-        PageWidget::hideEvent(event);
     }
 
 private:
@@ -257,8 +243,6 @@ private:
             grid->addWidget(button, row, column + 1, Qt::AlignCenter);
         }
     }
-
-    StateHolder *m_holder;
 };
 
 const PageRegistrar registrar({QStringLiteral("menu-buttons"), QStringLiteral("Controls"), QStringLiteral("Menu buttons"),

@@ -56,28 +56,14 @@ private:
     }
 };
 
-class ToolButtonsPage : public PageWidget
+class ToolButtonsPage : public StatesPage
 {
 public:
     ToolButtonsPage()
-        : m_holder(new StateHolder(this))
     {
         AddToolbar();
         AddColors();
         AddMatrix();
-    }
-
-protected:
-    void showEvent(QShowEvent *event) override
-    {
-        PageWidget::showEvent(event);
-        m_holder->Start();
-    }
-
-    void hideEvent(QHideEvent *event) override
-    {
-        m_holder->Stop();
-        PageWidget::hideEvent(event);
     }
 
 private:
@@ -239,7 +225,6 @@ private:
         return button;
     }
 
-    StateHolder *m_holder;
     QcLabel *m_status = nullptr;
 };
 

@@ -123,6 +123,13 @@ QcLineEditFrame::QcLineEditFrame(QWidget *parent)
     FollowPlaceholderToken(m_lineEdit);
 }
 
+QcLineEditFrame::~QcLineEditFrame()
+{
+    // Qt takes the keyboard from the edit only after this destructor: the end of editing would come to a frame without members.
+    for (QObject *child : children())
+        disconnect(child, nullptr, this, nullptr);
+}
+
 // --- Content ---
 
 QcLineEdit *QcLineEditFrame::getLineEdit() const

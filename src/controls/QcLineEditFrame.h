@@ -48,6 +48,8 @@ class VELMORA_EXPORT QcLineEditFrame : public QFrame
 
 public:
     explicit QcLineEditFrame(QWidget *parent = nullptr);
+    /// Ends no editing: like QLineEdit, a field that dies with the keyboard signals nothing.
+    ~QcLineEditFrame() override;
 
     using QFrame::setFocus; // leads to the edit
 

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QTimer>
+#include <QWindow>
 
 namespace Velmora {
 
@@ -204,6 +205,9 @@ void QcArrowTip::resizeEvent(QResizeEvent *event)
 
 void QcArrowTip::showEvent(QShowEvent *event)
 {
+    // Qt leaves a tip whose parent changed its window in front of the old one, to minimise and close with that.
+    if (windowHandle() && parentWidget())
+        windowHandle()->setTransientParent(parentWidget()->window()->windowHandle());
     adjustPositionAsync();
     QFrame::showEvent(event);
 }

@@ -481,10 +481,37 @@ private Q_SLOTS:
         m_frame->clear();
         QTest::keyClicks(m_frame->getLineEdit(), QStringLiteral("999"));
         QString seen;
-        QObject listener; // the field ends editing once more as it dies
+        QObject listener; // the field ends editing once more as its window closes
         connect(m_frame, &QcLineEditFrame::signalEditingFinished, &listener, [&] { seen = m_frame->getText(); });
         QTest::keyClick(m_frame->getLineEdit(), Qt::Key_Return);
         QCOMPARE(seen, QStringLiteral("42"));
+    }
+
+    void a_field_that_dies_with_the_keyboard_ends_no_editing_data()
+    {
+        QTest::addColumn<bool>("isWindow");
+        QTest::newRow("in a window") << false;
+        QTest::newRow("a window itself") << true;
+    }
+
+    void a_field_that_dies_with_the_keyboard_ends_no_editing()
+    {
+        QFETCH(bool, isWindow);
+        if (isWindow) {
+            m_frame->setParent(nullptr);
+            m_frame->show();
+            QVERIFY(QTest::qWaitForWindowActive(m_frame));
+        }
+        m_frame->getLineEdit()->setFocus();
+        QTest::keyClicks(m_frame->getLineEdit(), QStringLiteral("accepted"));
+        QTest::keyClick(m_frame->getLineEdit(), Qt::Key_Return);
+        QTest::keyClicks(m_frame->getLineEdit(), QStringLiteral(" and more"));
+        QVERIFY(m_frame->getLineEdit()->hasFocus());
+        QSignalSpy ends(m_frame, &QcLineEditFrame::signalEditingFinished);
+        delete m_frame;
+        m_frame = nullptr;
+        QCOMPARE(ends.count(), 0);
+        DrainEvents();
     }
 
     void a_lone_minus_stays_until_the_end_of_editing_if_the_range_has_negative_numbers()
@@ -879,6 +906,31 @@ private Q_SLOTS:
             QTRY_COMPARE(TipOf(*frame)->pos(), TipPlace(*frame));
             QVERIFY(TipOf(*frame)->pos() != before);
         }
+    }
+
+    void the_tip_belongs_to_the_window_into_which_the_frame_came()
+    {
+        m_frame->setWarningText(QStringLiteral("Too long"));
+        m_frame->setWarning(true);
+        const QWindow *tip = TipOf(*m_frame)->windowHandle();
+        QCOMPARE(tip->transientParent(), m_window->windowHandle());
+        QWidget window;
+        window.resize(300, 100);
+        window.show();
+        m_frame->setParent(&window);
+        m_frame->show();
+        QVERIFY(TipOf(*m_frame)->isVisible());
+        QCOMPARE(tip->transientParent(), window.windowHandle());
+        // With the panel that holds it.
+        QWidget panel(&window);
+        panel.show();
+        m_frame->setParent(&panel);
+        m_frame->show();
+        panel.setParent(m_window.get());
+        panel.show();
+        QVERIFY(TipOf(*m_frame)->isVisible());
+        QCOMPARE(tip->transientParent(), m_window->windowHandle());
+        m_frame->setParent(m_window.get()); // the panel dies before the window
     }
 
     void a_frame_that_dies_takes_its_tip_along()

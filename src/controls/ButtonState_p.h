@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QPointer>
 #include <QStyle>
 #include <QWidget>
 
@@ -93,6 +94,17 @@ void EndPress(QWidget &button, State &state)
     if (!IsUnderCursor(button))
         SetFlag(state, QStyle::State_MouseOver, false);
     button.update();
+}
+
+/// Runs \a handle, Qt's handler of a press or of a timer. If \a mayOpenMenu, as by a left press or while \a button is down, it may open a
+/// menu and then returns when that has closed, with the button up or even deleted.
+template <typename State, typename Handle>
+void HandlePress(QAbstractButton &button, State &state, bool mayOpenMenu, const Handle &handle)
+{
+    const QPointer<QAbstractButton> alive(&button);
+    handle();
+    if (mayOpenMenu && alive && !button.isDown())
+        EndPress(button, state);
 }
 
 /// For a resize of a \a button whose size hint depends on its height: announces the hint if that changed.

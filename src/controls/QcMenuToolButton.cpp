@@ -8,6 +8,7 @@
 #include "theme/TokenPainting_p.h"
 
 #include <QIcon>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
 
@@ -116,13 +117,18 @@ void QcMenuToolButton::leaveEvent(QEvent *event)
 void QcMenuToolButton::mousePressEvent(QMouseEvent *event)
 {
     ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
-    QToolButton::mousePressEvent(event);
+    ButtonState::HandlePress(*this, m_state, event->button() == Qt::LeftButton, [&] { QToolButton::mousePressEvent(event); });
 }
 
 void QcMenuToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
     ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
     QToolButton::mouseReleaseEvent(event);
+}
+
+void QcMenuToolButton::timerEvent(QTimerEvent *event)
+{
+    ButtonState::HandlePress(*this, m_state, isDown(), [&] { QToolButton::timerEvent(event); });
 }
 
 void QcMenuToolButton::changeEvent(QEvent *event)

@@ -9,7 +9,6 @@
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
 
 namespace Velmora {
 
@@ -101,11 +100,7 @@ void QcToolButton::leaveEvent(QEvent *event)
 void QcToolButton::mousePressEvent(QMouseEvent *event)
 {
     ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
-    const QPointer<QcToolButton> alive(this);
-    QToolButton::mousePressEvent(event);
-    // A menu that the press opened is closed by now.
-    if (alive && event->button() == Qt::LeftButton && !isDown())
-        ButtonState::EndPress(*this, m_state);
+    ButtonState::HandlePress(*this, m_state, event->button() == Qt::LeftButton, [&] { QToolButton::mousePressEvent(event); });
 }
 
 void QcToolButton::mouseReleaseEvent(QMouseEvent *event)
@@ -116,12 +111,7 @@ void QcToolButton::mouseReleaseEvent(QMouseEvent *event)
 
 void QcToolButton::timerEvent(QTimerEvent *event)
 {
-    const bool wasDown = isDown();
-    const QPointer<QcToolButton> alive(this);
-    QToolButton::timerEvent(event);
-    // Nor does the button see the end of a press that lasted until a menu opened.
-    if (alive && wasDown && !isDown())
-        ButtonState::EndPress(*this, m_state);
+    ButtonState::HandlePress(*this, m_state, isDown(), [&] { QToolButton::timerEvent(event); });
 }
 
 void QcToolButton::changeEvent(QEvent *event)

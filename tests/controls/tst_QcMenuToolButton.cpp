@@ -8,11 +8,14 @@
 #include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcStyleManager.h>
 
+#include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QLineF>
 #include <QMenu>
 #include <QPainter>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QWindow>
 
 #include <functional>
@@ -370,6 +373,40 @@ private Q_SLOTS:
             QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, centre);
         QVERIFY(m_button->isChecked());
         QCOMPARE(closed.count(), 1);
+    }
+
+    void a_press_that_opens_a_menu_of_added_actions_ends_with_it_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::newRow("at once") << int(QToolButton::InstantPopup);
+        QTest::newRow("after a while") << int(QToolButton::DelayedPopup);
+    }
+
+    void a_press_that_opens_a_menu_of_added_actions_ends_with_it()
+    {
+        QFETCH(int, mode);
+        QAction action(QStringLiteral("Action"));
+        m_button->addAction(&action);
+        m_button->setPopupMode(QToolButton::ToolButtonPopupMode(mode));
+        MoveCursorOver(*m_button);
+        bool hasOpened = false;
+        QTimer watch; // for a menu that Qt makes for the purpose
+        connect(&watch, &QTimer::timeout, this, [&] {
+            QWidget *menu = QApplication::activePopupWidget();
+            if (!menu)
+                return;
+            watch.stop();
+            hasOpened = true;
+            QVERIFY(m_button->GetState() & QStyle::State_Sunken);
+            QTest::mouseRelease(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(-5, -5)); // which the menu takes
+            QTest::keyClick(menu, Qt::Key_Escape);
+        });
+        watch.start(0);
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
+        QTRY_VERIFY(hasOpened);
+        DrainEvents();
+        QCOMPARE(m_button->GetState(), QStyle::State(QStyle::State_Enabled | QStyle::State_MouseOver));
+        QVERIFY(!m_button->isChecked());
     }
 
     void a_menu_brings_no_indicator_of_its_own()

@@ -42,6 +42,9 @@ class QcLineEdit;
 /// `objectPropertyFocus`, which the frame sets only at mouse presses on its window, and only if it sees them:
 /// `window()->windowHandle()->installEventFilter(frame)`. A host that wants the border of a field with the keyboard in other
 /// cases too sets the property and polishes the frame.
+///
+/// Lifetime. Qt's edit goes on after its text changed or its editing ended: a handler of those signals deletes the field by
+/// deleteLater().
 class VELMORA_EXPORT QcLineEditFrame : public QFrame
 {
     Q_OBJECT

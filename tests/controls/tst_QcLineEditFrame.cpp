@@ -702,6 +702,49 @@ private Q_SLOTS:
         QCOMPARE(m_frame->getText(), QStringLiteral("abc"));
     }
 
+    void a_validator_may_die_as_the_refused_text_gives_way()
+    {
+        auto validator = std::make_unique<QIntValidator>(0, 10);
+        m_frame->setText(QStringLiteral("5"));
+        m_frame->setValidator(validator.get());
+        m_frame->getLineEdit()->setText(QStringLiteral("77"));
+        QObject listener;
+        connect(m_frame, &QcLineEditFrame::signalTextChanged, &listener, [&] { validator.reset(); });
+        QSignalSpy ends(m_frame, &QcLineEditFrame::signalEditingFinished);
+        Finish(*m_frame);
+        QVERIFY(!validator);
+        QCOMPARE(m_frame->getText(), QStringLiteral("5"));
+        QCOMPARE(ends.count(), 1);
+    }
+
+    void the_button_may_delete_the_field_data()
+    {
+        QTest::addColumn<bool>("isKey");
+        QTest::newRow("mouse") << false;
+        QTest::newRow("keyboard") << true;
+    }
+
+    void the_button_may_delete_the_field()
+    {
+        QFETCH(bool, isKey);
+        const SquareIcon icon(QStringLiteral("#000000"));
+        m_frame->setButtonIconPath(icon.Path());
+        DrainEvents();
+        QcGhostButton *button = ButtonOf(*m_frame);
+        connect(m_frame, &QcLineEditFrame::signalButtonClicked, m_spare, [this] {
+            delete m_frame;
+            m_frame = nullptr;
+        });
+        button->setFocus();
+        if (isKey)
+            QTest::keyClick(m_window->windowHandle(), Qt::Key_Space);
+        else
+            QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                              button->mapTo(m_window.get(), button->rect().center()));
+        QVERIFY(!m_frame);
+        DrainEvents();
+    }
+
     void values_are_read_as_the_locale_reads_them_data()
     {
         QTest::addColumn<QLocale>("locale");

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <type_traits>
 
 namespace VelmoraTest {
 
@@ -31,12 +32,16 @@ protected:
 
     void TearDown() override
     {
+        if constexpr (std::is_base_of_v<QAbstractButton, Control>) {
+            if (m_control)
+                LetGo(*m_control);
+        }
         m_window.reset();
         UseTable(Table::Light);
     }
 
     std::unique_ptr<QWidget> m_window;
-    Control *m_control = nullptr;
+    Control *m_control = nullptr; // a test that deletes it sets it to null
 };
 
 } // namespace VelmoraTest

@@ -3,7 +3,7 @@
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
-#include "controls/ButtonLooks.h"
+#include "controls/ControlTest.h"
 
 #include <Velmora/QcButton.h>
 
@@ -77,7 +77,7 @@ QImage Reference(const QcButton &button, const std::function<void(QPainter &)> &
 
 } // namespace
 
-class TestQcButton : public TestCase
+class TestQcButton : public ControlTest<HostButton>
 {
     Q_OBJECT
 
@@ -101,9 +101,9 @@ private Q_SLOTS:
 
     void a_plain_button_paints_its_text_in_the_palette_colour_and_nothing_else()
     {
-        m_button->setText(QStringLiteral("I"));
+        m_control->setText(QStringLiteral("I"));
         const QImage expected =
-            Reference(*m_button, [&](QPainter &p) { p.drawText(m_button->rect(), Qt::AlignCenter, QStringLiteral("I")); });
+            Reference(*m_control, [&](QPainter &p) { p.drawText(m_control->rect(), Qt::AlignCenter, QStringLiteral("I")); });
         QVERIFY(!InkBox(expected, Qt::white).isNull());
         for (const Look &look : kLooks) {
             const auto button = MakeButton();
@@ -112,27 +112,27 @@ private Q_SLOTS:
             // The palette's colour of a disabled button is the style's greyed one.
             const QImage image = Reference(*button, [&](QPainter &p) { p.drawText(button->rect(), Qt::AlignCenter, QStringLiteral("I")); });
             QVERIFY2(Render(*button) == image, look.name);
-            Release(*button);
+            LetGo(*button);
         }
     }
 
-    void a_button_without_text_and_icon_paints_nothing() { QVERIFY(InkBox(Render(*m_button), Qt::white, 0).isNull()); }
+    void a_button_without_text_and_icon_paints_nothing() { QVERIFY(InkBox(Render(*m_control), Qt::white, 0).isNull()); }
 
     void the_corner_radius_is_four_at_first()
     {
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#000000"));
+        m_control->SetBackgroundColorParams(kNormal, QStringLiteral("#000000"));
         const auto rounded = [this](int radius) {
-            return Reference(*m_button, [&](QPainter &p) {
+            return Reference(*m_control, [&](QPainter &p) {
                 p.setPen(Qt::NoPen);
                 p.setBrush(Qt::black);
-                p.drawRoundedRect(m_button->rect(), radius, radius, Qt::AbsoluteSize);
+                p.drawRoundedRect(m_control->rect(), radius, radius, Qt::AbsoluteSize);
             });
         };
-        QCOMPARE(Render(*m_button), rounded(4));
-        m_button->SetBorderRadius(9);
-        QCOMPARE(Render(*m_button), rounded(9));
-        m_button->SetBorderRadius(0);
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(0, 0)), QColor(Qt::black));
+        QCOMPARE(Render(*m_control), rounded(4));
+        m_control->SetBorderRadius(9);
+        QCOMPARE(Render(*m_control), rounded(9));
+        m_control->SetBorderRadius(0);
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(0, 0)), QColor(Qt::black));
     }
 
     // --- The variant's table ---
@@ -177,50 +177,50 @@ private Q_SLOTS:
     void the_width_is_counted_from_text_icon_and_margins()
     {
         const QString text = QStringLiteral("Some text");
-        const int advance = QFontMetrics(m_button->font()).horizontalAdvance(text);
-        QCOMPARE(m_button->minimumSizeHint(), QSize(8, 24));
-        m_button->setText(text);
-        QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 8, 24));
-        m_button->SetIconPath(m_icon.Path());
-        QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 8 + 24, 24)); // no spacing
-        m_button->setHorizontalMargin(11);
-        QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 22 + 24, 24));
-        m_button->setHorizontalMargin(0);
-        QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 24, 24));
-        m_button->setFixedHeight(50);
-        QCOMPARE(m_button->minimumSizeHint(), QSize(advance + 50, 24)); // the height is a constant
-        m_button->setText(QString());
-        QCOMPARE(m_button->minimumSizeHint(), QSize(50, 24));
-        m_button->SetIconPath(QString());
-        QCOMPARE(m_button->minimumSizeHint(), QSize(0, 24));
+        const int advance = QFontMetrics(m_control->font()).horizontalAdvance(text);
+        QCOMPARE(m_control->minimumSizeHint(), QSize(8, 24));
+        m_control->setText(text);
+        QCOMPARE(m_control->minimumSizeHint(), QSize(advance + 8, 24));
+        m_control->SetIconPath(m_icon.Path());
+        QCOMPARE(m_control->minimumSizeHint(), QSize(advance + 8 + 24, 24)); // no spacing
+        m_control->setHorizontalMargin(11);
+        QCOMPARE(m_control->minimumSizeHint(), QSize(advance + 22 + 24, 24));
+        m_control->setHorizontalMargin(0);
+        QCOMPARE(m_control->minimumSizeHint(), QSize(advance + 24, 24));
+        m_control->setFixedHeight(50);
+        QCOMPARE(m_control->minimumSizeHint(), QSize(advance + 50, 24)); // the height is a constant
+        m_control->setText(QString());
+        QCOMPARE(m_control->minimumSizeHint(), QSize(50, 24));
+        m_control->SetIconPath(QString());
+        QCOMPARE(m_control->minimumSizeHint(), QSize(0, 24));
     }
 
     void an_icon_of_any_state_counts_in_the_width()
     {
         ImageParams params;
         params.color = ColorParams("brand/brand");
-        m_button->SetIconParam(kNormal, params);
-        QCOMPARE(m_button->minimumSizeHint().width(), 8); // a colour is no icon
+        m_control->SetIconParam(kNormal, params);
+        QCOMPARE(m_control->minimumSizeHint().width(), 8); // a colour is no icon
         params.path = QStringLiteral(":/images/none.svg");
-        m_button->SetIconParam(QStyle::State(0x8005), params);
-        QCOMPARE(m_button->minimumSizeHint().width(), 8 + 24); // the file need not exist
+        m_control->SetIconParam(QStyle::State(0x8005), params);
+        QCOMPARE(m_control->minimumSizeHint().width(), 8 + 24); // the file need not exist
     }
 
     void the_size_hint_is_the_minimum_of_the_derived_class()
     {
-        m_button->setText(QStringLiteral("Text"));
-        QCOMPARE(m_button->sizeHint(), m_button->minimumSizeHint());
-        m_button->hint = QSize(77, 33);
-        QCOMPARE(m_button->sizeHint(), QSize(77, 33));
+        m_control->setText(QStringLiteral("Text"));
+        QCOMPARE(m_control->sizeHint(), m_control->minimumSizeHint());
+        m_control->hint = QSize(77, 33);
+        QCOMPARE(m_control->sizeHint(), QSize(77, 33));
     }
 
     void a_mnemonic_mark_is_shown_and_counted()
     {
-        m_button->setText(QStringLiteral("&Save"));
-        QCOMPARE(m_button->minimumSizeHint().width(), QFontMetrics(m_button->font()).horizontalAdvance(QStringLiteral("&Save")) + 8);
-        QCOMPARE(Render(*m_button),
-                 Reference(*m_button, [&](QPainter &p) { p.drawText(m_button->rect(), Qt::AlignCenter, QStringLiteral("&Save")); }));
-        QCOMPARE(m_button->shortcut(), QKeySequence(QStringLiteral("Alt+S")));
+        m_control->setText(QStringLiteral("&Save"));
+        QCOMPARE(m_control->minimumSizeHint().width(), QFontMetrics(m_control->font()).horizontalAdvance(QStringLiteral("&Save")) + 8);
+        QCOMPARE(Render(*m_control),
+                 Reference(*m_control, [&](QPainter &p) { p.drawText(m_control->rect(), Qt::AlignCenter, QStringLiteral("&Save")); }));
+        QCOMPARE(m_control->shortcut(), QKeySequence(QStringLiteral("Alt+S")));
     }
 
     // --- What repaints, what announces a size ---
@@ -246,16 +246,16 @@ private Q_SLOTS:
         QFETCH(bool, repaints);
         QFETCH(bool, announces);
         const std::function<void()> setters[] = {
-            [this] { m_button->SetBackgroundColorParams(kNormal, QString()); },
-            [this] { m_button->SetBorderColorParams(kNormal, QString()); },
-            [this] { m_button->SetTextColorParams(kNormal, QString()); },
-            [this] { m_button->SetIconParam(kNormal, ImageParams()); },
-            [this] { m_button->SetIconPath(QString()); },
-            [this] { m_button->SetBorderRadius(4); },
-            [this] { m_button->setHorizontalMargin(20); },
-            [this] { m_button->setText(QStringLiteral("Text")); },
+            [this] { m_control->SetBackgroundColorParams(kNormal, QString()); },
+            [this] { m_control->SetBorderColorParams(kNormal, QString()); },
+            [this] { m_control->SetTextColorParams(kNormal, QString()); },
+            [this] { m_control->SetIconParam(kNormal, ImageParams()); },
+            [this] { m_control->SetIconPath(QString()); },
+            [this] { m_control->SetBorderRadius(4); },
+            [this] { m_control->setHorizontalMargin(20); },
+            [this] { m_control->setText(QStringLiteral("Text")); },
         };
-        EventCounter paints(*m_button, QEvent::Paint);
+        EventCounter paints(*m_control, QEvent::Paint);
         EventCounter requests(*m_window, QEvent::LayoutRequest);
         setters[setter]();
         DrainEvents();
@@ -266,26 +266,26 @@ private Q_SLOTS:
     void another_height_announces_the_size_and_another_width_does_not()
     {
         EventCounter requests(*m_window, QEvent::LayoutRequest);
-        m_button->resize(m_button->width() + 20, 24);
+        m_control->resize(m_control->width() + 20, 24);
         DrainEvents();
         QCOMPARE(requests.Take(), 0);
-        m_button->setMaximumHeight(100);
+        m_control->setMaximumHeight(100);
         DrainEvents();
         requests.Take();
-        m_button->resize(m_button->width(), 60);
+        m_control->resize(m_control->width(), 60);
         DrainEvents();
         QVERIFY(requests.Take() > 0);
     }
 
     void a_theme_change_repaints_once()
     {
-        EventCounter paints(*m_button, QEvent::Paint);
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("brand/brand"));
+        EventCounter paints(*m_control, QEvent::Paint);
+        m_control->SetBackgroundColorParams(kNormal, QStringLiteral("brand/brand"));
         DrainEvents();
         paints.Take();
         UseTable(Table::Dark);
         QCOMPARE(paints.Take(), 1);
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(10, 12)), Over(TokenOf(Table::Dark, QStringLiteral("brand/brand"))));
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(10, 12)), Over(TokenOf(Table::Dark, QStringLiteral("brand/brand"))));
     }
 
     // --- States ---
@@ -301,13 +301,13 @@ private Q_SLOTS:
     {
         QFETCH(int, index);
         const Look &look = kLooks[index];
-        SetBackgrounds(*m_button);
-        BringTo(*m_button, look);
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(10, 12)), ColorOf(look));
+        SetBackgrounds(*m_control);
+        BringTo(*m_control, look);
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(10, 12)), ColorOf(look));
 
         // Without its entry it takes none of another state.
-        m_button->SetBackgroundColorParams(QStyle::State(look.key), QString());
-        QVERIFY(InkBox(Render(*m_button), Qt::white, 0).isNull());
+        m_control->SetBackgroundColorParams(QStyle::State(look.key), QString());
+        QVERIFY(InkBox(Render(*m_control), Qt::white, 0).isNull());
     }
 
     void border_text_and_icon_take_the_same_key_data() { each_look_takes_its_own_entries_data(); }
@@ -317,55 +317,55 @@ private Q_SLOTS:
         QFETCH(int, index);
         const Look &look = kLooks[index];
         for (const Look &each : kLooks) {
-            m_button->SetBorderColorParams(QStyle::State(each.key), ColorOf(each).name());
-            m_button->SetTextColorParams(QStyle::State(each.key), ColorOf(each).name());
+            m_control->SetBorderColorParams(QStyle::State(each.key), ColorOf(each).name());
+            m_control->SetTextColorParams(QStyle::State(each.key), ColorOf(each).name());
             ImageParams icon;
             icon.color = ColorParams(ColorOf(each).name());
-            m_button->SetIconParam(QStyle::State(each.key), icon);
+            m_control->SetIconParam(QStyle::State(each.key), icon);
         }
-        m_button->setFixedSize(90, 80);
-        m_button->setFont(BroadFont());
-        m_button->setText(QStringLiteral("I"));
-        BringTo(*m_button, look);
-        const QImage withText = Render(*m_button);
+        m_control->setFixedSize(90, 80);
+        m_control->setFont(BroadFont());
+        m_control->setText(QStringLiteral("I"));
+        BringTo(*m_control, look);
+        const QImage withText = Render(*m_control);
         QColor line = ColorOf(look);
         line.setAlphaF(LineCoverage(withText)); // half of it lies outside
         COMPARE_COLOR(PixelAt(withText, QPointF(0, 40)), Over(line));
         COMPARE_COLOR(PixelAt(withText, QPointF(1, 40)), QColor(Qt::white));
         COMPARE_COLOR(InkColor(Part(withText, QRectF(10, 10, 70, 60)), Qt::white), ColorOf(look));
-        m_button->setText(QString());
-        m_button->SetIconPath(m_icon.Path());
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(45, 40)), ColorOf(look));
+        m_control->setText(QString());
+        m_control->SetIconPath(m_icon.Path());
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(45, 40)), ColorOf(look));
     }
 
     void pressed_comes_before_hover_and_disabled_before_both()
     {
-        SetBackgrounds(*m_button);
-        MoveCursorOver(*m_button);
+        SetBackgrounds(*m_control);
+        MoveCursorOver(*m_control);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
-        QTest::mousePress(m_button, Qt::LeftButton);
+        QTest::mousePress(m_control, Qt::LeftButton);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[3]));
-        m_button->setEnabled(false);
+        m_control->setEnabled(false);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[0]));
-        m_button->setEnabled(true);
-        Release(*m_button);
+        m_control->setEnabled(true);
+        LetGo(*m_control);
     }
 
     void hover_and_press_come_and_go()
     {
-        SetBackgrounds(*m_button);
-        EventCounter paints(*m_button, QEvent::Paint);
+        SetBackgrounds(*m_control);
+        EventCounter paints(*m_control, QEvent::Paint);
         DrainEvents();
         paints.Take();
-        MoveCursorOver(*m_button);
+        MoveCursorOver(*m_control);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
         QVERIFY(paints.Take() > 0);
         for (const Qt::MouseButton mouse : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-            QTest::mousePress(m_button, mouse);
+            QTest::mousePress(m_control, mouse);
             COMPARE_COLOR(Fill(), ColorOf(kLooks[3])); // whichever button it is
             DrainEvents();
             QVERIFY(paints.Take() > 0);
-            QTest::mouseRelease(m_button, mouse);
+            QTest::mouseRelease(m_control, mouse);
             COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
             DrainEvents();
             QVERIFY(paints.Take() > 0);
@@ -377,24 +377,24 @@ private Q_SLOTS:
 
     void moving_off_a_pressed_button_ends_the_sunken_look_at_once()
     {
-        SetBackgrounds(*m_button);
-        MoveCursorOver(*m_button);
-        QTest::mousePress(m_button, Qt::LeftButton);
+        SetBackgrounds(*m_control);
+        MoveCursorOver(*m_control);
+        QTest::mousePress(m_control, Qt::LeftButton);
         QCursor::setPos(450, 450);
         QEvent leave(QEvent::Leave); // a held button grabs the mouse, so the window system's own comes with the release
-        QCoreApplication::sendEvent(m_button, &leave);
-        QVERIFY(m_button->isDown());
+        QCoreApplication::sendEvent(m_control, &leave);
+        QVERIFY(m_control->isDown());
         COMPARE_COLOR(Fill(), ColorOf(kLooks[1]));
-        Release(*m_button);
+        LetGo(*m_control);
     }
 
     void a_leave_with_the_cursor_still_inside_keeps_the_hover()
     {
-        SetBackgrounds(*m_button);
-        MoveCursorOver(*m_button);
-        EventCounter paints(*m_button, QEvent::Paint);
+        SetBackgrounds(*m_control);
+        MoveCursorOver(*m_control);
+        EventCounter paints(*m_control, QEvent::Paint);
         QEvent leave(QEvent::Leave);
-        QCoreApplication::sendEvent(m_button, &leave);
+        QCoreApplication::sendEvent(m_control, &leave);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
         paints.Take();
         DrainEvents();
@@ -404,7 +404,7 @@ private Q_SLOTS:
     void a_stale_hover_clears_on_a_press_elsewhere()
     {
         MakeStale(QEvent::Enter);
-        EventCounter paints(*m_button, QEvent::Paint);
+        EventCounter paints(*m_control, QEvent::Paint);
         QTest::mouseClick(m_elsewhere, Qt::LeftButton);
         DrainEvents();
         QCOMPARE(paints.Take(), 0); // the next paint shows it
@@ -413,18 +413,18 @@ private Q_SLOTS:
 
     void a_stale_sunken_look_clears_on_a_press_elsewhere()
     {
-        SetBackgrounds(*m_button);
-        QTest::mousePress(m_button, Qt::LeftButton);
+        SetBackgrounds(*m_control);
+        QTest::mousePress(m_control, Qt::LeftButton);
         MoveCursorAway();
         QTest::mouseClick(m_elsewhere, Qt::LeftButton);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[1]));
-        Release(*m_button);
+        LetGo(*m_control);
     }
 
     void a_stale_hover_clears_when_the_application_goes_to_the_background()
     {
         MakeStale(QEvent::Enter);
-        EventCounter paints(*m_button, QEvent::Paint);
+        EventCounter paints(*m_control, QEvent::Paint);
         QEvent deactivate(QEvent::ApplicationDeactivate);
         QCoreApplication::sendEvent(qApp, &deactivate);
         DrainEvents();
@@ -434,8 +434,8 @@ private Q_SLOTS:
 
     void a_press_elsewhere_leaves_the_hover_under_the_cursor()
     {
-        SetBackgrounds(*m_button);
-        MoveCursorOver(*m_button);
+        SetBackgrounds(*m_control);
+        MoveCursorOver(*m_control);
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_elsewhere, &press);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
@@ -459,28 +459,28 @@ private Q_SLOTS:
         QSignalSpy clicks(m_elsewhere, &QAbstractButton::clicked);
         QTest::mouseClick(m_elsewhere, Qt::LeftButton);
         QCOMPARE(clicks.count(), 1);
-        QSignalSpy own(m_button, &QAbstractButton::clicked);
-        QTest::mouseClick(m_button, Qt::LeftButton);
-        QTest::mouseClick(m_button, Qt::RightButton);
+        QSignalSpy own(m_control, &QAbstractButton::clicked);
+        QTest::mouseClick(m_control, Qt::LeftButton);
+        QTest::mouseClick(m_control, Qt::RightButton);
         QCOMPARE(own.count(), 1);
     }
 
     void a_disabled_button_shows_the_forbidden_cursor()
     {
-        SetBackgrounds(*m_button);
-        EventCounter paints(*m_button, QEvent::Paint);
-        QVERIFY(!m_button->testAttribute(Qt::WA_SetCursor));
-        m_button->setEnabled(false);
-        QCOMPARE(m_button->cursor().shape(), Qt::ForbiddenCursor);
+        SetBackgrounds(*m_control);
+        EventCounter paints(*m_control, QEvent::Paint);
+        QVERIFY(!m_control->testAttribute(Qt::WA_SetCursor));
+        m_control->setEnabled(false);
+        QCOMPARE(m_control->cursor().shape(), Qt::ForbiddenCursor);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[0]));
-        m_button->setEnabled(true);
-        QVERIFY(!m_button->testAttribute(Qt::WA_SetCursor));
+        m_control->setEnabled(true);
+        QVERIFY(!m_control->testAttribute(Qt::WA_SetCursor));
         COMPARE_COLOR(Fill(), ColorOf(kLooks[1]));
         m_window->setEnabled(false); // with its window as well
-        QCOMPARE(m_button->cursor().shape(), Qt::ForbiddenCursor);
+        QCOMPARE(m_control->cursor().shape(), Qt::ForbiddenCursor);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[0]));
         m_window->setEnabled(true);
-        QVERIFY(!m_button->testAttribute(Qt::WA_SetCursor));
+        QVERIFY(!m_control->testAttribute(Qt::WA_SetCursor));
         paints.Take();
         DrainEvents();
         QVERIFY(paints.Take() > 0);
@@ -499,16 +499,16 @@ private Q_SLOTS:
 
     void a_button_toggled_while_disabled_looks_checked_and_disabled()
     {
-        SetBackgrounds(*m_button);
-        m_button->setCheckable(true);
-        m_button->setEnabled(false);
-        m_button->setChecked(true);
+        SetBackgrounds(*m_control);
+        m_control->setCheckable(true);
+        m_control->setEnabled(false);
+        m_control->setChecked(true);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[4]));
-        EventCounter paints(*m_button, QEvent::Paint);
-        m_button->setChecked(false);
+        EventCounter paints(*m_control, QEvent::Paint);
+        m_control->setChecked(false);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[0]));
-        m_button->setChecked(true);
-        m_button->setEnabled(true);
+        m_control->setChecked(true);
+        m_control->setEnabled(true);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[5]));
         paints.Take();
         DrainEvents();
@@ -517,13 +517,13 @@ private Q_SLOTS:
 
     void a_key_press_clicks_and_leaves_the_look()
     {
-        SetBackgrounds(*m_button);
-        QSignalSpy clicks(m_button, &QAbstractButton::clicked);
-        m_button->setFocus();
-        QTest::keyPress(m_button, Qt::Key_Space);
-        QVERIFY(m_button->isDown());
+        SetBackgrounds(*m_control);
+        QSignalSpy clicks(m_control, &QAbstractButton::clicked);
+        m_control->setFocus();
+        QTest::keyPress(m_control, Qt::Key_Space);
+        QVERIFY(m_control->isDown());
         COMPARE_COLOR(Fill(), ColorOf(kLooks[1])); // the look is the button's own, not the style's
-        QTest::keyRelease(m_button, Qt::Key_Space);
+        QTest::keyRelease(m_control, Qt::Key_Space);
         QCOMPARE(clicks.count(), 1);
     }
 
@@ -544,15 +544,15 @@ private Q_SLOTS:
     {
         QFETCH(QSize, size);
         QFETCH(QString, text);
-        m_button->setFixedSize(size);
-        m_button->setText(text);
-        m_button->SetIconPath(m_icon.Path());
+        m_control->setFixedSize(size);
+        m_control->setText(text);
+        m_control->SetIconPath(m_icon.Path());
         const int side = size.height();
-        const int textWidth = QFontMetrics(m_button->font()).horizontalAdvance(text);
+        const int textWidth = QFontMetrics(m_control->font()).horizontalAdvance(text);
         const int x = (size.width() - (textWidth + side)) / 2; // towards zero
         QPixmap red(side, side);
         red.fill(Qt::red);
-        QCOMPARE(Render(*m_button), Reference(*m_button, [&](QPainter &p) {
+        QCOMPARE(Render(*m_control), Reference(*m_control, [&](QPainter &p) {
                      p.drawPixmap(QRect(x, 0, side, side), red);
                      p.drawText(QRect(x + side, 0, textWidth, size.height()), Qt::AlignVCenter, text);
                  }));
@@ -560,9 +560,9 @@ private Q_SLOTS:
 
     void an_icon_alone_fills_the_button()
     {
-        m_button->setFixedSize(70, 30);
-        m_button->SetIconPath(m_icon.Path());
-        const QImage image = Render(*m_button);
+        m_control->setFixedSize(70, 30);
+        m_control->SetIconPath(m_icon.Path());
+        const QImage image = Render(*m_control);
         QCOMPARE(InkBox(image, Qt::white), QRectF(0, 0, 70, 30));
         COMPARE_COLOR(PixelAt(image, QPointF(1, 1)), QColor(Qt::red)); // without a record it stays as the file draws it
         COMPARE_COLOR(PixelAt(image, QPointF(68, 28)), QColor(Qt::red));
@@ -571,22 +571,22 @@ private Q_SLOTS:
     void a_text_alone_is_centred()
     {
         for (const QSize &size : {QSize(120, 24), QSize(121, 43)}) {
-            m_button->setFixedSize(size);
-            m_button->setText(QStringLiteral("Text"));
-            QCOMPARE(Render(*m_button),
-                     Reference(*m_button, [&](QPainter &p) { p.drawText(m_button->rect(), Qt::AlignCenter, QStringLiteral("Text")); }));
+            m_control->setFixedSize(size);
+            m_control->setText(QStringLiteral("Text"));
+            QCOMPARE(Render(*m_control),
+                     Reference(*m_control, [&](QPainter &p) { p.drawText(m_control->rect(), Qt::AlignCenter, QStringLiteral("Text")); }));
         }
     }
 
     void a_missing_icon_leaves_the_text_alone()
     {
-        m_button->setFixedSize(120, 24);
-        m_button->setText(QStringLiteral("Text"));
-        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
-        QCOMPARE(Render(*m_button),
-                 Reference(*m_button, [&](QPainter &p) { p.drawText(m_button->rect(), Qt::AlignCenter, QStringLiteral("Text")); }));
-        m_button->setText(QString());
-        QVERIFY(InkBox(Render(*m_button), Qt::white, 0).isNull());
+        m_control->setFixedSize(120, 24);
+        m_control->setText(QStringLiteral("Text"));
+        m_control->SetIconPath(QStringLiteral(":/images/none.svg"));
+        QCOMPARE(Render(*m_control),
+                 Reference(*m_control, [&](QPainter &p) { p.drawText(m_control->rect(), Qt::AlignCenter, QStringLiteral("Text")); }));
+        m_control->setText(QString());
+        QVERIFY(InkBox(Render(*m_control), Qt::white, 0).isNull());
     }
 
     void the_record_s_path_comes_first_and_its_size_plays_no_part()
@@ -595,48 +595,48 @@ private Q_SLOTS:
         params.path = m_icon.Path();
         params.size = QSize(3, 3);
         params.mulColor.insert(QStringLiteral("#FF0000"), ColorParams("#0000FF"));
-        m_button->setFixedSize(70, 30);
-        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
-        m_button->SetIconParam(kNormal, params);
-        const QImage image = Render(*m_button);
+        m_control->setFixedSize(70, 30);
+        m_control->SetIconPath(QStringLiteral(":/images/none.svg"));
+        m_control->SetIconParam(kNormal, params);
+        const QImage image = Render(*m_control);
         QCOMPARE(InkBox(image, Qt::white), QRectF(0, 0, 70, 30));
         COMPARE_COLOR(PixelAt(image, QPointF(35, 15)), QColor(Qt::blue));
 
         // A record without a path lends its colours to the common icon.
         params.path.clear();
-        m_button->SetIconParam(kNormal, params);
-        QVERIFY(InkBox(Render(*m_button), Qt::white).isNull());
-        m_button->SetIconPath(m_icon.Path());
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(35, 15)), QColor(Qt::blue));
+        m_control->SetIconParam(kNormal, params);
+        QVERIFY(InkBox(Render(*m_control), Qt::white).isNull());
+        m_control->SetIconPath(m_icon.Path());
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(35, 15)), QColor(Qt::blue));
     }
 
     void the_border_is_half_clipped_and_keeps_the_radius()
     {
-        m_button->SetBorderColorParams(kNormal, QStringLiteral("#000000"));
+        m_control->SetBorderColorParams(kNormal, QStringLiteral("#000000"));
         for (const int radius : {4, 0, 10}) {
-            m_button->SetBorderRadius(radius);
-            QCOMPARE(Render(*m_button), Reference(*m_button, [&](QPainter &p) {
+            m_control->SetBorderRadius(radius);
+            QCOMPARE(Render(*m_control), Reference(*m_control, [&](QPainter &p) {
                          p.setBrush(Qt::NoBrush);
                          p.setPen(QPen(QBrush(Qt::black), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-                         p.drawRoundedRect(QRectF(m_button->rect()), radius, radius);
+                         p.drawRoundedRect(QRectF(m_control->rect()), radius, radius);
                      }));
         }
     }
 
     void an_unknown_code_paints_black()
     {
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("no/such_token"));
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(10, 12)), QColor(Qt::black));
+        m_control->SetBackgroundColorParams(kNormal, QStringLiteral("no/such_token"));
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(10, 12)), QColor(Qt::black));
     }
 
     void no_focus_mark_is_painted()
     {
-        SetBackgrounds(*m_button);
-        m_button->setText(QStringLiteral("Text"));
-        const QImage before = Render(*m_button);
-        m_button->setFocus(Qt::TabFocusReason);
-        QVERIFY(m_button->hasFocus());
-        QCOMPARE(Render(*m_button), before);
+        SetBackgrounds(*m_control);
+        m_control->setText(QStringLiteral("Text"));
+        const QImage before = Render(*m_control);
+        m_control->setFocus(Qt::TabFocusReason);
+        QVERIFY(m_control->hasFocus());
+        QCOMPARE(Render(*m_control), before);
     }
 
     void the_slot_is_private_and_the_class_known_by_name()
@@ -648,26 +648,12 @@ private Q_SLOTS:
     }
 
 protected:
-    void SetUp() override
+    void Prepare() override
     {
-        MoveCursorAway();
-        m_window = std::make_unique<QWidget>();
-        m_window->setGeometry(kWindowPlace);
         m_elsewhere = new QPushButton(m_window.get());
         m_elsewhere->setGeometry(10, 150, 40, 20);
-        m_button = new HostButton(m_window.get());
-        m_button->setGeometry(10, 10, 120, 24);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        DrainEvents();
-    }
-
-    void TearDown() override
-    {
-        if (m_button->isDown())
-            Release(*m_button);
-        m_window.reset();
-        UseTable(Table::Light);
+        m_elsewhere->setFocus(); // a press there must not take it from the button
+        m_control->setGeometry(10, 10, 120, 24);
     }
 
 private:
@@ -680,28 +666,20 @@ private:
         return button;
     }
 
-    static void Release(QcButton &button)
-    {
-        QTest::mouseRelease(&button, Qt::LeftButton, Qt::NoModifier, QPoint(-1, -1));
-        MoveCursorAway();
-    }
-
     /// The background's colour now.
-    QColor Fill() { return PixelAt(Render(*m_button), QPointF(10, 12)); }
+    QColor Fill() { return PixelAt(Render(*m_control), QPointF(10, 12)); }
 
     /// Leaves the button hovered though the cursor is elsewhere, as when a popup swallowed the leave event.
     void MakeStale(QEvent::Type type)
     {
-        SetBackgrounds(*m_button);
+        SetBackgrounds(*m_control);
         QEvent event(type);
-        QCoreApplication::sendEvent(m_button, &event);
+        QCoreApplication::sendEvent(m_control, &event);
         DrainEvents();
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
     }
 
     const VelmoraTest::SquareIcon m_icon{QStringLiteral("#FF0000")};
-    std::unique_ptr<QWidget> m_window;
-    HostButton *m_button = nullptr;
     QPushButton *m_elsewhere = nullptr;
 };
 

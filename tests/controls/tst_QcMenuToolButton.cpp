@@ -3,7 +3,7 @@
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
-#include "controls/ButtonLooks.h"
+#include "controls/ControlTest.h"
 
 #include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcStyleManager.h>
@@ -60,7 +60,7 @@ void PaintInto(QImage &image, const QRect &rect, const ImageParams &params)
 
 } // namespace
 
-class TestQcMenuToolButton : public TestCase
+class TestQcMenuToolButton : public ControlTest<HostButton>
 {
     Q_OBJECT
 
@@ -100,9 +100,9 @@ private Q_SLOTS:
         const Look &look = kLooks[index];
         const QString background = QString::fromLatin1(kToolBackgrounds[index]);
         const bool hasArrow = look.key != QStyle::State_Selected;
-        m_button->SetIconPath(QStringLiteral(":/images/select.svg"));
-        BringTo(*m_button, look);
-        QCOMPARE(m_button->GetState() & QStyle::State_Selected, QStyle::State(look.key) & QStyle::State_Selected);
+        m_control->SetIconPath(QStringLiteral(":/images/select.svg"));
+        BringTo(*m_control, look);
+        QCOMPARE(m_control->GetState() & QStyle::State_Selected, QStyle::State(look.key) & QStyle::State_Selected);
         for (const Table table : {Table::Light, Table::Dark}) {
             UseTable(table);
             QImage expected = Background(Painted(table, background, Qt::white), 2);
@@ -113,13 +113,13 @@ private Q_SLOTS:
             PaintInto(expected, QRect(0, 0, 32, 32), icon);
             if (hasArrow)
                 PaintInto(expected, QRect(31, 0, 12, 32), Arrow(kToolIcons[index])); // one pixel stays free at the right
-            QCOMPARE(Render(*m_button), expected);
+            QCOMPARE(Render(*m_control), expected);
         }
         // The icon's colour without the engine's help.
-        m_button->SetIconPath(m_icon.Path());
+        m_control->SetIconPath(m_icon.Path());
         for (const Table table : {Table::Light, Table::Dark}) {
             UseTable(table);
-            const QImage image = Render(*m_button, Qt::darkGreen); // on which the colours of both tables show
+            const QImage image = Render(*m_control, Qt::darkGreen); // on which the colours of both tables show
             const QColor ground = Painted(table, background, Qt::darkGreen);
             COMPARE_COLOR(PixelAt(image, QPointF(15, 15)), Painted(table, QString::fromLatin1(kToolIcons[index]), ground));
             COMPARE_COLOR(PixelAt(image, QPointF(37, 3)), ground);
@@ -129,59 +129,59 @@ private Q_SLOTS:
 
     void an_empty_code_fills_black()
     {
-        m_button->SetBackgroundColorParams(kNormal, QString());
-        m_button->SetArrowIconVisible(false);
-        const QImage image = Render(*m_button);
+        m_control->SetBackgroundColorParams(kNormal, QString());
+        m_control->SetArrowIconVisible(false);
+        const QImage image = Render(*m_control);
         QCOMPARE(image, Background(Qt::black, 2));
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("no/such_token"));
-        QCOMPARE(Render(*m_button), image);
+        m_control->SetBackgroundColorParams(kNormal, QStringLiteral("no/such_token"));
+        QCOMPARE(Render(*m_control), image);
     }
 
     void the_radius_is_two_at_first_and_changes_with_the_next_paint()
     {
-        m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#0000FF"));
-        m_button->SetArrowIconVisible(false);
-        QCOMPARE(Render(*m_button), Background(Qt::blue, 2));
+        m_control->SetBackgroundColorParams(kNormal, QStringLiteral("#0000FF"));
+        m_control->SetArrowIconVisible(false);
+        QCOMPARE(Render(*m_control), Background(Qt::blue, 2));
         DrainEvents();
-        EventCounter paints(*m_button, QEvent::Paint);
-        m_button->SetBorderRadius(9);
+        EventCounter paints(*m_control, QEvent::Paint);
+        m_control->SetBorderRadius(9);
         DrainEvents();
         QCOMPARE(paints.Take(), 0);
-        QCOMPARE(Render(*m_button), Background(Qt::blue, 9));
+        QCOMPARE(Render(*m_control), Background(Qt::blue, 9));
     }
 
     // --- The icon ---
 
     void the_common_icon_takes_the_place_beside_the_arrow()
     {
-        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 31, 32)), Qt::white), QRectF());
-        m_button->SetIconPath(m_icon.Path());
-        QCOMPARE(m_button->GetIconPath(), m_icon.Path());
-        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 33, 32)), Qt::white), QRectF(0, 0, 32, 32));
-        m_button->SetIconPath(QStringLiteral(":/images/none.svg"));
-        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 31, 32)), Qt::white), QRectF());
+        QCOMPARE(InkBox(Part(Render(*m_control), QRectF(0, 0, 31, 32)), Qt::white), QRectF());
+        m_control->SetIconPath(m_icon.Path());
+        QCOMPARE(m_control->GetIconPath(), m_icon.Path());
+        QCOMPARE(InkBox(Part(Render(*m_control), QRectF(0, 0, 33, 32)), Qt::white), QRectF(0, 0, 32, 32));
+        m_control->SetIconPath(QStringLiteral(":/images/none.svg"));
+        QCOMPARE(InkBox(Part(Render(*m_control), QRectF(0, 0, 31, 32)), Qt::white), QRectF());
     }
 
     void a_record_with_a_path_keeps_its_own_size()
     {
-        m_button->SetIconPath(QStringLiteral(":/images/select.svg"));
+        m_control->SetIconPath(QStringLiteral(":/images/select.svg"));
         ImageParams params;
         params.path = m_icon.Path();
         params.size = QSize(10, 10);
-        m_button->SetIconParam(kNormal, params);
-        QImage image = Render(*m_button);
+        m_control->SetIconParam(kNormal, params);
+        QImage image = Render(*m_control);
         const QRectF ink = InkBox(Part(image, QRectF(0, 0, 31, 32)), Qt::white);
         QCOMPARE(ink.size(), QSizeF(10, 10));
         QVERIFY(QLineF(ink.center(), QPointF(16, 16)).length() < 1.0);   // centred, but for the rounding to pixels
         COMPARE_COLOR(PixelAt(image, QPointF(16, 16)), QColor(Qt::red)); // no code: as the file draws it
         params.size = QSize();
-        m_button->SetIconParam(kNormal, params);
-        QVERIFY(InkBox(Part(Render(*m_button), QRectF(0, 0, 31, 32)), Qt::white).isNull());
+        m_control->SetIconParam(kNormal, params);
+        QVERIFY(InkBox(Part(Render(*m_control), QRectF(0, 0, 31, 32)), Qt::white).isNull());
         params.size = QSize(200, 100);
-        m_button->SetIconParam(kNormal, params);
-        QCOMPARE(InkBox(Part(Render(*m_button), QRectF(0, 0, 30, 32)), Qt::white), QRectF(0, 8, 30, 16)); // scaled down
-        MoveCursorOver(*m_button);                                                                        // of that state only
-        image = Render(*m_button);
+        m_control->SetIconParam(kNormal, params);
+        QCOMPARE(InkBox(Part(Render(*m_control), QRectF(0, 0, 30, 32)), Qt::white), QRectF(0, 8, 30, 16)); // scaled down
+        MoveCursorOver(*m_control);                                                                        // of that state only
+        image = Render(*m_control);
         QVERIFY(PixelAt(image, QPointF(1, 1)) != QColor(Qt::red));
     }
 
@@ -190,24 +190,24 @@ private Q_SLOTS:
         ImageParams params;
         params.size = QSize(5, 5);
         params.mulColor.insert(QStringLiteral("#FF0000"), ColorParams("#0000FF"));
-        m_button->SetIconParam(kNormal, params);
-        m_button->SetIconPath(m_icon.Path());
-        const QImage image = Render(*m_button);
+        m_control->SetIconParam(kNormal, params);
+        m_control->SetIconPath(m_icon.Path());
+        const QImage image = Render(*m_control);
         QCOMPARE(InkBox(Part(image, QRectF(0, 0, 33, 32)), Qt::white), QRectF(0, 0, 32, 32));
         COMPARE_COLOR(PixelAt(image, QPointF(15, 15)), QColor(Qt::blue));
     }
 
     void a_hidden_arrow_gives_the_icon_all_of_the_icon_size()
     {
-        m_button->SetIconPath(m_icon.Path());
-        m_button->SetArrowIconVisible(false);
-        QCOMPARE(m_button->iconSize(), QSize(44, 32)); // not computed anew
-        QCOMPARE(InkBox(Render(*m_button), Qt::white), QRectF(0, 0, 44, 32));
-        m_button->setIconSize(QSize(20, 10));
-        m_button->SetArrowIconVisible(true);
-        m_button->SetArrowIconVisible(false);
-        QCOMPARE(m_button->iconSize(), QSize(20, 10));
-        QCOMPARE(InkBox(Render(*m_button), Qt::white), QRectF(0, 0, 20, 10));
+        m_control->SetIconPath(m_icon.Path());
+        m_control->SetArrowIconVisible(false);
+        QCOMPARE(m_control->iconSize(), QSize(44, 32)); // not computed anew
+        QCOMPARE(InkBox(Render(*m_control), Qt::white), QRectF(0, 0, 44, 32));
+        m_control->setIconSize(QSize(20, 10));
+        m_control->SetArrowIconVisible(true);
+        m_control->SetArrowIconVisible(false);
+        QCOMPARE(m_control->iconSize(), QSize(20, 10));
+        QCOMPARE(InkBox(Render(*m_control), Qt::white), QRectF(0, 0, 20, 10));
     }
 
     void a_new_size_computes_the_icon_size_data()
@@ -224,13 +224,13 @@ private Q_SLOTS:
     {
         QFETCH(QSize, size);
         QFETCH(QSize, iconSize);
-        m_button->SetIconPath(m_icon.Path());
-        EventCounter paints(*m_button, QEvent::Paint);
-        m_button->setFixedSize(size);
+        m_control->SetIconPath(m_icon.Path());
+        EventCounter paints(*m_control, QEvent::Paint);
+        m_control->setFixedSize(size);
         DrainEvents();
         QVERIFY(paints.Take() > 0);
-        QCOMPARE(m_button->iconSize(), iconSize);
-        QImage expected = Canvas(*m_button);
+        QCOMPARE(m_control->iconSize(), iconSize);
+        QImage expected = Canvas(*m_control);
         ImageParams icon;
         icon.path = m_icon.Path();
         icon.color = ColorParams("icon/icon_toolbar");
@@ -238,52 +238,52 @@ private Q_SLOTS:
         PaintInto(expected, QRect(QPoint(0, 0), icon.size), icon);
         const int arrowWidth = iconSize.width() - iconSize.height();
         PaintInto(expected, QRect(size.width() - 1 - arrowWidth, 0, arrowWidth, iconSize.height()), Arrow("icon/icon_toolbar"));
-        QCOMPARE(Render(*m_button), expected);
+        QCOMPARE(Render(*m_control), expected);
 
-        m_button->SetArrowIconVisible(false);
-        m_button->setFixedSize(size + QSize(1, 1));
-        QCOMPARE(m_button->iconSize(), size + QSize(1, 1));
+        m_control->SetArrowIconVisible(false);
+        m_control->setFixedSize(size + QSize(1, 1));
+        QCOMPARE(m_control->iconSize(), size + QSize(1, 1));
     }
 
     void an_empty_size_leaves_the_icon_size()
     {
-        m_button->setFixedSize(0, 32);
-        QCOMPARE(m_button->iconSize(), QSize(44, 32));
-        m_button->setFixedSize(44, 0);
-        QCOMPARE(m_button->iconSize(), QSize(44, 32));
+        m_control->setFixedSize(0, 32);
+        QCOMPARE(m_control->iconSize(), QSize(44, 32));
+        m_control->setFixedSize(44, 0);
+        QCOMPARE(m_control->iconSize(), QSize(44, 32));
     }
 
     void an_icon_size_of_the_host_s_own_is_painted_without_harm()
     {
-        m_button->SetIconPath(m_icon.Path());
+        m_control->SetIconPath(m_icon.Path());
         for (const QSize &size : {QSize(10, 30), QSize(0, 0), QSize(-1, -1), QSize(3000, 1)}) {
-            m_button->setIconSize(size);
-            Render(*m_button);
+            m_control->setIconSize(size);
+            Render(*m_control);
         }
     }
 
     void right_to_left_layouts_change_no_place()
     {
-        m_button->SetIconPath(m_icon.Path());
-        const QImage image = Render(*m_button);
+        m_control->SetIconPath(m_icon.Path());
+        const QImage image = Render(*m_control);
         m_window->setLayoutDirection(Qt::RightToLeft);
-        QVERIFY(m_button->isRightToLeft());
-        QCOMPARE(Render(*m_button), image);
+        QVERIFY(m_control->isRightToLeft());
+        QCOMPARE(Render(*m_control), image);
     }
 
     void neither_text_nor_focus_is_painted()
     {
-        const QImage image = Render(*m_button);
-        m_button->setText(QStringLiteral("Text"));
-        m_button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        m_button->setFocus(Qt::TabFocusReason);
-        QVERIFY(m_button->hasFocus());
-        QCOMPARE(Render(*m_button), image);
+        const QImage image = Render(*m_control);
+        m_control->setText(QStringLiteral("Text"));
+        m_control->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        m_control->setFocus(Qt::TabFocusReason);
+        QVERIFY(m_control->hasFocus());
+        QCOMPARE(Render(*m_control), image);
     }
 
     void setters_repaint_and_what_they_set_stays()
     {
-        EventCounter paints(*m_button, QEvent::Paint);
+        EventCounter paints(*m_control, QEvent::Paint);
         const auto repaints = [&](const std::function<void()> &change) {
             DrainEvents();
             paints.Take();
@@ -294,15 +294,15 @@ private Q_SLOTS:
         ImageParams params;
         params.path = m_icon.Path();
         params.size = QSize(32, 32);
-        QVERIFY(repaints([this] { m_button->SetBackgroundColorParams(kNormal, QStringLiteral("#00FF00")); }));
-        QVERIFY(repaints([&] { m_button->SetIconParam(kNormal, params); }));
-        QVERIFY(repaints([this] { m_button->SetIconPath(QStringLiteral(":/images/select.svg")); }));
-        QVERIFY(repaints([this] { m_button->SetArrowIconVisible(false); }));
-        QVERIFY(repaints([this] { m_button->SetArrowIconVisible(true); }));
+        QVERIFY(repaints([this] { m_control->SetBackgroundColorParams(kNormal, QStringLiteral("#00FF00")); }));
+        QVERIFY(repaints([&] { m_control->SetIconParam(kNormal, params); }));
+        QVERIFY(repaints([this] { m_control->SetIconPath(QStringLiteral(":/images/select.svg")); }));
+        QVERIFY(repaints([this] { m_control->SetArrowIconVisible(false); }));
+        QVERIFY(repaints([this] { m_control->SetArrowIconVisible(true); }));
         UseTable(Table::Dark);
         DrainEvents();
-        QCOMPARE(m_button->fills, 0);
-        const QImage image = Render(*m_button);
+        QCOMPARE(m_control->fills, 0);
+        const QImage image = Render(*m_control);
         COMPARE_COLOR(PixelAt(image, QPointF(37, 3)), QColor(Qt::green));
         COMPARE_COLOR(PixelAt(image, QPointF(15, 15)), QColor(Qt::red));
     }
@@ -311,14 +311,14 @@ private Q_SLOTS:
 
     void a_click_toggles()
     {
-        QSignalSpy toggles(m_button, &QAbstractButton::toggled);
-        MoveCursorOver(*m_button);
-        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
-        QVERIFY(m_button->isChecked());
-        QCOMPARE(m_button->GetState(), QStyle::State(QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_MouseOver));
-        m_button->setFocus();
+        QSignalSpy toggles(m_control, &QAbstractButton::toggled);
+        MoveCursorOver(*m_control);
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_control->geometry().center());
+        QVERIFY(m_control->isChecked());
+        QCOMPARE(m_control->GetState(), QStyle::State(QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_MouseOver));
+        m_control->setFocus();
         QTest::keyClick(m_window->windowHandle(), Qt::Key_Space);
-        QVERIFY(!m_button->isChecked());
+        QVERIFY(!m_control->isChecked());
         QCOMPARE(toggles.count(), 2);
     }
 
@@ -332,20 +332,20 @@ private Q_SLOTS:
     void a_long_press_opens_the_menu_and_a_click_toggles()
     {
         QFETCH(bool, byKey);
-        const QPoint centre = m_button->geometry().center();
+        const QPoint centre = m_control->geometry().center();
         QWindow *window = m_window->windowHandle();
         QMenu menu;
         menu.addAction(QStringLiteral("First"));
-        m_button->setMenu(&menu);
-        m_button->setFocus();
+        m_control->setMenu(&menu);
+        m_control->setFocus();
         QStyle::State whileOpen;
         bool wasChecked = false;
         QSignalSpy closed(&menu, &QMenu::aboutToHide);
         connect(
             &menu, &QMenu::aboutToShow, this,
             [&] {
-                whileOpen = m_button->GetState();
-                wasChecked = m_button->isChecked();
+                whileOpen = m_control->GetState();
+                wasChecked = m_control->isChecked();
                 if (byKey)
                     QTest::keyRelease(&menu, Qt::Key_Space); // the menu has the keyboard
                 else
@@ -363,15 +363,15 @@ private Q_SLOTS:
                  QStyle::State(QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_Sunken));
         QVERIFY(wasChecked);
         DrainEvents();
-        QVERIFY(!m_button->isChecked());
-        QVERIFY(!m_button->isDown());
+        QVERIFY(!m_control->isChecked());
+        QVERIFY(!m_control->isDown());
 
         // Short: the menu stays away.
         if (byKey)
             QTest::keyClick(window, Qt::Key_Space);
         else
             QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, centre);
-        QVERIFY(m_button->isChecked());
+        QVERIFY(m_control->isChecked());
         QCOMPARE(closed.count(), 1);
     }
 
@@ -386,9 +386,9 @@ private Q_SLOTS:
     {
         QFETCH(int, mode);
         QAction action(QStringLiteral("Action"));
-        m_button->addAction(&action);
-        m_button->setPopupMode(QToolButton::ToolButtonPopupMode(mode));
-        MoveCursorOver(*m_button);
+        m_control->addAction(&action);
+        m_control->setPopupMode(QToolButton::ToolButtonPopupMode(mode));
+        MoveCursorOver(*m_control);
         bool hasOpened = false;
         QTimer watch; // for a menu that Qt makes for the purpose
         connect(&watch, &QTimer::timeout, this, [&] {
@@ -397,61 +397,39 @@ private Q_SLOTS:
                 return;
             watch.stop();
             hasOpened = true;
-            QVERIFY(m_button->GetState() & QStyle::State_Sunken);
+            QVERIFY(m_control->GetState() & QStyle::State_Sunken);
             QTest::mouseRelease(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(-5, -5)); // which the menu takes
             QTest::keyClick(menu, Qt::Key_Escape);
         });
         watch.start(0);
-        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_button->geometry().center());
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_control->geometry().center());
         QTRY_VERIFY(hasOpened);
         DrainEvents();
-        QCOMPARE(m_button->GetState(), QStyle::State(QStyle::State_Enabled | QStyle::State_MouseOver));
-        QVERIFY(!m_button->isChecked());
+        QCOMPARE(m_control->GetState(), QStyle::State(QStyle::State_Enabled | QStyle::State_MouseOver));
+        QVERIFY(!m_control->isChecked());
     }
 
     void a_menu_brings_no_indicator_of_its_own()
     {
-        const QImage image = Render(*m_button);
+        const QImage image = Render(*m_control);
         QMenu menu;
-        m_button->setMenu(&menu);
-        QCOMPARE(Render(*m_button), image);
-    }
-
-protected:
-    void SetUp() override
-    {
-        MoveCursorAway();
-        m_window = std::make_unique<QWidget>();
-        m_window->setGeometry(kWindowPlace);
-        m_button = new HostButton(m_window.get());
-        m_button->move(10, 10);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        DrainEvents();
-    }
-
-    void TearDown() override
-    {
-        LetGo(*m_button);
-        m_window.reset();
-        UseTable(Table::Light);
+        m_control->setMenu(&menu);
+        QCOMPARE(Render(*m_control), image);
     }
 
 private:
     QImage Background(const QColor &color, int radius) const
     {
-        QImage image = Canvas(*m_button);
+        QImage image = Canvas(*m_control);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(color);
-        painter.drawRoundedRect(m_button->rect(), radius, radius);
+        painter.drawRoundedRect(m_control->rect(), radius, radius);
         return image;
     }
 
     const VelmoraTest::SquareIcon m_icon{QStringLiteral("#FF0000")};
-    std::unique_ptr<QWidget> m_window;
-    HostButton *m_button = nullptr;
 };
 
 VELMORA_TEST_MAIN(TestQcMenuToolButton)

@@ -3,7 +3,7 @@
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
-#include "controls/ButtonLooks.h"
+#include "controls/ControlTest.h"
 
 #include <Velmora/QcToolColorButton.h>
 
@@ -18,7 +18,7 @@ const QStyle::State kHover = QStyle::State_Enabled | QStyle::State_MouseOver;
 
 } // namespace
 
-class TestQcToolColorButton : public TestCase
+class TestQcToolColorButton : public ControlTest<QcToolColorButton>
 {
     Q_OBJECT
 
@@ -34,14 +34,14 @@ private Q_SLOTS:
     {
         QFETCH(int, index);
         QcToolButton plain(m_window.get());
-        Prepare(plain, QPoint(10, 60));
+        Dress(plain, QPoint(10, 60));
         plain.show();
         DrainEvents();
         BringTo(plain, kLooks[index]);
         const QImage expected = Render(plain);
         LetGo(plain);
-        BringTo(*m_button, kLooks[index]);
-        QCOMPARE(Render(*m_button), expected);
+        BringTo(*m_control, kLooks[index]);
+        QCOMPARE(Render(*m_control), expected);
     }
 
     void the_two_colours_take_all_eight_looks_in_both_tables_data() { a_new_one_looks_like_a_tool_button_data(); }
@@ -51,12 +51,12 @@ private Q_SLOTS:
         QFETCH(int, index);
         const QString normal = QStringLiteral("brand/brand");
         const QString disabled = QStringLiteral("icon/icon_primary");
-        m_button->SetBackgroundColorParams(QStyle::State(kLooks[index].key), QStringLiteral("#FF0000"));
-        m_button->setChangeColor(normal, disabled);
-        BringTo(*m_button, kLooks[index]);
+        m_control->SetBackgroundColorParams(QStyle::State(kLooks[index].key), QStringLiteral("#FF0000"));
+        m_control->setChangeColor(normal, disabled);
+        BringTo(*m_control, kLooks[index]);
         for (const Table table : {Table::Dark, Table::Light}) {
             UseTable(table); // which keeps the two
-            const QImage image = Render(*m_button);
+            const QImage image = Render(*m_control);
             const QColor fill = PixelAt(image, QPointF(2, 12));
             COMPARE_COLOR(PixelAt(image, QPointF(20, 12)), Painted(table, index == 0 ? disabled : normal, fill));
             QVERIFY(fill != QColor(Qt::red)); // undone, and the default again
@@ -65,68 +65,51 @@ private Q_SLOTS:
 
     void the_change_shows_at_once()
     {
-        EventCounter paints(*m_button, QEvent::Paint);
-        m_button->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
+        EventCounter paints(*m_control, QEvent::Paint);
+        m_control->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
         DrainEvents();
         QCOMPARE(paints.Take(), 1);
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)), QColor(Qt::green));
-        m_button->setEnabled(false);
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)), QColor(Qt::blue));
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(20, 12)), QColor(Qt::green));
+        m_control->setEnabled(false);
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(20, 12)), QColor(Qt::blue));
     }
 
     void the_change_undoes_what_the_host_set_but_the_path()
     {
-        MoveCursorOver(*m_button);
-        m_button->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
-        const QImage before = Render(*m_button);
+        MoveCursorOver(*m_control);
+        m_control->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
+        const QImage before = Render(*m_control);
         ImageParams own;
         own.path = QStringLiteral(":/images/close.svg");
         own.color = ColorParams("#FF0000");
-        m_button->SetIconParam(kHover, own);
-        m_button->SetBackgroundColorParams(kHover, QStringLiteral("#FF0000"));
-        m_button->SetBorderRadius(9);
-        QVERIFY(Render(*m_button) != before);
-        m_button->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
-        QCOMPARE(Render(*m_button), before);
+        m_control->SetIconParam(kHover, own);
+        m_control->SetBackgroundColorParams(kHover, QStringLiteral("#FF0000"));
+        m_control->SetBorderRadius(9);
+        QVERIFY(Render(*m_control) != before);
+        m_control->setChangeColor(QStringLiteral("#00FF00"), QStringLiteral("#0000FF"));
+        QCOMPARE(Render(*m_control), before);
     }
 
     void empty_and_unknown_colours_are_no_danger()
     {
-        m_button->setChangeColor(QString(), QString());
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)), QColor(Qt::red)); // as the file draws it
-        m_button->setChangeColor(QStringLiteral("no/such_token"), QString());
-        COMPARE_COLOR(PixelAt(Render(*m_button), QPointF(20, 12)), QColor(Qt::black));
+        m_control->setChangeColor(QString(), QString());
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(20, 12)), QColor(Qt::red)); // as the file draws it
+        m_control->setChangeColor(QStringLiteral("no/such_token"), QString());
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(20, 12)), QColor(Qt::black));
     }
 
     void a_theme_change_repaints_once()
     {
-        EventCounter paints(*m_button, QEvent::Paint);
+        EventCounter paints(*m_control, QEvent::Paint);
         UseTable(Table::Dark);
         QCOMPARE(paints.Take(), 1);
     }
 
 protected:
-    void SetUp() override
-    {
-        MoveCursorAway();
-        m_window = std::make_unique<QWidget>();
-        m_window->setGeometry(kWindowPlace);
-        m_button = new QcToolColorButton(m_window.get());
-        Prepare(*m_button, QPoint(10, 10));
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        DrainEvents();
-    }
-
-    void TearDown() override
-    {
-        LetGo(*m_button);
-        m_window.reset();
-        UseTable(Table::Light);
-    }
+    void Prepare() override { Dress(*m_control, QPoint(10, 10)); }
 
 private:
-    void Prepare(QcToolButton &button, const QPoint &place) const
+    void Dress(QcToolButton &button, const QPoint &place) const
     {
         button.setGeometry(QRect(place, QSize(40, 24)));
         button.setIconSize(QSize(16, 16));
@@ -134,8 +117,6 @@ private:
     }
 
     const VelmoraTest::SquareIcon m_icon{QStringLiteral("#FF0000")};
-    std::unique_ptr<QWidget> m_window;
-    QcToolColorButton *m_button = nullptr;
 };
 
 VELMORA_TEST_MAIN(TestQcToolColorButton)

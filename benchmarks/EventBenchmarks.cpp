@@ -1,8 +1,9 @@
-#include "Scenes.h"
+#include "WidgetBenchmarks.h"
 
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcLabel.h>
 #include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcWindow.h>
 
 #include <QApplication>
 #include <QFrame>
@@ -23,10 +24,10 @@ protected:
     bool event(QEvent *event) override { return event->type() == QEvent::MouseButtonPress || QWidget::event(event); }
 };
 
-/// A press on some widget while N buttons are on show elsewhere; a right one, since a left one also activates the window.
-void PressElsewhere(benchmark::State &state, Kind kind)
+/// A press on some widget while N others are on show elsewhere; a right one, since a left one also activates the window.
+void PressElsewhere(benchmark::State &state, const SceneMaker &makeScene)
 {
-    const auto scene = MakeScene(kind);
+    const auto scene = makeScene();
     const auto window = ShowWindow(*scene, int(state.range(0)));
     Target target;
     for (auto _ : state) {
@@ -35,16 +36,37 @@ void PressElsewhere(benchmark::State &state, Kind kind)
     }
 }
 
-/// An event that no button asked for, while N buttons are on show.
-void OtherEvent(benchmark::State &state, Kind kind)
+/// An event that no widget asked for, while N are on show.
+void OtherEvent(benchmark::State &state, const SceneMaker &makeScene)
 {
-    const auto scene = MakeScene(kind);
+    const auto scene = makeScene();
     const auto window = ShowWindow(*scene, int(state.range(0)));
     QObject target;
     for (auto _ : state) {
         QEvent event(QEvent::User);
         QCoreApplication::sendEvent(&target, &event);
     }
+}
+
+SceneMaker Buttons(Kind kind)
+{
+    return [kind] { return MakeScene(kind); };
+}
+
+class WindowScene : public VelmoraScene
+{
+public:
+    std::unique_ptr<QWidget> MakeWidget(int /*index*/) override
+    {
+        auto window = std::make_unique<Counted<Velmora::QcWindow>>();
+        window->setFixedSize(60, 40);
+        return window;
+    }
+};
+
+SceneMaker Windows()
+{
+    return [] { return std::make_unique<WindowScene>(); };
 }
 
 /// N widgets that come and go one by one, ten in each turn of the loop: what a dead widget leaves behind must not slow
@@ -83,10 +105,12 @@ void Widgets(benchmark::internal::Benchmark *benchmark)
     benchmark->Arg(250)->Arg(1000)->Arg(4000)->Unit(benchmark::kMicrosecond);
 }
 
-BENCHMARK_CAPTURE(PressElsewhere, velmora, Kind::Velmora)->Apply(Widgets);
-BENCHMARK_CAPTURE(PressElsewhere, palette, Kind::Palette)->Apply(Widgets);
-BENCHMARK_CAPTURE(OtherEvent, velmora, Kind::Velmora)->Apply(Widgets);
-BENCHMARK_CAPTURE(OtherEvent, palette, Kind::Palette)->Apply(Widgets);
+BENCHMARK_CAPTURE(PressElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
+BENCHMARK_CAPTURE(PressElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
+BENCHMARK_CAPTURE(PressElsewhere, windows, Windows())->Apply(Widgets);
+BENCHMARK_CAPTURE(OtherEvent, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
+BENCHMARK_CAPTURE(OtherEvent, palette, Buttons(Kind::Palette))->Apply(Widgets);
+BENCHMARK_CAPTURE(OtherEvent, windows, Windows())->Apply(Widgets);
 
 BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcPrimaryButton)->Apply(Widgets)->Name("ComeAndGoButton/velmora");
 BENCHMARK_TEMPLATE(ComeAndGo, QPushButton)->Apply(Widgets)->Name("ComeAndGoButton/plain");

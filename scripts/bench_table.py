@@ -48,6 +48,8 @@ COMPARISONS = [
     ("Make and delete 1,000 buttons", "MakeAndDeleteButton/velmora/1000", "MakeAndDeleteButton/plain/1000", None, "`QPushButton`"),
     ("A press beside 1,000 buttons", "PressElsewhere/velmora/1000", "PressElsewhere/palette/1000", None, "`QPushButton`"),
     ("Another event beside 1,000 buttons", "OtherEvent/velmora/1000", "OtherEvent/palette/1000", None, "`QPushButton`"),
+    ("A press beside 1,000 windows", "PressElsewhere/windows/1000", "PressElsewhere/palette/1000", None, "`QPushButton`"),
+    ("Another event beside 1,000 windows", "OtherEvent/windows/1000", "OtherEvent/palette/1000", None, "`QPushButton`"),
 ]
 
 # Metric, repeated request (figure, requests in it), first request.

@@ -1,0 +1,217 @@
+#include <Velmora/PostOwnedTask.h>
+#include <Velmora/QcButton.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "buttons/ButtonAccessible_p.h"
+#include "buttons/ButtonPainting_p.h"
+#include "buttons/ButtonState_p.h"
+#include "core/ApplicationEvents_p.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QResizeEvent>
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+constexpr int kHeight = 24;
+constexpr int kFontPixels = 12;
+
+} // namespace
+
+QcButton::QcButton(QWidget *parent)
+    : QPushButton(parent)
+{
+    InstallButtonAccessibility();
+    ButtonState::FollowEnabled(*this, m_state);
+    setFixedHeight(kHeight);
+    QFont font;
+    font.setPixelSize(kFontPixels);
+    setFont(font);
+    SetBorderRadius(4);
+    connect(this, &QAbstractButton::toggled, this, &QcButton::OnToggled);
+    // Applied directly: it holds no colour, so a theme change need not parse it again.
+    setStyleSheet(QStringLiteral("Velmora--QcButton { padding: 0px; }"));
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+    // Later, when the object is of its own class and the call reaches the variant.
+    PostOwnedTask(
+        this, [this] { UpdateUiParams(); }, std::string());
+    WatchApplicationEvents(this, {QEvent::MouseButtonPress, QEvent::ApplicationDeactivate});
+}
+
+QcButton::~QcButton() = default;
+
+void QcButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_backgroundColorParams[state] = code;
+    update();
+}
+
+void QcButton::SetBorderColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_borderColorParams[state] = code;
+    update();
+}
+
+void QcButton::SetTextColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_textColorParams[state] = code;
+    update();
+}
+
+void QcButton::SetIconParam(QFlags<QStyle::StateFlag> state, const ImageParams &params)
+{
+    m_iconParams[state] = params;
+    updateGeometry();
+    update();
+}
+
+void QcButton::SetIconPath(const QString &path)
+{
+    m_iconPath = path;
+    updateGeometry();
+    update();
+}
+
+void QcButton::SetBorderRadius(int radius)
+{
+    m_borderRadius = radius;
+    update();
+}
+
+void QcButton::setHorizontalMargin(int margin)
+{
+    m_horizontalMargin = margin;
+    updateGeometry();
+}
+
+void QcButton::setText(QString text)
+{
+    QAbstractButton::setText(text);
+    updateGeometry();
+}
+
+QSize QcButton::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize QcButton::minimumSizeHint() const
+{
+    const auto namesIcon = [](const ImageParams &params) { return !params.path.isEmpty(); };
+    const bool hasIcon = !m_iconPath.isEmpty() || std::any_of(m_iconParams.cbegin(), m_iconParams.cend(), namesIcon);
+    const int iconWidth = hasIcon ? height() : 0;
+    const int spacing = hasIcon && !text().isEmpty() ? m_iconTextSpacing : 0;
+    return QSize(QFontMetrics(font()).horizontalAdvance(text()) + spacing + 2 * m_horizontalMargin + iconWidth, kHeight);
+}
+
+// --- State ---
+
+void QcButton::UpdateUiParams() {}
+
+void QcButton::OnToggled(bool checked)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, checked);
+}
+
+bool QcButton::eventFilter(QObject *watched, QEvent *event)
+{
+    // Shakes off states that no leave or release event ended, as when a popup or another window took the mouse.
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate) {
+        // Most buttons have nothing to shake off, and asking for the cursor costs more than all the rest.
+        const bool isStale = m_state & (QStyle::State_MouseOver | QStyle::State_Sunken);
+        if (isStale && !ButtonState::IsUnderCursor(*this)) {
+            ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
+            ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void QcButton::mousePressEvent(QMouseEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
+    QAbstractButton::mousePressEvent(event);
+}
+
+void QcButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
+void QcButton::enterEvent(QEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    QWidget::enterEvent(event);
+}
+
+void QcButton::leaveEvent(QEvent *event)
+{
+    // With the cursor still inside, a popup has opened over the button, which stays hovered.
+    if (!ButtonState::IsUnderCursor(*this)) {
+        ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
+        ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
+    }
+    update();
+    QWidget::leaveEvent(event);
+}
+
+void QcButton::resizeEvent(QResizeEvent *event)
+{
+    // The icon is as wide as the button is high.
+    ButtonState::AnnounceHeight(*this, *event);
+    QWidget::resizeEvent(event);
+}
+
+void QcButton::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        ButtonState::FollowEnabled(*this, m_state);
+    QAbstractButton::changeEvent(event);
+}
+
+// --- Painting ---
+
+void QcButton::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QStyle::State look = ButtonState::LookFor(m_state);
+
+    PaintBackground(painter, rect(), m_borderRadius, m_backgroundColorParams.value(look));
+    PaintBorder(painter, rect(), m_borderRadius, m_borderColorParams.value(look));
+    PaintContent(painter, m_iconParams.value(look), m_textColorParams.value(look));
+}
+
+void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QString &textCode)
+{
+    const QString caption = text();
+    const QSize iconSize = caption.isEmpty() ? size() : QSize(height(), height());
+    const QPixmap pixmap = IconPixmap(icon, m_iconPath, iconSize);
+
+    if (caption.isEmpty()) {
+        if (!pixmap.isNull())
+            painter.drawPixmap(rect(), pixmap);
+        return;
+    }
+
+    painter.setPen(CaptionColor(*this, textCode));
+    painter.setFont(font());
+    if (pixmap.isNull()) {
+        painter.drawText(rect(), Qt::AlignCenter, caption);
+        return;
+    }
+    // Icon and text side by side, centred together.
+    const int textWidth = painter.fontMetrics().horizontalAdvance(caption);
+    const int x = (width() - (textWidth + iconSize.width())) / 2;
+    const int y = (height() - iconSize.height()) / 2;
+    painter.drawPixmap(QRect(QPoint(x, y), iconSize), pixmap);
+    painter.drawText(QRect(x + iconSize.width(), 0, textWidth, height()), Qt::AlignVCenter, caption);
+}
+
+} // namespace Velmora

@@ -1,0 +1,182 @@
+#include <Velmora/QcMenuTextButton.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "buttons/ButtonAccessible_p.h"
+#include "buttons/ButtonPainting_p.h"
+#include "buttons/ButtonState_p.h"
+#include "buttons/ButtonTables_p.h"
+#include "buttons/MenuFollower_p.h"
+
+#include <QDebug>
+#include <QFontMetrics>
+#include <QMessageLogger>
+#include <QPainter>
+#include <QResizeEvent>
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+constexpr int kHeight = 24;
+constexpr int kFontPixels = 12;
+constexpr int kArrowMaximumHeight = 32;
+
+constexpr StateTokens kText = DisabledAndOther("text/text_disabled", "text/text_primary");
+constexpr StateTokens kArrow = {
+    "text/text_disabled", "icon/icon_secondary", "icon/icon_secondary", "icon/icon_secondary", nullptr,
+    "icon/icon_primary",  "icon/icon_primary",   "icon/icon_primary",
+};
+
+} // namespace
+
+QcMenuTextButton::QcMenuTextButton(QWidget *parent)
+    : QPushButton(parent)
+    , m_menuFollower(std::make_unique<MenuFollower>(*this, m_state))
+{
+    InstallButtonAccessibility();
+    ButtonState::FollowEnabled(*this, m_state);
+    setMinimumHeight(kHeight);
+    QFont font;
+    font.setPixelSize(kFontPixels);
+    setFont(font);
+    SetBorderRadius(4);
+    connect(this, &QAbstractButton::toggled, this, &QcMenuTextButton::OnToggled);
+    // Applied directly: it holds no colour, so a theme change need not parse it again.
+    setStyleSheet(QStringLiteral("Velmora--QcMenuTextButton { padding: 0px; }"));
+    UpdateUiParams();
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+}
+
+QcMenuTextButton::~QcMenuTextButton() = default;
+
+void QcMenuTextButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_backgroundColors[state] = code;
+    update();
+}
+
+void QcMenuTextButton::SetBorderColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_borderColors[state] = code;
+    update();
+}
+
+void QcMenuTextButton::SetTextColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_textColors[state] = code;
+    update();
+}
+
+void QcMenuTextButton::SetBorderRadius(int radius)
+{
+    m_borderRadius = radius;
+    update();
+}
+
+void QcMenuTextButton::setHorizontalMargin(int margin)
+{
+    m_horizontalMargin = margin;
+    updateGeometry();
+}
+
+void QcMenuTextButton::setText(QString text)
+{
+    QAbstractButton::setText(text);
+    updateGeometry();
+}
+
+void QcMenuTextButton::setMenu(QMenu *menu)
+{
+    QPushButton::setMenu(menu);
+    m_menuFollower->Follow(menu);
+}
+
+QSize QcMenuTextButton::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize QcMenuTextButton::minimumSizeHint() const
+{
+    if (m_horizontalMargin == 0)
+        QMessageLogger().debug();
+    return QSize(m_arrowWidth + m_textArrowSpacing + QFontMetrics(font()).horizontalAdvance(text()) + 2 * m_horizontalMargin, kHeight);
+}
+
+// --- State ---
+
+void QcMenuTextButton::UpdateUiParams()
+{
+    EnterCodes(m_textColors, kText);
+    EnterCodes(m_borderColors, AllStates("transparent"));
+    EnterCodes(m_backgroundColors, kToolBackground);
+    EnterIcons(m_arrowIconParams, kArrow, kMenuArrow, QSize(width() - height(), height()));
+}
+
+void QcMenuTextButton::OnToggled(bool checked)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, checked);
+}
+
+void QcMenuTextButton::enterEvent(QEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    QWidget::enterEvent(event);
+}
+
+void QcMenuTextButton::leaveEvent(QEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, false);
+    QWidget::leaveEvent(event);
+}
+
+void QcMenuTextButton::mousePressEvent(QMouseEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
+    QAbstractButton::mousePressEvent(event);
+}
+
+void QcMenuTextButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
+void QcMenuTextButton::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        ButtonState::FollowEnabled(*this, m_state);
+    QPushButton::changeEvent(event);
+}
+
+void QcMenuTextButton::resizeEvent(QResizeEvent *event)
+{
+    ButtonState::AnnounceHeight(*this, *event);
+    QWidget::resizeEvent(event);
+}
+
+// --- Painting ---
+
+void QcMenuTextButton::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QStyle::State look = ButtonState::LookFor(m_state);
+
+    PaintBackground(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
+    PaintBorder(painter, rect(), m_borderRadius, m_borderColors.value(look));
+
+    if (!text().isEmpty()) {
+        painter.setPen(CaptionColor(*this, m_textColors.value(look)));
+        painter.setFont(font());
+        painter.drawText(QRect(0, 0, width() - m_arrowWidth, height()), Qt::AlignCenter, text());
+    }
+
+    // One pixel stays free at the right.
+    const QPixmap arrow = IconPixmap(m_arrowIconParams.value(look), QString(), QSize(m_arrowWidth, height()));
+    painter.drawPixmap(QRect(rect().right() - m_arrowWidth, 0, m_arrowWidth, std::min(kArrowMaximumHeight, height())), arrow);
+}
+
+} // namespace Velmora

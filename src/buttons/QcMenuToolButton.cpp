@@ -1,0 +1,174 @@
+#include <Velmora/QcMenuToolButton.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "buttons/ButtonAccessible_p.h"
+#include "buttons/ButtonState_p.h"
+#include "buttons/ButtonTables_p.h"
+#include "buttons/MenuFollower_p.h"
+#include "theme/TokenPainting_p.h"
+
+#include <QIcon>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QResizeEvent>
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+void PaintIcon(QPainter &painter, const QRect &rect, const ImageParams &params)
+{
+    QcStyleManager::GetInstance()->GetIcon(params).paint(&painter, rect, Qt::AlignCenter, QIcon::Normal, QIcon::Off);
+}
+
+} // namespace
+
+QcMenuToolButton::QcMenuToolButton(QWidget *parent)
+    : QToolButton(parent)
+    , m_menuFollower(std::make_unique<MenuFollower>(*this, m_state))
+{
+    InstallButtonAccessibility();
+    ButtonState::FollowEnabled(*this, m_state);
+    setFixedSize(44, 32);
+    setCheckable(true);
+    setIconSize(size());
+    connect(this, &QAbstractButton::toggled, this, &QcMenuToolButton::OnToggled);
+    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/MenuToolButton.qss"));
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+    QcMenuToolButton::UpdateUiParams();
+}
+
+QcMenuToolButton::~QcMenuToolButton() = default;
+
+void QcMenuToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &code)
+{
+    m_backgroundColors[state] = code;
+    update();
+}
+
+void QcMenuToolButton::SetIconParam(QFlags<QStyle::StateFlag> state, const ImageParams &params)
+{
+    m_mainIconParams[state] = params;
+    update();
+}
+
+void QcMenuToolButton::SetIconPath(const QString &path)
+{
+    m_iconPath = path;
+    update();
+}
+
+void QcMenuToolButton::SetBorderRadius(int radius)
+{
+    m_borderRadius = radius;
+}
+
+void QcMenuToolButton::SetArrowIconVisible(bool visible)
+{
+    m_arrowIconVisible = visible;
+    update();
+}
+
+void QcMenuToolButton::setMenu(QMenu *menu)
+{
+    QToolButton::setMenu(menu);
+    m_menuFollower->Follow(menu);
+}
+
+QString QcMenuToolButton::GetIconPath() const
+{
+    return m_iconPath;
+}
+
+QFlags<QStyle::StateFlag> QcMenuToolButton::GetState() const
+{
+    return m_state;
+}
+
+// --- State ---
+
+void QcMenuToolButton::UpdateUiParams()
+{
+    m_borderRadius = 2;
+    EnterCodes(m_backgroundColors, kToolBackground);
+    EnterIcons(m_mainIconParams, kToolIcon);
+    EnterIcons(m_arrowIconParams, kToolArrow, kMenuArrow, QSize(width() - height(), height()));
+}
+
+void QcMenuToolButton::OnToggled(bool /*checked*/)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, isChecked());
+}
+
+void QcMenuToolButton::enterEvent(QEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    QToolButton::enterEvent(event);
+}
+
+void QcMenuToolButton::leaveEvent(QEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, false);
+    QToolButton::leaveEvent(event);
+}
+
+void QcMenuToolButton::mousePressEvent(QMouseEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
+    ButtonState::HandlePress(*this, m_state, event->button() == Qt::LeftButton, [&] { QToolButton::mousePressEvent(event); });
+}
+
+void QcMenuToolButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    QToolButton::mouseReleaseEvent(event);
+}
+
+void QcMenuToolButton::timerEvent(QTimerEvent *event)
+{
+    ButtonState::HandlePress(*this, m_state, isDown(), [&] { QToolButton::timerEvent(event); });
+}
+
+void QcMenuToolButton::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        ButtonState::FollowEnabled(*this, m_state);
+    QToolButton::changeEvent(event);
+}
+
+void QcMenuToolButton::resizeEvent(QResizeEvent *event)
+{
+    if (!size().isEmpty()) {
+        const int side = std::min(width(), height());
+        setIconSize(m_arrowIconVisible ? QSize(int(side * 44 * 0.03125), side) : size());
+        update();
+    }
+    QWidget::resizeEvent(event);
+}
+
+// --- Painting ---
+
+void QcMenuToolButton::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QStyle::State look = ButtonState::LookFor(m_state);
+    FillRounded(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
+
+    const QSize both = iconSize();
+    const QRect main(QPoint(0, 0), m_arrowIconVisible ? QSize(both.height(), both.height()) : both);
+    ImageParams icon = m_mainIconParams.value(look);
+    if (icon.path.isEmpty()) {
+        icon.path = m_iconPath;
+        icon.size = main.size();
+    }
+    PaintIcon(painter, main, icon);
+    if (m_arrowIconVisible) {
+        const int arrowWidth = both.width() - both.height();
+        PaintIcon(painter, QRect(rect().right() - arrowWidth, 0, arrowWidth, both.height()), m_arrowIconParams.value(look));
+    }
+}
+
+} // namespace Velmora

@@ -1,0 +1,21 @@
+#include <Velmora/QcTextLinkButton.h>
+
+#include "buttons/ButtonTables_p.h"
+
+namespace Velmora {
+
+QcTextLinkButton::QcTextLinkButton(QWidget *parent)
+    : QcButton(parent)
+{
+    setMinimumHeight(24);
+}
+
+void QcTextLinkButton::UpdateUiParams()
+{
+    QFont underlined = font();
+    underlined.setUnderline(true);
+    setFont(underlined);
+    InstallTables(*this, kLinkTables);
+}
+
+} // namespace Velmora

@@ -1,0 +1,47 @@
+#include "display/TextStyles_p.h"
+
+#include <QStringList>
+
+#include <array>
+
+namespace Velmora {
+
+namespace {
+
+struct TextStyleRow
+{
+    const char *colorCode;
+    int weight;
+    int pixelSize;
+    const char *family;
+};
+
+constexpr const char *kHeadingFamily = "Roboto";
+constexpr const char *kBodyFamily = "Open Sans Medium";
+
+constexpr std::array<TextStyleRow, kTextStyleCount> kTextStyles = {{
+    {"${text/text_primary}", QFont::Bold, 28, kHeadingFamily},
+    {"${text/text_primary}", QFont::Bold, 20, kHeadingFamily},
+    {"${text/text_primary}", QFont::Normal, 16, kBodyFamily},
+    {"${text/text_secondary}", QFont::Normal, 16, kBodyFamily},
+    {"${text/text_caption}", QFont::Bold, 14, kHeadingFamily},
+    {"${text/text_caption}", QFont::Bold, 12, kHeadingFamily},
+    {"${text/text_primary}", QFont::Normal, 12, kBodyFamily},
+    {"${text/text_secondary}", QFont::Normal, 12, kBodyFamily},
+    {"${text/text_tertairy}", QFont::Normal, 10, kBodyFamily},
+}};
+
+} // namespace
+
+TextStyle TextStyleFor(int index)
+{
+    const TextStyleRow &row = kTextStyles.at(std::size_t(index));
+    TextStyle style;
+    style.colorCode = QString::fromLatin1(row.colorCode);
+    style.font.setWeight(row.weight);
+    style.font.setPixelSize(row.pixelSize);
+    style.font.setFamilies({QString::fromLatin1(row.family), QStringLiteral("Microsoft YaHei UI")});
+    return style;
+}
+
+} // namespace Velmora

@@ -18,45 +18,69 @@ class WatcherList
 public:
     void Add(QObject *watcher)
     {
+        Remove(watcher); // to its new place, last
         // Purging when the list has doubled keeps an addition at constant cost on the average.
-        if (m_watchers.size() >= m_purgeAt && !m_walking)
+        if (m_watchers.size() >= m_purgeAt && !m_isWalking)
             Purge();
+        m_places[watcher] = m_watchers.size();
         m_watchers.emplace_back(watcher);
+    }
+
+    void Remove(const QObject *watcher)
+    {
+        const auto found = m_places.find(watcher);
+        if (found == m_places.end())
+            return;
+        m_watchers[found->second].clear(); // its place stays: somebody may be walking
+        m_places.erase(found);
+        ++m_removed;
+        PurgeIfMostAre(m_removed);
     }
 
     bool Dispatch(QObject *watched, QEvent *event)
     {
-        bool consumed = false;
-        std::size_t dead = 0;
+        bool isConsumed = false;
+        std::size_t gone = 0;
         {
             // By index, from the end: a watcher may add others meanwhile, which are not called for this event.
-            const QScopedValueRollback<bool> walking(m_walking, true);
-            for (std::size_t i = m_watchers.size(); i > 0 && !consumed; --i) {
+            const QScopedValueRollback<bool> walking(m_isWalking, true);
+            for (std::size_t i = m_watchers.size(); i > 0 && !isConsumed; --i) {
                 if (QObject *watcher = m_watchers[i - 1].data())
-                    consumed = watcher->eventFilter(watched, event);
+                    isConsumed = watcher->eventFilter(watched, event);
                 else
-                    ++dead;
+                    ++gone;
             }
         }
-        // Nothing may be added for a long time after many have gone.
-        if (dead > m_watchers.size() / 2 && !m_walking)
-            Purge();
-        return consumed;
+        // Nothing may be added for a long time after many have died.
+        PurgeIfMostAre(gone);
+        return isConsumed;
     }
 
 private:
+    void PurgeIfMostAre(std::size_t gone)
+    {
+        if (gone > m_watchers.size() / 2 && !m_isWalking)
+            Purge();
+    }
+
     void Purge()
     {
-        const auto dead = [](const QPointer<QObject> &watcher) { return watcher.isNull(); };
-        m_watchers.erase(std::remove_if(m_watchers.begin(), m_watchers.end(), dead), m_watchers.end());
+        const auto isGone = [](const QPointer<QObject> &watcher) { return watcher.isNull(); };
+        m_watchers.erase(std::remove_if(m_watchers.begin(), m_watchers.end(), isGone), m_watchers.end());
+        m_places.clear();
+        for (std::size_t i = 0; i < m_watchers.size(); ++i)
+            m_places[m_watchers[i].data()] = i;
+        m_removed = 0;
         m_purgeAt = std::max<std::size_t>(kSmallestPurge, m_watchers.size() * 2);
     }
 
     static constexpr std::size_t kSmallestPurge = 16;
 
-    std::vector<QPointer<QObject>> m_watchers;
+    std::vector<QPointer<QObject>> m_watchers;                 // null where one has died or was removed
+    std::unordered_map<const QObject *, std::size_t> m_places; // in that list; the dead stay in it until the next purge
+    std::size_t m_removed = 0;
     std::size_t m_purgeAt = kSmallestPurge;
-    bool m_walking = false;
+    bool m_isWalking = false;
 };
 
 /// The one filter on the application, its child.
@@ -71,6 +95,12 @@ public:
 
     void Watch(QObject *watcher, QEvent::Type type) { m_watchers[type].Add(watcher); }
 
+    void Unwatch(const QObject *watcher)
+    {
+        for (auto &watchers : m_watchers)
+            watchers.second.Remove(watcher);
+    }
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -82,15 +112,28 @@ private:
     std::unordered_map<int, WatcherList> m_watchers; // its entries stay in place while a watcher adds others
 };
 
+/// Of the application that lives now; null before the first watcher and after the application.
+QPointer<ApplicationEvents> &Events()
+{
+    static QPointer<ApplicationEvents> events;
+    return events;
+}
+
 } // namespace
 
 void WatchApplicationEvents(QObject *watcher, std::initializer_list<QEvent::Type> types)
 {
-    static QPointer<ApplicationEvents> events;
+    QPointer<ApplicationEvents> &events = Events();
     if (!events)
         events = new ApplicationEvents(QCoreApplication::instance()); // the application's child
     for (const QEvent::Type type : types)
         events->Watch(watcher, type);
+}
+
+void UnwatchApplicationEvents(const QObject *watcher)
+{
+    if (Events())
+        Events()->Unwatch(watcher);
 }
 
 } // namespace Velmora

@@ -258,6 +258,132 @@ private Q_SLOTS:
         QVERIFY2(allocatedBlocks - before < 100, qPrintable(QString::number(allocatedBlocks - before)));
     }
 
+    void one_that_ends_its_watch_is_called_no_more()
+    {
+        const auto a = Watch('a', {kFirst, kSecond});
+        const auto b = Watch('b', {kFirst});
+        UnwatchApplicationEvents(a.get());
+        UnwatchApplicationEvents(a.get()); // has no more to end
+        Target target;
+        Send(target, kFirst);
+        Send(target, kSecond);
+        QCOMPARE(m_calls, QStringLiteral("b"));
+        WatchApplicationEvents(a.get(), {kSecond});
+        Send(target, kFirst);
+        Send(target, kSecond);
+        QCOMPARE(m_calls, QStringLiteral("bba"));
+    }
+
+    void one_that_watches_again_is_called_once_and_first()
+    {
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        WatchApplicationEvents(a.get(), {kFirst});
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("ab"));
+    }
+
+    void a_watch_may_end_during_the_event()
+    {
+        Target target;
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        const auto c = Watch('c', {kFirst});
+        c->then = [&](QObject *, QEvent *) {
+            UnwatchApplicationEvents(b.get()); // still to come
+            UnwatchApplicationEvents(c.get()); // on its turn
+            if (target.received == 0)
+                Send(target, kSecond); // and another event in between
+        };
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("ca"));
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("caa"));
+    }
+
+    void one_may_end_and_begin_its_watch_during_the_event()
+    {
+        const auto a = Watch('a', {kFirst});
+        const auto b = Watch('b', {kFirst});
+        a->then = [&](QObject *, QEvent *) {
+            UnwatchApplicationEvents(b.get());
+            WatchApplicationEvents(b.get(), {kFirst}); // from the next event on
+            WatchApplicationEvents(a.get(), {kFirst});
+            a->then = nullptr;
+        };
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("ba"));
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("baab"));
+    }
+
+    void one_at_a_dead_one_s_address_watches_in_its_own_right()
+    {
+        // In the same storage, so that the address is the same for certain.
+        alignas(Watcher) unsigned char storage[sizeof(Watcher)];
+        const auto a = Watch('a', {kFirst});
+        auto *dead = new (storage) Watcher(QLatin1Char('x'), &m_calls);
+        WatchApplicationEvents(dead, {kFirst});
+        dead->~Watcher();
+        auto *living = new (storage) Watcher(QLatin1Char('y'), &m_calls);
+        Target target;
+        UnwatchApplicationEvents(living); // which has asked for nothing
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("a"));
+        WatchApplicationEvents(living, {kFirst});
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("aya"));
+        UnwatchApplicationEvents(living);
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("ayaa"));
+        living->~Watcher();
+    }
+
+    void beginning_and_ending_a_watch_keeps_nothing()
+    {
+        const auto a = Watch('a', {kFirst});
+        Watcher b(QLatin1Char('b'), &m_calls);
+        const int before = allocatedBlocks;
+        for (int i = 0; i < 10'000; ++i) {
+            WatchApplicationEvents(&b, {kFirst});
+            UnwatchApplicationEvents(&b);
+        }
+        QVERIFY2(allocatedBlocks - before < 100, qPrintable(QString::number(allocatedBlocks - before)));
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QStringLiteral("a"));
+    }
+
+    void ending_each_of_many_watches_leaves_the_others_in_order()
+    {
+        std::vector<std::unique_ptr<Watcher>> many;
+        for (int i = 0; i < 1000; ++i)
+            many.push_back(Watch(char('a' + i % 26), {kFirst}));
+        QString expected;
+        for (int i = 0; i < 1000; ++i) {
+            if (i % 100 != 0)
+                UnwatchApplicationEvents(many[std::size_t(i)].get());
+            else
+                expected.prepend(QLatin1Char(char('a' + i % 26)));
+        }
+        Target target;
+        Send(target, kFirst);
+        QCOMPARE(m_calls, expected);
+    }
+
+    void without_an_application_there_is_no_watch_to_end()
+    {
+        const auto a = Watch('a', {kFirst});
+        m_application.reset();
+        UnwatchApplicationEvents(a.get());
+        m_application = std::make_unique<QApplication>(commandLine.count, commandLine.values);
+        Target target;
+        Send(target, kFirst);
+        QVERIFY(m_calls.isEmpty());
+    }
+
     void one_filter_serves_all_watchers()
     {
         // Qt would call a filter of its own for each watcher: only one object was added to the application.

@@ -1,7 +1,13 @@
 #include "buttons/ButtonAccessible_p.h"
 
+#include <Velmora/QcButton.h>
 #include <Velmora/QcCombinedToolButton.h>
+#include <Velmora/QcMenuTextButton.h>
+#include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcSwitchButton.h>
+#include <Velmora/QcToolButton.h>
+
+#include "core/InstallAccessible_p.h"
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
@@ -10,20 +16,9 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include <algorithm>
-#include <iterator>
-
 namespace Velmora {
 
 namespace {
-
-/// The classes described here, with all that derive from them.
-constexpr const char *kClasses[] = {
-    "Velmora::QcButton",
-    "Velmora::QcToolButton",
-    "Velmora::QcMenuTextButton",
-    "Velmora::QcMenuToolButton",
-};
 
 /// \a text without its mnemonic marks: "&Save" is read as "Save", "A && B" as "A & B".
 QString WithoutMnemonic(const QString &text)
@@ -160,22 +155,15 @@ private:
     }
 };
 
-QAccessibleInterface *CreateButtonInterface(const QString &className, QObject *object)
-{
-    if (className == QLatin1String("Velmora::QcCombinedToolButton"))
-        return new QAccessibleWidget(qobject_cast<QWidget *>(object), QAccessible::Grouping); // owned by Qt's accessibility cache
-    // Qt asks once for each class of the object, the most derived first.
-    const bool isOurs =
-        std::any_of(std::begin(kClasses), std::end(kClasses), [&](const char *name) { return className == QLatin1String(name); });
-    auto *button = isOurs ? qobject_cast<QAbstractButton *>(object) : nullptr;
-    return button ? new ButtonAccessible(button) : nullptr; // owned likewise
-}
-
 } // namespace
 
 void InstallButtonAccessibility()
 {
-    QAccessible::installFactory(CreateButtonInterface);
+    InstallAccessible<ButtonAccessible, QcButton>();
+    InstallAccessible<ButtonAccessible, QcToolButton>();
+    InstallAccessible<ButtonAccessible, QcMenuTextButton>();
+    InstallAccessible<ButtonAccessible, QcMenuToolButton>();
+    InstallAccessible<GroupAccessible, QcCombinedToolButton>();
 }
 
 } // namespace Velmora

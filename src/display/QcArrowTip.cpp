@@ -2,6 +2,7 @@
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/InstallAccessible_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessibleWidget>
@@ -35,17 +36,6 @@ public:
         return QAccessible::queryAccessibleInterface(content)->text(kind);
     }
 };
-
-QAccessibleInterface *CreateTipInterface(const QString &className, QObject *object)
-{
-    auto *tip = className == QLatin1String("Velmora::QcArrowTip") ? qobject_cast<QcArrowTip *>(object) : nullptr;
-    return tip ? new TipAccessible(tip) : nullptr; // owned by Qt's accessibility cache
-}
-
-void InstallTipAccessibility()
-{
-    QAccessible::installFactory(CreateTipInterface); // for each tip: Qt forgets it with the application object
-}
 
 /// The triangle on one side of a tip of \a size: its apex on the edge, its base \a s pixels inside and twice as wide.
 QPainterPath TrianglePath(QcArrowTip::TriangleDirection direction, const QSize &size, int s)
@@ -81,7 +71,7 @@ QcArrowTip::QcArrowTip(QWidget *parent)
     , m_font(QcStyleManager::GetDefaultFont())
     , m_textControl(new QcMultiLineText(this))
 {
-    InstallTipAccessibility();
+    InstallAccessible<TipAccessible, QcArrowTip>();
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating); // who types into the reference goes on typing

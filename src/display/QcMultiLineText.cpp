@@ -2,6 +2,7 @@
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/InstallAccessible_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessibleWidget>
@@ -46,18 +47,6 @@ public:
 
 namespace {
 
-QAccessibleInterface *CreateTextInterface(const QString &className, QObject *object)
-{
-    // Qt asks once for each class of the object, the most derived first.
-    auto *text = className == QLatin1String("Velmora::QcMultiLineText") ? qobject_cast<QcMultiLineText *>(object) : nullptr;
-    return text ? new MultiLineTextAccessible(text) : nullptr; // owned by Qt's accessibility cache
-}
-
-void InstallTextAccessibility()
-{
-    QAccessible::installFactory(CreateTextInterface); // for each control: Qt forgets it with the application object
-}
-
 /// The links of \a document, each a selection.
 QVector<QTextCursor> LinksOf(QTextDocument *document)
 {
@@ -97,7 +86,7 @@ QcMultiLineText::QcMultiLineText(QWidget *parent)
     : QFrame(parent)
     , m_document(new QTextDocument(this))
 {
-    InstallTextAccessibility();
+    InstallAccessible<MultiLineTextAccessible, QcMultiLineText>();
     m_document->setDocumentMargin(0.0);
     m_document->setDefaultFont(QcStyleManager::GetDefaultFont());
     m_paintContext.cursorPosition = -1;

@@ -4,6 +4,8 @@
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcLineEditFrame.h>
 
+#include "core/InstallAccessible_p.h"
+
 #include <QAccessibleWidget>
 #include <QTextLayout>
 #include <QValidator>
@@ -172,25 +174,12 @@ private:
     }
 };
 
-QAccessibleInterface *CreateLineEditInterface(const QString &className, QObject *object)
-{
-    // Qt asks once for each class of the object, the most derived first, and owns what it gets.
-    if (className == QLatin1String("Velmora::QcLineEdit")) {
-        if (auto *edit = qobject_cast<QcLineEdit *>(object))
-            return new LineEditAccessible(edit);
-    }
-    if (className == QLatin1String("Velmora::QcLineEditFrame")) {
-        if (auto *frame = qobject_cast<QcLineEditFrame *>(object))
-            return new QAccessibleWidget(frame, QAccessible::Grouping);
-    }
-    return nullptr;
-}
-
 } // namespace
 
 void InstallLineEditAccessibility()
 {
-    QAccessible::installFactory(CreateLineEditInterface);
+    InstallAccessible<LineEditAccessible, QcLineEdit>();
+    InstallAccessible<GroupAccessible, QcLineEditFrame>();
 }
 
 } // namespace Velmora

@@ -1,7 +1,15 @@
 #include "support/TestMain.h"
 
 #include <Velmora/FileAndDesktop.h>
+#include <Velmora/QcArrowTip.h>
+#include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcIconButton.h>
+#include <Velmora/QcLineEdit.h>
+#include <Velmora/QcLineEditFrame.h>
+#include <Velmora/QcMenuTextButton.h>
+#include <Velmora/QcMenuToolButton.h>
+#include <Velmora/QcMultiLineText.h>
+#include <Velmora/QcToolButton.h>
 
 #include <QAccessible>
 
@@ -28,13 +36,33 @@ private:
 
 private Q_SLOTS:
     // First, because Qt forgets what was installed only with the first application of a process.
-    void buttons_are_named_in_every_application_of_the_process()
+    void assistive_technology_sees_our_interfaces_in_every_application_of_the_process()
     {
+        const auto roleOf = [](QWidget &widget) { return QAccessible::queryAccessibleInterface(&widget)->role(); };
+        const auto nameOf = [](QWidget &widget) { return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name); };
         for (int i = 0; i < 2; ++i) {
             QcApplication application(m_argc, m_argv);
             QcIconButton button;
-            button.setToolTip(QStringLiteral("Close"));
-            QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), button.toolTip());
+            QcToolButton toolButton;
+            QcMenuTextButton menuTextButton;
+            QcMenuToolButton menuToolButton;
+            for (QWidget *widget : {static_cast<QWidget *>(&button), static_cast<QWidget *>(&toolButton),
+                                    static_cast<QWidget *>(&menuTextButton), static_cast<QWidget *>(&menuToolButton)}) {
+                widget->setToolTip(QStringLiteral("Close"));
+                QCOMPARE(nameOf(*widget), QStringLiteral("Close"));
+            }
+            QcMultiLineText text;
+            text.setText(QStringLiteral("Some <b>text</b>"));
+            QCOMPARE(nameOf(text), QStringLiteral("Some text"));
+            QcLineEdit edit;
+            edit.setPlaceholderText(QStringLiteral("Width"));
+            QCOMPARE(nameOf(edit), QStringLiteral("Width"));
+            QcCombinedToolButton combined;
+            QCOMPARE(roleOf(combined), QAccessible::Grouping);
+            QcLineEditFrame frame;
+            QCOMPARE(roleOf(frame), QAccessible::Grouping);
+            QcArrowTip tip;
+            QCOMPARE(roleOf(tip), QAccessible::ToolTip);
         }
     }
 

@@ -1,19 +1,36 @@
 #include <Velmora/PostOwnedTask.h>
-#include <Velmora/QcApplication.h>
+#include <Velmora/QcTaskDispatcher.h>
+
+#include "core/MainThreadPosting_p.h"
+
+#include <atomic>
+#include <memory>
+#include <utility>
 
 namespace Velmora {
 
+namespace {
+
+std::atomic<QcTaskDispatcher *> postingDispatcher = {nullptr}; // read from any thread
+
+} // namespace
+
+void SetPostingDispatcher(QcTaskDispatcher *dispatcher)
+{
+    postingDispatcher = dispatcher;
+}
+
 void PostOwnedTask(QPointer<QObject> owner, const std::function<void()> &function, const std::string &name)
 {
-    auto *application = qobject_cast<QcApplication *>(QCoreApplication::instance());
-    if (!application)
+    QcTaskDispatcher *dispatcher = postingDispatcher;
+    if (!dispatcher)
         return;
     auto info = std::make_shared<QcTaskDispatcher::MainThreadTaskInfo>();
     info->task = function;
     info->name = name;
     info->owner = std::move(owner);
     info->checkOwner = true;
-    application->PostTaskToMainThread(info);
+    dispatcher->PostTask(info);
 }
 
 } // namespace Velmora

@@ -1,6 +1,8 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/MainThreadPosting_p.h"
+
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -48,9 +50,13 @@ bool IsDebugTipRequest(const QObject *watched, QEvent *event)
 QcApplication::QcApplication(int &argc, char **argv)
     : QApplication(argc, argv)
 {
+    SetPostingDispatcher(&m_taskDispatcher);
 }
 
-QcApplication::~QcApplication() = default;
+QcApplication::~QcApplication()
+{
+    SetPostingDispatcher(nullptr);
+}
 
 void QcApplication::Initialize()
 {

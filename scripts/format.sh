@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Formats every C++ file with clang-format; with --check, lists what it would change and fails if there is any.
+# format.sh [--check]: formats every C++ file with clang-format; with --check, lists what it would change and fails if there is any.
 set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 mode=(-i)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # install_packages.sh SET...: installs the packages of scripts/packages.txt that belong to one of the sets and are missing.
 set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 list=$(dirname "${BASH_SOURCE[0]}")/packages.txt
 
 missing=()

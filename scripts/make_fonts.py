@@ -8,6 +8,7 @@ made heavier, gets the mean of both cuts' advances, and shares the room left of 
 the Regular does. The same input gives the same bytes. Needs a Python that can `import fontforge`.
 """
 
+import argparse
 import contextlib
 import os
 import sys
@@ -98,18 +99,18 @@ def rename(font):
         font.appendSFNTName("English (US)", name, text)
 
 
-def main(regular_path, semibold_path, output):
+def main(regular, semibold, output):
     with quiet_unless_failing():
         import fontforge
 
-        font = fontforge.open(regular_path)
-        semibold = fontforge.open(semibold_path)
-        make_heavier(font, semibold)
+        font = fontforge.open(regular)
+        make_heavier(font, fontforge.open(semibold))
         rename(font)
         font.generate(output, flags=("opentype", "no-FFTM-table"))
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 4:
-        sys.exit("usage: make_fonts.py REGULAR SEMIBOLD OUTPUT")
-    main(*sys.argv[1:])
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    for argument in ("regular", "semibold", "output"):
+        parser.add_argument(argument)
+    main(**vars(parser.parse_args()))

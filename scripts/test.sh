@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds and runs all tests:
+# test.sh [STEP...]: installs what is missing, builds and runs all tests, or the steps named:
 #
 #   format   clang-format has nothing to change
 #   dev      every test: unit and package tests, the fuzz targets' seeds, and the desktop tests under a window manager
@@ -7,13 +7,14 @@
 #   tsan     what uses threads, under the thread sanitizer
 #   docs     the API reference, in which a warning is an error
 #
-# With arguments, only the steps named. Left out, because it takes long or must be looked at:
+# Left out, because it takes long or must be looked at:
 #
 #   fuzzing           cmake --preset fuzz && cmake --build --preset fuzz, then as tests/fuzz/CMakeLists.txt says
 #   coverage          cmake --preset coverage && cmake --build --preset coverage --target coverage
 #   clang-tidy        scripts/tidy.sh
 #   a fresh machine   scripts/try_fresh_machine.sh
 set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 steps=("$@")
@@ -29,10 +30,12 @@ asan() { build_and_test asan; }
 tsan() { build_and_test tsan; }
 docs() { cmake --preset dev --log-level=WARNING && cmake --build --preset dev --target docs; }
 
+for step in "${steps[@]}"; do
+    declare -F "$step" >/dev/null || { echo "test.sh: no step named $step" >&2; exit 2; }
+done
 scripts/install_packages.sh build test docs
 summary=""
 for step in "${steps[@]}"; do
-    declare -F "$step" >/dev/null || { echo "test.sh: no step named $step" >&2; exit 2; }
     echo "== $step"
     SECONDS=0
     "$step" || { echo "== $step FAILED after $SECONDS s" >&2; exit 1; }

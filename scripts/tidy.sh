@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the library and the examples, or over the sources named. About three seconds of processor time a source.
+# tidy.sh [SOURCE...]: runs clang-tidy over the library and the examples, or over the sources named. About three seconds of processor time a source.
 set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 sources=("$@")

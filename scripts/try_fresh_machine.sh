@@ -3,8 +3,9 @@
 # that has only git, in a fresh clone of what is committed here. Needs root and debootstrap, and takes this machine's own mirror.
 # FOLDER keeps the bare tree for the next time, and the tree of the last run to look at.
 set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-[ $# -ge 1 ] || { sed -n '2,4s/^# //p' "${BASH_SOURCE[0]}"; exit 2; }
+[ $# -ge 1 ] || { "${BASH_SOURCE[0]}" --help >&2; exit 2; }
 mkdir -p "$1"
 folder=$(cd "$1" && pwd)
 shift

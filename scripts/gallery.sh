@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # gallery.sh [ARGUMENT...]: installs what is missing, builds the library and shows the gallery. Without a display it renders
-# every page in both colour tables instead, and says where the pictures are. The arguments go to the gallery: --page NAME,
-# --render FOLDER.
+# every page in both colour tables instead, and says where the pictures are. The arguments go to the gallery, as
+# --page NAME does, which shows one page.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

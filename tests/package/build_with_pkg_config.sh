@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# build_with_pkg_config.sh SOURCE PROGRAM: compiles, links and runs a host with nothing but what pkg-config says.
+# build_with_pkg_config.sh SOURCE PROGRAM [FLAG...]: compiles, links and runs a host with its own flags and what pkg-config says.
 set -euo pipefail
 read -ra flags <<<"$(pkg-config --cflags --libs 'Velmora >= 1')"
-"$CXX" "$1" -o "$2" "${flags[@]}"
+"$CXX" "${@:3}" "$1" -o "$2" "${flags[@]}"
 "$2"

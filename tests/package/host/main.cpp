@@ -6,6 +6,10 @@
 
 #include <cstdio>
 
+#ifdef HOST_STANDARD
+static_assert(__cplusplus == HOST_STANDARD, "the package changes the standard that its host asks for");
+#endif
+
 int main(int argc, char **argv)
 {
     Velmora::QcApplication app(argc, argv);

@@ -14,7 +14,8 @@ namespace Velmora {
 ///
 /// Order of a host's calls: construct it, choose a colour table with QcStyleManager::SetColorFilePath(), call
 /// Initialize(), create controls, run exec(). It brings a window to the front when the left mouse button is pressed
-/// in it, and hands work to the main thread.
+/// in it, and hands work to the main thread. The kit's controls need it: with a plain QApplication they stay unpainted, after one
+/// warning.
 class VELMORA_EXPORT QcApplication : public QApplication
 {
     Q_OBJECT
@@ -26,7 +27,8 @@ public:
     ~QcApplication() override;
 
     /// Starts the theme engine and then watches the application's events. The colour table comes first, because
-    /// the global stylesheet is resolved only here. Call it once: a second call repeats all of it.
+    /// the global stylesheet is resolved only here. Call it once: a second call loads the fonts again, and widgets then follow
+    /// each change of the table twice.
     void Initialize();
     /// Does nothing; it pairs with Initialize().
     void UnInitialize();

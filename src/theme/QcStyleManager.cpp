@@ -1,5 +1,6 @@
 #include <Velmora/FileAndDesktop.h>
 #include <Velmora/PostOwnedTask.h>
+#include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
 #include "theme/ColorTable_p.h"
@@ -27,6 +28,18 @@ namespace {
 QString ClassName(const QWidget *widget)
 {
     return QString::fromLatin1(widget->metaObject()->className());
+}
+
+/// Once a process: nothing else tells why controls stay unpainted and do not follow the table.
+void WarnOfPlainApplication(const char *operation)
+{
+    static bool warned = false;
+    if (warned || qobject_cast<QcApplication *>(QCoreApplication::instance()))
+        return;
+    warned = true;
+    qWarning("QcStyleManager::%s: the application object is not a QcApplication, so controls stay unpainted and do not follow the "
+             "colour table; make a QcApplication in its place and call its Initialize().",
+             operation);
 }
 
 /// Hands each visible widget of \a registry to \a refresh, the first registered first, and marks each hidden one with the
@@ -72,11 +85,13 @@ QcStyleManager::~QcStyleManager() = default;
 
 void QcStyleManager::Initialize()
 {
+    WarnOfPlainApplication("Initialize");
     LoadFont();
     LoadGlobalQss();
-    // Stylesheets are queued before handlers, so a handler finds its widget polished for the new table.
-    connect(this, &QcStyleManager::SignalColorChanged, this, &QcStyleManager::OnUpdateRegisteredWidgetsStyleSheet);
-    connect(this, &QcStyleManager::SignalColorChanged, this, &QcStyleManager::OnRunRegisteredWidgetsColorHandler);
+    // Stylesheets are queued before handlers, so a handler finds its widget polished for the new table. The connections end with
+    // the application object: one that comes after it in the process makes its own.
+    connect(this, &QcStyleManager::SignalColorChanged, qApp, [this] { OnUpdateRegisteredWidgetsStyleSheet(); });
+    connect(this, &QcStyleManager::SignalColorChanged, qApp, [this] { OnRunRegisteredWidgetsColorHandler(); });
 }
 
 void QcStyleManager::LoadFont()
@@ -100,7 +115,12 @@ QFont QcStyleManager::GetDefaultFont()
 
 void QcStyleManager::LoadGlobalQss()
 {
-    qApp->setStyleSheet(ReplaceStyleSheetColorCodes(qApp->styleSheet() + GetFileContent(QStringLiteral(":/qss/Global.qss"))));
+    QString styleSheet = qApp->styleSheet();
+    // A second call finds it there, and so does the next application object of a process, to which Qt hands on the stylesheet.
+    const QString global = GetFileContent(QStringLiteral(":/qss/Global.qss"));
+    if (!styleSheet.contains(global))
+        styleSheet += global;
+    qApp->setStyleSheet(ReplaceStyleSheetColorCodes(styleSheet));
 }
 
 // --- Colours ---
@@ -178,6 +198,7 @@ void QcStyleManager::RegisterStyleSheet(QPointer<QWidget> widget, const QString 
 {
     if (!widget)
         return;
+    WarnOfPlainApplication("RegisterStyleSheet");
     if (m_styleSheets.find(widget) == m_styleSheets.end())
         WatchWidget(widget);
     EntryOf(m_styleSheets, widget) += styleSheet;
@@ -192,6 +213,7 @@ void QcStyleManager::RegisterColorHandler(QPointer<QWidget> widget, const std::f
 {
     if (!widget)
         return;
+    WarnOfPlainApplication("RegisterColorHandler");
     const auto install = [this, widget, handler] {
         if (m_styleSheets.find(widget) == m_styleSheets.end() && m_colorHandlers.find(widget) == m_colorHandlers.end())
             WatchWidget(widget);

@@ -37,8 +37,9 @@ public:
     /// The one instance, made at its first use, destroyed when the process ends.
     static QcStyleManager *GetInstance();
 
-    /// Adds the built-in fonts, applies the global stylesheet and makes registered widgets follow the colour table.
-    /// QcApplication::Initialize() calls it, once.
+    /// Adds the built-in fonts, appends the global stylesheet to the application's, unless it is there already, and makes
+    /// registered widgets follow the colour table for as long as the application object lives.
+    /// QcApplication::Initialize() calls it.
     void Initialize();
 
     /// Loads the colour table at \a path in place of the active one and emits SignalColorChanged(). The current

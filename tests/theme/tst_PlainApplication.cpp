@@ -16,7 +16,33 @@ class tst_PlainApplication : public VelmoraTest::TestCase
 {
     Q_OBJECT
 
+private:
+    void ExpectFonts()
+    {
+        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
+        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
+        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(\"Open Sans.*\"\\)"));
+    }
+
 private Q_SLOTS:
+    // First, because it is said once a process.
+    void the_first_registration_warns_and_says_what_to_do()
+    {
+        ExpectWarning(QStringLiteral("QcStyleManager::RegisterColorHandler: the application object is not a QcApplication, so controls "
+                                     "stay unpainted and do not follow the colour table; make a QcApplication in its place and call its "
+                                     "Initialize()."));
+        QcStyleManager *manager = QcStyleManager::GetInstance();
+        manager->RegisterColorHandler(nullptr, [] {}); // says nothing
+        QVERIFY(Log().Announced().isEmpty());
+        QWidget widget;
+        manager->RegisterColorHandler(&widget, [] {});
+        QCOMPARE(Log().Announced().size(), 1);
+        manager->RegisterColorHandler(&widget, [] {});
+        manager->RegisterStyleSheet(&widget, kSheet);
+        ExpectFonts();
+        manager->Initialize();
+    }
+
     void registrations_act_at_once_and_never_again()
     {
         QcStyleManager *manager = QcStyleManager::GetInstance();
@@ -61,10 +87,7 @@ private Q_SLOTS:
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    VelmoraTest::LogGuard quiet;
     VelmoraTest::UseTable(Table::Light);
-    QcStyleManager::GetInstance()->Initialize();
-    quiet.TakeFaults();
     tst_PlainApplication test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -116,6 +116,8 @@ private Q_SLOTS:
             QCOMPARE(QcStyleManager::GetInstance()->GetPixmap(params).cacheKey(), firstKey);
         }
         QcApplication application(m_argc, m_argv);
+        ExpectFontFacts();
+        application.Initialize();
         const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(params);
         QVERIFY(pixmap.cacheKey() != firstKey); // no pixmap outlives its application
         QCOMPARE(QcStyleManager::GetInstance()->GetPixmap(params).cacheKey(), pixmap.cacheKey());

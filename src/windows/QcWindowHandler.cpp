@@ -38,7 +38,7 @@ Qt::CursorShape CursorFor(Qt::Edges edges)
 // The window system has taken the mouse, and on X11 its release never comes. Without one Qt would go on to give every move to
 // what was pressed, so that nothing else could be hovered, and a button at the edge would stay down. It comes from outside of the
 // window, so that it clicks nothing, and after the press, which is still on its way.
-void EndPress(QWindow *window, const QMouseEvent &press)
+void PostReleaseOutside(QWindow *window, const QMouseEvent &press)
 {
     const QPointF outside(-1, -1);
     const QPointF global = window->mapToGlobal(outside.toPoint());
@@ -132,7 +132,7 @@ void QcWindowHandler::StartMove(const QEvent &press)
 {
     QWindow *window = m_widget ? m_widget->windowHandle() : nullptr;
     if (window && window->startSystemMove())
-        EndPress(window, static_cast<const QMouseEvent &>(press));
+        PostReleaseOutside(window, static_cast<const QMouseEvent &>(press));
 }
 
 void QcWindowHandler::StartResize(const QObject *pressed, const QEvent &press)
@@ -143,7 +143,7 @@ void QcWindowHandler::StartResize(const QObject *pressed, const QEvent &press)
         return;
     const Qt::Edges edges = EdgesUnderCursor();
     if (edges && window->startSystemResize(edges))
-        EndPress(window, static_cast<const QMouseEvent &>(press));
+        PostReleaseOutside(window, static_cast<const QMouseEvent &>(press));
 }
 
 bool QcWindowHandler::IsResizable() const

@@ -13,9 +13,11 @@ int exec(QDialog *dialog, QWidget *referenceWidget)
         qWarning() << "exec: dialog or referenceWidget is null";
         return -1;
     }
+    // Asked for first: while the dialog takes its size, its host may do away with the reference.
     const QWidget *window = referenceWidget->window();
+    const QPoint centre = window->mapToGlobal(window->rect().center());
     SettleSize(*dialog);
-    dialog->move(window->mapToGlobal(window->rect().center()) - dialog->rect().center());
+    dialog->move(centre - dialog->rect().center());
     return dialog->exec();
 }
 

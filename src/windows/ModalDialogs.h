@@ -12,14 +12,16 @@ QT_END_NAMESPACE
 namespace Velmora {
 
 /// Centres \a dialog on the window that holds \a referenceWidget, also if it is larger, runs it and returns its result. With a null
-/// argument: a warning, and -1, which is neither QDialog::Accepted nor QDialog::Rejected. Shows no veil: that is the host's.
+/// argument: a warning, and -1, which is neither QDialog::Accepted nor QDialog::Rejected. Shows no veil: that is the host's. Both may be
+/// deleted while the dialog runs, which then counts as rejected.
 VELMORA_EXPORT int exec(QDialog *dialog, QWidget *referenceWidget);
 
 /// Shows \a dialog, modal for the whole application, without waiting for its result or moving it. \a dialog must not be null;
 /// \a referenceWidget is not used.
 VELMORA_EXPORT void showModal(QDialog *dialog, QWidget *referenceWidget);
 
-/// Hides \a dialog and leaves its modality. \a dialog must not be null; \a referenceWidget is not used.
+/// Hides \a dialog, which stays modal for the next time that it is shown, by whatever call. \a dialog must not be null; \a referenceWidget
+/// is not used.
 VELMORA_EXPORT void hideModal(QDialog *dialog, QWidget *referenceWidget);
 
 } // namespace Velmora

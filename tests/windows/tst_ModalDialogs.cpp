@@ -6,8 +6,36 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Velmora;
 using namespace VelmoraTest;
+
+namespace {
+
+/// A dialog that does away with a window when it is polished.
+class Follower : public QDialog
+{
+public:
+    explicit Follower(QWidget *window)
+        : QDialog(nullptr, Qt::Dialog | Qt::FramelessWindowHint)
+        , m_window(window)
+    {
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::Polish)
+            delete std::exchange(m_window, nullptr);
+        return QDialog::event(event);
+    }
+
+private:
+    QWidget *m_window;
+};
+
+} // namespace
 
 class TestModalDialogs : public TestCase
 {
@@ -90,6 +118,31 @@ private Q_SLOTS:
         QCOMPARE(Velmora::exec(&dialog, &window), int(QDialog::Accepted));
         QVERIFY(dialog.width() >= 250 && dialog.width() < 400);
         QCOMPARE(centre, window.mapToGlobal(window.rect().center()));
+    }
+
+    void a_dialog_deleted_while_it_runs_counts_as_rejected()
+    {
+        auto *window = new QWidget; // deleted below, with the dialog
+        auto *dialog = new QcDialog(window);
+        QTimer::singleShot(0, this, [window] { delete window; });
+        QCOMPARE(Velmora::exec(dialog, window), int(QDialog::Rejected));
+    }
+
+    void exec_survives_a_reference_that_dies_when_the_dialog_takes_its_size()
+    {
+        auto *window = new QWidget; // deleted by the dialog
+        window->setGeometry(200, 150, 400, 300);
+        const QPoint centre = window->mapToGlobal(window->rect().center());
+        Follower dialog(window);
+        dialog.setMinimumSize(250, 170);
+        dialog.resize(10, 10);
+        QPoint shown;
+        QTimer::singleShot(0, &dialog, [&] {
+            shown = dialog.mapToGlobal(dialog.rect().center());
+            dialog.accept();
+        });
+        QCOMPARE(Velmora::exec(&dialog, window), int(QDialog::Accepted));
+        QCOMPARE(shown, centre);
     }
 
     void show_and_hide_modal()

@@ -29,7 +29,6 @@ constexpr double kShadowOpacity = 0.1;
 constexpr int kBottomMargin = 16;
 constexpr int kBottomSpacing = 12;
 constexpr int kBottomButtonWidth = 80;
-constexpr const char *kName = "QcDialog"; // of the object, and of the context of its texts
 
 template <typename Button>
 Button *MakeBottomButton(QFrame *row, const QString &name)
@@ -37,7 +36,6 @@ Button *MakeBottomButton(QFrame *row, const QString &name)
     auto *button = new Button(row);
     button->setObjectName(name);
     button->setMinimumWidth(kBottomButtonWidth);
-    button->setText(QCoreApplication::translate(kName, "PushButton"));
     row->layout()->addWidget(button);
     return button;
 }
@@ -60,6 +58,14 @@ struct Ui_QcDialog
     QSpacerItem *horizontalSpacer_2;
     QcPrimaryButton *m_okButton;
     QcSecondaryButton *m_cancelButton;
+};
+
+struct DialogTexts : FormTexts
+{
+    using FormTexts::FormTexts;
+
+    OwnText ok;
+    OwnText cancel;
 };
 
 QcDialog::QcDialog(QWidget *parent)
@@ -89,8 +95,8 @@ QcDialog::~QcDialog()
 
 void QcDialog::SetUpForm()
 {
-    BeginForm(*this, kName, "dialog");
-    const TitleRow row = MakeTitleRow(*this, kName, kTitleLeftMargin, QStringLiteral("m_maxButton"));
+    BeginForm(*this, QStringLiteral("QcDialog"));
+    const TitleRow row = MakeTitleRow(*this, kTitleLeftMargin, QStringLiteral("m_maxButton"));
     row.minButton->hide();
     row.maxButton->hide();
     ui->m_titleFrame = row.frame;
@@ -102,6 +108,8 @@ void QcDialog::SetUpForm()
     ui->m_closeButton = row.closeButton;
     ui->m_contentFrame = MakeContentFrame(*this);
     SetUpBottomRow();
+    m_texts = std::make_unique<DialogTexts>(*this, row);
+    Retranslate();
     ui->verticalLayout = EndForm(*this, kShadowMargin, {ui->m_titleFrame, ui->m_contentFrame, ui->m_bottomFrame});
 }
 
@@ -118,6 +126,20 @@ void QcDialog::SetUpBottomRow()
     ui->m_okButton = MakeBottomButton<QcPrimaryButton>(ui->m_bottomFrame, QStringLiteral("m_okButton"));
     ui->m_cancelButton = MakeBottomButton<QcSecondaryButton>(ui->m_bottomFrame, QStringLiteral("m_cancelButton"));
     ui->m_bottomFrame->hide();
+}
+
+void QcDialog::Retranslate()
+{
+    const QString unnamed = QCoreApplication::translate("QcDialog", "PushButton");
+    m_texts->ok.PutInto<QAbstractButton>(*ui->m_okButton, &QAbstractButton::text, &QAbstractButton::setText, unnamed);
+    m_texts->cancel.PutInto<QAbstractButton>(*ui->m_cancelButton, &QAbstractButton::text, &QAbstractButton::setText, unnamed);
+    m_texts->PutIn({
+        QCoreApplication::translate("QcDialog", "dialog"),
+        QCoreApplication::translate("QcDialog", "TextLabel"),
+        QCoreApplication::translate("QcDialog", "Minimize"),
+        QCoreApplication::translate("QcDialog", "Maximize"),
+        QCoreApplication::translate("QcDialog", "Close"),
+    });
 }
 
 // --- What the host sets ---
@@ -246,6 +268,13 @@ void QcDialog::closeEvent(QCloseEvent *event)
     Q_EMIT signalClose();
     if (alive) // the host may have deleted it
         QDialog::closeEvent(event);
+}
+
+void QcDialog::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
 }
 
 void QcDialog::paintEvent(QPaintEvent *event)

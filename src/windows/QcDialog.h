@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <QString>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QCloseEvent;
 class QEvent;
@@ -15,6 +17,7 @@ QT_END_NAMESPACE
 namespace Velmora {
 
 class QcWindowHandler;
+struct DialogTexts;
 struct Ui_QcDialog;
 
 /// A dialog without a system frame: a panel with a title row, a content frame that the host fills and a row with OK and Cancel,
@@ -72,6 +75,7 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private Q_SLOTS:
@@ -82,12 +86,14 @@ private Q_SLOTS:
 private:
     void SetUpForm();
     void SetUpBottomRow();
+    void Retranslate();
 
     Ui_QcDialog *ui;
     QcWindowHandler *m_windowHandler = nullptr;
     QString m_borderColorParams = QStringLiteral("border/border_tertairy");
     QString m_backgroundColorParams = QStringLiteral("bg/bg_box");
     int m_borderRadius = 8;
+    std::unique_ptr<DialogTexts> m_texts;
 };
 
 } // namespace Velmora

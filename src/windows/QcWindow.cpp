@@ -5,6 +5,7 @@
 #include "windows/WindowParts_p.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QPointer>
 
 namespace Velmora {
@@ -12,7 +13,6 @@ namespace Velmora {
 namespace {
 
 constexpr int kTitleLeftMargin = 12;
-constexpr const char *kName = "QcWindow"; // of the object, and of the context of its texts
 
 } // namespace
 
@@ -51,12 +51,25 @@ QcWindow::~QcWindow()
 
 void QcWindow::SetUpForm()
 {
-    BeginForm(*this, kName, "window");
-    const TitleRow row = MakeTitleRow(*this, kName, kTitleLeftMargin, QStringLiteral("m_maxRestoreButton"));
+    BeginForm(*this, QStringLiteral("QcWindow"));
+    const TitleRow row = MakeTitleRow(*this, kTitleLeftMargin, QStringLiteral("m_maxRestoreButton"));
     row.maxButton->setCheckable(true);
+    m_texts = std::make_unique<FormTexts>(*this, row);
+    Retranslate();
     QFrame *content = MakeContentFrame(*this);
     QVBoxLayout *column = EndForm(*this, 0, {row.frame, content});
     *ui = {column, row.frame, row.layout, row.title, row.spacer, row.minButton, row.maxButton, row.closeButton, content};
+}
+
+void QcWindow::Retranslate()
+{
+    m_texts->PutIn({
+        QCoreApplication::translate("QcWindow", "window"),
+        QCoreApplication::translate("QcWindow", "TextLabel"),
+        QCoreApplication::translate("QcWindow", "Minimize"),
+        QCoreApplication::translate("QcWindow", "Maximize"),
+        QCoreApplication::translate("QcWindow", "Close"),
+    });
 }
 
 void QcWindow::setTitle(const QString &title)
@@ -123,6 +136,13 @@ bool QcWindow::eventFilter(QObject *watched, QEvent *event)
     if (watched == ui->m_titleFrame && event->type() == QEvent::MouseButtonDblClick)
         ui->m_maxRestoreButton->setChecked(!ui->m_maxRestoreButton->isChecked());
     return QObject::eventFilter(watched, event);
+}
+
+void QcWindow::changeEvent(QEvent *event)
+{
+    QcFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        Retranslate();
 }
 
 void QcWindow::closeEvent(QCloseEvent *event)

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QCloseEvent;
 class QEvent;
@@ -12,6 +14,7 @@ QT_END_NAMESPACE
 
 namespace Velmora {
 
+class FormTexts;
 class QcWindowHandler;
 struct Ui_QcWindow;
 
@@ -53,6 +56,7 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private Q_SLOTS:
     void onMinButtonClicked();
@@ -61,9 +65,11 @@ private Q_SLOTS:
 
 private:
     void SetUpForm();
+    void Retranslate();
 
     Ui_QcWindow *ui;
     QcWindowHandler *m_windowHandler = nullptr;
+    std::unique_ptr<FormTexts> m_texts;
 };
 
 } // namespace Velmora

@@ -6,7 +6,6 @@
 
 #include "windows/QcWindowHandler_p.h"
 
-#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QSpacerItem>
 #include <QVBoxLayout>
@@ -17,27 +16,8 @@ namespace {
 
 constexpr QSize kFirstSize(600, 400);
 constexpr int kTitleHeight = 40;
-constexpr int kButtonHeight = 24;
 constexpr int kRightMargin = 8;
 constexpr int kSpacing = 8;
-
-QcIconButton *MakeTitleButton(const TitleRow &row, const QString &name, const QString &iconPath, const QString &accessibleName)
-{
-    auto *button = new QcIconButton(row.frame);
-    button->setObjectName(name);
-    button->setFixedHeight(kButtonHeight);
-    button->SetIconPath(iconPath);
-    button->setAccessibleName(accessibleName);
-    // As on a system frame: out of the Tab order, so that a window opens with the focus in its content, and no
-    // answer to Enter in a dialog.
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setAutoDefault(false);
-    // A press that the button does not take, as of the right mouse button, is still its own: passed on to the row it would move
-    // the window, and the release, which the window system keeps then, would never end the pressed look.
-    button->setAttribute(Qt::WA_NoMousePropagation);
-    row.layout->addWidget(button);
-    return button;
-}
 
 void SetPlain(QFrame &frame, const QString &name)
 {
@@ -48,12 +28,11 @@ void SetPlain(QFrame &frame, const QString &name)
 
 } // namespace
 
-void BeginForm(QWidget &window, const char *name, const char *title)
+void BeginForm(QWidget &window, const QString &name)
 {
     if (window.objectName().isEmpty())
-        window.setObjectName(QLatin1String(name));
+        window.setObjectName(name);
     window.resize(kFirstSize);
-    window.setWindowTitle(QCoreApplication::translate(name, title));
 }
 
 QVBoxLayout *EndForm(QWidget &window, int margin, std::initializer_list<QWidget *> parts)
@@ -68,38 +47,62 @@ QVBoxLayout *EndForm(QWidget &window, int margin, std::initializer_list<QWidget 
     return column;
 }
 
-TitleRow MakeTitleRow(QWidget &window, const char *context, int leftMargin, const QString &maxButtonName)
+QHBoxLayout *SetUpTitleRow(QFrame &frame, int height, const QMargins &margins, int spacing)
+{
+    SetPlain(frame, QStringLiteral("m_titleFrame"));
+    frame.setFixedHeight(height);
+    auto *layout = new QHBoxLayout(&frame);
+    layout->setContentsMargins(margins);
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+QcIconButton *AddTitleButton(QFrame &row, const QString &name, const QString &iconPath)
+{
+    auto *button = new QcIconButton(&row);
+    button->setObjectName(name);
+    button->SetIconPath(iconPath);
+    // As on a system frame: out of the Tab order, so that a window opens with the focus in its content, and no
+    // answer to Enter in a dialog.
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAutoDefault(false);
+    // A press that the button does not take, as of the right mouse button, is still its own: passed on to the row it would move
+    // the window, and the release, which the window system keeps then, would never end the pressed look.
+    button->setAttribute(Qt::WA_NoMousePropagation);
+    row.layout()->addWidget(button);
+    return button;
+}
+
+TitleRow MakeTitleRow(QWidget &window, int leftMargin, const QString &maxButtonName)
 {
     TitleRow row = {};
     row.frame = new QcFrame(&window);
-    SetPlain(*row.frame, QStringLiteral("m_titleFrame"));
-    row.frame->setMinimumSize(0, 0);
-    row.frame->setFixedHeight(kTitleHeight);
+    row.layout = SetUpTitleRow(*row.frame, kTitleHeight, QMargins(leftMargin, 0, kRightMargin, 0), kSpacing);
+    row.layout->setObjectName(QStringLiteral("horizontalLayout"));
     row.frame->setBackgroundColorParams(QStringLiteral("transparent"));
     row.frame->setBorderSides(QcFrame::Bottom);
     row.frame->setBorderColorParams(QStringLiteral("border/border_tertairy"));
 
-    row.layout = new QHBoxLayout(row.frame);
-    row.layout->setObjectName(QStringLiteral("horizontalLayout"));
-    row.layout->setContentsMargins(leftMargin, 0, kRightMargin, 0);
-    row.layout->setSpacing(kSpacing);
-
     row.title = new QcLabel(row.frame);
     row.title->setObjectName(QStringLiteral("m_titleLabel"));
     row.title->setType(QcLabel::Caption);
-    row.title->setText(QCoreApplication::translate(context, "TextLabel"));
     row.layout->addWidget(row.title);
-
     row.spacer = new QSpacerItem(405, 20, QSizePolicy::Expanding, QSizePolicy::Minimum);
     row.layout->addItem(row.spacer);
 
-    row.minButton = MakeTitleButton(row, QStringLiteral("m_minButton"), QStringLiteral(":/images/min.svg"),
-                                    QCoreApplication::translate(context, "Minimize"));
-    row.maxButton =
-        MakeTitleButton(row, maxButtonName, QStringLiteral(":/images/max.svg"), QCoreApplication::translate(context, "Maximize"));
-    row.closeButton = MakeTitleButton(row, QStringLiteral("m_closeButton"), QStringLiteral(":/images/close.svg"),
-                                      QCoreApplication::translate(context, "Close"));
+    row.minButton = AddTitleButton(*row.frame, QStringLiteral("m_minButton"), QStringLiteral(":/images/min.svg"));
+    row.maxButton = AddTitleButton(*row.frame, maxButtonName, QStringLiteral(":/images/max.svg"));
+    row.closeButton = AddTitleButton(*row.frame, QStringLiteral("m_closeButton"), QStringLiteral(":/images/close.svg"));
     return row;
+}
+
+void FormTexts::PutIn(const FormWords &words)
+{
+    m_title.PutInto<QLabel>(*m_row.title, &QLabel::text, &QLabel::setText, words.title);
+    m_minimize.PutInto<QWidget>(*m_row.minButton, &QWidget::accessibleName, &QWidget::setAccessibleName, words.minimize);
+    m_maximize.PutInto<QWidget>(*m_row.maxButton, &QWidget::accessibleName, &QWidget::setAccessibleName, words.maximize);
+    m_close.PutInto<QWidget>(*m_row.closeButton, &QWidget::accessibleName, &QWidget::setAccessibleName, words.close);
+    m_windowTitle.PutInto(m_window, &QWidget::windowTitle, &QWidget::setWindowTitle, words.windowTitle);
 }
 
 QFrame *MakePlainFrame(QWidget &window, const QString &name)
@@ -143,8 +146,8 @@ void ShowCentredOn(QWidget &window, const QWidget *reference)
 {
     if (!reference)
         return;
+    const QRect r = reference->window()->geometry(); // first: while the window takes its size, its host may do away with the reference
     SettleSize(window);
-    const QRect r = reference->window()->geometry();
     window.move(r.x() + (r.width() - window.width()) / 2, r.y() + (r.height() - window.height()) / 2);
     window.show();
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QString>
+#include "core/OwnText_p.h"
 
 #include <initializer_list>
 
 QT_BEGIN_NAMESPACE
 class QFrame;
 class QHBoxLayout;
+class QMargins;
 class QSpacerItem;
 class QVBoxLayout;
 class QWidget;
@@ -31,15 +32,55 @@ struct TitleRow
     QcIconButton *closeButton;
 };
 
-/// Gives \a window its first size, its window title, translated in the context \a name, and the object name \a name if it has none.
-void BeginForm(QWidget &window, const char *name, const char *title);
+/// What stands in a window or dialog until its host says something else, in the language of now.
+struct FormWords
+{
+    QString windowTitle;
+    QString title;
+    QString minimize;
+    QString maximize;
+    QString close;
+};
+
+/// The texts of a window's or dialog's form.
+class FormTexts
+{
+public:
+    FormTexts(QWidget &window, const TitleRow &row)
+        : m_window(window)
+        , m_row(row)
+    {
+    }
+
+    /// Puts \a words in, each where the host has not put its own. To be called for each change of language.
+    void PutIn(const FormWords &words);
+
+private:
+    QWidget &m_window;
+    const TitleRow m_row;
+    OwnText m_windowTitle;
+    OwnText m_title;
+    OwnText m_minimize;
+    OwnText m_maximize;
+    OwnText m_close;
+};
+
+/// Gives \a window its first size, and the object name \a name if it has none.
+void BeginForm(QWidget &window, const QString &name);
 
 /// Lays out \a parts in \a window, one under the other, \a margin pixels around them all, and ends its form.
 QVBoxLayout *EndForm(QWidget &window, int margin, std::initializer_list<QWidget *> parts);
 
-/// Makes the row as a child of \a window, \a leftMargin pixels before the title, its texts translated in \a context.
-/// \a maxButtonName is the object name of the middle button, the others being m_minButton and m_closeButton.
-TitleRow MakeTitleRow(QWidget &window, const char *context, int leftMargin, const QString &maxButtonName);
+/// Makes \a frame the title row of a window, dialog or panel: m_titleFrame, \a height pixels high. What is added to the returned layout
+/// stands from left to right within \a margins.
+QHBoxLayout *SetUpTitleRow(QFrame &frame, int height, const QMargins &margins, int spacing);
+
+/// Adds a button of 24 by 24 pixels to the end of a title row, which the keyboard passes by and under which no press moves the window.
+QcIconButton *AddTitleButton(QFrame &row, const QString &name, const QString &iconPath);
+
+/// Makes the row of a window or dialog as its child, \a leftMargin pixels before the title. \a maxButtonName is the object name of the
+/// middle button, the others being m_minButton and m_closeButton.
+TitleRow MakeTitleRow(QWidget &window, int leftMargin, const QString &maxButtonName);
 
 /// The frame under the title row that the host fills, m_contentFrame, as a child of \a window.
 QFrame *MakeContentFrame(QWidget &window);

@@ -10,11 +10,10 @@
 
 #include <QCoreApplication>
 #include <QLayout>
+#include <QStringList>
 #include <QTest>
 #include <QTranslator>
 #include <QWidget>
-
-#include <utility>
 
 namespace VelmoraTest {
 
@@ -57,6 +56,45 @@ private:
     QString m_context;
 };
 
+/// The texts of a window's or dialog's title row and its window title, for comparison.
+inline QStringList TextsOf(const QWidget &window, const char *maxButton)
+{
+    QStringList texts = {window.windowTitle(), Child<Velmora::QcLabel>(window, "m_titleLabel")->text()};
+    for (const char *name : {"m_minButton", maxButton, "m_closeButton"})
+        texts.append(Child<QWidget>(window, name)->accessibleName());
+    return texts;
+}
+
+/// Checks that the texts of a \a window made by its default constructor follow the language, and that those of its host stay.
+template <typename Window>
+void CheckLanguageChange(const char *context, const QString &windowTitle, const char *maxButton)
+{
+    const QStringList plain = {windowTitle, QStringLiteral("TextLabel"), QStringLiteral("Minimize"), QStringLiteral("Maximize"),
+                               QStringLiteral("Close")};
+    QStringList bracketed;
+    for (const QString &text : plain)
+        bracketed.append(QStringLiteral("[%1]").arg(text));
+
+    Window ours;
+    Window hosts;
+    hosts.setWindowTitle(QStringLiteral("Post"));
+    hosts.setTitle(QStringLiteral("Letters"));
+    for (const char *name : {"m_minButton", maxButton, "m_closeButton"})
+        Child<QWidget>(hosts, name)->setAccessibleName(QLatin1String(name));
+    const QStringList own = TextsOf(hosts, maxButton);
+    {
+        const BracketTranslator translator(context);
+        DrainEvents();
+        QCOMPARE(TextsOf(ours, maxButton), bracketed);
+        QCOMPARE(TextsOf(hosts, maxButton), own);
+        const Window late;
+        QCOMPARE(TextsOf(late, maxButton), bracketed);
+    }
+    DrainEvents();
+    QCOMPARE(TextsOf(ours, maxButton), plain);
+    QCOMPARE(TextsOf(hosts, maxButton), own);
+}
+
 /// Checks what window and dialog promise of their title row.
 inline void CheckTitleRow(QWidget &window, const QMargins &margins, const char *maxButton)
 {
@@ -81,17 +119,22 @@ inline void CheckTitleRow(QWidget &window, const QMargins &margins, const char *
     QCOMPARE(row->itemAt(1)->sizeHint(), QSize(405, 20));
     QCOMPARE(row->itemAt(1)->expandingDirections(), Qt::Horizontal);
     int index = 2;
-    const std::pair<const char *, QString> buttons[] = {{"m_minButton", QStringLiteral(":/images/min.svg")},
-                                                        {maxButton, QStringLiteral(":/images/max.svg")},
-                                                        {"m_closeButton", QStringLiteral(":/images/close.svg")}};
-    for (const auto &[name, icon] : buttons) {
+    struct
+    {
+        const char *name;
+        QString icon;
+        QString spoken;
+    } const buttons[] = {{"m_minButton", QStringLiteral(":/images/min.svg"), QStringLiteral("Minimize")},
+                         {maxButton, QStringLiteral(":/images/max.svg"), QStringLiteral("Maximize")},
+                         {"m_closeButton", QStringLiteral(":/images/close.svg"), QStringLiteral("Close")}};
+    for (const auto &[name, icon, spoken] : buttons) {
         auto *button = Child<Velmora::QcIconButton>(window, name);
         QVERIFY2(button, name);
         CheckIcon(*button, icon);
         QCOMPARE(row->itemAt(index++)->widget(), button);
         QCOMPARE(button->size(), QSize(24, 24));
         QCOMPARE(button->text(), QString());
-        QVERIFY2(!button->accessibleName().isEmpty(), name);
+        QCOMPARE(button->accessibleName(), spoken);
         QCOMPARE(button->focusPolicy(), Qt::NoFocus);
         QVERIFY(!button->isDefault() && !button->autoDefault());
     }

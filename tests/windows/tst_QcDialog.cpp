@@ -70,14 +70,28 @@ private Q_SLOTS:
         QVERIFY(!IsShown(dialog, "m_minButton") && !IsShown(dialog, "m_maxButton") && !IsShown(dialog, "m_bottomFrame"));
     }
 
-    void its_texts_can_be_translated()
+    void its_texts_follow_the_language_and_those_of_its_host_stay()
     {
-        const BracketTranslator translator("QcDialog");
-        const QcDialog dialog(nullptr);
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("[dialog]"));
-        QCOMPARE(Child<QcLabel>(dialog, "m_titleLabel")->text(), QStringLiteral("[TextLabel]"));
-        QCOMPARE(Child<QcPrimaryButton>(dialog, "m_okButton")->text(), QStringLiteral("[PushButton]"));
-        QCOMPARE(Child<QcSecondaryButton>(dialog, "m_cancelButton")->text(), QStringLiteral("[PushButton]"));
+        CheckLanguageChange<QcDialog>("QcDialog", QStringLiteral("dialog"), "m_maxButton");
+    }
+
+    void the_texts_of_the_bottom_row_follow_the_language()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setCancelButtonText(QStringLiteral("Leave"));
+        const auto *ok = Child<QcPrimaryButton>(dialog, "m_okButton");
+        const auto *cancel = Child<QcSecondaryButton>(dialog, "m_cancelButton");
+        {
+            const BracketTranslator translator("QcDialog");
+            DrainEvents();
+            QCOMPARE(ok->text(), QStringLiteral("[PushButton]"));
+            QCOMPARE(cancel->text(), QStringLiteral("Leave"));
+            const QcDialog late(nullptr);
+            QCOMPARE(Child<QcSecondaryButton>(late, "m_cancelButton")->text(), QStringLiteral("[PushButton]"));
+        }
+        DrainEvents();
+        QCOMPARE(ok->text(), QStringLiteral("PushButton"));
+        QCOMPARE(cancel->text(), QStringLiteral("Leave"));
     }
 
     void the_bottom_row()

@@ -48,12 +48,9 @@ private Q_SLOTS:
         QVERIFY(!Child<QcIconButton>(window, "m_closeButton")->isCheckable());
     }
 
-    void its_texts_can_be_translated()
+    void its_texts_follow_the_language_and_those_of_its_host_stay()
     {
-        const BracketTranslator translator("QcWindow");
-        const QcWindow window(nullptr);
-        QCOMPARE(window.windowTitle(), QStringLiteral("[window]"));
-        QCOMPARE(Child<QcLabel>(window, "m_titleLabel")->text(), QStringLiteral("[TextLabel]"));
+        CheckLanguageChange<QcWindow>("QcWindow", QStringLiteral("window"), "m_maxRestoreButton");
     }
 
     void a_window_with_a_parent_is_a_window_still()

@@ -148,15 +148,15 @@ void QcCombinedToolButton::ShowMenu()
             return;
     }
     // Its size decides its place. A size that is not the host's follows entries and font, which may change before the next time.
-    const bool hasOwnSize = !menu->testAttribute(Qt::WA_Resized);
-    if (hasOwnSize) {
+    const bool followsEntries = !menu->testAttribute(Qt::WA_Resized);
+    if (followsEntries) {
         menu->ensurePolished();
         menu->resize(menu->sizeHint()); // not adjustSize(), which would cut a wide one
     }
     const QPoint place = rect().bottomRight() + QPoint(-menu->width(), kMenuGap);
     menu->move(mapToGlobal(QStyle::visualRect(layoutDirection(), rect(), QRect(place, menu->size())).topLeft()));
     menu->show();
-    if (menu && hasOwnSize)
+    if (menu && followsEntries)
         menu->setAttribute(Qt::WA_Resized, false);
 }
 

@@ -21,10 +21,9 @@ void QcLabel::setType(LabelType type)
 {
     m_type = type;
     QFont font;
-    if (type >= 0 && type < kTextStyleCount) {
-        const TextStyle style = TextStyleFor(type);
-        m_textColorParams = style.colorCode;
-        font = style.font;
+    if (const std::optional<TextStyle> style = TextStyleOf(type)) {
+        m_textColorParams = style->colorCode;
+        font = style->font;
     }
     setFont(font);
     update();

@@ -19,7 +19,8 @@ struct TextStyleRow
 constexpr const char *kHeadingFamily = "Roboto";
 constexpr const char *kBodyFamily = "Open Sans Medium";
 
-constexpr std::array<TextStyleRow, kTextStyleCount> kTextStyles = {{
+// By QcLabel::LabelType.
+constexpr std::array<TextStyleRow, 9> kTextStyles = {{
     {"${text/text_primary}", QFont::Bold, 28, kHeadingFamily},
     {"${text/text_primary}", QFont::Bold, 20, kHeadingFamily},
     {"${text/text_primary}", QFont::Normal, 16, kBodyFamily},
@@ -33,9 +34,11 @@ constexpr std::array<TextStyleRow, kTextStyleCount> kTextStyles = {{
 
 } // namespace
 
-TextStyle TextStyleFor(int index)
+std::optional<TextStyle> TextStyleOf(QcLabel::LabelType type)
 {
-    const TextStyleRow &row = kTextStyles.at(std::size_t(index));
+    if (type < 0 || std::size_t(type) >= kTextStyles.size())
+        return std::nullopt;
+    const TextStyleRow &row = kTextStyles.at(std::size_t(type));
     TextStyle style;
     style.colorCode = QString::fromLatin1(row.colorCode);
     style.font.setWeight(row.weight);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <Velmora/QcLabel.h>
+
 #include <QFont>
 #include <QString>
+
+#include <optional>
 
 namespace Velmora {
 
@@ -12,10 +16,7 @@ struct TextStyle
     QFont font;
 };
 
-/// Number of the text styles, which labels, panels, tabs, menus and counters share.
-constexpr int kTextStyleCount = 9;
-
-/// The style of \a index, from 0 to kTextStyleCount - 1.
-TextStyle TextStyleFor(int index);
+/// The style that labels, panels, tabs, menus and counters share under the name of \a type; none for an unknown one.
+std::optional<TextStyle> TextStyleOf(QcLabel::LabelType type);
 
 } // namespace Velmora

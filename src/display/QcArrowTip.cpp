@@ -3,6 +3,7 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "core/InstallAccessible_p.h"
+#include "display/TextLayout_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessibleWidget>
@@ -10,6 +11,8 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPointer>
+#include <QTextDocument>
 #include <QTimer>
 #include <QWindow>
 
@@ -95,11 +98,15 @@ QcArrowTip::QcArrowTip(QWidget *parent)
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
 }
 
+// The content's changes of height are told to the host, who may delete the tip.
+
 void QcArrowTip::setText(const QString &text)
 {
+    const QPointer<QcArrowTip> alive(this);
     m_text = text;
     m_textControl->setText(text);
-    adjustWidth();
+    if (alive)
+        adjustWidth();
 }
 
 void QcArrowTip::setMaxWidth(int width)
@@ -138,15 +145,20 @@ void QcArrowTip::show()
 
 void QcArrowTip::adjustWidth()
 {
+    const QPointer<QcArrowTip> alive(this);
     const QMargins inner = m_innerLayout->contentsMargins();
     const QMargins outer = m_outerLayout->contentsMargins();
     const int available = m_maxWidth - inner.left() - inner.right() - outer.left() - outer.right();
     // Free of the width that an earlier text left behind, so that a tip used again has the size of a fresh one.
-    const int ideal = int(m_textControl->unwrappedWidth());
+    auto *document = m_textControl->findChild<QTextDocument *>(QString(), Qt::FindDirectChildrenOnly);
+    const int ideal = int(UnwrappedWidth(*document));
     // A long text takes the maximum itself: its tip is wider by the margins.
     m_textControl->setFixedWidth(qBound(0, ideal < available ? ideal : m_maxWidth, QWIDGETSIZE_MAX));
-    m_textControl->layOut(m_textControl->width()); // which may be that of the last text
-    adjustPositionAsync();
+    if (!alive)
+        return;
+    LayOut(*document, m_textControl->width()); // which may be that of the last text
+    if (alive)
+        adjustPositionAsync();
 }
 
 void QcArrowTip::adjustPositionAsync()

@@ -2,71 +2,36 @@
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
 
-#include "core/InstallAccessible_p.h"
+#include "display/MultiLineTextAccessible_p.h"
+#include "display/TextLayout_p.h"
 #include "theme/TokenPainting_p.h"
 
-#include <QAccessibleWidget>
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QResizeEvent>
-#include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOption>
-#include <QTextBlock>
 #include <QTextBlockFormat>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextDocumentFragment>
-#include <QTextFragment>
-#include <QTextLayout>
-#include <QVector>
 
 #include <algorithm>
 
 namespace Velmora {
 
-// --- Accessibility ---
-
-/// A static text whose name is the whole text, where the screen shows a part of it. A name set by the host comes first.
-class MultiLineTextAccessible : public QAccessibleWidget
-{
-public:
-    explicit MultiLineTextAccessible(QcMultiLineText *widget)
-        : QAccessibleWidget(widget, QAccessible::StaticText)
-    {
-    }
-
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind != QAccessible::Name || !widget()->accessibleName().isEmpty())
-            return QAccessibleWidget::text(kind);
-        return QTextDocumentFragment::fromHtml(static_cast<QcMultiLineText *>(widget())->m_text).toPlainText();
-    }
-};
-
 namespace {
 
-/// The links of \a document, each a selection.
-QVector<QTextCursor> LinksOf(QTextDocument *document)
+/// Writes \a html into the empty \a document.
+void InsertText(QTextDocument &document, const QString &html)
 {
-    QVector<QTextCursor> links;
-    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment fragment = it.fragment();
-            const QString href = fragment.charFormat().anchorHref();
-            if (href.isEmpty())
-                continue;
-            const bool goesOn = !links.isEmpty() && links.constLast().position() == fragment.position()
-                && links.constLast().charFormat().anchorHref() == href;
-            if (!goesOn) {
-                links.append(QTextCursor(document));
-                links.last().setPosition(fragment.position());
-            }
-            links.last().setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
-        }
-    }
-    return links;
+    QTextBlockFormat format;
+    format.setLineHeight(4.0, QTextBlockFormat::LineDistanceHeight);
+    QTextCursor cursor(&document);
+    cursor.setBlockFormat(format); // the first paragraph of the HTML brings one of its own
+    cursor.insertHtml(html);
 }
 
 /// How \a widget's style marks a link that has the keyboard, where text has the colours of \a palette.
@@ -82,11 +47,14 @@ QTextCharFormat FocusFormat(const QWidget *widget, const QPalette &palette)
 
 } // namespace
 
+// A change of the document may change the height, whose receivers may delete the control. Qt does not survive that inside of
+// resize and paint events, where nothing is asked.
+
 QcMultiLineText::QcMultiLineText(QWidget *parent)
     : QFrame(parent)
     , m_document(new QTextDocument(this))
 {
-    InstallAccessible<MultiLineTextAccessible, QcMultiLineText>();
+    InstallTextAccessibility();
     m_document->setDocumentMargin(0.0);
     m_document->setDefaultFont(QcStyleManager::GetDefaultFont());
     m_paintContext.cursorPosition = -1;
@@ -94,27 +62,49 @@ QcMultiLineText::QcMultiLineText(QWidget *parent)
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { setDefaultTextColorParams(m_textColorParams); });
 }
 
+QcMultiLineText::~QcMultiLineText()
+{
+    if (m_heightUpdates > 0) {
+        // Deleted by a receiver of a new height: the layout that told of it is still at work on the document.
+        m_document->setParent(nullptr);
+        m_document->deleteLater();
+    }
+}
+
 // --- Text ---
 
 void QcMultiLineText::setText(const QString &text)
 {
+    const QPointer<QcMultiLineText> alive(this);
     m_text = text;
     setTextToDocument(text);
-    updateAlignmentByLineCount();
-    elideText();
-    announceText();
+    if (alive)
+        updateAlignmentByLineCount();
+    if (alive)
+        elideText();
+    if (!alive)
+        return;
     update();
+    AnnounceText();
 }
 
 void QcMultiLineText::clear()
 {
+    const QPointer<QcMultiLineText> alive(this);
     m_text.clear();
     setTextToDocument(m_text);
-    announceText();
+    if (!alive)
+        return;
     update();
+    AnnounceText();
 }
 
-void QcMultiLineText::announceText()
+QString QcMultiLineText::WholeText() const
+{
+    return m_text;
+}
+
+void QcMultiLineText::AnnounceText()
 {
     if (!QAccessible::isActive())
         return;
@@ -122,34 +112,36 @@ void QcMultiLineText::announceText()
     QAccessible::updateAccessibility(&event);
 }
 
+/// Always writes the whole text, which cutting never shortens.
 void QcMultiLineText::setTextToDocument(const QString & /*text*/)
 {
+    const QPointer<QcMultiLineText> alive(this);
+    const int filling = ++m_fillings;
     m_paintContext.selections.clear();
     m_document->clear();
-    QTextBlockFormat format;
-    format.setLineHeight(4.0, QTextBlockFormat::LineDistanceHeight);
-    QTextCursor cursor(m_document);
-    cursor.setBlockFormat(format);
-    // Always the whole text, which cutting never shortens. The first paragraph of the HTML brings a block format of its own.
-    cursor.insertHtml(m_text);
-
+    if (!alive || filling != m_fillings)
+        return; // a receiver of the height set a text meanwhile
+    InsertText(*m_document, m_text);
+    if (!alive)
+        return;
     QTextOption option = m_document->defaultTextOption();
     option.setAlignment(m_alignment);
     option.setWrapMode(QTextOption::WrapAnywhere);
     m_document->setDefaultTextOption(option);
-    updateAlignmentByLineCount();
-
-    // A host's own policy stays.
-    const bool hasLinks = !LinksOf(m_document).isEmpty();
-    if (focusPolicy() == (hasLinks ? Qt::NoFocus : Qt::TabFocus))
-        setFocusPolicy(hasLinks ? Qt::TabFocus : Qt::NoFocus);
+    if (alive)
+        updateAlignmentByLineCount();
+    if (alive)
+        FollowLinks();
 }
 
 void QcMultiLineText::setFont(const QFont &font)
 {
+    const QPointer<QcMultiLineText> alive(this);
     m_document->setDefaultFont(font);
-    elideText();
-    update();
+    if (alive)
+        elideText();
+    if (alive)
+        update();
 }
 
 void QcMultiLineText::setFont(int pixelSize)
@@ -173,14 +165,22 @@ void QcMultiLineText::setHeightAdaptive(bool on)
 
 void QcMultiLineText::onUpdateHeight()
 {
+    const QPointer<QcMultiLineText> alive(this);
+    ++m_heightUpdates;
     setFixedHeight(int(m_document->size().height()));
-    Q_EMIT signalHeightChanged();
+    if (alive)
+        Q_EMIT signalHeightChanged();
+    if (alive)
+        --m_heightUpdates;
 }
 
 void QcMultiLineText::setLineCount(int count)
 {
+    const QPointer<QcMultiLineText> alive(this);
     m_lineCount = count;
     setTextToDocument(m_text);
+    if (!alive)
+        return;
     if (needElideText())
         multiLineTextElide(m_document, m_lineCount);
     update();
@@ -191,6 +191,7 @@ bool QcMultiLineText::needElideText() const
     return !m_heightAdaptive && m_lineCount >= 1;
 }
 
+// The height of a text that is cut is its host's, and nobody is told of it.
 void QcMultiLineText::elideText()
 {
     if (!needElideText())
@@ -201,11 +202,7 @@ void QcMultiLineText::elideText()
 
 int QcMultiLineText::lineCount() const
 {
-    m_document->documentLayout()->documentSize(); // Qt lays out lazily
-    int count = 0;
-    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next())
-        count += block.layout()->lineCount();
-    return count;
+    return CountLines(*m_document);
 }
 
 int QcMultiLineText::idealWidth()
@@ -213,33 +210,22 @@ int QcMultiLineText::idealWidth()
     return int(m_document->idealWidth());
 }
 
-/// The width of the text in lines as long as its paragraphs, whatever width the control has.
-qreal QcMultiLineText::unwrappedWidth()
+void QcMultiLineText::LayOutIn(int width)
 {
-    const QSignalBlocker quiet(m_document->documentLayout()); // the layout comes back as it was
-    const qreal width = m_document->textWidth();
-    m_document->setTextWidth(-1);
-    const qreal unwrapped = m_document->idealWidth();
-    m_document->setTextWidth(width);
-    return unwrapped;
-}
-
-/// Lays the text out in \a width pixels and, where that is the ideal width, in the fraction of a pixel that this leaves out:
-/// for want of it the last letter would wrap.
-void QcMultiLineText::layOut(int width)
-{
-    // Measured only where it may matter: a character takes at least a pixel.
-    const bool mayFit = !needElideText() && m_document->characterCount() <= qint64(width) * m_document->blockCount();
-    const qreal unwrapped = mayFit ? unwrappedWidth() : 0;
-    m_document->setTextWidth(int(unwrapped) == width ? unwrapped : width);
+    if (needElideText())
+        m_document->setTextWidth(width);
+    else
+        LayOut(*m_document, width);
 }
 
 // --- Alignment ---
 
 void QcMultiLineText::setAlignment(Qt::Alignment alignment)
 {
-    applyAlignment(alignment);
-    update();
+    const QPointer<QcMultiLineText> alive(this);
+    ApplyAlignment(alignment);
+    if (alive)
+        update();
 }
 
 void QcMultiLineText::setAutoAlignment(bool on)
@@ -249,11 +235,15 @@ void QcMultiLineText::setAutoAlignment(bool on)
 
 void QcMultiLineText::updateAlignmentByLineCount()
 {
-    if (m_autoAlignment)
-        applyAlignment(lineCount() > 1 ? Qt::AlignLeft : Qt::AlignRight);
+    if (!m_autoAlignment)
+        return;
+    const QPointer<QcMultiLineText> alive(this);
+    const bool isOneLine = lineCount() <= 1;
+    if (alive)
+        ApplyAlignment(isOneLine ? Qt::AlignRight : Qt::AlignLeft);
 }
 
-void QcMultiLineText::applyAlignment(Qt::Alignment alignment)
+void QcMultiLineText::ApplyAlignment(Qt::Alignment alignment)
 {
     m_alignment = alignment;
     QTextOption option = m_document->defaultTextOption();
@@ -283,7 +273,7 @@ void QcMultiLineText::paintEvent(QPaintEvent *event)
 void QcMultiLineText::resizeEvent(QResizeEvent *event)
 {
     if (event->size().width() != event->oldSize().width()) {
-        layOut(event->size().width());
+        LayOutIn(event->size().width());
         updateAlignmentByLineCount();
         elideText();
     }
@@ -310,12 +300,28 @@ void QcMultiLineText::mousePressEvent(QMouseEvent *event)
 
 // --- Keyboard ---
 
+void QcMultiLineText::setFocusPolicy(Qt::FocusPolicy policy)
+{
+    m_ownFocusPolicy.reset();
+    QFrame::setFocusPolicy(policy);
+}
+
+void QcMultiLineText::FollowLinks()
+{
+    if (m_ownFocusPolicy != focusPolicy()) {
+        m_ownFocusPolicy.reset(); // the host set another through QWidget
+        return;
+    }
+    m_ownFocusPolicy = LinksOf(*m_document).isEmpty() ? Qt::NoFocus : Qt::TabFocus;
+    QFrame::setFocusPolicy(*m_ownFocusPolicy);
+}
+
 /// Marks the link behind or, unless \a next, before the marked one: the first or last if none is. False if there is none, and
 /// then none is marked.
-bool QcMultiLineText::markLink(bool next)
+bool QcMultiLineText::MarkLink(bool next)
 {
     QVector<QAbstractTextDocumentLayout::Selection> &marked = m_paintContext.selections;
-    const QVector<QTextCursor> links = LinksOf(m_document);
+    const QVector<QTextCursor> links = LinksOf(*m_document);
     int index = next ? 0 : links.size() - 1;
     if (!marked.isEmpty()) {
         const int begin = marked.constFirst().cursor.selectionStart();
@@ -333,6 +339,8 @@ bool QcMultiLineText::markLink(bool next)
 void QcMultiLineText::keyPressEvent(QKeyEvent *event)
 {
     const bool presses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (presses && event->isAutoRepeat())
+        return; // a held key has pressed its link, and presses no default button behind one that has gone
     if (presses && !m_paintContext.selections.isEmpty())
         Q_EMIT signalAnchorClicked(m_paintContext.selections.constFirst().cursor.charFormat().anchorHref());
     else
@@ -342,7 +350,7 @@ void QcMultiLineText::keyPressEvent(QKeyEvent *event)
 void QcMultiLineText::focusInEvent(QFocusEvent *event)
 {
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
-        markLink(event->reason() == Qt::TabFocusReason);
+        MarkLink(event->reason() == Qt::TabFocusReason);
     QFrame::focusInEvent(event);
 }
 
@@ -356,7 +364,7 @@ void QcMultiLineText::focusOutEvent(QFocusEvent *event)
 
 bool QcMultiLineText::focusNextPrevChild(bool next)
 {
-    return markLink(next) || QFrame::focusNextPrevChild(next);
+    return MarkLink(next) || QFrame::focusNextPrevChild(next);
 }
 
 } // namespace Velmora

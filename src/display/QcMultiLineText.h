@@ -7,6 +7,8 @@
 #include <QFrame>
 #include <QString>
 
+#include <optional>
+
 QT_BEGIN_NAMESPACE
 class QTextDocument;
 QT_END_NAMESPACE
@@ -16,15 +18,19 @@ namespace Velmora {
 /// Read-only rich text with links, which either grows in height with its text or is cut to a number of lines with "...".
 ///
 /// Text is read as HTML, so that "<" and "&" of plain text must be escaped. It wraps anywhere, in the middle of words too.
-/// A text with links takes the Tab key, which goes from one to the next; Enter and Space press the marked one.
+/// A text with links takes the Tab key, which goes from one to the next; Enter and Space press the marked one, once however
+/// long they are held.
 /// A link that names no colour has that of the application's palette at the time of setText(), not one of the table.
 /// Without setHeightAdaptive() the control takes the height that its host gives it.
 class VELMORA_EXPORT QcMultiLineText : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ WholeText)
+    Q_PROPERTY(Qt::FocusPolicy focusPolicy READ focusPolicy WRITE setFocusPolicy)
 
 public:
     explicit QcMultiLineText(QWidget *parent = nullptr);
+    ~QcMultiLineText() override;
 
     /// Shows \a text. Malformed HTML shows as far as Qt can read it.
     void setText(const QString &text);
@@ -49,9 +55,12 @@ public:
     /// The width in pixels, rounded down, that the text takes as it is laid out now; before the first show that of its
     /// longest paragraph in one line. A control made that wide shows it in one line, unless it is cut.
     int idealWidth();
+    /// A policy set here stays. Until then a text with links has Qt::TabFocus and any other Qt::NoFocus.
+    void setFocusPolicy(Qt::FocusPolicy policy);
 
 Q_SIGNALS:
-    /// The height followed the text.
+    /// The height followed the text. Where that comes of a new width, of painting or of the event loop, Qt is still at work on
+    /// the control: a receiver that does not know calls deleteLater() to be rid of it.
     void signalHeightChanged();
     /// A link was pressed, with a mouse button or a key.
     void signalAnchorClicked(const QString &qstrAnchorHref);
@@ -72,16 +81,14 @@ private Q_SLOTS:
     void elideText();
 
 private:
-    friend class MultiLineTextAccessible;
-    friend class QcArrowTip;
-
     int lineCount() const;
-    qreal unwrappedWidth();
-    void layOut(int width);
-    void announceText();
     void setTextToDocument(const QString &text);
-    void applyAlignment(Qt::Alignment alignment);
-    bool markLink(bool next);
+    QString WholeText() const;
+    void ApplyAlignment(Qt::Alignment alignment);
+    void LayOutIn(int width);
+    void FollowLinks();
+    bool MarkLink(bool next);
+    void AnnounceText();
 
     QTextDocument *m_document;
     QString m_text;
@@ -91,6 +98,9 @@ private:
     bool m_autoAlignment = false;
     QAbstractTextDocumentLayout::PaintContext m_paintContext;
     QString m_textColorParams = QStringLiteral("text/text_primary");
+    int m_heightUpdates = 0; // under way, one inside the other
+    int m_fillings = 0;
+    std::optional<Qt::FocusPolicy> m_ownFocusPolicy = Qt::NoFocus; // none once the host chose one
 };
 
 } // namespace Velmora

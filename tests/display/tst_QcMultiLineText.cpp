@@ -7,6 +7,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
+#include <QDialog>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -15,8 +16,16 @@
 #include <QTextDocument>
 #include <QTextLayout>
 
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include <functional>
+
 using namespace Velmora;
 using namespace VelmoraTest;
+
+Q_DECLARE_METATYPE(std::function<void(QcMultiLineText &)>)
 
 namespace {
 
@@ -90,6 +99,67 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent * /*event*/) override { ++presses; }
+};
+
+const QString kLink = QStringLiteral("<a href=\"target\">link</a>");
+
+QStringList announcedNames; // what assistive technology was told of and then read
+
+void ReadNewName(QAccessibleEvent *event)
+{
+    if (event->type() == QAccessible::NameChanged)
+        announcedNames << event->accessibleInterface()->text(QAccessible::Name);
+}
+
+/// A dialog whose default button stands behind a text that has the keyboard.
+struct TextInDialog
+{
+    TextInDialog()
+        : text(new QcMultiLineText(&dialog))
+        , button(new QPushButton(&dialog))
+        , clicks(text, &QcMultiLineText::signalAnchorClicked)
+        , accepts(button, &QPushButton::clicked)
+    {
+        dialog.resize(300, 200);
+        text->setGeometry(0, 0, 300, 100);
+        button->setGeometry(0, 150, 50, 20);
+        button->setDefault(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        text->setText(kLink);
+    }
+
+    /// Shows it, with the link marked.
+    bool Show()
+    {
+        dialog.show();
+        if (!QTest::qWaitForWindowActive(&dialog) || !text->hasFocus())
+            return false;
+        QTest::keyClick(text, Qt::Key_Tab);
+        return text->hasFocus();
+    }
+
+    void Send(QEvent::Type type, Qt::Key key, bool isRepeat)
+    {
+        QKeyEvent event(type, key, Qt::NoModifier, QString(), isRepeat);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+    }
+
+    /// Holds \a key as long as a keyboard needs to repeat it twice.
+    void Hold(Qt::Key key)
+    {
+        Send(QEvent::KeyPress, key, false);
+        for (int repeat = 0; repeat < 2; ++repeat) {
+            Send(QEvent::KeyRelease, key, true);
+            Send(QEvent::KeyPress, key, true);
+        }
+        Send(QEvent::KeyRelease, key, false);
+    }
+
+    QDialog dialog;
+    QcMultiLineText *text;
+    QPushButton *button;
+    QSignalSpy clicks;
+    QSignalSpy accepts;
 };
 
 } // namespace
@@ -167,23 +237,36 @@ private Q_SLOTS:
         COMPARE_COLOR(ink(Table::Light), QColor(Qt::green));
     }
 
-    void a_new_colour_or_text_repaints()
+    void each_change_repaints_once_data()
     {
+        using Change = std::function<void(QcMultiLineText &)>;
+        QTest::addColumn<Change>("change");
+        QTest::newRow("text") << Change([](QcMultiLineText &text) { text.setText(QStringLiteral("other")); });
+        QTest::newRow("no text") << Change([](QcMultiLineText &text) { text.clear(); });
+        QTest::newRow("font") << Change([](QcMultiLineText &text) { text.setFont(QFont(QStringLiteral("Roboto"), 20)); });
+        QTest::newRow("pixel size") << Change([](QcMultiLineText &text) { text.setFont(20); });
+        QTest::newRow("lines") << Change([](QcMultiLineText &text) { text.setLineCount(1); });
+        QTest::newRow("all lines") << Change([](QcMultiLineText &text) { text.setLineCount(0); });
+        QTest::newRow("alignment") << Change([](QcMultiLineText &text) { text.setAlignment(Qt::AlignRight); });
+        QTest::newRow("colour") << Change([](QcMultiLineText &text) { text.setDefaultTextColorParams(QStringLiteral("brand/brand")); });
+        QTest::newRow("table") << Change([](QcMultiLineText &) { UseTable(Table::Dark); });
+        QTest::newRow("next link") << Change([](QcMultiLineText &text) { QTest::keyClick(&text, Qt::Key_Tab); });
+    }
+
+    void each_change_repaints_once()
+    {
+        QFETCH(std::function<void(QcMultiLineText &)>, change);
         Shower shower(QSize(200, 100));
+        QVERIFY(QTest::qWaitForWindowActive(shower.text.window()));
+        shower.text.setLineCount(2);
+        shower.text.setText(QStringLiteral("<a href=\"1\">first</a> <a href=\"2\">second</a> ") + Words(100));
+        shower.text.setFocus(Qt::TabFocusReason);
         DrainEvents();
         EventCounter paints(shower.text, QEvent::Paint);
-        shower.text.setText(QStringLiteral("text"));
-        DrainEvents();
-        QVERIFY(paints.Take() > 0);
-        shower.text.setDefaultTextColorParams(QStringLiteral("brand/brand"));
+        change(shower.text);
         DrainEvents();
         QCOMPARE(paints.Take(), 1);
-        shower.text.clear();
-        DrainEvents();
-        QVERIFY(paints.Take() > 0);
-        QVERIFY(Shown(shower.text).isEmpty());
-        UseTable(Table::Dark);
-        QCOMPARE(paints.Take(), 1);
+        QVERIFY(shower.text.hasFocus()); // Tab went from link to link
     }
 
     void exactly_as_many_lines_stay_whole_and_one_less_cuts()
@@ -494,23 +577,143 @@ private Q_SLOTS:
         QCOMPARE(text.focusPolicy(), Qt::ClickFocus);
     }
 
-    void receivers_may_delete_it_fill_it_or_change_the_table()
+    void the_focus_policy_of_a_host_stays_data()
     {
-        const QString html = QStringLiteral("<a href=\"target\">link</a> %1").arg(Words(20));
-        for (const bool byKey : {false, true}) {
-            QWidget window;
-            auto *text = new QcMultiLineText(&window);
-            const QPointer<QWidget> guard(text);
-            text->setGeometry(0, 0, 200, 200);
-            text->setText(html);
-            window.show();
-            QVERIFY(QTest::qWaitForWindowActive(&window));
-            connect(text, &QcMultiLineText::signalAnchorClicked, &window, [text] { delete text; });
-            if (byKey)
-                QTest::keyClick(text, Qt::Key_Tab);
-            byKey ? QTest::keyClick(text, Qt::Key_Return) : QTest::mousePress(text, Qt::LeftButton, Qt::NoModifier, LinkPosition(*text));
-            QVERIFY(!guard);
+        using Choice = std::function<void(QcMultiLineText &)>;
+        QTest::addColumn<Choice>("choose");
+        QTest::newRow("a new control's") << Choice([](QcMultiLineText &text) { text.setFocusPolicy(Qt::NoFocus); });
+        QTest::newRow("a property") << Choice([](QcMultiLineText &text) { text.setProperty("focusPolicy", Qt::NoFocus); });
+        QTest::newRow("with a link") << Choice([](QcMultiLineText &text) {
+            text.setText(kLink);
+            static_cast<QWidget &>(text).setFocusPolicy(Qt::NoFocus);
+        });
+    }
+
+    void the_focus_policy_of_a_host_stays()
+    {
+        QFETCH(std::function<void(QcMultiLineText &)>, choose);
+        QcMultiLineText text;
+        choose(text);
+        for (const QString &html : {kLink, QString(), kLink}) {
+            text.setText(html);
+            QCOMPARE(text.focusPolicy(), Qt::NoFocus);
         }
+    }
+
+    void a_held_key_presses_a_link_once_and_nothing_behind_it_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<bool>("goes");
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            QTest::addRow("%x, the link stays", unsigned(key)) << key << false;
+            QTest::addRow("%x, the link goes", unsigned(key)) << key << true;
+        }
+    }
+
+    void a_held_key_presses_a_link_once_and_nothing_behind_it()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(bool, goes);
+        TextInDialog stage;
+        QVERIFY(stage.Show());
+        if (goes)
+            connect(stage.text, &QcMultiLineText::signalAnchorClicked, stage.text, [&stage] { stage.text->setText(kLink); });
+        stage.Hold(key);
+        QCOMPARE(stage.clicks.count(), 1);
+        QCOMPARE(stage.accepts.count(), 0);
+        stage.Hold(key);
+        QCOMPARE(stage.clicks.count(), goes ? 1 : 2);
+        QCOMPARE(stage.accepts.count(), goes && key != Qt::Key_Space ? 1 : 0);
+    }
+
+    void escape_on_a_link_closes_the_dialog()
+    {
+        TextInDialog stage;
+        QVERIFY(stage.Show());
+        QTest::keyClick(stage.text, Qt::Key_Escape);
+        QVERIFY(!stage.dialog.isVisible());
+        QCOMPARE(stage.clicks.count(), 0);
+    }
+
+    void the_marked_link_stays_marked_while_another_window_is_active()
+    {
+        TextInDialog stage;
+        QVERIFY(stage.Show());
+        const QImage marked = Render(*stage.text);
+        {
+            QWidget other;
+            other.show();
+            other.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&other));
+            QVERIFY(!stage.text->hasFocus());
+        }
+        stage.dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.dialog));
+        QTRY_VERIFY(stage.text->hasFocus());
+        QCOMPARE(Render(*stage.text), marked);
+        QTest::keyClick(stage.text, Qt::Key_Return);
+        QCOMPARE(stage.clicks.count(), 1);
+    }
+
+    void a_receiver_of_a_press_may_delete_it_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("mouse") << false;
+        QTest::newRow("key") << true;
+    }
+
+    void a_receiver_of_a_press_may_delete_it()
+    {
+        QFETCH(bool, byKey);
+        QWidget window;
+        auto *text = new QcMultiLineText(&window);
+        const QPointer<QWidget> guard(text);
+        text->setGeometry(0, 0, 200, 200);
+        text->setText(kLink);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        connect(text, &QcMultiLineText::signalAnchorClicked, &window, [text] { delete text; });
+        if (byKey)
+            QTest::keyClick(text, Qt::Key_Tab);
+        byKey ? QTest::keyClick(text, Qt::Key_Return) : QTest::mousePress(text, Qt::LeftButton, Qt::NoModifier, LinkPosition(*text));
+        QVERIFY(!guard);
+    }
+
+    void a_receiver_of_a_new_height_may_delete_it_data()
+    {
+        using Change = std::function<void(QcMultiLineText &)>;
+        QTest::addColumn<Change>("change");
+        QTest::newRow("text") << Change([](QcMultiLineText &text) { text.setText(Words(200)); });
+        QTest::newRow("no text") << Change([](QcMultiLineText &text) { text.clear(); });
+        QTest::newRow("font") << Change([](QcMultiLineText &text) { text.setFont(40); });
+        QTest::newRow("lines") << Change([](QcMultiLineText &text) { text.setLineCount(1); });
+        QTest::newRow("with alignment") << Change([](QcMultiLineText &text) {
+            text.setAutoAlignment(true);
+            text.setText(Words(200));
+        });
+    }
+
+    void a_receiver_of_a_new_height_may_delete_it()
+    {
+        QFETCH(std::function<void(QcMultiLineText &)>, change);
+        QWidget window;
+        window.resize(400, 400);
+        auto *text = new QcMultiLineText(&window);
+        const QPointer<QWidget> guard(text);
+        text->setHeightAdaptive(true);
+        text->resize(100, 100);
+        window.show();
+        text->setText(Words(40));
+        const QPointer<QTextDocument> document = DocumentOf(*text);
+        connect(text, &QcMultiLineText::signalHeightChanged, &window, [guard] { delete guard; });
+        change(*text);
+        QVERIFY(!guard);
+        DrainEvents();
+        QVERIFY(!document);
+    }
+
+    void a_receiver_of_a_new_height_may_change_it_again()
+    {
         Shower shower(QSize(200, 200));
         shower.text.setHeightAdaptive(true);
         int rounds = 0;
@@ -521,10 +724,30 @@ private Q_SLOTS:
             shower.text.setText(Words(20 * rounds));
             shower.text.resize(200 + rounds, shower.text.height());
         });
-        shower.text.setText(html);
+        shower.text.setText(kLink + Words(20));
         DrainEvents();
         QVERIFY(rounds > 3);
         QCOMPARE(shower.text.height(), int(DocumentOf(shower.text)->size().height()));
+    }
+
+    void a_text_set_by_a_receiver_of_the_height_is_the_only_one()
+    {
+        for (const QString &before : {QString(), Words(100)}) {
+            Shower shower(QSize(200, 200));
+            shower.text.setHeightAdaptive(true);
+            shower.text.setText(before);
+            bool isSet = false;
+            connect(&shower.text, &QcMultiLineText::signalHeightChanged, &shower.text, [&] {
+                if (!isSet) {
+                    isSet = true;
+                    shower.text.setText(QStringLiteral("other"));
+                }
+            });
+            shower.text.setText(Words(40));
+            QVERIFY(isSet);
+            QCOMPARE(Shown(shower.text), QStringLiteral("other"));
+            QCOMPARE(shower.text.height(), int(DocumentOf(shower.text)->size().height()));
+        }
     }
 
     void assistive_technology_reads_the_whole_text()
@@ -537,6 +760,20 @@ private Q_SLOTS:
         QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Some words that are <cut> on the screen"));
         shower.text.setAccessibleName(QStringLiteral("Name"));
         QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Name"));
+    }
+
+    void a_new_text_is_announced_to_assistive_technology()
+    {
+        Shower shower(QSize(100, 100));
+        QPlatformAccessibility *platform = QGuiApplicationPrivate::platformIntegration()->accessibility();
+        platform->setActive(true); // as if a screen reader were there
+        announcedNames.clear();
+        const auto previous = QAccessible::installUpdateHandler(ReadNewName);
+        shower.text.setText(QStringLiteral("<b>Some</b> words"));
+        shower.text.clear();
+        QAccessible::installUpdateHandler(previous);
+        platform->setActive(false);
+        QCOMPARE(announcedNames, QStringList({QStringLiteral("Some words"), QString()}));
     }
 
     void a_frame_is_painted_around_the_text()

@@ -1,0 +1,60 @@
+#include "display/TextLayout_p.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QSignalBlocker>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFragment>
+#include <QTextLayout>
+
+namespace Velmora {
+
+qreal UnwrappedWidth(QTextDocument &document)
+{
+    const QSignalBlocker quiet(document.documentLayout()); // the layout comes back as it was
+    const qreal width = document.textWidth();
+    document.setTextWidth(-1);
+    const qreal unwrapped = document.idealWidth();
+    document.setTextWidth(width);
+    return unwrapped;
+}
+
+void LayOut(QTextDocument &document, int width)
+{
+    // Measured only where it may matter: a character takes at least a pixel.
+    const bool mayFit = document.characterCount() <= qint64(width) * document.blockCount();
+    const qreal unwrapped = mayFit ? UnwrappedWidth(document) : 0;
+    document.setTextWidth(int(unwrapped) == width ? unwrapped : width);
+}
+
+int CountLines(QTextDocument &document)
+{
+    document.documentLayout()->documentSize(); // Qt lays out lazily
+    int count = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        count += block.layout()->lineCount();
+    return count;
+}
+
+QVector<QTextCursor> LinksOf(QTextDocument &document)
+{
+    QVector<QTextCursor> links;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            const QString href = fragment.charFormat().anchorHref();
+            if (href.isEmpty())
+                continue;
+            const bool goesOn = !links.isEmpty() && links.constLast().position() == fragment.position()
+                && links.constLast().charFormat().anchorHref() == href;
+            if (!goesOn) {
+                links.append(QTextCursor(&document));
+                links.last().setPosition(fragment.position());
+            }
+            links.last().setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+        }
+    }
+    return links;
+}
+
+} // namespace Velmora

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QTextCursor>
+#include <QVector>
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
+class QTextDocument;
+QT_END_NAMESPACE
+
+namespace Velmora {
+
+/// The width of \a document in lines as long as its paragraphs, whatever width it is laid out in.
+qreal UnwrappedWidth(QTextDocument &document);
+
+/// Lays \a document out in \a width pixels and, where that is its ideal width, in the fraction of a pixel that this leaves out:
+/// for want of it the last letter would wrap.
+void LayOut(QTextDocument &document, int width);
+
+/// How many lines \a document is laid out in.
+int CountLines(QTextDocument &document);
+
+/// The links of \a document in their order, each a selection.
+QVector<QTextCursor> LinksOf(QTextDocument &document);
+
+} // namespace Velmora

@@ -1,18 +1,22 @@
 #include "buttons/ButtonAccessible_p.h"
 
 #include <Velmora/QcButton.h>
+#include <Velmora/QcCheckBox.h>
 #include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcMenuToolButton.h>
-#include <Velmora/QcSwitchButton.h>
+#include <Velmora/QcRadioButton.h>
 #include <Velmora/QcToolButton.h>
 
 #include "core/InstallAccessible_p.h"
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QKeySequence>
 #include <QMenu>
+#include <QMetaObject>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -40,6 +44,61 @@ QMenu *MenuOf(const QAbstractButton &button)
     return toolButton ? toolButton->menu() : nullptr;
 }
 
+/// The combined button that \a button is half of, or null.
+QcCombinedToolButton *WholeOf(const QAbstractButton &button)
+{
+    return qobject_cast<QcCombinedToolButton *>(button.parentWidget());
+}
+
+/// The arrow half of a combined button shows the menu when it is toggled, which way makes no difference.
+bool IsArrow(const QAbstractButton &button)
+{
+    return MenuOf(button) && WholeOf(button);
+}
+
+/// Tool buttons have more ways to their menu than a click, unless the host chose that one.
+bool ClickShowsMenu(const QAbstractButton &button)
+{
+    const auto *toolButton = qobject_cast<const QToolButton *>(&button);
+    return MenuOf(button) && (!toolButton || IsArrow(button) || toolButton->popupMode() == QToolButton::InstantPopup);
+}
+
+/// Whether checking \a button unchecks others.
+bool IsExclusive(const QAbstractButton &button)
+{
+    return button.autoExclusive() || (button.group() && button.group()->exclusive());
+}
+
+/// Returns when the menu closes.
+void ShowMenu(QAbstractButton &button)
+{
+    if (IsArrow(button))
+        button.click();
+    else if (auto *pushButton = qobject_cast<QPushButton *>(&button))
+        pushButton->showMenu();
+    else if (auto *toolButton = qobject_cast<QToolButton *>(&button))
+        toolButton->showMenu();
+}
+
+void Click(QAbstractButton &button)
+{
+    if (ClickShowsMenu(button))
+        ShowMenu(button);
+    else
+        button.click();
+}
+
+/// Lets \a work be done by the event loop, unless \a button died or was disabled by then: the click may open a dialog or a menu, and
+/// assistive technology waits for its call to return.
+void DoLater(QAbstractButton &button, void (*work)(QAbstractButton &))
+{
+    const auto workIfEnabled = [target = &button, work] {
+        if (target->isEnabled())
+            work(*target);
+    };
+    QMetaObject::invokeMethod(&button, workIfEnabled, Qt::QueuedConnection);
+}
+
 /// A button whose name is its text or, without one, its tool tip. A name set by the host comes before both. Half of a combined button
 /// that has none of them goes by those of the whole.
 class ButtonAccessible : public QAccessibleWidget
@@ -50,11 +109,14 @@ public:
     {
     }
 
+    /// Screen readers speak of the checked state of check boxes and radio buttons only, whatever a checkable button looks like.
     QAccessible::Role role() const override
     {
-        if (qobject_cast<QcSwitchButton *>(button()))
-            return QAccessible::CheckBox; // the nearest that Qt has: screen readers then say on or off
-        return HasMenu() ? QAccessible::ButtonMenu : QAccessible::Button;
+        if (HasMenu())
+            return QAccessible::ButtonMenu;
+        if (!button()->isCheckable())
+            return QAccessible::Button;
+        return IsExclusive(*button()) ? QAccessible::RadioButton : QAccessible::CheckBox;
     }
 
     QString text(QAccessible::Text kind) const override
@@ -63,7 +125,7 @@ public:
             return button()->shortcut().toString(QKeySequence::NativeText);
         if (kind == QAccessible::Name) {
             QStringList names = {button()->accessibleName(), WithoutMnemonic(button()->text()), button()->toolTip()};
-            if (const QWidget *whole = Whole())
+            if (const QWidget *whole = WholeOf(*button()))
                 names << whole->accessibleName() << whole->toolTip();
             names.removeAll(QString());
             if (!names.isEmpty())
@@ -75,10 +137,13 @@ public:
     QAccessible::State state() const override
     {
         const auto *pushButton = qobject_cast<QPushButton *>(button());
+        const auto *checkBox = qobject_cast<QCheckBox *>(button());
+        const bool isArrow = IsArrow(*button());
         QAccessible::State state = QAccessibleWidget::state();
         state.pressed = button()->isDown();
-        state.checkable = button()->isCheckable() && !IsArrow();
-        state.checked = button()->isChecked() && !IsArrow();
+        state.checkable = button()->isCheckable() && !isArrow;
+        state.checked = button()->isChecked() && !isArrow;
+        state.checkStateMixed = checkBox && checkBox->checkState() == Qt::PartiallyChecked;
         state.defaultButton = pushButton && pushButton->isDefault();
         state.hasPopup = HasMenu();
         return state;
@@ -89,7 +154,7 @@ public:
         QStringList names;
         if (button()->isEnabled()) {
             names << ClickAction();
-            if (HasMenu() && !ClickShowsMenu())
+            if (HasMenu() && !ClickShowsMenu(*button()))
                 names << showMenuAction();
         }
         return names + QAccessibleWidget::actionNames();
@@ -98,9 +163,9 @@ public:
     void doAction(const QString &name) override
     {
         if (name == showMenuAction() && HasMenu())
-            ShowMenu();
+            DoLater(*button(), ShowMenu);
         else if (name == pressAction() || name == ClickAction())
-            Press();
+            DoLater(*button(), Click);
         else
             QAccessibleWidget::doAction(name);
     }
@@ -114,42 +179,12 @@ public:
     }
 
 private:
-    void Press()
-    {
-        if (ClickShowsMenu())
-            ShowMenu();
-        else
-            button()->click();
-    }
-
-    /// Returns when the menu closes.
-    void ShowMenu()
-    {
-        if (!button()->isEnabled())
-            return;
-        if (IsArrow())
-            button()->click();
-        else if (auto *pushButton = qobject_cast<QPushButton *>(button()))
-            pushButton->showMenu();
-        else if (auto *toolButton = qobject_cast<QToolButton *>(button()))
-            toolButton->showMenu();
-    }
-
     QAbstractButton *button() const { return static_cast<QAbstractButton *>(widget()); }
     bool HasMenu() const { return MenuOf(*button()) != nullptr; }
-    QcCombinedToolButton *Whole() const { return qobject_cast<QcCombinedToolButton *>(button()->parentWidget()); }
-    /// The arrow half of a combined button shows the menu when it is toggled, which way makes no difference.
-    bool IsArrow() const { return HasMenu() && Whole(); }
-    /// Tool buttons have more ways to their menu than a click, unless the host chose that one.
-    bool ClickShowsMenu() const
-    {
-        const auto *toolButton = qobject_cast<QToolButton *>(button());
-        return HasMenu() && (!toolButton || IsArrow() || toolButton->popupMode() == QToolButton::InstantPopup);
-    }
     /// What a click does: open the menu, or toggle, or no more than click.
     const QString &ClickAction() const
     {
-        if (ClickShowsMenu())
+        if (ClickShowsMenu(*button()))
             return showMenuAction();
         return button()->isCheckable() ? toggleAction() : pressAction();
     }
@@ -163,6 +198,8 @@ void InstallButtonAccessibility()
     InstallAccessible<ButtonAccessible, QcToolButton>();
     InstallAccessible<ButtonAccessible, QcMenuTextButton>();
     InstallAccessible<ButtonAccessible, QcMenuToolButton>();
+    InstallAccessible<ButtonAccessible, QcCheckBox>();
+    InstallAccessible<ButtonAccessible, QcRadioButton>();
     InstallAccessible<GroupAccessible, QcCombinedToolButton>();
 }
 

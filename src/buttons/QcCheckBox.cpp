@@ -1,6 +1,7 @@
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "buttons/ButtonAccessible_p.h"
 #include "buttons/Indicator_p.h"
 
 #include <QCursor>
@@ -64,6 +65,7 @@ const IndicatorTable &TableFor(Qt::CheckState state)
 QcCheckBox::QcCheckBox(QWidget *parent)
     : QCheckBox(parent)
 {
+    InstallButtonAccessibility();
     setAttribute(Qt::WA_MouseTracking);
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/CheckBox.qss"));
 }

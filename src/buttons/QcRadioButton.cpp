@@ -1,5 +1,6 @@
 #include <Velmora/QcRadioButton.h>
 
+#include "buttons/ButtonAccessible_p.h"
 #include "buttons/Indicator_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -45,6 +46,7 @@ constexpr IndicatorTable kChecked = {
 QcRadioButton::QcRadioButton(QWidget *parent)
     : QRadioButton(parent)
 {
+    InstallButtonAccessibility();
     setAttribute(Qt::WA_MouseTracking);
 }
 

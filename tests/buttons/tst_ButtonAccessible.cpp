@@ -1,22 +1,40 @@
+#include "support/AccessibleEvents.h"
 #include "support/TestMain.h"
 
+#include <Velmora/QcCheckBox.h>
+#include <Velmora/QcCombinedToolButton.h>
+#include <Velmora/QcGhostButton.h>
+#include <Velmora/QcHighlightButton.h>
 #include <Velmora/QcIconButton.h>
 #include <Velmora/QcLabel.h>
+#include <Velmora/QcMenuTextButton.h>
+#include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcRadioButton.h>
+#include <Velmora/QcSecondaryButton.h>
+#include <Velmora/QcSwitchButton.h>
+#include <Velmora/QcTertiaryButton.h>
+#include <Velmora/QcTextButton.h>
+#include <Velmora/QcTextLinkButton.h>
+#include <Velmora/QcToolButton.h>
+#include <Velmora/QcToolColorButton.h>
 
 #include <QAccessible>
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSignalSpy>
+#include <QToolButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
-#include <qpa/qplatformaccessibility.h>
-#include <qpa/qplatformintegration.h>
-
-#include <private/qguiapplication_p.h>
+#include <functional>
+#include <memory>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -41,18 +59,157 @@ QString NameOf(QObject &object)
     return Of(object)->text(QAccessible::Name);
 }
 
-QList<QAccessible::State> changes; // the new states that were announced, of any object
+// --- Every class of button, beside what plain Qt has for it ---
 
-/// Qt tells nobody of changes until assistive technology is there; this says that it is.
-void SetAssisted(bool on)
+struct Kind
 {
-    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(on);
+    const char *name;
+    QAbstractButton *(*make)(QWidget *parent);
+    QAbstractButton *(*makePlain)(QWidget *parent);
+};
+
+template <typename Button>
+QAbstractButton *Make(QWidget *parent)
+{
+    return new Button(parent);
 }
 
-void NoteStateChange(QAccessibleEvent *event)
+template <int index>
+QAbstractButton *MakeHalf(QWidget *parent)
 {
-    if (event->type() == QAccessible::StateChanged)
-        changes.append(static_cast<QAccessibleStateChangeEvent *>(event)->changedStates());
+    return (new QcCombinedToolButton(parent))->findChildren<QcToolButton *>().at(index);
+}
+
+constexpr Kind kKinds[] = {
+    {"QcButton", Make<QcButton>, Make<QPushButton>},
+    {"QcPrimaryButton", Make<QcPrimaryButton>, Make<QPushButton>},
+    {"QcSecondaryButton", Make<QcSecondaryButton>, Make<QPushButton>},
+    {"QcTertiaryButton", Make<QcTertiaryButton>, Make<QPushButton>},
+    {"QcGhostButton", Make<QcGhostButton>, Make<QPushButton>},
+    {"QcHighlightButton", Make<QcHighlightButton>, Make<QPushButton>},
+    {"QcIconButton", Make<QcIconButton>, Make<QPushButton>},
+    {"QcTextButton", Make<QcTextButton>, Make<QPushButton>},
+    {"QcTextLinkButton", Make<QcTextLinkButton>, Make<QPushButton>},
+    {"QcMenuTextButton", Make<QcMenuTextButton>, Make<QPushButton>},
+    {"QcSwitchButton", Make<QcSwitchButton>, Make<QPushButton>},
+    {"QcToolButton", Make<QcToolButton>, Make<QToolButton>},
+    {"QcToolColorButton", Make<QcToolColorButton>, Make<QToolButton>},
+    {"QcMenuToolButton", Make<QcMenuToolButton>, Make<QToolButton>},
+    {"main half", MakeHalf<0>, Make<QToolButton>},
+    {"arrow half", MakeHalf<1>, Make<QToolButton>},
+    {"QcCheckBox", Make<QcCheckBox>, Make<QCheckBox>},
+    {"QcRadioButton", Make<QcRadioButton>, Make<QRadioButton>},
+};
+
+void AddKinds()
+{
+    QTest::addColumn<int>("kind");
+    for (const Kind &kind : kKinds)
+        QTest::newRow(kind.name) << int(&kind - kKinds);
+}
+
+/// A way of being a button, and the role that it gives; NoRole is the one of plain Qt.
+struct Setting
+{
+    const char *name;
+    bool isCheckable;
+    bool isAutoExclusive;
+    enum { NoGroup, LooseGroup, ExclusiveGroup } group;
+    bool hasMenu;
+    QAccessible::Role role;
+};
+
+constexpr Setting kSettings[] = {
+    {"plain", false, false, Setting::NoGroup, false, QAccessible::NoRole},
+    {"exclusive, not checkable", false, true, Setting::ExclusiveGroup, false, QAccessible::NoRole},
+    {"checkable", true, false, Setting::NoGroup, false, QAccessible::NoRole},
+    {"checkable in a loose group", true, false, Setting::LooseGroup, false, QAccessible::NoRole},
+    // Of these two plain Qt says check box, of all or of tool buttons.
+    {"one of a group", true, false, Setting::ExclusiveGroup, false, QAccessible::RadioButton},
+    {"one of its siblings", true, true, Setting::NoGroup, false, QAccessible::RadioButton},
+    {"with a menu", false, false, Setting::NoGroup, true, QAccessible::ButtonMenu},
+    {"checkable with a menu", true, false, Setting::NoGroup, true, QAccessible::ButtonMenu},
+};
+
+bool TakesMenus(const QAbstractButton &button)
+{
+    return qobject_cast<const QPushButton *>(&button) || qobject_cast<const QToolButton *>(&button);
+}
+
+void SetMenu(QAbstractButton &button, QMenu *menu)
+{
+    if (auto *pushButton = qobject_cast<QPushButton *>(&button))
+        pushButton->setMenu(menu);
+    else if (auto *toolButton = qobject_cast<QToolButton *>(&button))
+        toolButton->setMenu(menu);
+}
+
+void Apply(const Setting &setting, QAbstractButton &button, QMenu &menu, QButtonGroup &group)
+{
+    button.setCheckable(setting.isCheckable);
+    if (setting.isAutoExclusive)
+        button.setAutoExclusive(true); // which radio buttons are
+    group.setExclusive(setting.group == Setting::ExclusiveGroup);
+    if (setting.group != Setting::NoGroup)
+        group.addButton(&button);
+    if (setting.hasMenu)
+        SetMenu(button, &menu);
+}
+
+/// A window whose keyboard is elsewhere, with one button in it.
+struct Shown
+{
+    explicit Shown(QAbstractButton *(*make)(QWidget *))
+    {
+        (new QLineEdit(&window))->setFocus();
+        button = make(&window);
+        window.show();
+    }
+
+    QWidget window;
+    QPointer<QAbstractButton> button;
+};
+
+QStringList ToldStates(QAbstractButton &button)
+{
+    const QAccessible::State state = Of(button)->state();
+    QStringList told;
+    if (state.focusable)
+        told << QStringLiteral("focusable");
+    if (state.checkable)
+        told << QStringLiteral("checkable");
+    if (state.checked)
+        told << QStringLiteral("checked");
+    if (state.pressed)
+        told << QStringLiteral("pressed");
+    if (state.disabled)
+        told << QStringLiteral("disabled");
+    return told;
+}
+
+/// What is told when each thing that a button can be told changes.
+QStringList ToldOfEachChange(QAbstractButton &button)
+{
+    button.setCheckable(true);
+    AccessibleEvents events(button);
+    QStringList told;
+    const auto change = [&](const QString &name, const std::function<void()> &act) {
+        act();
+        told << name + QLatin1Char(':') << events.Take();
+    };
+    change(QStringLiteral("check"), [&] { button.setChecked(true); });
+    change(QStringLiteral("check again"), [&] { button.setChecked(true); });
+    button.setAutoExclusive(false); // or a radio button stays checked
+    change(QStringLiteral("uncheck"), [&] { button.setChecked(false); });
+    change(QStringLiteral("click"), [&] { button.click(); });
+    change(QStringLiteral("disable"), [&] { button.setEnabled(false); });
+    change(QStringLiteral("enable"), [&] { button.setEnabled(true); });
+    change(QStringLiteral("text"), [&] { button.setText(QStringLiteral("Text")); });
+    change(QStringLiteral("name"), [&] { button.setAccessibleName(QStringLiteral("Name")); });
+    change(QStringLiteral("description"), [&] { button.setAccessibleDescription(QStringLiteral("Description")); });
+    if (auto *pushButton = qobject_cast<QPushButton *>(&button))
+        change(QStringLiteral("default"), [&] { pushButton->setDefault(true); });
+    return told;
 }
 
 } // namespace
@@ -103,6 +260,7 @@ private Q_SLOTS:
         button->setText(QStringLiteral("Save"));
         QCOMPARE(NameOf(*button), QStringLiteral("Save"));
         button->setText(QString());
+        QCOMPARE(NameOf(*button), QStringLiteral("Group"));
         auto *label = new QLabel(QStringLiteral("&Buddy"), &group);
         label->setBuddy(button);
         QCOMPARE(NameOf(*button), QStringLiteral("Buddy"));
@@ -118,69 +276,169 @@ private Q_SLOTS:
         QCOMPARE(NameOf(button), QStringLiteral("Own"));
     }
 
-    void states_are_told()
+    void roles_are_those_of_plain_qt_and_one_of_several_is_a_radio_button_data()
     {
-        QcPrimaryButton button;
-        QCOMPARE(Of(button)->role(), QAccessible::Button);
-        QVERIFY(Of(button)->state().focusable);
-        QVERIFY(!Of(button)->state().checkable);
-        QVERIFY(!Of(button)->state().checked);
-        QVERIFY(!Of(button)->state().pressed);
-        QVERIFY(!Of(button)->state().disabled);
-        button.setCheckable(true);
-        button.setChecked(true);
-        QCOMPARE(Of(button)->role(), QAccessible::Button);
-        QVERIFY(Of(button)->state().checkable);
-        QVERIFY(Of(button)->state().checked);
-        button.setDown(true);
-        QVERIFY(Of(button)->state().pressed);
-        button.setDefault(true);
-        QVERIFY(Of(button)->state().defaultButton);
-        button.setEnabled(false);
-        QVERIFY(Of(button)->state().disabled);
-        button.setFocusPolicy(Qt::NoFocus);
-        QVERIFY(!Of(button)->state().focusable);
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("setting");
+        for (const Kind &kind : kKinds) {
+            const std::unique_ptr<QAbstractButton> plain(kind.makePlain(nullptr));
+            for (const Setting &setting : kSettings) {
+                if (TakesMenus(*plain) || !setting.hasMenu)
+                    QTest::addRow("%s, %s", kind.name, setting.name) << int(&kind - kKinds) << int(&setting - kSettings);
+            }
+        }
     }
 
-    void pressing_is_an_action()
+    void roles_are_those_of_plain_qt_and_one_of_several_is_a_radio_button()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, setting);
+        const Setting &given = kSettings[setting];
+        QWidget window;
+        QMenu menu;
+        QButtonGroup ours;
+        QButtonGroup theirs;
+        QAbstractButton *button = kKinds[kind].make(&window);
+        QAbstractButton *plain = kKinds[kind].makePlain(&window);
+        Apply(given, *button, menu, ours);
+        Apply(given, *plain, menu, theirs);
+        QCOMPARE(Of(*button)->role(), given.role == QAccessible::NoRole ? Of(*plain)->role() : given.role);
+    }
+
+    void states_are_those_of_plain_qt_data() { AddKinds(); }
+    void states_are_those_of_plain_qt()
+    {
+        QFETCH(int, kind);
+        Shown ours(kKinds[kind].make);
+        Shown plain(kKinds[kind].makePlain);
+        const std::function<void(QAbstractButton &)> changes[] = {
+            [](QAbstractButton &button) { button.setCheckable(false); },
+            [](QAbstractButton &button) { button.setCheckable(true); },
+            [](QAbstractButton &button) { button.setChecked(true); },
+            [](QAbstractButton &button) { button.setDown(true); },
+            [](QAbstractButton &button) { button.setEnabled(false); },
+            [](QAbstractButton &button) { button.setFocusPolicy(Qt::NoFocus); },
+        };
+        QStringList seen;
+        for (const auto &change : changes) {
+            change(*ours.button);
+            change(*plain.button);
+            QCOMPARE(ToldStates(*ours.button), ToldStates(*plain.button));
+            seen << ToldStates(*ours.button).join(QLatin1Char(' '));
+        }
+        QCOMPARE(seen.at(3), QStringLiteral("focusable checkable checked pressed"));
+        QCOMPARE(seen.last(), QStringLiteral("checkable checked disabled"));
+    }
+
+    void a_default_button_is_told()
+    {
+        QcPrimaryButton button;
+        QVERIFY(!Of(button)->state().defaultButton);
+        button.setDefault(true);
+        QVERIFY(Of(button)->state().defaultButton);
+    }
+
+    void a_third_state_of_a_check_box_is_told_as_of_plain_qt()
+    {
+        QcCheckBox box;
+        QCheckBox plain;
+        for (const Qt::CheckState checked : {Qt::PartiallyChecked, Qt::Checked, Qt::Unchecked}) {
+            for (QCheckBox *each : {static_cast<QCheckBox *>(&box), &plain}) {
+                each->setTristate();
+                each->setCheckState(checked);
+            }
+            QCOMPARE(Of(box)->state().checkStateMixed, checked == Qt::PartiallyChecked);
+            QCOMPARE(Of(box)->state().checkStateMixed, Of(plain)->state().checkStateMixed);
+            QCOMPARE(Of(box)->state().checked, Of(plain)->state().checked);
+        }
+    }
+
+    void every_change_is_announced_as_plain_qt_announces_it_data() { AddKinds(); }
+    void every_change_is_announced_as_plain_qt_announces_it()
+    {
+        QFETCH(int, kind);
+        Shown plain(kKinds[kind].makePlain);
+        QVERIFY(QTest::qWaitForWindowActive(&plain.window));
+        const QStringList expected = ToldOfEachChange(*plain.button);
+        QVERIFY(expected.contains(QStringLiteral("StateChanged checked")));
+        Shown ours(kKinds[kind].make);
+        QVERIFY(QTest::qWaitForWindowActive(&ours.window));
+        QCOMPARE(ToldOfEachChange(*ours.button), expected);
+    }
+
+    void a_click_is_an_action_that_returns_before_its_handlers_run_data() { AddKinds(); }
+    void a_click_is_an_action_that_returns_before_its_handlers_run()
+    {
+        QFETCH(int, kind);
+        const Shown ours(kKinds[kind].make);
+        QSignalSpy clicks(ours.button, &QAbstractButton::clicked);
+        QAccessibleActionInterface *actions = Of(*ours.button)->actionInterface();
+        QVERIFY(actions);
+        ours.button->setCheckable(false);
+        QCOMPARE(actions->actionNames().value(0), QAccessibleActionInterface::pressAction());
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.count(), 0);
+        DrainEvents();
+        QCOMPARE(clicks.count(), 1);
+
+        ours.button->setCheckable(true);
+        QCOMPARE(actions->actionNames().value(0), QAccessibleActionInterface::toggleAction());
+        actions->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(!ours.button->isChecked());
+        DrainEvents();
+        QVERIFY(ours.button->isChecked());
+        QCOMPARE(clicks.count(), 2);
+    }
+
+    void no_action_touches_a_button_that_was_disabled_or_died_since_data() { AddKinds(); }
+    void no_action_touches_a_button_that_was_disabled_or_died_since()
+    {
+        QFETCH(int, kind);
+        const Shown ours(kKinds[kind].make);
+        ours.button->setCheckable(false);
+        QSignalSpy clicks(ours.button, &QAbstractButton::clicked);
+        Of(*ours.button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        ours.button->setEnabled(false);
+        DrainEvents();
+        ours.button->setEnabled(true);
+        DrainEvents();
+        QCOMPARE(clicks.count(), 0);
+        Of(*ours.button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        qDeleteAll(
+            ours.window.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)); // the button, or the whole that it is half of
+        DrainEvents();
+        QVERIFY(!ours.button);
+        QCOMPARE(clicks.count(), 0);
+    }
+
+    void only_offered_actions_do_something()
     {
         QcPrimaryButton button;
         QSignalSpy clicks(&button, &QAbstractButton::clicked);
         QAccessibleActionInterface *actions = Of(button)->actionInterface();
-        QVERIFY(actions);
         QCOMPARE(actions->actionNames(),
                  (QStringList{QAccessibleActionInterface::pressAction(), QAccessibleActionInterface::setFocusAction()}));
-        actions->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(clicks.count(), 1);
-        actions->doAction(QAccessibleActionInterface::toggleAction()); // which a plain button does not offer
-        QCOMPARE(clicks.count(), 1);
+        actions->doAction(QAccessibleActionInterface::toggleAction());
+        actions->doAction(QAccessibleActionInterface::showMenuAction());
+        DrainEvents();
+        QCOMPARE(clicks.count(), 0);
         button.setEnabled(false);
         QCOMPARE(actions->actionNames(), QStringList());
         actions->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(clicks.count(), 1);
+        DrainEvents();
+        QCOMPARE(clicks.count(), 0);
     }
 
-    void toggling_is_an_action_of_a_checkable_button_and_is_announced()
+    void a_press_toggles_a_checkable_button()
     {
         QcPrimaryButton button;
         button.setCheckable(true);
-        button.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&button));
-        QAccessibleActionInterface *actions = Of(button)->actionInterface();
-        QCOMPARE(actions->actionNames().value(0), QAccessibleActionInterface::toggleAction());
-        changes.clear();
-        SetAssisted(true);
-        const auto previous = QAccessible::installUpdateHandler(NoteStateChange);
-        actions->doAction(QAccessibleActionInterface::toggleAction());
-        QAccessible::installUpdateHandler(previous);
-        SetAssisted(false);
+        Of(button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        DrainEvents();
         QVERIFY(button.isChecked());
-        QVERIFY(std::any_of(changes.cbegin(), changes.cend(), [](const QAccessible::State &state) { return bool(state.checked); }));
-        actions->doAction(QAccessibleActionInterface::pressAction()); // a press toggles it too
-        QVERIFY(!button.isChecked());
     }
 
-    void showing_its_menu_is_the_action_of_a_button_that_has_one()
+    void showing_its_menu_is_the_action_of_a_button_that_has_one_and_returns_before_the_menu_shows()
     {
         QcPrimaryButton button;
         QMenu menu;
@@ -188,20 +446,24 @@ private Q_SLOTS:
         button.setMenu(&menu);
         button.show();
         QVERIFY(QTest::qWaitForWindowExposed(&button));
-        QCOMPARE(Of(button)->role(), QAccessible::ButtonMenu);
         QVERIFY(Of(button)->state().hasPopup);
         QAccessibleActionInterface *actions = Of(button)->actionInterface();
         QCOMPARE(actions->actionNames().value(0), QAccessibleActionInterface::showMenuAction());
         QSignalSpy shown(&menu, &QMenu::aboutToShow);
         connect(&menu, &QMenu::aboutToShow, &menu, &QMenu::close, Qt::QueuedConnection);
         actions->doAction(QAccessibleActionInterface::showMenuAction());
-        QCOMPARE(shown.count(), 1);
+        QCOMPARE(shown.count(), 0);
+        QTRY_COMPARE(shown.count(), 1);
         actions->doAction(QAccessibleActionInterface::pressAction()); // a press shows it too
-        QCOMPARE(shown.count(), 2);
-        button.setEnabled(false);
+        QTRY_COMPARE(shown.count(), 2);
+        QTRY_VERIFY(!menu.isVisible());
         actions->doAction(QAccessibleActionInterface::showMenuAction());
+        button.setEnabled(false);
+        DrainEvents();
         QCOMPARE(shown.count(), 2);
-        QVERIFY(!menu.isVisible());
+        actions->doAction(QAccessibleActionInterface::showMenuAction());
+        DrainEvents();
+        QCOMPARE(shown.count(), 2);
     }
 
     void focus_is_an_action()

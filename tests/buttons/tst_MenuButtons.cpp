@@ -509,7 +509,7 @@ private Q_SLOTS:
         MakeButton();
         QAccessibleInterface *described = QAccessible::queryAccessibleInterface(m_button);
         QVERIFY(described);
-        QCOMPARE(described->role(), QAccessible::Button);
+        QCOMPARE(described->role(), m_button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button);
         const auto menu = MakeMenu();
         SetMenu(menu.get());
         QCOMPARE(described->role(), QAccessible::ButtonMenu);

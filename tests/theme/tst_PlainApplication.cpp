@@ -1,6 +1,10 @@
 #include "support/TestMain.h"
 
+#include <Velmora/QcPrimaryButton.h>
+
+#include <QAccessible>
 #include <QApplication>
+#include <QSignalSpy>
 
 using namespace Velmora;
 using VelmoraTest::Table;
@@ -70,6 +74,15 @@ private Q_SLOTS:
         QCOMPARE(runs, 2);
         QCOMPARE(hidden.styleSheet(), light);
         QCOMPARE(hidden.property("uNeedProcesUpdateColor"), QVariant(false));
+    }
+
+    void assistive_technology_presses_buttons_there_too()
+    {
+        QcPrimaryButton button;
+        QSignalSpy clicks(&button, &QAbstractButton::clicked);
+        QAccessible::queryAccessibleInterface(&button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.count(), 0);
+        QTRY_COMPARE(clicks.count(), 1);
     }
 
     void images_are_kept_there_too()

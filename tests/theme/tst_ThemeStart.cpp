@@ -2,6 +2,7 @@
 
 #include <Velmora/FileAndDesktop.h>
 #include <Velmora/QcArrowTip.h>
+#include <Velmora/QcCheckBox.h>
 #include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcIconButton.h>
 #include <Velmora/QcLineEdit.h>
@@ -9,6 +10,7 @@
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcMultiLineText.h>
+#include <Velmora/QcRadioButton.h>
 #include <Velmora/QcToolButton.h>
 
 #include <QAccessible>
@@ -51,6 +53,13 @@ private Q_SLOTS:
                 widget->setToolTip(QStringLiteral("Close"));
                 QCOMPARE(nameOf(*widget), QStringLiteral("Close"));
             }
+            // Plain Qt's action would have switched it by now.
+            QcCheckBox box;
+            QAccessible::queryAccessibleInterface(&box)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+            QVERIFY(!box.isChecked());
+            QcRadioButton radio;
+            QAccessible::queryAccessibleInterface(&radio)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+            QVERIFY(!radio.isChecked());
             QcMultiLineText text;
             text.setText(QStringLiteral("Some <b>text</b>"));
             QCOMPARE(nameOf(text), QStringLiteral("Some text"));

@@ -25,7 +25,8 @@ namespace Velmora {
 ///
 /// An element is a named place of the template: a defined name, which names cells, or a named picture. Set the paths,
 /// load(), change values by name, save(). An object serves one template: a second load() appends behind the first.
-/// All operations block; one thread at a time; no application object is needed. Failures are reported in one warning each.
+/// All operations block; one thread at a time; no application object is needed. What fails is reported in
+/// one warning each.
 ///
 /// A template numbers its worksheet relationships from rId1 in the order of the sheet files. Limits: columns A to ZZ in ranges;
 /// 1,048,576 cells in one name and 2,097,152 in all names, a reference beyond which is passed over with a warning; 256 MiB of
@@ -106,8 +107,10 @@ public:
     /// Sets the image file that save() puts in the picture's place. A file that does not exist leaves the picture as it is.
     void setPicturesPictureInfo(const QString &name, const PictureInfo &info);
 
-    /// Writes every element and every parsed part into the working directory and packs it. False, with a warning, if a part or the
-    /// package cannot be written; the next try starts over.
+    /// Writes every element and every parsed part into the working directory and packs it. False, with a warning, if a part cannot be
+    /// written, as on a full disk, or the package cannot be opened for writing; the next try starts over. Not noticed is a package that
+    /// came out short: it is no archive, which a host finds by loading it. A picture's file that cannot be copied into the package is
+    /// reported, and the save goes on.
     bool save();
 
 private:

@@ -71,6 +71,15 @@ QByteArray Deflated(const QByteArray &data)
     return out;
 }
 
+QByteArray Noise(int size)
+{
+    QByteArray noise(size, Qt::Uninitialized);
+    quint32 state = 1;
+    for (char &c : noise)
+        c = char((state = state * 1664525 + 1013904223) >> 24);
+    return noise;
+}
+
 ArchiveEntry ArchiveEntry::Directory(const QByteArray &name)
 {
     ArchiveEntry entry;

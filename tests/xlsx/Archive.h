@@ -54,5 +54,7 @@ QList<ArchiveEntry> ReadEntries(const QByteArray &archive, int mostBytes);
 QMap<QByteArray, QByteArray> ReadArchive(const QByteArray &archive);
 
 QByteArray Deflated(const QByteArray &data);
+/// Bytes that cannot be deflated, always the same.
+QByteArray Noise(int size);
 
 } // namespace VelmoraTest

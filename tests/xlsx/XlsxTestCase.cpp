@@ -1,5 +1,10 @@
 #include "xlsx/XlsxTestCase.h"
 
+#include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace VelmoraTest {
 
 void XlsxTestCase::Prepare(Velmora::XlsxOperator &op) const
@@ -19,6 +24,24 @@ bool XlsxTestCase::Load(Velmora::XlsxOperator &op, const QByteArray &archive)
     WriteFile(TemplatePath(), archive);
     Prepare(op);
     return op.load();
+}
+
+int XlsxTestCase::InChild(rlim_t fileBytes, const std::function<bool()> &body)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{fileBytes, fileBytes};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        constexpr uid_t kNobody = 65534;
+        if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
+            _exit(2);
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+        _exit(body() ? 1 : 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 QByteArray XlsxTestCase::Saved(const Template &source, const std::function<void(Velmora::XlsxOperator &)> &edit, const QByteArray &begin,

@@ -12,6 +12,8 @@
 
 #include <functional>
 
+#include <sys/resource.h>
+
 namespace VelmoraTest {
 
 /// Tests in a temporary folder, which holds the template, the working directory and the output.
@@ -33,6 +35,8 @@ protected:
     /// Writes the template, sets the paths and loads.
     bool Load(Velmora::XlsxOperator &op, const Template &source);
     bool Load(Velmora::XlsxOperator &op, const QByteArray &archive);
+    /// Runs \a body in a child process, which is not root and must not write files of more than \a fileBytes, and gives its answer.
+    static int InChild(rlim_t fileBytes, const std::function<bool()> &body);
     /// Loads, edits and saves; then the text of the first sheet as OutputBetween() gives it, or what failed.
     QByteArray Saved(const Template &source, const std::function<void(Velmora::XlsxOperator &)> &edit, const QByteArray &begin,
                      const QByteArray &end);

@@ -187,11 +187,7 @@ private Q_SLOTS:
 
     void large_entries_are_read()
     {
-        QByteArray noise(300000, Qt::Uninitialized);
-        quint32 state = 1;
-        for (char &c : noise)
-            c = char((state = state * 1664525 + 1013904223) >> 24);
-        const Parts parts{{"noise", noise}, {"zeros", QByteArray(8 * 1024 * 1024, '\0')}};
+        const Parts parts{{"noise", Noise(300000)}, {"zeros", QByteArray(8 * 1024 * 1024, '\0')}};
         QVERIFY(Extract(MakeArchive(parts)));
         QCOMPARE(FilesBelow(WorkPath()), parts);
     }

@@ -3,7 +3,6 @@
 
 #include "core/MainThreadPosting_p.h"
 
-#include <atomic>
 #include <memory>
 #include <utility>
 
@@ -11,7 +10,9 @@ namespace Velmora {
 
 namespace {
 
-std::atomic<QcTaskDispatcher *> postingDispatcher = {nullptr}; // read from any thread
+// Read from any thread, without a lock: it is written while the application object is made and while it goes, and then no other thread
+// may post.
+QcTaskDispatcher *postingDispatcher = nullptr;
 
 } // namespace
 

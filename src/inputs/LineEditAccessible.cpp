@@ -1,12 +1,14 @@
 #include "inputs/LineEditAccessible_p.h"
 
 #include <Velmora/QcArrowTip.h>
+#include <Velmora/QcLabel.h>
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcLineEditFrame.h>
 
 #include "core/InstallAccessible_p.h"
 
 #include <QAccessibleWidget>
+#include <QPointer>
 #include <QTextLayout>
 #include <QValidator>
 
@@ -14,7 +16,8 @@ namespace Velmora {
 
 namespace {
 
-/// An editable line. Its text is what the screen shows, which for a password is not the password.
+/// An editable line. Its text is what the screen shows; a password is never read, not even where the screen shows it for as long
+/// as somebody types.
 class LineEditAccessible : public QAccessibleWidget, public QAccessibleTextInterface, public QAccessibleEditableTextInterface
 {
 public:
@@ -37,14 +40,14 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         switch (kind) {
-        case QAccessible::Name:
-            return Name();
-        case QAccessible::Description: {
-            const QString warning = Warning();
-            return warning.isEmpty() ? QAccessibleWidget::text(kind) : warning;
+        case QAccessible::Name: {
+            const QString name = OwnOrFrames(kind);
+            return name.isEmpty() ? Edit()->placeholderText() : name;
         }
+        case QAccessible::Description:
+            return Description();
         case QAccessible::Value:
-            return edit()->displayText();
+            return ReadableText();
         default:
             return QAccessibleWidget::text(kind);
         }
@@ -52,10 +55,13 @@ public:
 
     void setText(QAccessible::Text kind, const QString &text) override
     {
-        if (kind != QAccessible::Value)
+        if (kind != QAccessible::Value) {
             QAccessibleWidget::setText(kind, text);
-        else if (IsAcceptable(text))
-            edit()->setText(text);
+            return;
+        }
+        const QPointer<QcLineEdit> edit = Edit(); // a validator of the host may delete it, and this with it
+        if (IsAcceptable(text) && edit)
+            edit->setText(text);
     }
 
     QAccessible::State state() const override
@@ -63,66 +69,67 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.editable = true;
         state.selectableText = true;
-        state.readOnly = edit()->isReadOnly();
-        state.passwordEdit = edit()->echoMode() != QLineEdit::Normal;
-        state.selected = edit()->hasSelectedText();
-        state.hasPopup = edit()->contextMenuPolicy() != Qt::NoContextMenu && edit()->contextMenuPolicy() != Qt::PreventContextMenu;
+        state.readOnly = Edit()->isReadOnly();
+        state.passwordEdit = Edit()->echoMode() != QLineEdit::Normal;
+        state.selected = Edit()->hasSelectedText();
+        state.hasPopup = Edit()->contextMenuPolicy() != Qt::NoContextMenu && Edit()->contextMenuPolicy() != Qt::PreventContextMenu;
         return state;
     }
 
     // --- Text ---
 
-    int characterCount() const override { return edit()->displayText().size(); }
-    QString text(int start, int end) const override { return edit()->displayText().mid(start, end - start); }
-    int cursorPosition() const override { return edit()->cursorPosition(); }
-    void setCursorPosition(int position) override { edit()->setCursorPosition(position); }
+    int characterCount() const override { return ReadableText().size(); }
+    QString text(int start, int end) const override { return ReadableText().mid(start, end - start); }
+    int cursorPosition() const override { return Edit()->cursorPosition(); }
+    void setCursorPosition(int position) override { Edit()->setCursorPosition(position); }
     void scrollToSubstring(int start, int end) override
     {
-        edit()->setCursorPosition(end);
-        edit()->setCursorPosition(start);
+        Edit()->setCursorPosition(end);
+        Edit()->setCursorPosition(start);
     }
 
-    int selectionCount() const override { return edit()->hasSelectedText() ? 1 : 0; }
+    int selectionCount() const override { return Edit()->hasSelectedText() ? 1 : 0; }
     void selection(int index, int *start, int *end) const override
     {
-        const bool isSelected = index == 0 && edit()->hasSelectedText();
-        *start = isSelected ? edit()->selectionStart() : 0;
-        *end = isSelected ? edit()->selectionEnd() : 0;
+        const bool isSelected = index == 0 && Edit()->hasSelectedText();
+        *start = isSelected ? Edit()->selectionStart() : 0;
+        *end = isSelected ? Edit()->selectionEnd() : 0;
     }
     void addSelection(int start, int end) override { setSelection(0, start, end); }
     void removeSelection(int index) override
     {
         if (index == 0)
-            edit()->deselect();
+            Edit()->deselect();
     }
     void setSelection(int index, int start, int end) override
     {
         if (index == 0)
-            edit()->setSelection(start, end - start);
+            Edit()->setSelection(start, end - start);
     }
 
     QRect characterRect(int offset) const override
     {
-        const QString shown = edit()->displayText();
+        const QString shown = Edit()->displayText();
         if (offset < 0 || offset > shown.size())
             return QRect();
         // Laid out again, since Qt tells only where the caret is: the distance from it is the same on the screen.
-        QTextLayout layout(shown, edit()->font());
+        QTextLayout layout(shown, Edit()->font());
         QTextOption option;
-        option.setTextDirection(edit()->layoutDirection());
+        option.setTextDirection(Edit()->layoutDirection());
         layout.setTextOption(option);
         layout.beginLayout();
         const QTextLine line = layout.createLine();
         layout.endLayout();
-        const QRect caret = edit()->inputMethodQuery(Qt::ImCursorRectangle).toRect();
-        const qreal origin = caret.center().x() - line.cursorToX(edit()->cursorPosition());
-        const qreal one = line.cursorToX(offset);
-        const qreal other = line.cursorToX(qMin(offset + 1, shown.size()));
-        const QPoint topLeft(qRound(origin + qMin(one, other)), caret.top());
-        return QRect(edit()->mapToGlobal(topLeft), QSize(qRound(qAbs(one - other)), caret.height()));
+        const QRect caret = Edit()->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        const qreal origin = caret.center().x() - line.cursorToX(Edit()->cursorPosition());
+        // Each edge rounded by itself, so that neighbours meet.
+        const int one = qRound(origin + line.cursorToX(offset));
+        const int other = qRound(origin + line.cursorToX(qMin(offset + 1, shown.size())));
+        const QPoint topLeft(qMin(one, other), caret.top());
+        return QRect(Edit()->mapToGlobal(topLeft), QSize(qAbs(one - other), caret.height()));
     }
 
-    int offsetAtPoint(const QPoint &point) const override { return edit()->cursorPositionAt(edit()->mapFromGlobal(point)); }
+    int offsetAtPoint(const QPoint &point) const override { return Edit()->cursorPositionAt(Edit()->mapFromGlobal(point)); }
 
     QString attributes(int /*offset*/, int *start, int *end) const override
     {
@@ -136,23 +143,37 @@ public:
     void deleteText(int start, int end) override { replaceText(start, end, QString()); }
     void replaceText(int start, int end, const QString &text) override
     {
-        const QString old = edit()->text();
+        const QString old = Edit()->text();
         start = qBound(0, start, old.size());
         end = qBound(start, end, old.size());
         setText(QAccessible::Value, old.left(start) + text + old.mid(end));
     }
 
 private:
-    QcLineEdit *edit() const { return static_cast<QcLineEdit *>(widget()); }
-    QcLineEditFrame *Frame() const { return qobject_cast<QcLineEditFrame *>(edit()->parentWidget()); }
+    QcLineEdit *Edit() const { return static_cast<QcLineEdit *>(widget()); }
+    QcLineEditFrame *Frame() const { return qobject_cast<QcLineEditFrame *>(Edit()->parentWidget()); }
 
-    /// The edit's own name or buddy, else those of its frame, else the placeholder.
-    QString Name() const
+    /// The edit's own name (or buddy) or description, else that of its frame, which is all that a host sees.
+    QString OwnOrFrames(QAccessible::Text kind) const
     {
-        QString name = QAccessibleWidget::text(QAccessible::Name);
-        if (name.isEmpty() && Frame())
-            name = QAccessible::queryAccessibleInterface(Frame())->text(QAccessible::Name);
-        return name.isEmpty() ? edit()->placeholderText() : name;
+        const QString own = QAccessibleWidget::text(kind);
+        return own.isEmpty() && Frame() ? QAccessible::queryAccessibleInterface(Frame())->text(kind) : own;
+    }
+
+    /// The unit first, since it belongs to the value just read; then the warning, which is more urgent than any other description.
+    QString Description() const
+    {
+        const QString warning = Warning();
+        QStringList parts{Unit(), warning.isEmpty() ? OwnOrFrames(QAccessible::Description) : warning};
+        parts.removeAll(QString());
+        return parts.join(QStringLiteral(", "));
+    }
+
+    /// The unit shown behind the text.
+    QString Unit() const
+    {
+        const auto *label = Frame() ? Frame()->findChild<QcLabel *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+        return label && !label->isHidden() ? label->text() : QString();
     }
 
     /// The text of the frame's warning, if it is given.
@@ -164,12 +185,18 @@ private:
         return tip ? QAccessible::queryAccessibleInterface(tip)->text(QAccessible::Name) : QString();
     }
 
+    QString ReadableText() const
+    {
+        const QString shown = Edit()->displayText();
+        return Edit()->echoMode() == QLineEdit::Normal ? shown : QString(shown.size(), QLatin1Char('*'));
+    }
+
     bool IsAcceptable(QString text) const
     {
-        if (edit()->isReadOnly())
+        if (Edit()->isReadOnly())
             return false;
         int position = 0;
-        const QValidator *validator = edit()->validator();
+        const QValidator *validator = Edit()->validator();
         return !validator || validator->validate(text, position) == QValidator::Acceptable;
     }
 };

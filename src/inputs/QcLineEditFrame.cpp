@@ -9,11 +9,13 @@
 
 #include "inputs/NumericInput_p.h"
 #include "inputs/PlaceholderColor_p.h"
+#include "theme/StyleProperty_p.h"
 
 #include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLocale>
+#include <QPointer>
 #include <QStyle>
 
 #include <cmath>
@@ -178,13 +180,13 @@ int QcLineEditFrame::valueInt() const
 void QcLineEditFrame::setUnit(const QString &unit)
 {
     const bool isShown = !unit.isEmpty();
+    const bool isNews = unit != (m_unitLabel->isHidden() ? QString() : m_unitLabel->text());
     if (isShown)
         m_unitLabel->setText(unit);
     m_unitLabel->setVisible(isShown);
-    layout()->setSpacing(isShown ? kUnitSpacing : 0);
-    QMargins margins = layout()->contentsMargins();
-    margins.setRight(kMargin);
-    layout()->setContentsMargins(margins);
+    SetDistances(kMargin, isShown ? kUnitSpacing : 0);
+    if (isNews)
+        AnnounceDescription();
 }
 
 void QcLineEditFrame::setButtonIconPath(const QString &path)
@@ -193,9 +195,16 @@ void QcLineEditFrame::setButtonIconPath(const QString &path)
     if (isShown)
         m_button->SetIconPath(path);
     m_button->setVisible(isShown);
-    layout()->setSpacing(isShown ? kButtonSpacing : 0);
+    SetDistances(isShown ? kButtonMargin : kMargin, isShown ? kButtonSpacing : 0);
+}
+
+void QcLineEditFrame::SetDistances(int rightMargin, int spacing)
+{
+    if (!layout()) // the host may have deleted it
+        return;
+    layout()->setSpacing(spacing);
     QMargins margins = layout()->contentsMargins();
-    margins.setRight(isShown ? kButtonMargin : kMargin);
+    margins.setRight(rightMargin);
     layout()->setContentsMargins(margins);
 }
 
@@ -247,7 +256,10 @@ void QcLineEditFrame::FinishEditing(IntegerText integerText, DoubleText doubleTe
         const QString accepted = integers ? integerText(text, *integers) : doubleText(text, *doubles);
         if (!accepted.isNull())
             m_lastAcceptedText = accepted;
+        const QPointer<QcLineEditFrame> guard(this);
         m_lineEdit->setText(m_lastAcceptedText);
+        if (!guard) // by a handler of the text, whose edit lives elsewhere
+            return;
     }
     Q_EMIT signalEditingFinished();
 }
@@ -256,10 +268,14 @@ void QcLineEditFrame::FinishEditing(IntegerText integerText, DoubleText doubleTe
 
 void QcLineEditFrame::setWarning(bool on)
 {
-    setProperty(m_warningProperty, on);
-    updateStyle();
+    const QPointer<QcLineEditFrame> guard(this);
+    const bool isNews = on != getWarning();
+    SetStyleProperty(this, m_warningProperty, on);
+    if (!guard)
+        return;
     updateArrowTipVisible();
-    AnnounceWarning();
+    if (isNews && !m_warningText.isEmpty())
+        AnnounceDescription();
 }
 
 bool QcLineEditFrame::getWarning() const
@@ -269,15 +285,22 @@ bool QcLineEditFrame::getWarning() const
 
 void QcLineEditFrame::setWarningText(const QString &text)
 {
-    m_warningText = text;
-    m_warningTip->setText(text);
+    const bool isNews = text != m_warningText;
+    if (isNews) {
+        m_warningText = text;
+        m_warningTip->setText(text);
+    }
     updateArrowTipVisible();
-    AnnounceWarning();
+    if (isNews && getWarning())
+        AnnounceDescription();
 }
 
 void QcLineEditFrame::updateArrowTipVisible()
 {
-    if (isVisible() && getWarning() && !m_warningText.isEmpty()) {
+    const bool isNeeded = isVisible() && getWarning() && !m_warningText.isEmpty();
+    if (isNeeded == m_warningTip->isVisible())
+        return;
+    if (isNeeded) {
         m_warningTip->setReferenceWidget(this); // anew: the frame may have come into another window, whose moves it follows
         m_warningTip->show();
     } else {
@@ -285,7 +308,7 @@ void QcLineEditFrame::updateArrowTipVisible()
     }
 }
 
-void QcLineEditFrame::AnnounceWarning()
+void QcLineEditFrame::AnnounceDescription()
 {
     if (!QAccessible::isActive())
         return;
@@ -309,10 +332,11 @@ void QcLineEditFrame::hideEvent(QHideEvent *event)
 
 bool QcLineEditFrame::eventFilter(QObject *watched, QEvent *event)
 {
+    const bool answer = QFrame::eventFilter(watched, event);
     // Of the events of a window these come here only if the host installs the frame there.
     if (event->type() == QEvent::MouseButtonPress && watched->inherits("QWidgetWindow"))
-        setFocus(underMouse());
-    return QFrame::eventFilter(watched, event);
+        setFocus(underMouse()); // at last: the host may delete the frame as its property changes
+    return answer;
 }
 
 void QcLineEditFrame::setFocus(bool on)
@@ -321,8 +345,7 @@ void QcLineEditFrame::setFocus(bool on)
         m_lineEdit->setFocus(Qt::OtherFocusReason);
     else
         m_lineEdit->clearFocus();
-    setProperty(m_focusProperty, m_lineEdit->hasFocus());
-    updateStyle();
+    SetStyleProperty(this, m_focusProperty, m_lineEdit->hasFocus());
 }
 
 void QcLineEditFrame::updateStyle()

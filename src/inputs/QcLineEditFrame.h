@@ -43,8 +43,8 @@ class QcLineEdit;
 /// `window()->windowHandle()->installEventFilter(frame)`. A host that wants the border of a field with the keyboard in other
 /// cases too sets the property and polishes the frame.
 ///
-/// Lifetime. Qt's edit goes on after its text changed or its editing ended: a handler of those signals deletes the field by
-/// deleteLater().
+/// Lifetime. Qt's edit goes on after its text changed or its editing ended, and so does one that is taking the keyboard from
+/// another: a handler of those signals deletes fields by deleteLater(). A handler of the button may delete the field at once.
 class VELMORA_EXPORT QcLineEditFrame : public QFrame
 {
     Q_OBJECT
@@ -109,7 +109,8 @@ private:
     void updateArrowTipVisible();
     void updateStyle();
     void FinishEditing(IntegerText integerText, DoubleText doubleText);
-    void AnnounceWarning();
+    void SetDistances(int rightMargin, int spacing);
+    void AnnounceDescription();
 
     const char *m_focusProperty = "objectPropertyFocus";
     const char *m_warningProperty = "objectPropertyWarning";

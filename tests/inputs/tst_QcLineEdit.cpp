@@ -5,13 +5,17 @@
 #include <QAccessible>
 #include <QIntValidator>
 #include <QLabel>
+#include <QPointer>
 #include <QSignalSpy>
+#include <QValidator>
 #include <QWidget>
 
 #include <memory>
 
 using namespace Velmora;
 using namespace VelmoraTest;
+
+Q_DECLARE_METATYPE(QLineEdit::EchoMode)
 
 class TestQcLineEdit : public TestCase
 {
@@ -84,13 +88,15 @@ private Q_SLOTS:
         QVERIFY(text);
         QCOMPARE(Described()->text(QAccessible::Value), QStringLiteral("one two"));
         QCOMPARE(text->characterCount(), 7);
-        QCOMPARE(text->text(4, 7), QStringLiteral("two"));
+        QCOMPARE(text->text(4, 5), QStringLiteral("t"));
         QCOMPARE(text->cursorPosition(), 3);
         int start = -1;
         int end = -1;
         QCOMPARE(text->textAtOffset(5, QAccessible::WordBoundary, &start, &end), QStringLiteral("two"));
         QCOMPARE(start, 4);
         QCOMPARE(text->selectionCount(), 0);
+        text->setSelection(0, 2, 4);
+        QCOMPARE(m_edit->selectedText(), QStringLiteral("e "));
         text->addSelection(4, 7);
         QCOMPARE(m_edit->selectedText(), QStringLiteral("two"));
         QCOMPARE(text->selectionCount(), 1);
@@ -109,15 +115,27 @@ private Q_SLOTS:
         QCOMPARE(text->attributes(0, &start, &end), QString());
     }
 
+    void a_password_is_not_read_data()
+    {
+        QTest::addColumn<QLineEdit::EchoMode>("mode");
+        QTest::addColumn<int>("length");
+        QTest::newRow("masked") << QLineEdit::Password << 6;
+        QTest::newRow("shown while typed") << QLineEdit::PasswordEchoOnEdit << 6;
+        QTest::newRow("not shown at all") << QLineEdit::NoEcho << 0;
+    }
+
     void a_password_is_not_read()
     {
-        m_edit->setText(QStringLiteral("secret"));
-        m_edit->setEchoMode(QLineEdit::Password);
-        QVERIFY(!Described()->text(QAccessible::Value).contains(QLatin1Char('e')));
-        QVERIFY(!Described()->textInterface()->text(0, 6).contains(QLatin1Char('e')));
-        m_edit->setEchoMode(QLineEdit::NoEcho);
-        QCOMPARE(Described()->text(QAccessible::Value), QString());
-        QCOMPARE(Described()->textInterface()->characterCount(), 0);
+        QFETCH(QLineEdit::EchoMode, mode);
+        QFETCH(int, length);
+        m_edit->setEchoMode(mode);
+        m_edit->setFocus();
+        QTest::keyClicks(m_edit, QStringLiteral("secret"));
+        QCOMPARE(m_edit->displayText() == QStringLiteral("secret"), mode == QLineEdit::PasswordEchoOnEdit);
+        const QString mask(length, QLatin1Char('*'));
+        QCOMPARE(Described()->text(QAccessible::Value), mask);
+        QCOMPARE(Described()->textInterface()->text(0, 6), mask);
+        QCOMPARE(Described()->textInterface()->characterCount(), length);
     }
 
     void characters_are_found_where_they_are()
@@ -147,6 +165,26 @@ private Q_SLOTS:
         QCOMPARE(Described()->textInterface()->characterRect(124), QRect());
     }
 
+    void each_character_ends_where_the_next_begins()
+    {
+        m_edit->setText(QStringLiteral("iWill, fit; mostly: WiWiW"));
+        m_edit->setCursorPosition(0);
+        QFont font = m_edit->font();
+        font.setPointSizeF(9.3); // of widths that are no whole pixels
+        m_edit->setFont(font);
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            m_window->setLayoutDirection(direction);
+            m_edit->grab();
+            QAccessibleTextInterface *text = Described()->textInterface();
+            for (int offset = 0; offset + 1 < m_edit->text().size(); ++offset) {
+                const QRect character = text->characterRect(offset);
+                const QRect next = text->characterRect(offset + 1);
+                QCOMPARE(character.left() + character.width(), next.left());
+                QCOMPARE(character.top(), next.top());
+            }
+        }
+    }
+
     void it_scrolls_to_a_part_of_the_text()
     {
         m_edit->setText(QString(200, QLatin1Char('m')));
@@ -171,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(m_edit->text(), QStringLiteral("all"));
     }
 
-    void it_is_not_edited_against_validator_or_lock()
+    void it_is_not_edited_against_its_validator()
     {
         QAccessibleEditableTextInterface *editor = Described()->editableTextInterface();
         const QIntValidator validator(0, 10);
@@ -180,9 +218,44 @@ private Q_SLOTS:
         QCOMPARE(m_edit->text(), QString());
         editor->insertText(0, QStringLiteral("7"));
         QCOMPARE(m_edit->text(), QStringLiteral("7"));
-        m_edit->setReadOnly(true);
-        editor->deleteText(0, 1);
+        editor->deleteText(0, 1); // nothing is only on the way to a number
         QCOMPARE(m_edit->text(), QStringLiteral("7"));
+    }
+
+    void a_read_only_one_is_neither_edited_nor_emptied()
+    {
+        m_edit->setText(QStringLiteral("kept"));
+        m_edit->setReadOnly(true);
+        QAccessibleEditableTextInterface *editor = Described()->editableTextInterface();
+        editor->insertText(0, QStringLiteral("a"));
+        editor->replaceText(0, 1, QStringLiteral("b"));
+        editor->deleteText(0, 4);
+        Described()->setText(QAccessible::Value, QString());
+        QCOMPARE(m_edit->text(), QStringLiteral("kept"));
+    }
+
+    void its_validator_may_delete_it()
+    {
+        class Undertaker : public QValidator
+        {
+        public:
+            explicit Undertaker(QcLineEdit *edit)
+                : m_edit(edit)
+            {
+            }
+            State validate(QString & /*input*/, int & /*position*/) const override
+            {
+                delete m_edit;
+                return Acceptable;
+            }
+
+        private:
+            const QPointer<QcLineEdit> m_edit;
+        };
+        const Undertaker validator(m_edit);
+        m_edit->setValidator(&validator);
+        Described()->editableTextInterface()->insertText(0, QStringLiteral("a"));
+        QVERIFY(m_window->findChildren<QcLineEdit *>().isEmpty());
     }
 
 protected:

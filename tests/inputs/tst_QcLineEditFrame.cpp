@@ -31,6 +31,7 @@
 
 #include <limits>
 #include <memory>
+#include <utility>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -103,6 +104,46 @@ void NoteDescription(QAccessibleEvent *event)
     if (event->type() == QAccessible::DescriptionChanged)
         described << event->object();
 }
+
+/// As if a screen reader were there, noting whose changed description is announced.
+class Reader
+{
+public:
+    Reader()
+    {
+        Platform()->setActive(true);
+        m_previous = QAccessible::installUpdateHandler(NoteDescription);
+        described.clear();
+    }
+    ~Reader()
+    {
+        QAccessible::installUpdateHandler(m_previous);
+        Platform()->setActive(false);
+    }
+    Q_DISABLE_COPY(Reader)
+
+    static QObjectList Take() { return std::exchange(described, QObjectList()); }
+
+private:
+    static QPlatformAccessibility *Platform() { return QGuiApplicationPrivate::platformIntegration()->accessibility(); }
+
+    QAccessible::UpdateHandler m_previous = nullptr;
+};
+
+/// Deletes an object at its next change of a property.
+class Undertaker : public QObject
+{
+public:
+    explicit Undertaker(QObject &victim) { victim.installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::DynamicPropertyChange)
+            return false;
+        delete watched;
+        return true; // nobody else sees the event of a dead object
+    }
+};
 
 enum State { Rest, Hover, Focus, Warning, Disabled, WarningHover, WarningFocus, WarningDisabled };
 
@@ -717,6 +758,30 @@ private Q_SLOTS:
         QCOMPARE(ends.count(), 1);
     }
 
+    void the_frame_may_die_as_the_refused_text_gives_way_in_an_edit_taken_out_of_it()
+    {
+        m_frame->setText(QStringLiteral("5"));
+        m_frame->setValidator(0, 10, 0);
+        QcLineEdit *edit = m_frame->getLineEdit();
+        edit->setParent(m_window.get());
+        edit->setText(QStringLiteral("77"));
+        connect(m_frame, &QcLineEditFrame::signalTextChanged, m_spare, [this] { delete std::exchange(m_frame, nullptr); });
+        QSignalSpy ends(m_frame, &QcLineEditFrame::signalEditingFinished);
+        Finish(*m_frame);
+        QVERIFY(!m_frame);
+        QCOMPARE(ends.count(), 0);
+        QCOMPARE(edit->text(), QStringLiteral("5"));
+    }
+
+    void unit_and_button_come_and_go_without_the_layout_that_the_host_deleted()
+    {
+        delete m_frame->layout();
+        m_frame->setUnit(QStringLiteral("mm"));
+        m_frame->setButtonIconPath(QStringLiteral(":/images/close.svg"));
+        QVERIFY(UnitOf(*m_frame)->isVisible());
+        QVERIFY(ButtonOf(*m_frame)->isVisible());
+    }
+
     void the_button_may_delete_the_field_data()
     {
         QTest::addColumn<bool>("isKey");
@@ -890,6 +955,46 @@ private Q_SLOTS:
         QVERIFY(tip->isVisible());
         m_frame->setWarningText(QString());
         QVERIFY(!tip->isVisible());
+    }
+
+    void an_unchanged_warning_is_no_work()
+    {
+        m_frame->setWarningText(QStringLiteral("Too long"));
+        m_frame->setWarning(true);
+        QTRY_COMPARE(TipOf(*m_frame)->pos(), TipPlace(*m_frame));
+        DrainEvents();
+        EventCounter paints(*m_frame, QEvent::Paint);
+        EventCounter changes(*m_frame, QEvent::DynamicPropertyChange);
+        EventCounter palettes(*m_frame, QEvent::PaletteChange); // of the polished
+        EventCounter repaints(*TipOf(*m_frame), QEvent::UpdateRequest);
+        m_frame->setWarning(true);
+        m_frame->setWarningText(QStringLiteral("Too long"));
+        DrainEvents();
+        for (EventCounter *counter : {&paints, &changes, &palettes, &repaints})
+            QCOMPARE(counter->Take(), 0);
+        m_frame->setWarningText(QStringLiteral("Too short"));
+        DrainEvents();
+        QVERIFY(repaints.Take() > 0); // which would have been seen
+    }
+
+    void a_frame_may_die_as_its_warning_changes()
+    {
+        const Undertaker undertaker(*m_frame);
+        m_frame->setWarningText(QStringLiteral("Too long"));
+        const QPointer<QcLineEditFrame> guard(m_frame);
+        std::exchange(m_frame, nullptr)->setWarning(true);
+        QVERIFY(!guard);
+        DrainEvents();
+    }
+
+    void a_frame_may_die_as_its_focus_property_changes()
+    {
+        const Undertaker undertaker(*m_frame);
+        m_window->windowHandle()->installEventFilter(m_frame);
+        const QPointer<QcLineEditFrame> guard(m_frame);
+        ClickAt(*std::exchange(m_frame, nullptr));
+        QVERIFY(!guard);
+        DrainEvents();
     }
 
     void the_tip_hides_with_the_frame_and_returns_with_it()
@@ -1103,7 +1208,7 @@ private Q_SLOTS:
         QTest::mouseRelease(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, m_frame->mapTo(m_window.get(), QPoint(100, 12)));
     }
 
-    void assistive_technology_hears_name_and_warning()
+    void assistive_technology_hears_name_and_description()
     {
         QAccessibleInterface *frame = QAccessible::queryAccessibleInterface(m_frame);
         QAccessibleInterface *edit = QAccessible::queryAccessibleInterface(m_frame->getLineEdit());
@@ -1125,19 +1230,42 @@ private Q_SLOTS:
         QCOMPARE(edit->text(QAccessible::Description), QString());
         m_frame->setWarning(true);
         QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("Too long"));
+        m_frame->setUnit(QStringLiteral("mm"));
+        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("mm, Too long"));
+        m_frame->setWarning(false);
+        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("mm"));
+        m_frame->setAccessibleDescription(QStringLiteral("of the frame"));
+        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("mm, of the frame"));
+        m_frame->getLineEdit()->setAccessibleDescription(QStringLiteral("of the edit"));
+        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("mm, of the edit"));
+        m_frame->setUnit(QString());
+        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("of the edit"));
     }
 
-    void a_warning_is_announced_as_a_description_of_the_edit()
+    void a_changed_description_is_announced_and_an_unchanged_one_is_not()
     {
-        QPlatformAccessibility *platform = QGuiApplicationPrivate::platformIntegration()->accessibility();
-        platform->setActive(true); // as if a screen reader were there
-        const auto previous = QAccessible::installUpdateHandler(NoteDescription);
-        described.clear();
+        const QObjectList once{m_frame->getLineEdit()};
+        const Reader reader;
         m_frame->setWarningText(QStringLiteral("Too long"));
-        m_frame->setWarning(true);
-        QAccessible::installUpdateHandler(previous);
-        platform->setActive(false);
-        QCOMPARE(described, QObjectList({m_frame->getLineEdit(), m_frame->getLineEdit()}));
+        QCOMPARE(Reader::Take(), QObjectList()); // of a warning that is not given
+        for (const bool on : {true, false, true}) {
+            m_frame->setWarning(on);
+            QCOMPARE(Reader::Take(), once);
+            m_frame->setWarning(on);
+            QCOMPARE(Reader::Take(), QObjectList());
+        }
+        m_frame->setWarningText(QStringLiteral("Too short"));
+        QCOMPARE(Reader::Take(), once);
+        m_frame->setWarningText(QStringLiteral("Too short"));
+        QCOMPARE(Reader::Take(), QObjectList());
+        for (const char *unit : {"mm", "in", ""}) {
+            m_frame->setUnit(QLatin1String(unit));
+            QCOMPARE(Reader::Take(), once);
+            m_frame->setUnit(QLatin1String(unit));
+            QCOMPARE(Reader::Take(), QObjectList());
+        }
+        m_other->setWarning(true);
+        QCOMPARE(Reader::Take(), QObjectList()); // without a text it says nothing
     }
 
     void a_right_to_left_layout_turns_the_order_round()

@@ -1,6 +1,7 @@
 #include <Velmora/QcArrowTipGlobal.h>
 
 #include <QEvent>
+#include <QTextDocumentFragment>
 
 // Declared by Qt as a friend of QWidget only.
 QT_BEGIN_NAMESPACE
@@ -27,6 +28,7 @@ void QcArrowTipGlobal::registerWidget(QWidget *widget, const TipInfo &info)
     m_infos[widget] = info;
     widget->installEventFilter(this);
     connect(widget, &QObject::destroyed, this, &QcArrowTipGlobal::onWidgetDestroyed, Qt::UniqueConnection);
+    Describe(widget, QTextDocumentFragment::fromHtml(info.text).toPlainText());
 }
 
 void QcArrowTipGlobal::registerWidget(QWidget *widget, const QString &text)
@@ -43,6 +45,7 @@ void QcArrowTipGlobal::unregisterWidget(QWidget *widget)
     m_infos.erase(widget);
     widget->removeEventFilter(this);
     disconnect(widget, &QObject::destroyed, this, &QcArrowTipGlobal::onWidgetDestroyed);
+    Describe(widget, QString());
 }
 
 void QcArrowTipGlobal::onWidgetDestroyed(QObject *obj)
@@ -50,6 +53,20 @@ void QcArrowTipGlobal::onWidgetDestroyed(QObject *obj)
     // A widget announces its end while guarded pointers to it still hold, so its entry is found by its key.
     if (auto *widget = qobject_cast<QWidget *>(obj))
         m_infos.erase(widget);
+    m_descriptions.remove(obj);
+}
+
+/// Who cannot hover hears what a tip says.
+void QcArrowTipGlobal::Describe(QWidget *widget, const QString &description)
+{
+    const QString given = m_descriptions.take(widget);
+    const QString present = widget->accessibleDescription();
+    if (!present.isEmpty() && present != given)
+        return; // the host's own
+    if (!description.isEmpty())
+        m_descriptions.insert(widget, description);
+    if (description != present)
+        widget->setAccessibleDescription(description); // which announces it
 }
 
 bool QcArrowTipGlobal::eventFilter(QObject *watched, QEvent *event)

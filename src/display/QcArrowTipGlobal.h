@@ -4,6 +4,7 @@
 #include <Velmora/TipInfo.h>
 #include <Velmora/VelmoraExport.h>
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -23,10 +24,13 @@ public:
     static QcArrowTipGlobal *instance();
 
     /// Gives \a widget a tip, in place of an earlier one. The widget may die registered. Null is ignored.
+    ///
+    /// Its text becomes the widget's accessible description, unless the host has set one of its own.
     void registerWidget(QWidget *widget, const TipInfo &info);
     /// A tip with this text and the defaults of TipInfo.
     void registerWidget(QWidget *widget, const QString &text);
-    /// Takes the tip away. One that shows at this moment stays until the mouse leaves another registered widget. Null is ignored.
+    /// Takes the tip and the description away. A tip that shows at this moment stays until the mouse leaves another registered
+    /// widget. Null is ignored.
     void unregisterWidget(QWidget *widget);
 
 protected:
@@ -38,9 +42,11 @@ private Q_SLOTS:
 private:
     QcArrowTipGlobal();
     void ShowTip(QWidget *widget, const TipInfo &info);
+    void Describe(QWidget *widget, const QString &description);
 
     QPointer<QcArrowTip> m_tip;
     std::unordered_map<QPointer<QWidget>, TipInfo, PointerHashFunc, PointerEqualFunc> m_infos;
+    QHash<const QObject *, QString> m_descriptions; // those given here, to tell them from a host's
 };
 
 } // namespace Velmora

@@ -1,3 +1,4 @@
+#include "support/AccessibleEvents.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcArrowTipGlobal.h>
@@ -78,6 +79,51 @@ private Q_SLOTS:
         QVERIFY(SharedTip());
         QVERIFY(!SharedTip()->parentWidget());
         QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void a_tip_is_read_as_the_description_of_its_widget_for_as_long_as_it_is_registered()
+    {
+        QWidget widget;
+        AccessibleEvents events(widget);
+        const auto description = [&] { return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Description); };
+        QcArrowTipGlobal *tips = QcArrowTipGlobal::instance();
+        tips->registerWidget(&widget, QStringLiteral("Saves <b>all</b> files"));
+        QCOMPARE(description(), QStringLiteral("Saves all files"));
+        QCOMPARE(events.Take(), QStringList(QStringLiteral("DescriptionChanged")));
+        tips->registerWidget(&widget, QStringLiteral("Saves all files"));
+        QCOMPARE(events.Take(), QStringList());
+        tips->registerWidget(&widget, QStringLiteral("Saves one file"));
+        QCOMPARE(description(), QStringLiteral("Saves one file"));
+        widget.setAccessibleDescription(QString()); // a host that clears it gets it anew
+        tips->registerWidget(&widget, TipInfo{QStringLiteral("Saves no file")});
+        QCOMPARE(description(), QStringLiteral("Saves no file"));
+        tips->unregisterWidget(&widget);
+        QCOMPARE(description(), QString());
+        tips->registerWidget(&widget, QStringLiteral("Again"));
+        tips->registerWidget(&widget, QString());
+        QCOMPARE(description(), QString());
+        tips->unregisterWidget(&widget);
+    }
+
+    void a_description_of_the_hosts_own_stays()
+    {
+        QWidget before;
+        QWidget after;
+        QWidget same;
+        QcArrowTipGlobal *tips = QcArrowTipGlobal::instance();
+        const QString own = QStringLiteral("Own");
+        before.setAccessibleDescription(own);
+        same.setAccessibleDescription(own);
+        tips->registerWidget(&before, QStringLiteral("Tip"));
+        tips->registerWidget(&same, own);
+        tips->registerWidget(&after, QStringLiteral("Tip"));
+        after.setAccessibleDescription(own);
+        tips->registerWidget(&after, QStringLiteral("Another tip"));
+        for (QWidget *widget : {&before, &after, &same}) {
+            QCOMPARE(widget->accessibleDescription(), own);
+            tips->unregisterWidget(widget);
+            QCOMPARE(widget->accessibleDescription(), own);
+        }
     }
 
     void it_shows_while_the_mouse_is_over_a_registered_widget()

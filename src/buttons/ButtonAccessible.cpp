@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace Velmora {
 
 namespace {
@@ -99,8 +101,15 @@ void DoLater(QAbstractButton &button, void (*work)(QAbstractButton &))
     QMetaObject::invokeMethod(&button, workIfEnabled, Qt::QueuedConnection);
 }
 
+/// The first of \a texts that says something.
+QString FirstOf(const QStringList &texts)
+{
+    const auto found = std::find_if(texts.begin(), texts.end(), [](const QString &text) { return !text.isEmpty(); });
+    return found == texts.end() ? QString() : *found;
+}
+
 /// A button whose name is its text or, without one, its tool tip. A name set by the host comes before both. Half of a combined button
-/// that has none of them goes by those of the whole.
+/// that has none of them goes by those of the whole. What has no name at all is called by its description, which a hover tip gives.
 class ButtonAccessible : public QAccessibleWidget
 {
 public:
@@ -121,17 +130,23 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        if (kind == QAccessible::Accelerator)
+        const QWidget *whole = WholeOf(*button());
+        switch (kind) {
+        case QAccessible::Accelerator:
             return button()->shortcut().toString(QKeySequence::NativeText);
-        if (kind == QAccessible::Name) {
+        case QAccessible::Name: {
             QStringList names = {button()->accessibleName(), WithoutMnemonic(button()->text()), button()->toolTip()};
-            if (const QWidget *whole = WholeOf(*button()))
+            if (whole)
                 names << whole->accessibleName() << whole->toolTip();
-            names.removeAll(QString());
-            if (!names.isEmpty())
-                return names.first();
+            names << QAccessibleWidget::text(kind); // of a label that has the button for its buddy
+            names << text(QAccessible::Description);
+            return FirstOf(names);
         }
-        return QAccessibleWidget::text(kind); // for a name: that of a label that has the button for its buddy
+        case QAccessible::Description:
+            return FirstOf({QAccessibleWidget::text(kind), whole ? whole->accessibleDescription() : QString()});
+        default:
+            return QAccessibleWidget::text(kind);
+        }
     }
 
     QAccessible::State state() const override

@@ -1,6 +1,7 @@
 #include "support/AccessibleEvents.h"
 #include "support/TestMain.h"
 
+#include <Velmora/QcArrowTipGlobal.h>
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcGhostButton.h>
@@ -219,6 +220,8 @@ class TestButtonAccessible : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QcArrowTipGlobal::instance(); } // the shared tip outlives each test
+
     void a_button_is_named_by_its_text_without_mnemonic_marks_data()
     {
         QTest::addColumn<QString>("text");
@@ -251,6 +254,28 @@ private Q_SLOTS:
         QCOMPARE(NameOf(button), QStringLiteral("Close & forget"));
         button.setAccessibleName(QStringLiteral("Close"));
         QCOMPARE(NameOf(button), QStringLiteral("Close"));
+    }
+
+    void an_icon_only_button_without_a_tool_tip_is_named_by_its_hover_tip()
+    {
+        QcIconButton button;
+        QcArrowTipGlobal::instance()->registerWidget(&button, QStringLiteral("Close"));
+        QCOMPARE(NameOf(button), QStringLiteral("Close"));
+        button.setText(QStringLiteral("Text"));
+        QCOMPARE(NameOf(button), QStringLiteral("Text"));
+        QCOMPARE(Of(button)->text(QAccessible::Description), QStringLiteral("Close"));
+    }
+
+    void both_halves_of_a_combined_button_have_its_hover_tip()
+    {
+        QcCombinedToolButton combined;
+        QcArrowTipGlobal::instance()->registerWidget(&combined, QStringLiteral("Draws a shape"));
+        for (QcToolButton *half : combined.findChildren<QcToolButton *>()) {
+            QCOMPARE(Of(*half)->text(QAccessible::Description), QStringLiteral("Draws a shape"));
+            QCOMPARE(NameOf(*half), QStringLiteral("Draws a shape"));
+            half->setAccessibleDescription(QStringLiteral("Own"));
+            QCOMPARE(Of(*half)->text(QAccessible::Description), QStringLiteral("Own"));
+        }
     }
 
     void a_group_or_a_buddy_names_only_what_has_no_name()

@@ -3,7 +3,6 @@
 #include "theme/TokenPainting_p.h"
 
 #include <Velmora/ImageParams.h>
-#include <Velmora/QcStyleManager.h>
 
 #include <QPainter>
 #include <QPalette>
@@ -28,19 +27,19 @@ QColor CaptionColor(const QWidget &button, const QString &code)
     return code.isEmpty() ? button.palette().color(QPalette::ButtonText) : TokenColor(code);
 }
 
-QPixmap IconPixmap(ImageParams record, const QString &path, const QSize &size)
+ThemedPixmap IconPixmap(const QPainter &painter, ImageParams record, const QString &path, const QSize &size)
 {
     if (record.path.isEmpty())
         record.path = path;
     record.size = size;
-    return QcStyleManager::GetInstance()->GetPixmap(record);
+    return PixmapFor(painter, record);
 }
 
-void DrawCentred(QPainter &painter, const QRect &rect, const QPixmap &pixmap)
+void DrawCentred(QPainter &painter, const QRect &rect, const ThemedPixmap &icon)
 {
     // Whole pixels, rounded towards zero: an icon between two of them would blur.
-    const QPoint offset((rect.width() - pixmap.width()) / 2, (rect.height() - pixmap.height()) / 2);
-    painter.drawPixmap(rect.topLeft() + offset, pixmap);
+    const QPoint offset((rect.width() - icon.size.width()) / 2, (rect.height() - icon.size.height()) / 2);
+    DrawPixmap(painter, QRect(rect.topLeft() + offset, icon.size), icon);
 }
 
 } // namespace Velmora

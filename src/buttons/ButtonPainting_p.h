@@ -1,7 +1,8 @@
 #pragma once
 
+#include "theme/ThemedPixmap_p.h"
+
 #include <QColor>
-#include <QPixmap>
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -13,8 +14,6 @@ QT_END_NAMESPACE
 
 namespace Velmora {
 
-struct ImageParams;
-
 /// Fills \a rect, its corners rounded by \a radius pixels, in the colour of \a code; an empty code paints nothing.
 void PaintBackground(QPainter &painter, const QRect &rect, int radius, const QString &code);
 
@@ -25,9 +24,9 @@ void PaintBorder(QPainter &painter, const QRect &rect, int radius, const QString
 QColor CaptionColor(const QWidget &button, const QString &code);
 
 /// The icon of a look at \a size, whatever size its \a record asks for. A record without a path lends its colours to \a path.
-QPixmap IconPixmap(ImageParams record, const QString &path, const QSize &size);
+ThemedPixmap IconPixmap(const QPainter &painter, ImageParams record, const QString &path, const QSize &size);
 
-/// Draws \a pixmap in the middle of \a rect. A null one draws nothing.
-void DrawCentred(QPainter &painter, const QRect &rect, const QPixmap &pixmap);
+/// Draws \a icon in the middle of \a rect. A null one draws nothing.
+void DrawCentred(QPainter &painter, const QRect &rect, const ThemedPixmap &icon);
 
 } // namespace Velmora

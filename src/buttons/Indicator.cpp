@@ -1,14 +1,13 @@
 #include "buttons/Indicator_p.h"
 
 #include "buttons/ButtonState_p.h"
+#include "theme/ThemedPixmap_p.h"
 
 #include <Velmora/ImageParams.h>
-#include <Velmora/QcStyleManager.h>
 
 #include <QAbstractButton>
 #include <QFontMetrics>
 #include <QGuiApplication>
-#include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -69,12 +68,9 @@ void PaintIndicator(QAbstractButton &button, const IndicatorParts &parts, const 
     substitute(QStringLiteral("#FF0000"), colors.red);
     substitute(QStringLiteral("#00FF00"), colors.green);
     substitute(QStringLiteral("#0000FF"), colors.blue);
-    const QImage image = QcStyleManager::GetInstance()->GetImage(params);
-    if (image.isNull())
-        return;
     QPainter painter(&button);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(rect, image);
+    DrawPixmap(painter, rect, PixmapFor(painter, params));
 }
 
 void PaintLabel(QAbstractButton &button, const IndicatorParts &parts, const QStyleOptionButton &option, QPainter &painter)

@@ -192,17 +192,16 @@ void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QS
 {
     const QString caption = text();
     const QSize iconSize = caption.isEmpty() ? size() : QSize(height(), height());
-    const QPixmap pixmap = IconPixmap(icon, m_iconPath, iconSize);
+    const ThemedPixmap picture = IconPixmap(painter, icon, m_iconPath, iconSize);
 
     if (caption.isEmpty()) {
-        if (!pixmap.isNull())
-            painter.drawPixmap(rect(), pixmap);
+        DrawPixmap(painter, rect(), picture);
         return;
     }
 
     painter.setPen(CaptionColor(*this, textCode));
     painter.setFont(font());
-    if (pixmap.isNull()) {
+    if (picture.pixmap.isNull()) {
         painter.drawText(rect(), Qt::AlignCenter, caption);
         return;
     }
@@ -210,7 +209,7 @@ void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QS
     const int textWidth = painter.fontMetrics().horizontalAdvance(caption);
     const int x = (width() - (textWidth + iconSize.width())) / 2;
     const int y = (height() - iconSize.height()) / 2;
-    painter.drawPixmap(QRect(QPoint(x, y), iconSize), pixmap);
+    DrawPixmap(painter, QRect(QPoint(x, y), iconSize), picture);
     painter.drawText(QRect(x + iconSize.width(), 0, textWidth, height()), Qt::AlignVCenter, caption);
 }
 

@@ -333,9 +333,10 @@ void QcCombinedToolButton::paintEvent(QPaintEvent * /*event*/)
         PaintBackground(painter, arrowRect, m_borderRadius, arrow.first);
     }
 
-    DrawCentred(painter, mainRect, IconPixmap(main.second, m_iconPath, m_pMainButton->iconSize()));
-    const QPixmap arrowPixmap = QcStyleManager::GetInstance()->GetPixmap(arrow.second);
-    painter.drawPixmap(arrowRect.left(), arrowRect.top() + (arrowRect.height() - arrowPixmap.height()) / 2, arrowPixmap);
+    DrawCentred(painter, mainRect, IconPixmap(painter, main.second, m_iconPath, m_pMainButton->iconSize()));
+    const ThemedPixmap arrowPicture = PixmapFor(painter, arrow.second);
+    const QPoint arrowCorner(arrowRect.left(), arrowRect.top() + (arrowRect.height() - arrowPicture.size.height()) / 2);
+    DrawPixmap(painter, QRect(arrowCorner, arrowPicture.size), arrowPicture);
 }
 
 } // namespace Velmora

@@ -175,8 +175,8 @@ void QcMenuTextButton::paintEvent(QPaintEvent * /*event*/)
     }
 
     // One pixel stays free at the right.
-    const QPixmap arrow = IconPixmap(m_arrowIconParams.value(look), QString(), QSize(m_arrowWidth, height()));
-    painter.drawPixmap(QRect(rect().right() - m_arrowWidth, 0, m_arrowWidth, std::min(kArrowMaximumHeight, height())), arrow);
+    const ThemedPixmap arrow = IconPixmap(painter, m_arrowIconParams.value(look), QString(), QSize(m_arrowWidth, height()));
+    DrawPixmap(painter, QRect(rect().right() - m_arrowWidth, 0, m_arrowWidth, std::min(kArrowMaximumHeight, height())), arrow);
 }
 
 } // namespace Velmora

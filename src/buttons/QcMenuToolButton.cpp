@@ -5,9 +5,9 @@
 #include "buttons/ButtonState_p.h"
 #include "buttons/ButtonTables_p.h"
 #include "buttons/MenuFollower_p.h"
+#include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
-#include <QIcon>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QResizeEvent>
@@ -18,9 +18,11 @@ namespace Velmora {
 
 namespace {
 
+/// As a QIcon paints itself.
 void PaintIcon(QPainter &painter, const QRect &rect, const ImageParams &params)
 {
-    QcStyleManager::GetInstance()->GetIcon(params).paint(&painter, rect, Qt::AlignCenter, QIcon::Normal, QIcon::Off);
+    const ThemedPixmap icon = PixmapWithin(painter, params, rect.size());
+    DrawPixmap(painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, icon.size, rect), icon);
 }
 
 } // namespace

@@ -136,7 +136,7 @@ void QcToolButton::paintEvent(QPaintEvent * /*event*/)
     ButtonState::FollowChecked(*this, m_state);
     const QStyle::State look = ButtonState::LookFor(m_state);
     PaintBackground(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
-    DrawCentred(painter, rect(), IconPixmap(m_iconParams.value(look), m_iconPath, iconSize()));
+    DrawCentred(painter, rect(), IconPixmap(painter, m_iconParams.value(look), m_iconPath, iconSize()));
 }
 
 } // namespace Velmora

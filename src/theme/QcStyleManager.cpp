@@ -339,8 +339,7 @@ QPixmap QcStyleManager::GetPixmap(const ImageParams &params)
 
 QImage QcStyleManager::RenderImage(const ImageParams &params)
 {
-    // Exactly lower case: any other suffix is a raster image, which keeps its own size and colours.
-    if (QFileInfo(params.path).suffix() != QLatin1String("svg"))
+    if (!IsSvg(params.path))
         return QImage(params.path);
 
     QImage image(params.size, QImage::Format_ARGB32);

@@ -2,6 +2,7 @@
 
 #include <QDebug>
 #include <QDomDocument>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 #include <QXmlStreamReader>
@@ -116,6 +117,11 @@ QString RecolorSvg(const QString &text, const QString &path, const QVector<SvgSu
                 RecolorAttribute(element, name, substitution.second);
         }
     });
+}
+
+bool IsSvg(const QString &path)
+{
+    return QFileInfo(path).suffix() == QLatin1String("svg");
 }
 
 bool IsNestedTooDeep(const QString &svg)

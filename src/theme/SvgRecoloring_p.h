@@ -7,6 +7,10 @@
 
 namespace Velmora {
 
+/// True for a file that is recoloured and rendered at any size: the suffix is exactly "svg". Any other is a raster image, which keeps
+/// its own size and colours.
+bool IsSvg(const QString &path);
+
 /// A colour text as it stands in an SVG, and the colour that takes its place.
 using SvgSubstitution = QPair<QString, QColor>;
 

@@ -550,10 +550,10 @@ private Q_SLOTS:
         const int side = size.height();
         const int textWidth = QFontMetrics(m_control->font()).horizontalAdvance(text);
         const int x = (size.width() - (textWidth + side)) / 2; // towards zero
-        QPixmap red(side, side);
+        QPixmap red((QSizeF(side, side) * m_control->devicePixelRatioF()).toSize());
         red.fill(Qt::red);
         QCOMPARE(Render(*m_control), Reference(*m_control, [&](QPainter &p) {
-                     p.drawPixmap(QRect(x, 0, side, side), red);
+                     LayOnPixels(p, QPoint(x, 0), red);
                      p.drawText(QRect(x + side, 0, textWidth, size.height()), Qt::AlignVCenter, text);
                  }));
     }

@@ -70,10 +70,14 @@ QImage Reference(const QcMenuTextButton &button, int look, Table table = Table::
     if (kArrows[look]) {
         ImageParams arrow;
         arrow.path = QStringLiteral(":/images/arrow_down_2.svg");
-        arrow.size = QSize(12, button.height());
         arrow.color = ColorParams(kArrows[look]);
-        painter.drawPixmap(QRect(button.width() - 13, 0, 12, std::min(32, button.height())),
-                           QcStyleManager::GetInstance()->GetPixmap(arrow));
+        const QRect place(button.width() - 13, 0, 12, std::min(32, button.height()));
+        if (button.height() == place.height()) {
+            PaintCrisply(painter, place, arrow);
+        } else { // made for the whole height and squeezed
+            arrow.size = (QSizeF(12, button.height()) * button.devicePixelRatioF()).toSize();
+            painter.drawPixmap(place, QcStyleManager::GetInstance()->GetPixmap(arrow));
+        }
     }
     return image;
 }

@@ -50,12 +50,17 @@ ImageParams Arrow(const char *token)
     return arrow;
 }
 
-/// \a image with an icon painted as a QIcon paints itself.
+/// \a image with an icon painted where and as large as a QIcon paints itself.
 void PaintInto(QImage &image, const QRect &rect, const ImageParams &params)
 {
     QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QcStyleManager::GetInstance()->GetIcon(params).paint(&painter, rect, Qt::AlignCenter, QIcon::Normal, QIcon::Off);
+    if (image.devicePixelRatio() == 1.0) {
+        QcStyleManager::GetInstance()->GetIcon(params).paint(&painter, rect, Qt::AlignCenter, QIcon::Normal, QIcon::Off);
+        return;
+    }
+    const bool fits = params.size.boundedTo(rect.size()) == params.size;
+    const QSize size = fits ? params.size : params.size.scaled(rect.size(), Qt::KeepAspectRatio);
+    PaintCrisply(painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, rect), params);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "support/Pixels.h"
 
+#include <Velmora/QcStyleManager.h>
+
 #include <QHash>
 #include <QPainter>
 #include <QWidget>
@@ -48,6 +50,21 @@ QImage Part(const QImage &image, const QRectF &logical)
 {
     const qreal ratio = image.devicePixelRatio();
     return image.copy(QRectF(logical.topLeft() * ratio, logical.size() * ratio).toRect());
+}
+
+void LayOnPixels(QPainter &painter, const QPoint &corner, const QPixmap &pixmap)
+{
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    painter.drawPixmap(int(std::floor(corner.x() * ratio + 0.5)), int(std::floor(corner.y() * ratio + 0.5)), pixmap);
+    painter.restore();
+}
+
+void PaintCrisply(QPainter &painter, const QRect &place, Velmora::ImageParams params)
+{
+    params.size = (QSizeF(place.size()) * painter.device()->devicePixelRatioF()).toSize();
+    LayOnPixels(painter, place.topLeft(), Velmora::QcStyleManager::GetInstance()->GetPixmap(params));
 }
 
 double LineCoverage(const QImage &image)

@@ -6,8 +6,14 @@
 #include <QRect>
 
 QT_BEGIN_NAMESPACE
+class QPainter;
+class QPixmap;
 class QWidget;
 QT_END_NAMESPACE
+
+namespace Velmora {
+struct ImageParams;
+}
 
 namespace VelmoraTest {
 
@@ -28,6 +34,12 @@ bool Close(const QColor &a, const QColor &b, int tolerance = 2);
 
 /// A logical rectangle of \a image.
 QImage Part(const QImage &image, const QRectF &logical);
+
+/// Lays \a pixmap on the image that \a painter paints on, pixel for pixel, from the whole pixel nearest to the logical \a corner.
+void LayOnPixels(QPainter &painter, const QPoint &corner, const QPixmap &pixmap);
+
+/// Paints what \a params asks for, rendered in as many pixels as \a place has on that image, whatever size it names.
+void PaintCrisply(QPainter &painter, const QRect &place, Velmora::ImageParams params);
 
 /// How much of its outermost pixels a line of width 1 covers that runs along the image's edge: half of it is clipped, so
 /// that the answer depends on the scale factor.

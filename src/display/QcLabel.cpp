@@ -2,9 +2,13 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "display/TextStyles_p.h"
+#include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 
 namespace Velmora {
 
@@ -49,13 +53,13 @@ void QcLabel::SetIconColorParams(const QString &code)
     UpdateIcon();
 }
 
-QPixmap QcLabel::IconPixmap() const
+ImageParams QcLabel::IconParams() const
 {
     ImageParams params;
     params.path = m_iconPath;
     params.size = size();
     params.color = ColorParams(m_iconColorParams);
-    return QcStyleManager::GetInstance()->GetPixmap(params);
+    return params;
 }
 
 void QcLabel::UpdateIcon()
@@ -63,8 +67,11 @@ void QcLabel::UpdateIcon()
     if (m_iconPath.isEmpty() || m_iconColorParams.isEmpty())
         return;
     // A label has either content: setting a pixmap would empty the text.
-    if (QLabel::text().isEmpty())
-        setPixmap(IconPixmap());
+    if (!QLabel::text().isEmpty())
+        return;
+    const QPixmap icon = QcStyleManager::GetInstance()->GetPixmap(IconParams());
+    m_shownIcon = icon.cacheKey();
+    setPixmap(icon);
 }
 
 void QcLabel::resizeEvent(QResizeEvent * /*event*/)
@@ -76,9 +83,13 @@ void QcLabel::paintEvent(QPaintEvent *event)
 {
     if (QLabel::text().isEmpty()) {
         // The text may have gone through the base class (clear(), a pointer to QLabel), which knows nothing of the icon.
-        if (pixmap(Qt::ReturnByValue).isNull() && !m_iconColorParams.isEmpty() && !IconPixmap().isNull())
+        if (pixmap(Qt::ReturnByValue).isNull() && !m_iconColorParams.isEmpty()
+            && !QcStyleManager::GetInstance()->GetPixmap(IconParams()).isNull())
             UpdateIcon();
-        QLabel::paintEvent(event);
+        if (ShowsIcon())
+            PaintIcon();
+        else
+            QLabel::paintEvent(event);
         return;
     }
     QPainter painter(this);
@@ -87,6 +98,38 @@ void QcLabel::paintEvent(QPaintEvent *event)
     painter.setPen(TokenColor(isEnabled() ? m_textColorParams : QStringLiteral("text/text_disabled")));
     const QString elided = painter.fontMetrics().elidedText(QLabel::text(), Qt::ElideRight, width(), 0);
     painter.drawText(rect(), int(alignment()), elided);
+}
+
+/// True while QLabel would paint our icon as it is: not one whose path or colour is gone, not a picture that the host has set since,
+/// and not at another size.
+bool QcLabel::ShowsIcon() const
+{
+    if (m_iconPath.isEmpty() || m_iconColorParams.isEmpty())
+        return false;
+    const QPixmap shown = pixmap(Qt::ReturnByValue);
+    return !shown.isNull() && shown.cacheKey() == m_shownIcon && (!hasScaledContents() || ContentsPlace() == rect());
+}
+
+QRect QcLabel::ContentsPlace() const
+{
+    return contentsRect().adjusted(margin(), margin(), -margin(), -margin());
+}
+
+/// What QLabel paints of a pixmap, in the pixels of the device.
+void QcLabel::PaintIcon()
+{
+    QPainter painter(this);
+    drawFrame(&painter);
+    ThemedPixmap icon = PixmapFor(painter, IconParams(), pixmap(Qt::ReturnByValue));
+    if (!isEnabled()) {
+        QStyleOption option;
+        option.initFrom(this);
+        icon.pixmap = style()->generatedIconPixmap(QIcon::Disabled, icon.pixmap, &option);
+    }
+    const QRect place = ContentsPlace();
+    painter.setClipRect(place);
+    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
+    DrawPixmap(painter, QStyle::alignedRect(QGuiApplication::layoutDirection(), alignment, icon.size, place), icon);
 }
 
 } // namespace Velmora

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <Velmora/ImageParams.h>
 #include <Velmora/VelmoraExport.h>
 
 #include <QLabel>
-#include <QPixmap>
 #include <QString>
 
 namespace Velmora {
@@ -51,13 +51,17 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QPixmap IconPixmap() const;
+    ImageParams IconParams() const;
     void UpdateIcon();
+    bool ShowsIcon() const;
+    QRect ContentsPlace() const;
+    void PaintIcon();
 
     LabelType m_type = Caption;
     QString m_textColorParams;
     QString m_iconPath;
     QString m_iconColorParams;
+    qint64 m_shownIcon = 0; // the cache key of the pixmap that UpdateIcon() set last
 };
 
 } // namespace Velmora

@@ -4,10 +4,13 @@
 #include "support/TestMain.h"
 
 #include <Velmora/QcLabel.h>
+#include <Velmora/QcStyleManager.h>
 
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -15,6 +18,72 @@ using namespace VelmoraTest;
 namespace {
 
 const QString kIconColor = QStringLiteral("brand/brand");
+const QString kGlyph = QStringLiteral(":/images/close.svg");
+
+/// A label with an icon, and what to do with a QLabel so that it shows its pixmap in the same place.
+struct IconLabel
+{
+    std::unique_ptr<QcLabel> control;
+    ImageParams params;
+    void (*prepare)(QLabel &label);
+
+    void Prepare(QLabel &label) const
+    {
+        label.resize(control->size());
+        prepare(label);
+    }
+};
+
+struct Preparation
+{
+    const char *name;
+    void (*prepare)(QLabel &label);
+};
+
+constexpr Preparation kPreparations[] = {
+    {"plain", [](QLabel &) {}},
+    {"disabled", [](QLabel &label) { label.setEnabled(false); }},
+    {"with a margin", [](QLabel &label) { label.setMargin(4); }},
+    {"with a frame",
+     [](QLabel &label) {
+         label.setFrameStyle(QFrame::Box | QFrame::Plain);
+         label.setLineWidth(2);
+     }},
+    {"at the other end",
+     [](QLabel &label) {
+         label.setAlignment(Qt::AlignRight | Qt::AlignBottom);
+         label.setMargin(4);
+     }},
+    {"right to left",
+     [](QLabel &label) {
+         label.setLayoutDirection(Qt::RightToLeft);
+         label.setMargin(4);
+     }},
+    {"scaled to its contents", [](QLabel &label) { label.setScaledContents(true); }},
+    {"with a sheet",
+     [](QLabel &label) { label.setStyleSheet(QStringLiteral("QLabel { background: #ff8; border: 3px solid red; padding: 1px; }")); }},
+};
+
+void AddIconLabels()
+{
+    QTest::addColumn<int>("index");
+    int index = 0;
+    for (const Preparation &preparation : kPreparations)
+        QTest::newRow(preparation.name) << index++;
+}
+
+IconLabel MakeIconLabel(int index)
+{
+    IconLabel label{std::make_unique<QcLabel>(), ImageParams(), kPreparations[index].prepare};
+    label.control->resize(31, 21);
+    label.prepare(*label.control);
+    label.control->SetIconPath(kGlyph);
+    label.control->SetIconColorParams(kIconColor);
+    label.params.path = kGlyph;
+    label.params.size = label.control->size();
+    label.params.color = ColorParams(kIconColor);
+    return label;
+}
 
 QPixmap PixmapOf(const QcLabel &label)
 {
@@ -302,6 +371,92 @@ private Q_SLOTS:
         QCOMPARE(Render(label), Reference(label));
         base.setText(QString());
         COMPARE_COLOR(PixelAt(Render(label), QPointF(100, 15)), Over(TokenOf(Table::Light, kIconColor)));
+    }
+
+    void at_ratio_1_every_byte_of_an_icon_is_that_of_qt_s_label_data() { AddIconLabels(); }
+
+    void at_ratio_1_every_byte_of_an_icon_is_that_of_qt_s_label()
+    {
+        QFETCH(int, index);
+        const IconLabel label = MakeIconLabel(index);
+        QLabel plain;
+        label.Prepare(plain);
+        plain.setScaledContents(false); // by which the picture, of just their size, would be scaled for the screen and back
+        plain.setPixmap(QcStyleManager::GetInstance()->GetPixmap(label.params));
+        QVERIFY(InkBox(RenderAt(*label.control, 1.0), Qt::white).isValid());
+        QCOMPARE(RenderAt(*label.control, 1.0), RenderAt(plain, 1.0));
+    }
+
+    void at_other_ratios_an_icon_is_rendered_at_the_pixels_of_the_device_data() { AddIconLabels(); }
+
+    void at_other_ratios_an_icon_is_rendered_at_the_pixels_of_the_device()
+    {
+        QFETCH(int, index);
+        const IconLabel label = MakeIconLabel(index);
+        QLabel empty; // with what lies around the icon
+        label.Prepare(empty);
+        for (const qreal ratio : {1.5, 2.0, 3.0, 1.0}) {
+            QImage expected = RenderAt(empty, ratio);
+            const int margin = empty.margin();
+            const QRect contents = empty.contentsRect().adjusted(margin, margin, -margin, -margin);
+            const QRect place = QStyle::alignedRect(empty.layoutDirection(), empty.alignment(), label.params.size, contents);
+            ImageParams params = label.params;
+            params.size = (QSizeF(params.size) * ratio).toSize();
+            QPixmap icon = QcStyleManager::GetInstance()->GetPixmap(params);
+            if (!empty.isEnabled()) {
+                QStyleOption option;
+                option.initFrom(&empty);
+                icon = empty.style()->generatedIconPixmap(QIcon::Disabled, icon, &option);
+            }
+            QPainter painter(&expected);
+            painter.setClipRect(contents);
+            LayOnPixels(painter, place.topLeft(), icon);
+            painter.end();
+            QCOMPARE(RenderAt(*label.control, ratio), expected);
+        }
+    }
+
+    void an_icon_between_pixels_is_as_sharp_as_on_them()
+    {
+        QWidget ground;
+        ground.resize(60, 40);
+        QcLabel label(&ground);
+        label.setGeometry(3, 5, 24, 16);
+        label.SetIconPath(kGlyph);
+        label.SetIconColorParams(kIconColor);
+        QImage expected = RenderAt(ground, 1.5);
+        expected.fill(Qt::white);
+        QPainter painter(&expected);
+        ImageParams params;
+        params.path = kGlyph;
+        params.color = ColorParams(kIconColor);
+        PaintCrisply(painter, label.geometry(), params);
+        painter.end();
+        QCOMPARE(RenderAt(ground, 1.5), expected);
+    }
+
+    void a_picture_of_the_host_in_place_of_the_icon_is_shown_as_it_is()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconPath(m_icon.Path());
+        label.SetIconColorParams(kIconColor);
+        Render(label);
+        QPixmap green(32, 20);
+        green.fill(Qt::green);
+        label.setPixmap(green);
+        COMPARE_COLOR(PixelAt(RenderAt(label, 2.0), QPointF(16, 10)), QColor(Qt::green));
+    }
+
+    void an_icon_left_behind_by_its_path_stays_on_every_screen()
+    {
+        QcLabel label;
+        label.resize(32, 20);
+        label.SetIconPath(m_icon.Path());
+        label.SetIconColorParams(kIconColor);
+        label.SetIconPath(QString());
+        for (const qreal ratio : {1.0, 1.5, 2.0})
+            COMPARE_COLOR(PixelAt(RenderAt(label, ratio), QPointF(16, 10)), Over(TokenOf(Table::Light, kIconColor)));
     }
 
     void a_text_set_over_an_icon_replaces_it()

@@ -11,18 +11,31 @@
 
 namespace VelmoraTest {
 
-QImage Canvas(const QWidget &widget, const QColor &background)
+namespace {
+
+QImage CanvasAt(const QWidget &widget, qreal ratio, const QColor &background)
 {
-    const qreal ratio = widget.devicePixelRatioF();
     QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
     image.fill(background);
     return image;
 }
 
+} // namespace
+
+QImage Canvas(const QWidget &widget, const QColor &background)
+{
+    return CanvasAt(widget, widget.devicePixelRatioF(), background);
+}
+
 QImage Render(QWidget &widget, const QColor &background)
 {
-    QImage image = Canvas(widget, background);
+    return RenderAt(widget, widget.devicePixelRatioF(), background);
+}
+
+QImage RenderAt(QWidget &widget, qreal ratio, const QColor &background)
+{
+    QImage image = CanvasAt(widget, ratio, background);
     widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
     return image;
 }

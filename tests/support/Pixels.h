@@ -23,6 +23,9 @@ QImage Canvas(const QWidget &widget, const QColor &background = Qt::white);
 /// \a widget with its children, painted over \a background at the scale factor of the run.
 QImage Render(QWidget &widget, const QColor &background = Qt::white);
 
+/// The same on a device of \a ratio, whatever the scale factor of the run.
+QImage RenderAt(QWidget &widget, qreal ratio, const QColor &background = Qt::white);
+
 /// The pixel of \a image at a logical position, whatever its scale factor.
 QColor PixelAt(const QImage &image, const QPointF &logical);
 

@@ -119,8 +119,7 @@ Specimen MenuToolButton(const char *name, const QSize &size, const QRect &main, 
 const QVector<Specimen> &Specimens()
 {
     static const QVector<Specimen> specimens{
-        {"push button, icon only",
-         [](QWidget *parent, const QString &path) { return WithIcon<QcButton>(parent, path, QSize(51, 24)); },
+        {"push button, icon only", [](QWidget *parent, const QString &path) { return WithIcon<QcButton>(parent, path, QSize(51, 24)); },
          [](QWidget &) { return QVector<Icon>{TintedIcon(QRect(0, 0, 51, 24), "")}; }},
         {"push button with text",
          [](QWidget *parent, const QString &path) {
@@ -132,11 +131,9 @@ const QVector<Specimen> &Specimens()
              const int textWidth = QFontMetrics(control.font()).horizontalAdvance(QStringLiteral("Save"));
              return QVector<Icon>{TintedIcon(QRect((91 - textWidth - 24) / 2, 0, 24, 24), "")};
          }},
-        {"icon button",
-         [](QWidget *parent, const QString &path) { return WithIcon<QcIconButton>(parent, path); },
+        {"icon button", [](QWidget *parent, const QString &path) { return WithIcon<QcIconButton>(parent, path); },
          [](QWidget &) { return QVector<Icon>{TintedIcon(QRect(0, 0, 24, 24), "icon/icon_secondary")}; }},
-        {"switch",
-         [](QWidget *parent, const QString &) { return new QcSwitchButton(parent); },
+        {"switch", [](QWidget *parent, const QString &) { return new QcSwitchButton(parent); },
          [](QWidget &) {
              Icon icon = TintedIcon(QRect(0, 0, 28, 14), "", ":/images/switch/switch_off_nor.svg");
              ColorParams track("base/gray/gray-50");
@@ -159,8 +156,7 @@ const QVector<Specimen> &Specimens()
              return button;
          },
          [](QWidget &) { return QVector<Icon>{TintedIcon(QRect(4, 4, 16, 16), "tip/danger")}; }},
-        {"combined tool button",
-         [](QWidget *parent, const QString &path) { return WithIcon<QcCombinedToolButton>(parent, path); },
+        {"combined tool button", [](QWidget *parent, const QString &path) { return WithIcon<QcCombinedToolButton>(parent, path); },
          [](QWidget &) {
              return QVector<Icon>{TintedIcon(QRect(0, 0, 32, 32), "icon/icon_toolbar"),
                                   TintedIcon(QRect(32, 0, 12, 32), "icon/icon_toolbar", ":/images/arrow_down_2.svg")};
@@ -179,7 +175,8 @@ const QVector<Specimen> &Specimens()
         Indicator<QcCheckBox>("checked box", ":/images/checkbox/checkbox_checked.svg", Colors("brand/brand", "#FFFFFF"),
                               QStyle::SE_CheckBoxIndicator, [](QcCheckBox &box) { box.setChecked(true); }),
         Indicator<QcCheckBox>("partially checked box", ":/images/checkbox/checkbox_half_checked.svg",
-                              Colors("transparent", "border/border_secondary_disabled", "brand/brand_disable"), QStyle::SE_CheckBoxIndicator,
+                              Colors("transparent", "border/border_secondary_disabled", "brand/brand_disable"),
+                              QStyle::SE_CheckBoxIndicator,
                               [](QcCheckBox &box) {
                                   box.setCheckState(Qt::PartiallyChecked);
                                   box.setEnabled(false);
@@ -229,12 +226,7 @@ private:
         return image;
     }
 
-    QImage Shown(qreal ratio)
-    {
-        QImage image = Empty(ratio);
-        m_ground->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-        return image;
-    }
+    QImage Shown(qreal ratio) { return RenderAt(*m_ground, ratio, kGround); }
 
     /// What stands beside the icons: the same control with an icon of nothing.
     QImage Surroundings(const Specimen &specimen, const QPoint &place, const QVector<Icon> &icons, qreal ratio)

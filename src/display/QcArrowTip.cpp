@@ -11,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPointer>
 #include <QTextDocument>
 #include <QTimer>
 #include <QWindow>
@@ -129,10 +128,8 @@ void QcArrowTip::setTriangleDirection(TriangleDirection direction)
 void QcArrowTip::setReferenceWidget(QPointer<QWidget> widget)
 {
     m_reference = widget;
-    if (!m_reference)
-        return;
-    m_reference->installEventFilter(this);
-    m_reference->window()->installEventFilter(this);
+    if (isVisible())
+        WatchReference();
 }
 
 void QcArrowTip::show()
@@ -163,12 +160,17 @@ void QcArrowTip::adjustWidth()
 
 void QcArrowTip::adjustPositionAsync()
 {
+    // A hidden tip is placed when it shows, and one placement serves all that ask for it meanwhile.
+    if (m_isPlacementDue || !isVisible())
+        return;
+    m_isPlacementDue = true;
     // Later, since inside a move or resize event neither the reference nor the tip has its place and size yet.
     QTimer::singleShot(1, this, &QcArrowTip::Place);
 }
 
 void QcArrowTip::Place()
 {
+    m_isPlacementDue = false;
     if (!m_reference)
         return;
     const QPoint origin = m_reference->mapToGlobal(QPoint(0, 0));
@@ -188,6 +190,14 @@ void QcArrowTip::Place()
         move(centredX, origin.y() - m_gap - height());
         break;
     }
+}
+
+void QcArrowTip::WatchReference()
+{
+    if (!m_reference)
+        return;
+    m_reference->installEventFilter(this);
+    m_reference->window()->installEventFilter(this);
 }
 
 bool QcArrowTip::eventFilter(QObject *watched, QEvent *event)
@@ -210,8 +220,19 @@ void QcArrowTip::showEvent(QShowEvent *event)
     // Qt leaves a tip whose parent changed its window in front of the old one, to minimise and close with that.
     if (windowHandle() && parentWidget())
         windowHandle()->setTransientParent(parentWidget()->window()->windowHandle());
+    WatchReference();
     adjustPositionAsync();
     QFrame::showEvent(event);
+}
+
+void QcArrowTip::hideEvent(QHideEvent *event)
+{
+    // Each filter costs every event of the window, and a form has hundreds of hidden tips.
+    if (m_reference) {
+        m_reference->removeEventFilter(this);
+        m_reference->window()->removeEventFilter(this);
+    }
+    QFrame::hideEvent(event);
 }
 
 // --- Painting ---

@@ -17,8 +17,9 @@ class QcMultiLineText;
 
 /// A small bubble with a triangle that points at a reference widget and stays beside it while it or its window moves.
 ///
-/// The tip is a window of its own that never takes the keyboard. It is placed 1 millisecond after each cause, and not kept on
-/// the screen: beside an edge it is cut off. QcArrowTipGlobal shows one tip for many widgets as the mouse enters them.
+/// The tip is a window of its own that never takes the keyboard. While it shows it is placed within 1 millisecond of each cause,
+/// the show among them, and not kept on the screen: beside an edge it is cut off. QcArrowTipGlobal shows one tip for many widgets as the
+/// mouse enters them.
 class VELMORA_EXPORT QcArrowTip : public QFrame
 {
     Q_OBJECT
@@ -54,11 +55,13 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     void adjustPositionAsync();
     void adjustWidth();
     void Place();
+    void WatchReference();
 
     QHBoxLayout *m_outerLayout;
     QHBoxLayout *m_innerLayout;
@@ -71,6 +74,7 @@ private:
     int m_maxWidth = 100;
     QString m_text;
     QString m_textColorParams;
+    bool m_isPlacementDue = false;
 };
 
 } // namespace Velmora

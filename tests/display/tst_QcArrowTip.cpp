@@ -4,9 +4,11 @@
 #include <Velmora/QcArrowTip.h>
 #include <Velmora/QcMultiLineText.h>
 
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QEventLoop>
 #include <QLayout>
+#include <QPointer>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -93,6 +95,29 @@ struct Stage
     QWidget window;
     QWidget *reference;
     QcArrowTip tip;
+};
+
+/// How many timers of one shot are running. Each is a child of the event dispatcher.
+int TimersUnderWay()
+{
+    int count = 0;
+    for (const QObject *child : QAbstractEventDispatcher::instance()->children())
+        count += child->inherits("QSingleShotTimer") ? 1 : 0;
+    return count;
+}
+
+/// A tip that counts what it hears of its reference and that one's window.
+class ListeningTip : public QcArrowTip
+{
+public:
+    int heard = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        ++heard;
+        return QcArrowTip::eventFilter(watched, event);
+    }
 };
 
 QSize SizeOf(QcArrowTip &tip)
@@ -252,6 +277,120 @@ private Q_SLOTS:
         AwaitPlacements();
         QCOMPARE(tip.pos(), before);
         QVERIFY(tip.isVisible());
+    }
+
+    void a_hidden_tip_starts_no_timer()
+    {
+        Stage stage;
+        AwaitPlacements();
+        const int before = TimersUnderWay();
+        QcArrowTip tip;
+        tip.setReferenceWidget(stage.reference);
+        tip.setText(kLongText);
+        tip.setMaxWidth(200);
+        stage.window.resize(250, 150);
+        stage.window.move(310, 310);
+        stage.reference->move(25, 35);
+        DrainEvents();
+        QCOMPARE(TimersUnderWay(), before);
+    }
+
+    void all_causes_of_a_moment_share_one_placement()
+    {
+        Stage stage;
+        stage.ShowTip();
+        const int before = TimersUnderWay();
+        stage.tip.setText(kLongText);
+        stage.tip.setMaxWidth(200);
+        for (int x = 0; x < 10; ++x)
+            stage.window.move(300 + x, 300);
+        QCOMPARE(TimersUnderWay(), before + 1);
+        AwaitPlacements();
+        QCOMPARE(TimersUnderWay(), before);
+        QCOMPARE(stage.tip.pos(), stage.Place());
+    }
+
+    void a_hidden_tip_hears_nothing_of_its_window()
+    {
+        Stage stage;
+        ListeningTip tip;
+        tip.setReferenceWidget(stage.reference);
+        stage.window.resize(250, 150);
+        stage.reference->resize(20, 20);
+        QCOMPARE(tip.heard, 0);
+        tip.show();
+        DrainEvents();
+        tip.heard = 0;
+        stage.window.resize(260, 160);
+        stage.reference->resize(30, 30);
+        QVERIFY(tip.heard > 1);
+        tip.hide();
+        DrainEvents();
+        tip.heard = 0;
+        stage.window.resize(250, 150);
+        stage.reference->resize(20, 20);
+        QCOMPARE(tip.heard, 0);
+    }
+
+    void a_tip_shown_again_stands_beside_its_reference_and_follows_it()
+    {
+        Stage stage;
+        stage.ShowTip();
+        stage.tip.hide();
+        stage.window.move(350, 350);
+        stage.reference->setGeometry(30, 40, 50, 20);
+        AwaitPlacements();
+        stage.tip.show();
+        AwaitPlacements();
+        QCOMPARE(stage.tip.pos(), stage.Place());
+        stage.window.move(200, 200);
+        AwaitPlacements();
+        QCOMPARE(stage.tip.pos(), stage.Place());
+    }
+
+    void a_tip_shown_again_follows_the_window_into_which_its_reference_came()
+    {
+        Stage stage;
+        stage.ShowTip();
+        stage.tip.hide();
+        QWidget other;
+        other.setGeometry(100, 200, 200, 100);
+        stage.reference->setParent(&other);
+        other.show();
+        stage.reference->show();
+        stage.tip.show();
+        AwaitPlacements();
+        QCOMPARE(stage.tip.pos(), stage.Place());
+        other.move(150, 220);
+        AwaitPlacements();
+        QCOMPARE(stage.tip.pos(), stage.Place());
+        stage.reference->setParent(&stage.window);
+    }
+
+    void a_reference_given_in_sight_is_followed()
+    {
+        Stage first;
+        Stage second;
+        first.ShowTip();
+        first.tip.setReferenceWidget(second.reference);
+        second.window.move(150, 160);
+        AwaitPlacements();
+        QCOMPARE(first.tip.pos(), PlaceOf(first.tip, *second.reference, 3));
+    }
+
+    void a_receiver_of_its_contents_height_may_delete_it()
+    {
+        for (const bool byWidth : {false, true}) {
+            auto *tip = new QcArrowTip;
+            const QPointer<QcArrowTip> guard(tip);
+            tip->setText(QStringLiteral("Tip"));
+            if (byWidth)
+                tip->setText(kLongText);
+            connect(ContentOf(*tip), &QcMultiLineText::signalHeightChanged, this, [guard] { delete guard; });
+            byWidth ? tip->setMaxWidth(400) : tip->setText(kLongText);
+            QVERIFY(!guard);
+            DrainEvents();
+        }
     }
 
     void a_short_text_makes_a_narrow_tip()

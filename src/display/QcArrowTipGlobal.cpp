@@ -1,5 +1,6 @@
 #include <Velmora/QcArrowTipGlobal.h>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QTextDocumentFragment>
 
@@ -17,8 +18,26 @@ QcArrowTipGlobal *QcArrowTipGlobal::instance()
 }
 
 QcArrowTipGlobal::QcArrowTipGlobal()
-    : m_tip(new QcArrowTip) // never deleted: a static may outlive the application object, and no widget can be deleted after it
 {
+    MakeTip();
+}
+
+QcArrowTipGlobal::~QcArrowTipGlobal()
+{
+    qRemovePostRoutine(&DeleteTip); // a static application object goes later
+}
+
+/// The tip has no parent. No widget outlives the application object, and a process may have several, one after the other.
+void QcArrowTipGlobal::MakeTip()
+{
+    m_tip = new QcArrowTip; // deleted by DeleteTip()
+    qRemovePostRoutine(&DeleteTip);
+    qAddPostRoutine(&DeleteTip);
+}
+
+void QcArrowTipGlobal::DeleteTip()
+{
+    delete instance()->m_tip;
 }
 
 void QcArrowTipGlobal::registerWidget(QWidget *widget, const TipInfo &info)
@@ -86,10 +105,13 @@ bool QcArrowTipGlobal::eventFilter(QObject *watched, QEvent *event)
 void QcArrowTipGlobal::ShowTip(QWidget *widget, const TipInfo &info)
 {
     if (!m_tip)
-        m_tip = new QcArrowTip; // a host deleted all top-level widgets
+        MakeTip(); // the first hover in this application, or a host deleted all top-level widgets
     m_tip->setReferenceWidget(widget);
-    m_tip->setText(info.text);
-    m_tip->setMaxWidth(info.maxWidth);
+    m_tip->setText(info.text); // from here on the host may delete it, told of the height of its content
+    if (m_tip)
+        m_tip->setMaxWidth(info.maxWidth);
+    if (!m_tip)
+        return;
     m_tip->setTextColorParams(info.textColorParams);
     m_tip->setTriangleDirection(info.direction);
     m_tip->show();

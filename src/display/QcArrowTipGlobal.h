@@ -19,8 +19,8 @@ class VELMORA_EXPORT QcArrowTipGlobal : public QObject
     Q_OBJECT
 
 public:
-    /// The one instance, made at its first use. Its tip lives to the end of the process; a host that deletes it gets a
-    /// new one with the next hover.
+    /// The one instance, made at its first use. Its tip goes with the application object; the next application, like a host that
+    /// deletes the tip, gets a new one with the next hover.
     static QcArrowTipGlobal *instance();
 
     /// Gives \a widget a tip, in place of an earlier one. The widget may die registered. Null is ignored.
@@ -41,6 +41,9 @@ private Q_SLOTS:
 
 private:
     QcArrowTipGlobal();
+    ~QcArrowTipGlobal() override;
+    void MakeTip();
+    static void DeleteTip();
     void ShowTip(QWidget *widget, const TipInfo &info);
     void Describe(QWidget *widget, const QString &description);
 

@@ -1,4 +1,5 @@
 #include "support/AccessibleEvents.h"
+#include "support/Pixels.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcArrowTipGlobal.h>
@@ -6,7 +7,9 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QEventLoop>
 #include <QTextDocument>
+#include <QTimer>
 
 #include <memory>
 
@@ -154,6 +157,27 @@ private Q_SLOTS:
         QVERIFY(SharedTip()->isVisible());
     }
 
+    void its_text_has_the_colour_of_the_info()
+    {
+        Stage stage;
+        TipInfo info;
+        info.text = QString(4, QChar(0x2588));
+        info.textColorParams = QStringLiteral("tip/danger");
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, info);
+        info.textColorParams = QStringLiteral("brand/brand");
+        QcArrowTipGlobal::instance()->registerWidget(stage.second, info);
+        const auto colorOver = [&stage](const QWidget &widget) {
+            stage.Hover(QPoint(5, 295));
+            DrainEvents();
+            stage.Hover(widget);
+            DrainEvents();
+            const QImage bubble = Part(Render(*SharedTip()), QRectF(QPointF(8, 8), QSizeF(SharedTip()->size() - QSize(16, 16))));
+            return MainInk(bubble, TokenOf(Table::Light, QStringLiteral("base/neutral/neutral_invert")));
+        };
+        COMPARE_COLOR(colorOver(*stage.first), TokenOf(Table::Light, QStringLiteral("tip/danger")));
+        COMPARE_COLOR(colorOver(*stage.second), TokenOf(Table::Light, QStringLiteral("brand/brand")));
+    }
+
     void registering_again_replaces_the_info()
     {
         Stage stage;
@@ -188,6 +212,10 @@ private Q_SLOTS:
         QcArrowTipGlobal::instance()->registerWidget(nullptr, QStringLiteral("One"));
         QcArrowTipGlobal::instance()->registerWidget(nullptr, TipInfo());
         QcArrowTipGlobal::instance()->unregisterWidget(nullptr);
+        Stage stage;
+        stage.Hover(*stage.first);
+        DrainEvents();
+        QVERIFY(!SharedTip()->isVisible());
     }
 
     void a_widget_that_dies_under_the_mouse_leaves_the_tip_until_another_is_left()
@@ -214,10 +242,13 @@ private Q_SLOTS:
         QTRY_VERIFY(SharedTip()->isVisible());
         delete stage.first;
         DrainEvents();
-        const QPoint before = SharedTip()->pos();
+        SharedTip()->move(7, 7);
         stage.window.move(110, 110);
-        QTest::qWait(20);
-        QCOMPARE(SharedTip()->pos(), before);
+        SharedTip()->resize(SharedTip()->size() + QSize(1, 1)); // asks for a placement
+        QEventLoop placed;
+        QTimer::singleShot(2, &placed, &QEventLoop::quit); // timers run in the order of their ends
+        placed.exec();
+        QCOMPARE(SharedTip()->pos(), QPoint(7, 7));
     }
 
     void many_widgets_may_die_registered()
@@ -246,6 +277,25 @@ private Q_SLOTS:
         stage.Hover(*stage.first);
         QTRY_VERIFY(SharedTip());
         QTRY_VERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("One"));
+        delete SharedTip();
+    }
+
+    void a_host_may_delete_the_tip_while_it_takes_its_text() // leaves none either
+    {
+        Stage stage;
+        QcArrowTipGlobal::instance()->registerWidget(stage.first, QStringLiteral("One"));
+        QcArrowTipGlobal::instance()->registerWidget(stage.second, QStringLiteral("One<br>Two"));
+        stage.Hover(*stage.first);
+        QTRY_VERIFY(SharedTip());
+        stage.Hover(QPoint(5, 295));
+        QTRY_VERIFY(!SharedTip()->isVisible());
+        connect(SharedTip()->findChild<QcMultiLineText *>(), &QcMultiLineText::signalHeightChanged, this, [] { delete SharedTip(); });
+        stage.Hover(*stage.second);
+        DrainEvents();
+        QVERIFY(!SharedTip());
+        stage.Hover(*stage.first);
+        QTRY_VERIFY(SharedTip());
         QCOMPARE(TextOf(*SharedTip()), QStringLiteral("One"));
         delete SharedTip();
     }

@@ -38,6 +38,8 @@ QcWindow::QcWindow(QWidget *parent)
     SetUpForm();
     connect(ui->m_minButton, &QAbstractButton::clicked, this, &QcWindow::onMinButtonClicked);
     connect(ui->m_maxRestoreButton, &QAbstractButton::toggled, this, &QcWindow::onMaxRestoreButtonToggled);
+    // A click does something, also in the turn of the main loop in which the state has changed.
+    connect(ui->m_maxRestoreButton, &QAbstractButton::pressed, this, &QcWindow::FollowWindowState);
     connect(ui->m_closeButton, &QAbstractButton::clicked, this, &QcWindow::onCloseButtonClicked);
     ui->m_titleFrame->installEventFilter(this);
 
@@ -119,6 +121,8 @@ void QcWindow::onMinButtonClicked()
 
 void QcWindow::onMaxRestoreButtonToggled()
 {
+    if (ui->m_maxRestoreButton->isChecked() == isMaximized())
+        return; // the button followed the window
     if (ui->m_maxRestoreButton->isChecked())
         showMaximized();
     else
@@ -128,6 +132,11 @@ void QcWindow::onMaxRestoreButtonToggled()
 void QcWindow::onCloseButtonClicked()
 {
     close();
+}
+
+void QcWindow::FollowWindowState()
+{
+    ui->m_maxRestoreButton->setChecked(isMaximized());
 }
 
 bool QcWindow::eventFilter(QObject *watched, QEvent *event)
@@ -143,6 +152,9 @@ void QcWindow::changeEvent(QEvent *event)
     QcFrame::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         Retranslate();
+    // Later, when whoever changes the state has done with the window: the host may listen to the button.
+    if (event->type() == QEvent::WindowStateChange)
+        QMetaObject::invokeMethod(this, &QcWindow::FollowWindowState, Qt::QueuedConnection);
 }
 
 void QcWindow::closeEvent(QCloseEvent *event)

@@ -22,8 +22,9 @@ struct Ui_QcWindow;
 ///
 /// A press of any mouse button on the title row moves it, a double click there maximises and restores it; its edges do not resize
 /// it. 600 by 400 pixels at first. The title buttons stand outside of the Tab order, as those of a system frame do.
-/// The middle button stays checked while the window is maximised, by it or by a double click; a window maximised by another
-/// road leaves it as it was. While the mouse moves over a window, a cursor set on the window itself is unset: set it on the content.
+/// The middle button is checked while the window is maximised. Where the desktop or the host changes that, it follows back in the main
+/// loop, so that a click always does something. To delete a window when its button is toggled use deleteLater(), as Qt asks. While the
+/// mouse moves over a window, a cursor set on the window itself is unset: set it on the content.
 class VELMORA_EXPORT QcWindow : public QcFrame
 {
     Q_OBJECT
@@ -66,6 +67,7 @@ private Q_SLOTS:
 private:
     void SetUpForm();
     void Retranslate();
+    void FollowWindowState();
 
     Ui_QcWindow *ui;
     QcWindowHandler *m_windowHandler = nullptr;

@@ -112,6 +112,17 @@ void Ask(QWidget *window)
     Say(QStringLiteral("answer%1").arg(Velmora::exec(&dialog, window)));
 }
 
+/// Has a window go and come back as it would if it had been maximised when its program last ran.
+void ComeBackMaximised(QWidget *window)
+{
+    window->hide();
+    window->setWindowState(Qt::WindowMaximized);
+    const QByteArray geometry = window->saveGeometry();
+    window->setWindowState(Qt::WindowNoState);
+    window->restoreGeometry(geometry);
+    window->show();
+}
+
 int ShowWindow(const QString &option)
 {
     QcWindow window(nullptr);
@@ -119,6 +130,8 @@ int ShowWindow(const QString &option)
     QObject::connect(&window, &QcWindow::signalClose, [] { Say(QStringLiteral("closed")); });
     if (option == QLatin1String("asking"))
         QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { Ask(&window); });
+    if (option == QLatin1String("returning"))
+        QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { ComeBackMaximised(&window); });
     QcArrowTip tip(&window);
     tip.setReferenceWidget(button);
     tip.setText(QStringLiteral("Here"));
@@ -157,6 +170,27 @@ int ShowPanel()
     return QApplication::exec();
 }
 
+/// A window with a frame of the window manager, and another one centred on it.
+int ShowFramed()
+{
+    QWidget framed;
+    framed.setWindowTitle(QStringLiteral("main window"));
+    ShowAt(&framed);
+    QcWindow window(nullptr);
+    window.setWindowTitle(QStringLiteral("centred"));
+    window.setFixedSize(200, 120);
+    // Once the window manager has framed it.
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &window, [&] {
+        if (framed.frameGeometry() == framed.geometry() || window.isVisible())
+            return;
+        window.setAttribute(Qt::WA_ShowWithoutActivating);
+        window.showToCenter(&framed);
+    });
+    timer.start(10);
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -172,5 +206,7 @@ int main(int argc, char **argv)
         return ShowDialog(arguments.value(2));
     if (what == QLatin1String("panel"))
         return ShowPanel();
+    if (what == QLatin1String("framed"))
+        return ShowFramed();
     return 1;
 }

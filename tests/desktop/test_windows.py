@@ -39,7 +39,7 @@ class Stage:
         self.window = wait_for(lambda: self.windows("main window"), "the stage's window on the desktop")[0]
         # Shown is not yet painted.
         x, y, _, _ = self.geometry
-        wait_for(lambda: self.desktop.pixel(x + 200, y + 60) == token("bg/bg_box") or "panel" in kind, "the window's ground")
+        wait_for(lambda: self.desktop.pixel(x + 200, y + 60) == token("bg/bg_box") or kind[0] in ("panel", "framed"), "the window's ground")
 
     def _read(self):
         for line in self.process.stdout:
@@ -251,6 +251,42 @@ class WindowsTest(unittest.TestCase):
         self.desktop.click(*stage.at("m_closeButton"))
         self.assertEqual(stage.process.wait(TIMEOUT), 0)
         self.assertEqual(stage.said, ["closed"])
+
+    def test_one_click_answers_a_window_that_the_desktop_maximised_or_restored(self):
+        stage = self.show("window")
+        before = stage.geometry
+        self.desktop.keys("super+m")
+        wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the desktop to maximise the window")
+        self.desktop.click(*stage.at("m_maxRestoreButton"))
+        wait_for(lambda: not stage.maximized and stage.geometry == before, "one click to restore it")
+        self.desktop.click(*stage.at("m_maxRestoreButton"))
+        wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "one click to maximise it")
+        self.desktop.keys("super+m")
+        wait_for(lambda: not stage.maximized and stage.geometry == before, "the desktop to restore the window")
+        button = stage.at("m_maxRestoreButton", 3, 3)
+        self.desktop.point_at(*stage.inside(20, 250))
+        wait_for(lambda: self.desktop.pixel(*button) == token("bg/bg_box"), "the button to look unchecked", 15)
+        self.desktop.click(*stage.at("m_maxRestoreButton"))
+        wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "one click to maximise it again")
+
+    def test_one_click_answers_a_window_that_came_back_maximised(self):
+        stage = self.show("window", "returning")
+        before = stage.geometry
+        self.desktop.click(*stage.at("pushMe"))
+        wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the window to come back maximised")
+        button = stage.at("m_maxRestoreButton", 3, 3)
+        wait_for(lambda: self.desktop.pixel(*button) != token("bg/bg_box"), "the button to look checked", 15)
+        self.desktop.click(*stage.at("m_maxRestoreButton"))
+        wait_for(lambda: not stage.maximized and stage.geometry == before, "one click to restore it")
+
+    def test_a_window_is_centred_on_the_inside_of_a_framed_one(self):
+        stage = self.show("framed")
+        _, _, top, bottom = (int(number) for number in self.desktop.property(stage.window, "_NET_FRAME_EXTENTS").split(","))
+        self.assertGreater(top, bottom + 4) # a caption, else there is nothing to tell inside and frame by
+        window = wait_for(lambda: stage.windows("centred"), "the centred window")[0]
+        x, y, width, height = self.desktop.geometry(stage.window)
+        wait_for(lambda: self.desktop.geometry(window) == (x + (width - 200) // 2, y + (height - 120) // 2, 200, 120),
+                 "the window to be centred", 15)
 
     def test_title_buttons_of_a_dialog(self):
         stage = self.show("dialog")

@@ -9,6 +9,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <functional>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -135,14 +137,96 @@ private Q_SLOTS:
         QVERIFY(!window.isMaximized());
     }
 
-    void a_window_maximised_by_another_road_leaves_the_button()
+    void its_button_follows_the_window_system()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        auto *button = Child<QcIconButton>(window, "m_maxRestoreButton");
+        window.windowHandle()->setWindowStates(Qt::WindowMaximized); // as the window system tells it
+        QTRY_VERIFY(window.isMaximized());
+        QTRY_VERIFY(button->isChecked());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(!window.isMaximized() && !button->isChecked());
+
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(window.isMaximized());
+        window.windowHandle()->setWindowStates(Qt::WindowNoState);
+        QTRY_VERIFY(!window.isMaximized());
+        QTRY_VERIFY(!button->isChecked());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(window.isMaximized() && button->isChecked());
+    }
+
+    void its_button_follows_a_restored_geometry()
+    {
+        QByteArray geometry;
+        {
+            QcWindow window(nullptr);
+            window.showMaximized();
+            geometry = window.saveGeometry();
+        }
+        QcWindow window(nullptr);
+        QVERIFY(window.restoreGeometry(geometry));
+        DrainEvents();
+        QVERIFY(!window.isVisible());
+        window.show();
+        auto *button = Child<QcIconButton>(window, "m_maxRestoreButton");
+        QTRY_VERIFY(button->isChecked());
+        QVERIFY(window.isMaximized());
+        QTest::mouseDClick(window.getTitleFrame(), Qt::LeftButton);
+        QVERIFY(!window.isMaximized() && !button->isChecked());
+    }
+
+    void a_click_in_the_turn_of_a_change_does_something()
+    {
+        QcWindow window(nullptr);
+        auto *button = Child<QcIconButton>(window, "m_maxRestoreButton");
+        window.showMaximized();
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(!window.isMaximized() && !button->isChecked());
+        DrainEvents();
+        QVERIFY(!window.isMaximized() && !button->isChecked());
+    }
+
+    void a_minimised_window_stays_so_and_its_button_checked_while_it_is_maximised()
     {
         QcWindow window(nullptr);
         window.showMaximized();
-        QVERIFY(!Child<QcIconButton>(window, "m_maxRestoreButton")->isChecked());
-        // The first toggle then maximises what is maximised.
-        QTest::mouseDClick(window.getTitleFrame(), Qt::LeftButton);
-        QVERIFY(window.isMaximized());
+        window.showMinimized();
+        DrainEvents();
+        QVERIFY(window.isMinimized());
+        QVERIFY(Child<QcIconButton>(window, "m_maxRestoreButton")->isChecked());
+    }
+
+    void a_full_screen_becomes_maximised_by_a_click()
+    {
+        QcWindow window(nullptr);
+        auto *button = Child<QcIconButton>(window, "m_maxRestoreButton");
+        window.showMaximized();
+        DrainEvents();
+        window.showFullScreen();
+        DrainEvents();
+        QVERIFY(window.isFullScreen() && !button->isChecked());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(window.isMaximized() && !window.isFullScreen());
+    }
+
+    void a_host_may_delete_a_window_later_whose_button_toggles()
+    {
+        const std::function<void(QcWindow &)> roads[] = {
+            [](QcWindow &window) { QTest::mouseClick(Child<QcIconButton>(window, "m_maxRestoreButton"), Qt::LeftButton); },
+            [](QcWindow &window) { QTest::mouseDClick(window.getTitleFrame(), Qt::LeftButton); },
+            [](QcWindow &window) { window.showMaximized(); },
+        };
+        for (const auto &maximise : roads) {
+            const QPointer<QcWindow> window = new QcWindow(nullptr); // deleted by its button
+            connect(Child<QcIconButton>(*window, "m_maxRestoreButton"), &QAbstractButton::toggled, window, &QObject::deleteLater);
+            window->show();
+            maximise(*window);
+            QVERIFY(window);
+            QVERIFY(window->isMaximized());
+            QTRY_VERIFY(!window);
+        }
     }
 
     void without_its_filter_a_double_click_does_nothing()

@@ -126,6 +126,10 @@ void QcDialog::SetUpBottomRow()
     ui->m_okButton = MakeBottomButton<QcPrimaryButton>(ui->m_bottomFrame, QStringLiteral("m_okButton"));
     ui->m_cancelButton = MakeBottomButton<QcSecondaryButton>(ui->m_bottomFrame, QStringLiteral("m_cancelButton"));
     ui->m_bottomFrame->hide();
+    for (QWidget *widget :
+         {static_cast<QWidget *>(ui->m_bottomFrame), static_cast<QWidget *>(ui->m_okButton), static_cast<QWidget *>(ui->m_cancelButton)})
+        widget->installEventFilter(this);
+    OfferBottomButtons();
 }
 
 void QcDialog::Retranslate()
@@ -255,10 +259,39 @@ void QcDialog::onCloseButtonClicked()
     close();
 }
 
+void QcDialog::OfferBottomButtons()
+{
+    // Qt gives Enter to the first button that offers itself, hidden or not.
+    for (QPushButton *button : {static_cast<QPushButton *>(ui->m_okButton), static_cast<QPushButton *>(ui->m_cancelButton)}) {
+        const bool isOffered = button->isVisibleTo(this);
+        button->setAutoDefault(isOffered);
+        if (!isOffered)
+            button->setDefault(false);
+    }
+    if (isVisible())
+        ChooseDefault();
+}
+
+void QcDialog::ChooseDefault()
+{
+    const auto buttons = findChildren<QPushButton *>();
+    if (std::any_of(buttons.cbegin(), buttons.cend(), [](const QPushButton *button) { return button->isDefault(); }))
+        return;
+    // As Qt does when a dialog shows: the first one behind the focus.
+    QWidget *focus = focusWidget() ? focusWidget() : this;
+    for (QWidget *next = focus->nextInFocusChain(); next != focus; next = next->nextInFocusChain()) {
+        auto *button = qobject_cast<QPushButton *>(next);
+        if (button && button->autoDefault() && button->focusPolicy() != Qt::NoFocus)
+            return button->setDefault(true);
+    }
+}
+
 bool QcDialog::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == ui->m_titleFrame && event->type() == QEvent::MouseButtonDblClick)
         return true; // a dialog is not maximised by its title row
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        OfferBottomButtons();
     return QDialog::eventFilter(watched, event);
 }
 

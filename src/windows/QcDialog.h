@@ -40,7 +40,7 @@ public:
     /// A dialog without its title row cannot be moved with the mouse.
     void setTitleBarVisible(bool visible);
     void setCloseButtonVisible(bool visible);
-    /// The row with OK and Cancel. Those two show only inside of it.
+    /// The row with OK and Cancel. Those two show only inside of it, and Enter goes to them only while they show.
     void setBottomFrameVisible(bool visible);
     void setOkButtonVisible(bool visible);
     void setCancelButtonVisible(bool visible);
@@ -87,6 +87,8 @@ private:
     void SetUpForm();
     void SetUpBottomRow();
     void Retranslate();
+    void OfferBottomButtons();
+    void ChooseDefault();
 
     Ui_QcDialog *ui;
     QcWindowHandler *m_windowHandler = nullptr;

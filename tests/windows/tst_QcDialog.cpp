@@ -13,6 +13,8 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -32,6 +34,47 @@ QImage Shadow(const QWidget &dialog, double radius)
     DrawShadow(painter, kPanel, shadow);
     return image;
 }
+
+/// A dialog with an edit and a button of its host, which tells whom Enter in the edit reaches.
+struct Form
+{
+    Form()
+    {
+        auto *column = new QVBoxLayout(dialog.getContentFrame());
+        column->addWidget(edit);
+        column->addWidget(host);
+        Tell(host, QStringLiteral("host"));
+        for (const char *name : {"m_okButton", "m_cancelButton"}) {
+            auto *button = Child<QPushButton>(dialog, name);
+            button->disconnect(&dialog); // the dialog stays
+            Tell(button, QLatin1String(name) == QLatin1String("m_okButton") ? QStringLiteral("ok") : QStringLiteral("cancel"));
+        }
+    }
+
+    void Tell(QPushButton *button, const QString &text)
+    {
+        QObject::connect(button, &QAbstractButton::clicked, &dialog, [this, text] { answer = text; });
+    }
+
+    bool Show()
+    {
+        dialog.show();
+        edit->setFocus();
+        return QTest::qWaitForWindowActive(&dialog);
+    }
+
+    QString AnswerToEnter()
+    {
+        answer.clear();
+        QTest::keyClick(edit, Qt::Key_Return);
+        return answer;
+    }
+
+    QcDialog dialog{nullptr};
+    QLineEdit *edit = new QLineEdit;     // the dialog's
+    QPushButton *host = new QPushButton; // the dialog's
+    QString answer;
+};
 
 } // namespace
 
@@ -273,7 +316,7 @@ private Q_SLOTS:
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
     }
 
-    void enter_does_nothing_without_a_bottom_row()
+    void enter_does_nothing_without_a_button_that_shows()
     {
         QcDialog dialog(nullptr);
         auto *edit = new QLineEdit(dialog.getContentFrame());
@@ -282,6 +325,83 @@ private Q_SLOTS:
         QCOMPARE(dialog.focusWidget(), edit);
         QTest::keyClick(edit, Qt::Key_Return);
         QVERIFY(dialog.isVisible());
+    }
+
+    void enter_reaches_the_hosts_button_while_the_bottom_row_is_hidden()
+    {
+        Form form;
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host"));
+        form.dialog.setBottomFrameVisible(true);
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host")); // a default stays
+        form.dialog.setBottomFrameVisible(false);
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host"));
+    }
+
+    void enter_reaches_a_bottom_button_as_soon_as_it_shows()
+    {
+        Form form;
+        delete form.host;
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QString());
+        form.dialog.setBottomFrameVisible(true);
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("ok"));
+        form.dialog.setOkButtonVisible(false);
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("cancel"));
+        form.dialog.setCancelButtonVisible(false);
+        QCOMPARE(form.AnswerToEnter(), QString());
+        form.dialog.setOkButtonVisible(true);
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("ok"));
+        form.dialog.setBottomFrameVisible(false);
+        QCOMPARE(form.AnswerToEnter(), QString());
+    }
+
+    void enter_goes_from_a_bottom_button_that_hides_to_the_hosts()
+    {
+        Form form;
+        form.dialog.setBottomFrameVisible(true);
+        auto *ok = Child<QcPrimaryButton>(form.dialog, "m_okButton");
+        ok->setDefault(true);
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("ok"));
+        ok->hide(); // by its host, past the dialog
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host"));
+        ok->show();
+        form.edit->setFocus();
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host"));
+    }
+
+    void a_default_of_the_host_stays_the_default()
+    {
+        Form form;
+        auto *other = new QPushButton(form.dialog.getContentFrame());
+        connect(other, &QAbstractButton::clicked, this, [&] { form.answer = QStringLiteral("other"); });
+        other->setDefault(true);
+        form.dialog.setBottomFrameVisible(true);
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("other"));
+        form.dialog.setBottomFrameVisible(false);
+        form.dialog.setBottomFrameVisible(true);
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("other"));
+    }
+
+    void only_bottom_buttons_that_show_offer_themselves_to_enter()
+    {
+        QcDialog dialog(nullptr);
+        const auto *ok = Child<QcPrimaryButton>(dialog, "m_okButton");
+        const auto *cancel = Child<QcSecondaryButton>(dialog, "m_cancelButton");
+        const auto offered = [&] { return std::make_pair(ok->autoDefault(), cancel->autoDefault()); };
+        QCOMPARE(offered(), std::make_pair(false, false));
+        dialog.setBottomFrameVisible(true); // also before the dialog shows
+        QCOMPARE(offered(), std::make_pair(true, true));
+        dialog.setOkButtonVisible(false);
+        QCOMPARE(offered(), std::make_pair(false, true));
+        dialog.setBottomFrameVisible(false);
+        dialog.setOkButtonVisible(true);
+        QCOMPARE(offered(), std::make_pair(false, false));
+        dialog.setBottomFrameVisible(true);
+        dialog.setCancelButtonVisible(false);
+        QCOMPARE(offered(), std::make_pair(true, false));
     }
 
     void shows_centred_on_the_window_of_a_reference()

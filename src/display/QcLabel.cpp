@@ -5,10 +5,12 @@
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <QtMath>
 
 namespace Velmora {
 
@@ -40,6 +42,37 @@ void QcLabel::setText(const QString &text)
         UpdateIcon();
     updateGeometry();
 }
+
+// --- Size ---
+
+QSize QcLabel::sizeHint() const
+{
+    return QLabel::text().isEmpty() ? QLabel::sizeHint() : TextSize();
+}
+
+QSize QcLabel::minimumSizeHint() const
+{
+    return QLabel::text().isEmpty() ? QLabel::minimumSizeHint() : TextSize();
+}
+
+int QcLabel::heightForWidth(int width) const
+{
+    return QLabel::text().isEmpty() ? QLabel::heightForWidth(width) : TextSize().height();
+}
+
+/// The room that the text takes uncut.
+QSize QcLabel::TextSize() const
+{
+    ensurePolished();
+    const QFontMetricsF metrics(font(), this);
+    const QString text = QLabel::text();
+    // Eliding takes all lines for one, and cuts what is wider by a fraction of a pixel.
+    const qreal run = metrics.horizontalAdvance(text);
+    const QSizeF lines = metrics.size(0, text);
+    return QSize(qCeil(qMax(run, lines.width())), qCeil(lines.height())).expandedTo(minimumSize());
+}
+
+// --- Icon ---
 
 void QcLabel::SetIconPath(const QString &path)
 {
@@ -73,6 +106,8 @@ void QcLabel::UpdateIcon()
     m_shownIcon = icon.cacheKey();
     setPixmap(icon);
 }
+
+// --- Painting ---
 
 void QcLabel::resizeEvent(QResizeEvent * /*event*/)
 {

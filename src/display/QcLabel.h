@@ -8,10 +8,11 @@
 
 namespace Velmora {
 
-/// A themed label: one line of text, elided at its right end, or an icon that fills it.
+/// A themed label: text as it stands, elided at its right end, or an icon that fills it.
 ///
-/// Word wrap, rich text, indent and frame of QLabel play no part. With both a text and an icon only the text shows;
-/// the icon appears when the text goes.
+/// Word wrap, rich text, mnemonics, indent, margin and frame of QLabel play no part, in what is painted and in the size hints
+/// alike: those are of the whole text. A text with line breaks is painted in lines, and elided as if it had none. With both a text and an
+/// icon only the text shows; the icon appears when the text goes.
 ///
 /// Give a label that shows an icon a fixed size. The icon is made as large as the label, and the size hints of QLabel ask for
 /// room for the picture: in a layout the label never shrinks, and with a margin it grows at each pass.
@@ -46,6 +47,10 @@ public:
     /// The colour code of the icon.
     void SetIconColorParams(const QString &code);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -53,6 +58,7 @@ protected:
 private:
     ImageParams IconParams() const;
     void UpdateIcon();
+    QSize TextSize() const;
     bool ShowsIcon() const;
     QRect ContentsPlace() const;
     void PaintIcon();

@@ -8,6 +8,8 @@
 
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
@@ -281,6 +283,111 @@ private Q_SLOTS:
         label.setTextFormat(Qt::RichText);
         label.resize(90, 50);
         QCOMPARE(Render(label), Reference(label));
+    }
+
+    void a_text_is_whole_at_its_size_hint_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("one letter") << QStringLiteral("W");
+        QTest::newRow("words") << QStringLiteral("Some words, and more");
+        QTest::newRow("thin letters") << QStringLiteral("illicit Till");
+        QTest::newRow("mnemonic") << QStringLiteral("&Class name:");
+        QTest::newRow("markup") << QStringLiteral("<b>x</b>");
+        QTest::newRow("entity") << QStringLiteral("a &amp; b &lt; c");
+        QTest::newRow("two lines") << QStringLiteral("One line\nanother line");
+        QTest::newRow("an empty line") << QStringLiteral("One line\n\nanother line\n");
+        QTest::newRow("line separator") << QStringLiteral("One line") + QChar(QChar::LineSeparator) + QStringLiteral("another");
+        QTest::newRow("tab") << QStringLiteral("One\ttwo");
+        QTest::newRow("blanks") << QStringLiteral("  One  ");
+        QTest::newRow("right to left") << QStringLiteral("\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD");
+    }
+
+    void a_text_is_whole_at_its_size_hint()
+    {
+        QFETCH(QString, text);
+        for (const QcLabel::LabelType type : {QcLabel::Display, QcLabel::Caption, QcLabel::Body, QcLabel::Hint}) {
+            QLineEdit buddy;
+            QcLabel label;
+            label.setBuddy(&buddy);
+            label.setType(type);
+            label.setText(text);
+            label.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignTop);
+            const QSize hint = label.sizeHint();
+            QCOMPARE(label.minimumSizeHint(), hint);
+            label.resize(1000, 200);
+            const QRectF whole = InkBox(Render(label), Qt::white);
+            label.resize(hint);
+            QCOMPARE(InkBox(Render(label), Qt::white), whole);
+            // And no larger than that takes, to the pixel that rounding may add.
+            QVERIFY(QFontMetrics(label.font()).elidedText(text, Qt::ElideRight, hint.width() - 2) != text || text.size() == 1);
+            QCOMPARE(hint.height(), QFontMetrics(label.font()).size(0, text).height());
+        }
+    }
+
+    void a_layout_shows_the_whole_text()
+    {
+        QWidget window;
+        QHBoxLayout row(&window);
+        QcLabel label;
+        QLineEdit edit;
+        label.setText(QStringLiteral("&Class <b>name</b>:"));
+        label.setBuddy(&edit);
+        row.addWidget(&label);
+        row.addWidget(&edit);
+        window.resize(10, 10);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(label.fontMetrics().elidedText(label.text(), Qt::ElideRight, label.width()), label.text());
+    }
+
+    void the_size_hint_is_that_of_plain_qt_for_plain_text()
+    {
+        for (const char *text : {"Some words", "illicit Till", "W"}) {
+            QcLabel label;
+            label.setText(QLatin1String(text));
+            const QSize plain = QLabel(label.text()).sizeHint();
+            QVERIFY(qAbs(label.sizeHint().width() - plain.width()) <= 1);
+            QCOMPARE(label.sizeHint().height(), plain.height());
+        }
+    }
+
+    void frame_margin_indent_and_wrap_play_no_part_in_the_size()
+    {
+        QcLabel label;
+        label.setText(QStringLiteral("Some words that would wrap"));
+        const QSize plain = label.sizeHint();
+        label.setFrameStyle(QFrame::Box | QFrame::Plain);
+        label.setLineWidth(3);
+        label.setMargin(9);
+        label.setIndent(15);
+        label.setWordWrap(true);
+        label.setTextFormat(Qt::RichText);
+        QCOMPARE(label.sizeHint(), plain);
+        QCOMPARE(label.minimumSizeHint(), plain);
+        QCOMPARE(label.heightForWidth(20), plain.height());
+        label.setMinimumSize(300, 40);
+        QCOMPARE(label.sizeHint(), QSize(300, 40));
+    }
+
+    void a_picture_of_the_host_has_the_size_that_plain_qt_gives_it()
+    {
+        QPixmap picture(70, 50);
+        picture.fill(Qt::red);
+        for (const int margin : {0, 9}) {
+            QcLabel label;
+            QLabel plain;
+            for (QLabel *each : {static_cast<QLabel *>(&label), &plain}) {
+                each->setText(QStringLiteral("A text that goes with the picture"));
+                each->setMargin(margin);
+                each->setPixmap(picture);
+            }
+            QCOMPARE(label.sizeHint(), plain.sizeHint());
+            QCOMPARE(label.minimumSizeHint(), plain.minimumSizeHint());
+            label.resize(label.sizeHint());
+            plain.resize(plain.sizeHint());
+            QCOMPARE(Render(label), Render(plain));
+        }
+        QCOMPARE(QcLabel().sizeHint(), QLabel().sizeHint());
     }
 
     void an_icon_needs_its_colour()

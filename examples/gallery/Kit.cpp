@@ -219,6 +219,18 @@ void SliderRow::ShowValue()
     m_value->setText(m_format(m_slider->value()));
 }
 
+// --- Specimens ---
+
+void MakeSpecimen(QWidget *widget)
+{
+    widget->setProperty("isSpecimen", true);
+    widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+    widget->setFocusPolicy(Qt::NoFocus);
+    const auto parts = widget->findChildren<QWidget *>();
+    for (QWidget *part : parts)
+        part->setFocusPolicy(Qt::NoFocus);
+}
+
 // --- Painting ---
 
 Canvas::Canvas(const std::function<void(QPainter &, const QRect &)> &paint, QWidget *parent)
@@ -306,6 +318,7 @@ void StyleTable(QTableWidget *table)
 {
     table->setShowGrid(false);
     table->setFocusPolicy(Qt::TabFocus);
+    table->setTabKeyNavigation(false); // arrows move from cell to cell, Tab leaves
     table->setSelectionMode(QAbstractItemView::NoSelection);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->verticalHeader()->hide();
@@ -317,6 +330,7 @@ void StyleTable(QTableWidget *table)
     QcStyleManager::GetInstance()->RegisterStyleSheet(table, QStringLiteral(R"(
         QTableWidget { border: none; background: transparent; color: ${text/text_primary}; outline: none; }
         QTableWidget::item { padding: 0 8px; border-bottom: 1px solid ${table/table_divider}; color: ${text/text_primary}; }
+        QTableWidget::item:focus { padding: 0 7px; border: 1px solid ${others/focus}; }
         QHeaderView { background: transparent; }
         QHeaderView::section { padding: 0 11px; border: none; border-bottom: 1px solid ${border/border_secondary};
                                background: transparent; color: ${text/text_tertairy}; })"));

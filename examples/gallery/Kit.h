@@ -136,6 +136,10 @@ private:
     std::function<void(QPainter &, const QRect &)> m_paint;
 };
 
+/// Makes \a widget, with all that is in it by now, something to look at: neither mouse nor keyboard enters it. Known by its property
+/// "isSpecimen".
+void MakeSpecimen(QWidget *widget);
+
 /// Fills a rounded rectangle with a colour; a translucent one lies over a checkerboard.
 void PaintColor(QPainter &painter, const QRectF &rect, double radius, const QColor &color);
 

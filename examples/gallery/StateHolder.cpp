@@ -29,8 +29,7 @@ QGridLayout *MakeStateGrid()
 
 void StateHolder::Add(QAbstractButton *button, int state)
 {
-    button->setAttribute(Qt::WA_TransparentForMouseEvents);
-    button->setFocusPolicy(Qt::NoFocus);
+    MakeSpecimen(button);
     button->setCheckable(true);
     button->setChecked(state & QStyle::State_Selected);
     button->setEnabled(state & QStyle::State_Enabled);

@@ -6,6 +6,9 @@
 #include <Velmora/QcMaskWindow.h>
 
 #include <QHBoxLayout>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QWindow>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -79,6 +82,28 @@ private Q_SLOTS:
         const QColor ground = window.palette().color(QPalette::Window);
         COMPARE_COLOR(PixelAt(image, QPointF(25, 30)), Over(TokenOf(Table::Light, QStringLiteral("overlay/overlay_primary")), ground));
         COMPARE_COLOR(PixelAt(image, QPointF(75, 30)), ground);
+    }
+
+    void a_veil_in_a_window_stops_the_mouse_and_leaves_the_keyboard()
+    {
+        QWidget window;
+        window.setGeometry(0, 0, 200, 100);
+        QPushButton button(&window);
+        button.setGeometry(20, 20, 100, 40);
+        QcMaskFrame mask(&window);
+        mask.setGeometry(window.rect());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        button.setFocus();
+        QSignalSpy clicks(&button, &QPushButton::clicked);
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, button.geometry().center());
+        QCOMPARE(clicks.count(), 0);
+        QVERIFY(!button.underMouse());
+        QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+        QCOMPARE(clicks.count(), 1);
+        mask.hide();
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, button.geometry().center());
+        QCOMPARE(clicks.count(), 2);
     }
 
     void a_visible_veil_follows_the_table()

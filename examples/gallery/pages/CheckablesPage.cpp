@@ -34,8 +34,7 @@ public:
         : m_isHovered(state & QStyle::State_MouseOver)
     {
         this->setText(text);
-        this->setAttribute(Qt::WA_TransparentForMouseEvents);
-        this->setFocusPolicy(Qt::NoFocus);
+        MakeSpecimen(this);
         this->setAutoExclusive(false);
         this->setChecked(isChecked);
         this->setEnabled(state & QStyle::State_Enabled);

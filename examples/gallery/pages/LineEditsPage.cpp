@@ -47,12 +47,10 @@ protected:
 enum class Look { Rest, Hover, Focus, Warning, Disabled };
 constexpr const char *kLookNames[] = {"Rest", "Hover", "Focus", "Warning", "Disabled"};
 
-/// A real field held in one look, out of reach of mouse and keyboard.
+/// A real field held in one look.
 QcLineEditFrame *MakeHeld(Look look)
 {
     auto *field = new QcLineEditFrame;
-    field->setAttribute(Qt::WA_TransparentForMouseEvents);
-    field->getLineEdit()->setFocusPolicy(Qt::NoFocus);
     field->setAttribute(Qt::WA_UnderMouse, look == Look::Hover);
     field->setProperty("objectPropertyFocus", look == Look::Focus);
     field->setWarning(look == Look::Warning);
@@ -269,8 +267,7 @@ private:
             field->setAccessibleName(QStringLiteral("%1, %2").arg(name, QLatin1String(kLookNames[column])));
             fill(*field);
             NameButton(field, QStringLiteral("Clear"));
-            if (auto *button = field->findChild<QAbstractButton *>())
-                button->setFocusPolicy(Qt::NoFocus);
+            MakeSpecimen(field);
             m_grid->addWidget(field, row, column + 1);
         }
     }

@@ -31,12 +31,10 @@ class HeldCombined : public QcCombinedToolButton
 public:
     explicit HeldCombined(int mainState, bool isArrowHovered = false)
     {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
+        MakeSpecimen(this);
         SetIconPath(IconPath("rectangle"));
         setAccessibleName(QStringLiteral("QcCombinedToolButton"));
         const QList<QcToolButton *> halves = findChildren<QcToolButton *>();
-        for (QcToolButton *half : halves)
-            half->setFocusPolicy(Qt::NoFocus);
         QcToolButton *main = halves.first();
         main->setChecked(mainState & QStyle::State_Selected);
         setEnabled(mainState & QStyle::State_Enabled);

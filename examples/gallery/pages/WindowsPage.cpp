@@ -34,12 +34,11 @@ void FillContent(QFrame *content, const QString &title, const QString &text)
     column->addStretch();
 }
 
-/// Puts a window into the page, to be looked at: it takes no mouse there.
+/// Lets a window stand in the page.
 template <typename Window>
-Window *AsSpecimen(Window *window)
+Window *AsPart(Window *window)
 {
     window->setWindowFlags(Qt::Widget);
-    window->setAttribute(Qt::WA_TransparentForMouseEvents);
     window->setFixedHeight(kSpecimenHeight);
     return window;
 }
@@ -133,15 +132,15 @@ private:
                                 QStringLiteral("A title row of 40 pixels over a content frame, without a system frame. "
                                                "Each title button can be hidden."));
         QHBoxLayout *row = card->AddRow(2 * kGrid);
-        auto *plain = AsSpecimen(new QcWindow(nullptr));
+        auto *plain = AsPart(new QcWindow(nullptr));
         plain->setTitle(QStringLiteral("Letters"));
         FillContent(plain->getContentFrame(), QStringLiteral("Content"), QStringLiteral("All three buttons."));
-        auto *bare = AsSpecimen(new QcWindow(nullptr));
+        auto *bare = AsPart(new QcWindow(nullptr));
         bare->setTitle(QStringLiteral("A title too long for its row gives way to the button at its end, and elides there"));
         bare->setMinButtonVisible(false);
         bare->setMaxRestoreButtonVisible(false);
         FillContent(bare->getContentFrame(), QStringLiteral("Content"), QStringLiteral("Only the close button, and a long title."));
-        auto *mirrored = AsSpecimen(new QcWindow(nullptr));
+        auto *mirrored = AsPart(new QcWindow(nullptr));
         mirrored->setTitle(QStringLiteral("\u0631\u0633\u0627\u0626\u0644"));
         FillContent(
             mirrored->getContentFrame(), QStringLiteral("\u0645\u062d\u062a\u0648\u0649"),
@@ -152,6 +151,7 @@ private:
             // On a ground of its own colour a window would not show where it ends.
             window->setBorderSides(QcFrame::Left | QcFrame::Top | QcFrame::Right | QcFrame::Bottom);
             window->setBorderColorParams(QStringLiteral("border/border_tertairy"));
+            MakeSpecimen(window);
             row->addWidget(window, 1);
         }
     }
@@ -162,25 +162,27 @@ private:
             QStringLiteral("QcDialog"),
             QStringLiteral("A panel inside its own shadow. The bottom row and the two other title buttons are hidden at first."));
         QHBoxLayout *row = card->AddRow(2 * kGrid);
-        auto *plain = AsSpecimen(new QcDialog(nullptr));
+        auto *plain = AsPart(new QcDialog(nullptr));
         plain->setTitle(QStringLiteral("As it begins"));
         FillContent(plain->getContentFrame(), QStringLiteral("Content"), QStringLiteral("Title, close button, content."));
-        auto *full = AsSpecimen(new QcDialog(nullptr));
+        auto *full = AsPart(new QcDialog(nullptr));
         full->setTitle(QStringLiteral("With everything"));
         full->controlMinMaxBtn(true);
         full->setBottomFrameVisible(true);
         full->setOkButtonText(QStringLiteral("Save"));
         full->setCancelButtonText(QStringLiteral("Cancel"));
         FillContent(full->getContentFrame(), QStringLiteral("Content"), QStringLiteral("All buttons and the bottom row."));
-        auto *own = AsSpecimen(new QcDialog(nullptr));
+        auto *own = AsPart(new QcDialog(nullptr));
         own->setTitleBarVisible(false);
         own->setBackgroundColorParams(QStringLiteral("bg/bg_float"));
         own->setBorderColorParams(QStringLiteral("brand/brand"));
         own->setBorderRadius(0);
         FillContent(own->getContentFrame(), QStringLiteral("Content"),
                     QStringLiteral("No title row, colours and a shadow radius of its own."));
-        for (QcDialog *dialog : {plain, full, own})
+        for (QcDialog *dialog : {plain, full, own}) {
+            MakeSpecimen(dialog);
             row->addWidget(dialog, 1);
+        }
     }
 
     void AddVeil()
@@ -195,6 +197,7 @@ private:
         words->addWidget(MakeLabel(QStringLiteral("What lies under a veil can be read and not be used."), QcLabel::Headline), 0,
                          Qt::AlignCenter);
         words->addWidget(MakeAction<QcPrimaryButton>(QStringLiteral("Under the veil"), QStringLiteral("underVeil")), 0, Qt::AlignCenter);
+        MakeSpecimen(ground); // a veil stops the mouse alone
         auto *over = new QWidget;
         auto *halves = new QHBoxLayout(over);
         halves->setContentsMargins(0, 0, 0, 0);

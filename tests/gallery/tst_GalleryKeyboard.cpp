@@ -1,0 +1,111 @@
+#include "support/TestMain.h"
+
+#include "GalleryWindow.h"
+#include "Page.h"
+
+#include <Velmora/QcArrowTipGlobal.h>
+
+#include <QApplication>
+#include <QSet>
+#include <QTableWidget>
+#include <QWindow>
+
+using namespace Gallery;
+using namespace VelmoraTest;
+
+namespace {
+
+constexpr int kTooMany = 400; // presses on one page
+
+bool IsSpecimen(const QWidget *widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (widget->property("isSpecimen").toBool())
+            return true;
+    }
+    return false;
+}
+
+QString Describe(const QWidget *widget)
+{
+    return widget ? QStringLiteral("%1 \"%2\"").arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName())
+                  : QStringLiteral("nothing");
+}
+
+} // namespace
+
+/// The gallery without a mouse.
+class TestGalleryKeyboard : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { Velmora::QcArrowTipGlobal::instance(); } // the shared tip outlives each test
+
+    void tab_goes_round_every_page_and_enters_no_specimen_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<Qt::Key>("key");
+        const QVector<PageInfo> pages = Pages();
+        for (const PageInfo &page : pages) {
+            QTest::addRow("%s, forwards", qPrintable(page.id)) << page.id << Qt::Key_Tab;
+            QTest::addRow("%s, backwards", qPrintable(page.id)) << page.id << Qt::Key_Backtab;
+        }
+    }
+
+    void tab_goes_round_every_page_and_enters_no_specimen()
+    {
+        QFETCH(QString, page);
+        QFETCH(Qt::Key, key);
+        GalleryWindow window(Gallery::Table::Light);
+        QVERIFY(window.ShowPage(page));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        DrainEvents();
+        auto *start = window.findChild<QWidget *>(QStringLiteral("searchField"));
+        start->setFocus();
+        QSet<QWidget *> visited;
+        int presses = 0;
+        do {
+            QTest::keyClick(window.windowHandle(), key);
+            QWidget *focus = QApplication::focusWidget();
+            QVERIFY2(focus && focus->window() == &window, qPrintable(Describe(focus)));
+            QVERIFY2(!IsSpecimen(focus), qPrintable(Describe(focus)));
+            QVERIFY2(++presses < kTooMany, qPrintable(Describe(focus)));
+            visited.insert(focus);
+        } while (QApplication::focusWidget() != start);
+        QVERIFY(visited.contains(window.findChild<QWidget *>(QStringLiteral("pageList"))));
+        // Of a group of segments Qt lets Tab into one, and takes the policy from the others.
+        const QList<QWidget *> widgets = window.findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            const bool isOpen = widget->isVisibleTo(&window) && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
+            QVERIFY2(!isOpen || widget->focusProxy() || visited.contains(widget), qPrintable(Describe(widget)));
+        }
+    }
+
+    void a_table_shows_which_cell_has_the_keyboard()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        QVERIFY(window.ShowPage(QStringLiteral("inspector")));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto *table = window.findChild<QTableWidget *>(QStringLiteral("inspectorTable"));
+        QVERIFY(table && table->rowCount() > 1);
+        const QRect second = table->visualRect(table->model()->index(0, 1));
+        const auto look = [&] {
+            DrainEvents();
+            return table->viewport()->grab(second).toImage();
+        };
+        const QImage rest = look();
+        table->setFocus(Qt::TabFocusReason); // on the first cell
+        QCOMPARE(look(), rest);
+        QTest::keyClick(table, Qt::Key_Right);
+        QVERIFY(look() != rest);
+        QTest::keyClick(table, Qt::Key_Down);
+        QCOMPARE(look(), rest);
+    }
+};
+
+VELMORA_TEST_MAIN(TestGalleryKeyboard)
+
+#include "tst_GalleryKeyboard.moc"

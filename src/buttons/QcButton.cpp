@@ -4,8 +4,7 @@
 
 #include "buttons/ButtonAccessible_p.h"
 #include "buttons/ButtonPainting_p.h"
-#include "buttons/ButtonState_p.h"
-#include "core/ApplicationEvents_p.h"
+#include "buttons/ButtonStateTracker_p.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -25,9 +24,9 @@ constexpr int kFontPixels = 12;
 
 QcButton::QcButton(QWidget *parent)
     : QPushButton(parent)
+    , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
-    ButtonState::FollowEnabled(*this, m_state);
     setFixedHeight(kHeight);
     QFont font;
     font.setPixelSize(kFontPixels);
@@ -40,7 +39,7 @@ QcButton::QcButton(QWidget *parent)
     // Later, when the object is of its own class and the call reaches the variant.
     PostOwnedTask(
         this, [this] { UpdateUiParams(); }, std::string());
-    WatchApplicationEvents(this, {QEvent::MouseButtonPress, QEvent::ApplicationDeactivate});
+    m_tracker->LetButtonWatchPresses();
 }
 
 QcButton::~QcButton() = default;
@@ -115,48 +114,39 @@ void QcButton::UpdateUiParams() {}
 
 void QcButton::OnToggled(bool checked)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, checked);
+    m_tracker->ShowChecked(checked);
 }
 
 bool QcButton::eventFilter(QObject *watched, QEvent *event)
 {
-    // Shakes off states that no leave or release event ended, as when a popup or another window took the mouse.
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate) {
-        // Most buttons have nothing to shake off, and asking for the cursor costs more than all the rest.
-        const bool isStale = m_state & (QStyle::State_MouseOver | QStyle::State_Sunken);
-        if (isStale && !ButtonState::IsUnderCursor(*this)) {
-            ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
-            ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
-        }
-    }
+    // Shakes off states that no leave or release event ended, as when another window took the mouse.
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::ApplicationDeactivate)
+        m_tracker->DropUnlessUnderCursor();
     return QObject::eventFilter(watched, event);
 }
 
 void QcButton::mousePressEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
+    m_tracker->Press();
     QAbstractButton::mousePressEvent(event);
 }
 
 void QcButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    m_tracker->Release();
     QAbstractButton::mouseReleaseEvent(event);
 }
 
 void QcButton::enterEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    m_tracker->Enter();
     QWidget::enterEvent(event);
 }
 
 void QcButton::leaveEvent(QEvent *event)
 {
     // With the cursor still inside, a popup has opened over the button, which stays hovered.
-    if (!ButtonState::IsUnderCursor(*this)) {
-        ButtonState::SetFlag(m_state, QStyle::State_MouseOver, false);
-        ButtonState::SetFlag(m_state, QStyle::State_Sunken, false);
-    }
+    m_tracker->DropUnlessUnderCursor();
     update();
     QWidget::leaveEvent(event);
 }
@@ -164,14 +154,14 @@ void QcButton::leaveEvent(QEvent *event)
 void QcButton::resizeEvent(QResizeEvent *event)
 {
     // The icon is as wide as the button is high.
-    ButtonState::AnnounceHeight(*this, *event);
+    m_tracker->FollowResize(*event);
     QWidget::resizeEvent(event);
 }
 
 void QcButton::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::EnabledChange)
-        ButtonState::FollowEnabled(*this, m_state);
+        m_tracker->FollowEnabled();
     QAbstractButton::changeEvent(event);
 }
 
@@ -181,7 +171,7 @@ void QcButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QStyle::State look = ButtonState::LookFor(m_state);
+    const QStyle::State look = m_tracker->Look();
 
     PaintBackground(painter, rect(), m_borderRadius, m_backgroundColorParams.value(look));
     PaintBorder(painter, rect(), m_borderRadius, m_borderColorParams.value(look));

@@ -8,11 +8,15 @@
 #include <QString>
 #include <QStyle>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QPainter;
 QT_END_NAMESPACE
 
 namespace Velmora {
+
+class ButtonStateTracker;
 
 /// A push button that paints itself from four tables: background, border, text and icon for each of eight states.
 ///
@@ -81,6 +85,7 @@ private:
     QHash<QStyle::State, QString> m_textColorParams;
     int m_horizontalMargin = 4;
     int m_iconTextSpacing = 0;
+    std::unique_ptr<ButtonStateTracker> m_tracker; // last, so that no menu reaches a button that is going
 };
 
 } // namespace Velmora

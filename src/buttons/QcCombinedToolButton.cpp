@@ -4,6 +4,7 @@
 #include <Velmora/QcToolButton.h>
 
 #include "buttons/ButtonPainting_p.h"
+#include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonState_p.h"
 #include "buttons/ButtonTables_p.h"
 
@@ -50,6 +51,8 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
     : QFrame(parent)
     , m_pMainButton(MakeHalf(this, QSize(kSide, kSide)))
     , m_pArrowButton(MakeHalf(this, QSize(kArrowWidth, kSide)))
+    , m_mainTracker(std::make_unique<ButtonStateTracker>(*m_pMainButton, *m_pMainButton, *this, m_mainState))
+    , m_arrowTracker(std::make_unique<ButtonStateTracker>(*m_pArrowButton, *m_pMainButton, *this, m_arrowState))
 {
     setAttribute(Qt::WA_MouseTracking);
     auto *halves = new QHBoxLayout(this);
@@ -68,8 +71,10 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
         this, [this] { UpdateUiParams(); }, std::string());
     m_pMainButton->installEventFilter(this);
     m_pArrowButton->installEventFilter(this);
-    ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
+    ForbidCursorIfDisabled(*this);
 }
+
+QcCombinedToolButton::~QcCombinedToolButton() = default;
 
 void QcCombinedToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)
 {
@@ -164,8 +169,8 @@ void QcCombinedToolButton::ShowMenu()
 
 void QcCombinedToolButton::onMainButtonToggled(bool /*checked*/)
 {
-    ButtonState::FollowChecked(*m_pMainButton, m_mainState, m_arrowState);
-    update();
+    m_mainTracker->ShowChecked(m_pMainButton->isChecked());
+    m_arrowTracker->ShowChecked(m_pMainButton->isChecked());
 }
 
 void QcCombinedToolButton::onArrowButtonToggled(bool /*checked*/)
@@ -188,16 +193,19 @@ bool QcCombinedToolButton::FilterMainEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        ButtonState::ShowFlag(*this, m_mainState, QStyle::State_Sunken, true);
+        m_mainTracker->Press();
         return false;
     case QEvent::MouseButtonRelease:
-        ButtonState::ShowFlag(*this, m_mainState, QStyle::State_Sunken, false);
+        m_mainTracker->Release();
         return false;
     case QEvent::Enter:
-        ButtonState::ShowFlag(*this, m_mainState, QStyle::State_MouseOver, true);
+        m_mainTracker->Enter();
         return false;
     case QEvent::Leave:
-        ButtonState::ShowFlag(*this, m_mainState, QStyle::State_MouseOver, false);
+        m_mainTracker->Leave();
+        return false;
+    case QEvent::EnabledChange: // also of its own, with the current action's
+        m_mainTracker->FollowEnabled();
         return false;
     case QEvent::Paint:
         return true; // the control has painted it
@@ -211,10 +219,10 @@ bool QcCombinedToolButton::FilterArrowEvent(QEvent *event)
     // No press: the arrow half has no pressed look.
     switch (event->type()) {
     case QEvent::Enter:
-        ButtonState::ShowFlag(*this, m_arrowState, QStyle::State_MouseOver, true);
+        m_arrowTracker->Enter();
         return false;
     case QEvent::Leave:
-        ButtonState::ShowFlag(*this, m_arrowState, QStyle::State_MouseOver, false);
+        m_arrowTracker->Leave();
         return false;
     case QEvent::Resize:
         if (m_pArrowButton->iconSize() != QSize(kArrowWidth, kSide))
@@ -254,10 +262,12 @@ bool QcCombinedToolButton::FilterKey(QEvent *event)
 
 void QcCombinedToolButton::HoverHalfAt(const QPoint &position)
 {
-    const bool isOnMain = m_pMainButton->geometry().contains(position);
-    if (isOnMain || m_pArrowButton->geometry().contains(position)) {
-        ButtonState::ShowFlag(*this, m_mainState, QStyle::State_MouseOver, isOnMain);
-        ButtonState::ShowFlag(*this, m_arrowState, QStyle::State_MouseOver, !isOnMain);
+    if (m_pMainButton->geometry().contains(position)) {
+        m_mainTracker->Enter();
+        m_arrowTracker->Leave();
+    } else if (m_pArrowButton->geometry().contains(position)) {
+        m_mainTracker->Leave();
+        m_arrowTracker->Enter();
     }
     update();
 }
@@ -276,15 +286,18 @@ void QcCombinedToolButton::mouseMoveEvent(QMouseEvent *event)
 
 void QcCombinedToolButton::leaveEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_mainState, QStyle::State_MouseOver, false);
-    ButtonState::ShowFlag(*this, m_arrowState, QStyle::State_MouseOver, false);
+    m_mainTracker->Leave();
+    m_arrowTracker->Leave();
     QWidget::leaveEvent(event);
 }
 
 void QcCombinedToolButton::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::EnabledChange)
-        ButtonState::FollowEnabled(*this, m_mainState, m_arrowState);
+    if (event->type() == QEvent::EnabledChange) {
+        m_mainTracker->FollowEnabled();
+        m_arrowTracker->FollowEnabled();
+        ForbidCursorIfDisabled(*this);
+    }
     QFrame::changeEvent(event);
 }
 
@@ -303,23 +316,24 @@ void QcCombinedToolButton::resizeEvent(QResizeEvent *event)
 
 QPair<QString, ImageParams> QcCombinedToolButton::getCurMainImageParams() const
 {
-    const QStyle::State look = ButtonState::LookFor(m_mainState);
+    const QStyle::State look = m_mainTracker->Look();
     return {m_backgroundColors.value(look), m_mainIconParams.value(look)};
 }
 
 QPair<QString, ImageParams> QcCombinedToolButton::getCurArrowImageParams() const
 {
-    const QStyle::State look = ButtonState::LookFor(m_arrowState);
-    // A pressed arrow would show the main icon. It never comes to that.
+    const QStyle::State look = m_arrowTracker->Look();
     const auto &icons = look == QStyle::State(ButtonState::kPressed) ? m_mainIconParams : m_arrowIconParams;
     return {m_backgroundColors.value(look), icons.value(look)};
 }
 
-void QcCombinedToolButton::paintEvent(QPaintEvent * /*event*/)
+void QcCombinedToolButton::paintEvent(QPaintEvent *event)
 {
+    // A half asks for its own repaint when it changes, in silence too, while its check may be the look of the whole.
+    if (event->rect().contains(m_pMainButton->geometry()) && !event->rect().contains(rect()))
+        update();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    ButtonState::FollowChecked(*m_pMainButton, m_mainState, m_arrowState);
     const QPair<QString, ImageParams> main = getCurMainImageParams();
     const QPair<QString, ImageParams> arrow = getCurArrowImageParams();
     // Where the halves lie: in right-to-left layout the arrow stands first.

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStyle>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QAction;
 class QMenu;
@@ -16,6 +18,7 @@ QT_END_NAMESPACE
 
 namespace Velmora {
 
+class ButtonStateTracker;
 class QcToolButton;
 
 /// A split tool button, 44 by 32 pixels: a main half that toggles, and a narrow arrow half that opens a menu. Choosing an entry of the
@@ -34,6 +37,7 @@ class VELMORA_EXPORT QcCombinedToolButton : public QFrame
 
 public:
     explicit QcCombinedToolButton(QWidget *parent = nullptr);
+    ~QcCombinedToolButton() override;
 
     /// The colour code of one state's background, for either half; see ColorParams for the forms. An empty code paints none.
     void SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token);
@@ -98,6 +102,8 @@ private:
     QHash<QStyle::State, ImageParams> m_mainIconParams;
     QHash<QStyle::State, ImageParams> m_arrowIconParams;
     QHash<QStyle::State, QString> m_backgroundColors;
+    std::unique_ptr<ButtonStateTracker> m_mainTracker;
+    std::unique_ptr<ButtonStateTracker> m_arrowTracker;
 };
 
 } // namespace Velmora

@@ -3,9 +3,8 @@
 
 #include "buttons/ButtonAccessible_p.h"
 #include "buttons/ButtonPainting_p.h"
-#include "buttons/ButtonState_p.h"
+#include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
-#include "buttons/MenuFollower_p.h"
 
 #include <QDebug>
 #include <QFontMetrics>
@@ -33,10 +32,9 @@ constexpr StateTokens kArrow = {
 
 QcMenuTextButton::QcMenuTextButton(QWidget *parent)
     : QPushButton(parent)
-    , m_menuFollower(std::make_unique<MenuFollower>(*this, m_state))
+    , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
-    ButtonState::FollowEnabled(*this, m_state);
     setMinimumHeight(kHeight);
     QFont font;
     font.setPixelSize(kFontPixels);
@@ -90,7 +88,7 @@ void QcMenuTextButton::setText(QString text)
 void QcMenuTextButton::setMenu(QMenu *menu)
 {
     QPushButton::setMenu(menu);
-    m_menuFollower->Follow(menu);
+    m_tracker->FollowMenu(menu);
 }
 
 QSize QcMenuTextButton::sizeHint() const
@@ -117,43 +115,43 @@ void QcMenuTextButton::UpdateUiParams()
 
 void QcMenuTextButton::OnToggled(bool checked)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, checked);
+    m_tracker->ShowChecked(checked);
 }
 
 void QcMenuTextButton::enterEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    m_tracker->Enter();
     QWidget::enterEvent(event);
 }
 
 void QcMenuTextButton::leaveEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, false);
+    m_tracker->Leave();
     QWidget::leaveEvent(event);
 }
 
 void QcMenuTextButton::mousePressEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
+    m_tracker->Press();
     QAbstractButton::mousePressEvent(event);
 }
 
 void QcMenuTextButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    m_tracker->Release();
     QAbstractButton::mouseReleaseEvent(event);
 }
 
 void QcMenuTextButton::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::EnabledChange)
-        ButtonState::FollowEnabled(*this, m_state);
+        m_tracker->FollowEnabled();
     QPushButton::changeEvent(event);
 }
 
 void QcMenuTextButton::resizeEvent(QResizeEvent *event)
 {
-    ButtonState::AnnounceHeight(*this, *event);
+    m_tracker->FollowResize(*event);
     QWidget::resizeEvent(event);
 }
 
@@ -163,7 +161,7 @@ void QcMenuTextButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QStyle::State look = ButtonState::LookFor(m_state);
+    const QStyle::State look = m_tracker->Look();
 
     PaintBackground(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
     PaintBorder(painter, rect(), m_borderRadius, m_borderColors.value(look));

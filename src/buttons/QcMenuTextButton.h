@@ -12,7 +12,7 @@
 
 namespace Velmora {
 
-class MenuFollower;
+class ButtonStateTracker;
 
 /// A push button with a menu: a centred text, and a downward arrow at its right.
 ///
@@ -74,7 +74,7 @@ private:
     int m_horizontalMargin = 4;
     int m_textArrowSpacing = 0;
     int m_arrowWidth = 12;
-    std::unique_ptr<MenuFollower> m_menuFollower; // last, so that no menu reaches a button that is going
+    std::unique_ptr<ButtonStateTracker> m_tracker; // last, so that no menu reaches a button that is going
 };
 
 } // namespace Velmora

@@ -2,9 +2,8 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "buttons/ButtonAccessible_p.h"
-#include "buttons/ButtonState_p.h"
+#include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
-#include "buttons/MenuFollower_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -29,10 +28,9 @@ void PaintIcon(QPainter &painter, const QRect &rect, const ImageParams &params)
 
 QcMenuToolButton::QcMenuToolButton(QWidget *parent)
     : QToolButton(parent)
-    , m_menuFollower(std::make_unique<MenuFollower>(*this, m_state))
+    , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
-    ButtonState::FollowEnabled(*this, m_state);
     setFixedSize(44, 32);
     setCheckable(true);
     setIconSize(size());
@@ -76,7 +74,7 @@ void QcMenuToolButton::SetArrowIconVisible(bool visible)
 void QcMenuToolButton::setMenu(QMenu *menu)
 {
     QToolButton::setMenu(menu);
-    m_menuFollower->Follow(menu);
+    m_tracker->FollowMenu(menu);
 }
 
 QString QcMenuToolButton::GetIconPath() const
@@ -86,7 +84,7 @@ QString QcMenuToolButton::GetIconPath() const
 
 QFlags<QStyle::StateFlag> QcMenuToolButton::GetState() const
 {
-    return m_state;
+    return m_tracker->Flags();
 }
 
 // --- State ---
@@ -101,42 +99,37 @@ void QcMenuToolButton::UpdateUiParams()
 
 void QcMenuToolButton::OnToggled(bool /*checked*/)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Selected, isChecked());
+    m_tracker->ShowChecked(isChecked());
 }
 
 void QcMenuToolButton::enterEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    m_tracker->Enter();
     QToolButton::enterEvent(event);
 }
 
 void QcMenuToolButton::leaveEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, false);
+    m_tracker->Leave();
     QToolButton::leaveEvent(event);
 }
 
 void QcMenuToolButton::mousePressEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
-    ButtonState::HandlePress(*this, m_state, event->button() == Qt::LeftButton, [&] { QToolButton::mousePressEvent(event); });
+    m_tracker->Press();
+    QToolButton::mousePressEvent(event);
 }
 
 void QcMenuToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    m_tracker->Release();
     QToolButton::mouseReleaseEvent(event);
-}
-
-void QcMenuToolButton::timerEvent(QTimerEvent *event)
-{
-    ButtonState::HandlePress(*this, m_state, isDown(), [&] { QToolButton::timerEvent(event); });
 }
 
 void QcMenuToolButton::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::EnabledChange)
-        ButtonState::FollowEnabled(*this, m_state);
+        m_tracker->FollowEnabled();
     QToolButton::changeEvent(event);
 }
 
@@ -156,7 +149,7 @@ void QcMenuToolButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QStyle::State look = ButtonState::LookFor(m_state);
+    const QStyle::State look = m_tracker->Look();
     FillRounded(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
 
     const QSize both = iconSize();

@@ -12,7 +12,7 @@
 
 namespace Velmora {
 
-class MenuFollower;
+class ButtonStateTracker;
 
 /// A checkable tool button with a menu: an icon, and a downward arrow at its right. 44 by 32 pixels.
 ///
@@ -56,7 +56,6 @@ protected:
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -74,7 +73,7 @@ private:
     QHash<QStyle::State, ImageParams> m_arrowIconParams;
     int m_borderRadius = 2;
     QHash<QStyle::State, QString> m_backgroundColors;
-    std::unique_ptr<MenuFollower> m_menuFollower; // last, so that no menu reaches a button that is going
+    std::unique_ptr<ButtonStateTracker> m_tracker; // last, so that no menu reaches a button that is going
 };
 
 } // namespace Velmora

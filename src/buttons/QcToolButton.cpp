@@ -3,7 +3,7 @@
 
 #include "buttons/ButtonAccessible_p.h"
 #include "buttons/ButtonPainting_p.h"
-#include "buttons/ButtonState_p.h"
+#include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
 
 #include <QEvent>
@@ -21,6 +21,7 @@ constexpr int kRadius = 2;
 
 QcToolButton::QcToolButton(QWidget *parent)
     : QToolButton(parent)
+    , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
     setFixedHeight(kHeight);
@@ -29,8 +30,9 @@ QcToolButton::QcToolButton(QWidget *parent)
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/ToolButton.qss"));
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     QcToolButton::UpdateUiParams();
-    ButtonState::FollowEnabled(*this, m_state);
 }
+
+QcToolButton::~QcToolButton() = default;
 
 void QcToolButton::SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token)
 {
@@ -65,7 +67,7 @@ QString QcToolButton::GetIconPath() const
 
 QFlags<QStyle::StateFlag> QcToolButton::GetState() const
 {
-    return m_state;
+    return m_tracker->Flags();
 }
 
 void QcToolButton::UpdateUiParams()
@@ -81,49 +83,43 @@ void QcToolButton::UpdateUiParams()
 
 void QcToolButton::OnToggled(bool /*checked*/)
 {
-    ButtonState::FollowChecked(*this, m_state);
-    update();
+    m_tracker->ShowChecked(isChecked());
 }
 
 void QcToolButton::enterEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, true);
+    m_tracker->Enter();
     QToolButton::enterEvent(event);
 }
 
 void QcToolButton::leaveEvent(QEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_MouseOver, false);
+    m_tracker->Leave();
     QToolButton::leaveEvent(event);
 }
 
 void QcToolButton::mousePressEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, true);
-    ButtonState::HandlePress(*this, m_state, event->button() == Qt::LeftButton, [&] { QToolButton::mousePressEvent(event); });
+    m_tracker->Press();
+    QToolButton::mousePressEvent(event);
 }
 
 void QcToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    ButtonState::ShowFlag(*this, m_state, QStyle::State_Sunken, false);
+    m_tracker->Release();
     QToolButton::mouseReleaseEvent(event);
-}
-
-void QcToolButton::timerEvent(QTimerEvent *event)
-{
-    ButtonState::HandlePress(*this, m_state, isDown(), [&] { QToolButton::timerEvent(event); });
 }
 
 void QcToolButton::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::EnabledChange)
-        ButtonState::FollowEnabled(*this, m_state);
+        m_tracker->FollowEnabled();
     QToolButton::changeEvent(event);
 }
 
 void QcToolButton::resizeEvent(QResizeEvent *event)
 {
-    ButtonState::AnnounceHeight(*this, *event);
+    m_tracker->FollowResize(*event);
     QWidget::resizeEvent(event);
 }
 
@@ -133,8 +129,7 @@ void QcToolButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    ButtonState::FollowChecked(*this, m_state);
-    const QStyle::State look = ButtonState::LookFor(m_state);
+    const QStyle::State look = m_tracker->Look();
     PaintBackground(painter, rect(), m_borderRadius, m_backgroundColors.value(look));
     DrawCentred(painter, rect(), IconPixmap(painter, m_iconParams.value(look), m_iconPath, iconSize()));
 }

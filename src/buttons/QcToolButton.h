@@ -8,7 +8,11 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include <memory>
+
 namespace Velmora {
+
+class ButtonStateTracker;
 
 /// An icon-only button for toolbars, 24 pixels high, that paints itself from two tables: background and icon for each of eight
 /// states.
@@ -26,6 +30,7 @@ class VELMORA_EXPORT QcToolButton : public QToolButton
 
 public:
     explicit QcToolButton(QWidget *parent = nullptr);
+    ~QcToolButton() override;
 
     /// The colour code of one state's background; see ColorParams for the forms. An empty code paints none.
     void SetBackgroundColorParams(QFlags<QStyle::StateFlag> state, const QString &token);
@@ -42,7 +47,6 @@ protected:
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -61,6 +65,7 @@ private:
     int m_borderRadius = 2;
     QHash<QStyle::State, ImageParams> m_iconParams;
     QHash<QStyle::State, QString> m_backgroundColors;
+    std::unique_ptr<ButtonStateTracker> m_tracker; // last, so that no menu reaches a button that is going
 };
 
 } // namespace Velmora

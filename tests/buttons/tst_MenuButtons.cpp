@@ -302,6 +302,26 @@ private Q_SLOTS:
         QCOMPARE(toggles.count(), 1);
     }
 
+    void a_menu_that_only_says_so_shows_on_its_button_and_leaves_the_hover_data() { AddKinds(); }
+    void a_menu_that_only_says_so_shows_on_its_button_and_leaves_the_hover()
+    {
+        MakeButton();
+        const auto menu = MakeMenu();
+        SetMenu(menu.get());
+        QEvent enter(QEvent::Enter);
+        QCoreApplication::sendEvent(m_button, &enter); // hovered, with the cursor elsewhere
+        EventCounter paints(*m_button, QEvent::Paint);
+        Q_EMIT menu->aboutToShow();
+        QVERIFY(Shows(kCheckedPressed));
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+        Q_EMIT menu->aboutToHide();
+        QVERIFY(Shows(kHover));
+        QVERIFY(!m_button->isChecked());
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+    }
+
     void no_menu_is_a_plain_button_again_and_says_nothing_data() { AddKinds(); }
     void no_menu_is_a_plain_button_again_and_says_nothing()
     {
@@ -387,6 +407,24 @@ private Q_SLOTS:
         const auto next = MakeMenu();
         SetMenu(next.get());
         QVERIFY(ClickOpens(*next));
+    }
+
+    void a_menu_at_a_dead_one_s_address_is_followed_data() { AddKinds(); }
+    void a_menu_at_a_dead_one_s_address_is_followed()
+    {
+        MakeButton();
+        alignas(QMenu) unsigned char storage[sizeof(QMenu)];
+        for (int i = 0; i < 2; ++i) {
+            auto *menu = new (storage) QMenu;
+            menu->addAction(QStringLiteral("First"));
+            SetMenu(menu);
+            menu->popup(QPoint(400, 400));
+            const bool showed = Shows(kCheckedPressed);
+            menu->close();
+            menu->~QMenu();
+            QVERIFY(showed);
+            QVERIFY(Shows(kNormal));
+        }
     }
 
     void a_menu_may_die_while_it_is_open_data() { AddKinds(); }

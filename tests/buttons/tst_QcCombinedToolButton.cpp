@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMetaMethod>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
@@ -22,6 +23,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -67,6 +69,25 @@ protected:
         if (fill)
             fill(*this);
     }
+};
+
+/// What has been painted of a widget, a rectangle for each time.
+class PaintedRegion : public QObject
+{
+public:
+    explicit PaintedRegion(QWidget &widget) { widget.installEventFilter(this); }
+
+    QVector<QRect> Take() { return std::exchange(m_rects, {}); }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_rects << static_cast<QPaintEvent *>(event)->rect();
+        return false;
+    }
+
+private:
+    QVector<QRect> m_rects;
 };
 
 } // namespace
@@ -153,7 +174,7 @@ private Q_SLOTS:
         EventCounter paints(*button, QEvent::Paint);
         DrainEvents();
         QCOMPARE(button->fills, 1);
-        QVERIFY(paints.Take() > 0);
+        QCOMPARE(paints.Take(), 1);
         QVERIFY(!InkBox(Render(*button), Qt::white).isNull()); // the arrow
     }
 
@@ -548,6 +569,74 @@ private Q_SLOTS:
         CheckFills(Qt::white, Qt::white);
     }
 
+    void a_checked_action_repaints_the_whole_control_once()
+    {
+        QAction action(QStringLiteral("Action"));
+        action.setCheckable(true);
+        m_button->SetCurrentAction(&action);
+        DrainEvents();
+        PaintedRegion painted(*m_button);
+        for (const bool isChecked : {true, false}) {
+            action.setChecked(isChecked);
+            DrainEvents();
+            QCOMPARE(painted.Take(), QVector<QRect>{m_button->rect()});
+        }
+    }
+
+    void a_disabled_current_action_looks_and_hovers_disabled()
+    {
+        const QColor hover = Painted(Table::Light, QLatin1String(kToolBackgrounds[2]), Qt::white);
+        QAction action(QStringLiteral("Action"));
+        action.setProperty("ActionIconPath", m_icon.Path());
+        action.setEnabled(false);
+        m_button->setCursor(Qt::PointingHandCursor);
+        PaintedRegion painted(*m_button);
+        m_button->SetCurrentAction(&action);
+        MoveCursorOver(*m_button->Main());
+        CheckFills(Qt::white, Qt::white);
+        COMPARE_COLOR(PixelAt(Render(*m_button), kOnIcon), Painted(Table::Light, QLatin1String(kToolIcons[0]), Qt::white));
+        QCOMPARE(m_button->Main()->cursor().shape(), Qt::ForbiddenCursor);
+        QCOMPARE(m_button->cursor().shape(), Qt::PointingHandCursor); // the control is enabled, with the host's cursor
+        Press(kMainRect.center(), Qt::LeftButton);
+        CheckFills(Qt::white, Qt::white);
+        Release(kMainRect.center(), Qt::LeftButton);
+        MoveCursorOver(*m_button->Arrow());
+        CheckFills(Qt::white, hover);
+        m_button->setEnabled(false);
+        m_button->setEnabled(true);
+        MoveCursorOver(*m_button->Main());
+        CheckFills(Qt::white, Qt::white); // it is the action's that counts
+        DrainEvents();
+        painted.Take();
+        action.setEnabled(true);
+        CheckFills(hover, Qt::white);
+        COMPARE_COLOR(PixelAt(Render(*m_button), kOnIcon), Painted(Table::Light, QLatin1String(kToolIcons[1]), hover));
+        DrainEvents();
+        QVERIFY(!painted.Take().isEmpty());
+    }
+
+    void the_main_half_ends_its_press_with_the_menu_of_the_current_action()
+    {
+        QMenu *menu = m_menu.get();
+        QAction action(QStringLiteral("Action"));
+        action.setMenu(menu);
+        m_button->SetCurrentAction(&action);
+        m_button->Main()->setPopupMode(QToolButton::InstantPopup);
+        MoveCursorOver(*m_button->Main());
+        const QColor pressed = Painted(Table::Light, QLatin1String(kToolBackgrounds[3]), Qt::white);
+        bool wasPressed = false;
+        const auto useMenu = [&] {
+            wasPressed = Close(PixelAt(Render(*m_button), kOnMain), pressed);
+            QTest::mouseRelease(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(-5, -5));
+            MoveCursorAway();
+            menu->close();
+        };
+        connect(menu, &QMenu::aboutToShow, menu, useMenu, Qt::QueuedConnection);
+        Press(kMainRect.center(), Qt::LeftButton);
+        QVERIFY(wasPressed);
+        CheckFills(Qt::white, Qt::white);
+    }
+
     void an_action_without_an_icon_path_clears_the_icon()
     {
         QAction action(QStringLiteral("Action"));
@@ -678,6 +767,21 @@ private Q_SLOTS:
         QCOMPARE(m_button->Main()->defaultAction(), m_menu->actions().last());
         QCOMPARE(m_button->Main()->actions().size(), 1); // a long press has nothing to offer
         QCOMPARE(m_button->GetIconPath(), QString());
+    }
+
+    void an_entry_chosen_twice_stays_the_current_action()
+    {
+        QAction *first = m_menu->actions().first();
+        m_button->setMenu(m_menu.get());
+        QSignalSpy triggered(first, &QAction::triggered);
+        for (int i = 0; i < 2; ++i) {
+            Click(kArrowRect.center());
+            QTest::mouseClick(m_menu.get(), Qt::LeftButton, Qt::NoModifier, m_menu->actionGeometry(first).center());
+        }
+        QCOMPARE(triggered.count(), 2);
+        QCOMPARE(m_button->Main()->defaultAction(), first);
+        Click(kMainRect.center());
+        QCOMPARE(triggered.count(), 3);
     }
 
     void a_second_menu_leaves_the_first_connected()

@@ -38,9 +38,13 @@ QSize FitInto(const QString &path, int side)
 
 void DrawImage(QPainter &painter, const QRect &place, ImageParams params)
 {
-    params.size = FitInto(params.path, place.width());
-    const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(params);
-    painter.drawPixmap(place.x() + (place.width() - pixmap.width()) / 2, place.y() + (place.height() - pixmap.height()) / 2, pixmap);
+    // As many pixels as the screen has there: what the call gives is of ratio 1.
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const QSize shown = FitInto(params.path, place.width());
+    params.size = (QSizeF(shown) * ratio).toSize();
+    QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(params);
+    pixmap.setDevicePixelRatio(ratio);
+    painter.drawPixmap(place.x() + (place.width() - shown.width()) / 2, place.y() + (place.height() - shown.height()) / 2, pixmap);
 }
 
 // True for a drawing in black or white alone, which is meant to take a colour. Shapes of no opacity only hold its size.

@@ -17,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QHash>
 #include <QHeaderView>
+#include <QIconEngine>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSettings>
@@ -27,6 +28,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Gallery;
 using Velmora::QcStyleManager;
@@ -139,6 +141,36 @@ QByteArray SampleTable(Table table)
     text += QStringLiteral("\nbrand/brand_quaternary = #3B3B3B\n");
     return text.toUtf8();
 }
+
+// An icon that is painted anew wherever it is shown, so that it is sharp on every screen.
+class PaintedIcon : public QIconEngine
+{
+public:
+    PaintedIcon(const QSize &size, const std::function<void(QPainter &)> &paint)
+        : m_size(size)
+        , m_paint(paint)
+    {
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        painter->save();
+        painter->translate(rect.topLeft());
+        painter->scale(double(rect.width()) / m_size.width(), double(rect.height()) / m_size.height());
+        m_paint(*painter);
+        painter->restore();
+    }
+    QSize actualSize(const QSize &size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        const bool fits = m_size.boundedTo(size) == m_size;
+        return fits ? m_size : m_size.scaled(size, Qt::KeepAspectRatio);
+    }
+    QIconEngine *clone() const override { return new PaintedIcon(*this); }
+
+private:
+    QSize m_size;
+    std::function<void(QPainter &)> m_paint;
+};
 
 class InspectorPage : public PageWidget
 {
@@ -444,25 +476,18 @@ private:
     {
         if (!present)
             return new QTableWidgetItem(QStringLiteral("\u2013"));
-        QPixmap swatch(32, 16);
-        swatch.fill(Qt::transparent);
-        QPainter painter(&swatch);
-        PaintColor(painter, QRectF(0, 0, 32, 16), 3, color);
-        painter.end();
-        return new QTableWidgetItem(QIcon(swatch), text);
+        const auto paint = [color](QPainter &painter) { PaintColor(painter, QRectF(0, 0, 32, 16), 3, color); };
+        return new QTableWidgetItem(QIcon(new PaintedIcon(QSize(32, 16), paint)), text);
     }
 
     static QIcon Dot(const QColor &color)
     {
-        QPixmap picture(32, 16);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(color);
-        painter.drawEllipse(QRectF(0, 4, 8, 8));
-        painter.end();
-        return QIcon(picture.copy(0, 0, 16, 16));
+        return QIcon(new PaintedIcon(QSize(16, 16), [color](QPainter &painter) {
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(color);
+            painter.drawEllipse(QRectF(0, 4, 8, 8));
+        }));
     }
 
     QTemporaryDir m_folder;

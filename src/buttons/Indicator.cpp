@@ -1,26 +1,23 @@
 #include "buttons/Indicator_p.h"
 
 #include "buttons/ButtonState_p.h"
+#include "core/ApplicationEvents_p.h"
 #include "theme/ThemedPixmap_p.h"
 
 #include <Velmora/ImageParams.h>
 
 #include <QAbstractButton>
 #include <QFontMetrics>
-#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
-#include <QVariant>
 
 #include <algorithm>
+#include <utility>
 
 namespace Velmora {
 
 namespace {
-
-/// The property of a button whose press was dragged off it.
-constexpr char kDraggedOff[] = "_velmora_draggedOff";
 
 const IndicatorColors &ColorsFor(const IndicatorTable &table, int flags)
 {
@@ -30,21 +27,39 @@ const IndicatorColors &ColorsFor(const IndicatorTable &table, int flags)
 
 } // namespace
 
-void FollowPress(QAbstractButton &button, const QMouseEvent &move, bool isInHitArea)
+OutsidePress::OutsidePress(QAbstractButton &button, HitTest hits)
+    : m_button(button)
+    , m_hits(std::move(hits))
 {
-    const bool wasHeld = button.isDown() || button.property(kDraggedOff).toBool();
-    const bool isDraggedOff = wasHeld && !isInHitArea && (move.buttons() & Qt::LeftButton);
-    button.setProperty(kDraggedOff, isDraggedOff ? QVariant(true) : QVariant());
+    button.installEventFilter(this);
 }
 
-void KeepPressed(QAbstractButton &button, QStyleOptionButton &option)
+bool OutsidePress::eventFilter(QObject *watched, QEvent *event)
 {
-    if (!button.property(kDraggedOff).toBool())
-        return;
-    if (QGuiApplication::mouseButtons() & Qt::LeftButton)
-        option.state |= QStyle::State_Sunken;
+    const bool isMove = event->type() == QEvent::MouseMove && watched == &m_button;
+    const bool isPress = event->type() == QEvent::MouseButtonPress;
+    if (!isMove && !isPress && event->type() != QEvent::MouseButtonRelease)
+        return false;
+    const auto &mouse = static_cast<const QMouseEvent &>(*event);
+    // Another press of the same button: of the release nobody heard.
+    const bool isStillHeld = (mouse.buttons() & Qt::LeftButton) && !(isPress && mouse.button() == Qt::LeftButton);
+    if (isMove)
+        SetHeld(isStillHeld && (m_isHeld || m_button.isDown()) && !m_hits(mouse.pos()));
     else
-        button.setProperty(kDraggedOff, QVariant()); // released somewhere else, for which Qt repaints the button
+        SetHeld(isStillHeld && m_isHeld);
+    return false;
+}
+
+void OutsidePress::SetHeld(bool isHeld)
+{
+    if (isHeld == m_isHeld)
+        return;
+    m_isHeld = isHeld;
+    if (isHeld)
+        WatchApplicationEvents(this, {QEvent::MouseButtonPress, QEvent::MouseButtonRelease});
+    else
+        UnwatchApplicationEvents(this);
+    m_button.update();
 }
 
 void PaintIndicator(QAbstractButton &button, const IndicatorParts &parts, const IndicatorTable &table, const QStyleOptionButton &option,

@@ -1,13 +1,15 @@
 #pragma once
 
+#include <QObject>
 #include <QStyle>
 
 #include <array>
+#include <functional>
 
 QT_BEGIN_NAMESPACE
 class QAbstractButton;
-class QMouseEvent;
 class QPainter;
+class QPoint;
 class QStyleOptionButton;
 QT_END_NAMESPACE
 
@@ -36,12 +38,31 @@ struct IndicatorParts
     QStyle::ControlElement label;
 };
 
-/// To be told of each mouse move of \a button before Qt handles it: notes whether the press is dragged off the area that it hit.
-void FollowPress(QAbstractButton &button, const QMouseEvent &move, bool isInHitArea);
+/// The press of a button that the mouse was dragged off: Qt no longer counts the button as down, while it looks pressed until the release,
+/// wherever that happens.
+///
+/// To be owned by the button.
+class OutsidePress : public QObject
+{
+    Q_OBJECT
 
-/// Makes \a option sunken while the mouse holds \a button, also where the cursor was dragged off and Qt no longer counts it
-/// as down: the pressed look lasts until the release.
-void KeepPressed(QAbstractButton &button, QStyleOptionButton &option);
+public:
+    /// Whether a place of the button is in the area that a press hits.
+    using HitTest = std::function<bool(const QPoint &)>;
+
+    OutsidePress(QAbstractButton &button, HitTest hits);
+
+    bool IsHeld() const { return m_isHeld; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void SetHeld(bool isHeld);
+
+    QAbstractButton &m_button;
+    HitTest m_hits;
+    bool m_isHeld = false;
+};
 
 /// Paints the indicator of \a button in the look that \a option and \a isHovered give: disabled before pressed, pressed before
 /// hovered.

@@ -64,17 +64,21 @@ const IndicatorTable &TableFor(Qt::CheckState state)
 
 QcCheckBox::QcCheckBox(QWidget *parent)
     : QCheckBox(parent)
+    , m_outsidePress(std::make_unique<OutsidePress>(*this, [this](const QPoint &place) { return hitButton(place); }))
 {
     InstallButtonAccessibility();
     setAttribute(Qt::WA_MouseTracking);
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/CheckBox.qss"));
 }
 
+QcCheckBox::~QcCheckBox() = default;
+
 void QcCheckBox::paintEvent(QPaintEvent * /*event*/)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    KeepPressed(*this, option);
+    if (m_outsidePress->IsHeld())
+        option.state |= QStyle::State_Sunken;
     DrawIndicator(option);
     DrawText(option);
 }
@@ -106,7 +110,6 @@ void QcCheckBox::leaveEvent(QEvent *event)
 
 void QcCheckBox::mouseMoveEvent(QMouseEvent *event)
 {
-    FollowPress(*this, *event, hitButton(event->pos()));
     update();
     QCheckBox::mouseMoveEvent(event);
 }

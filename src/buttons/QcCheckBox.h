@@ -4,11 +4,15 @@
 
 #include <QCheckBox>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QStyleOptionButton;
 QT_END_NAMESPACE
 
 namespace Velmora {
+
+class OutsidePress;
 
 /// A check box with a themed indicator, in three states if the host asks for them as of any QCheckBox.
 ///
@@ -20,6 +24,7 @@ class VELMORA_EXPORT QcCheckBox : public QCheckBox
 
 public:
     explicit QcCheckBox(QWidget *parent = nullptr);
+    ~QcCheckBox() override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -30,6 +35,8 @@ protected:
 private:
     void DrawIndicator(const QStyleOptionButton &option);
     void DrawText(const QStyleOptionButton &option);
+
+    std::unique_ptr<OutsidePress> m_outsidePress;
 };
 
 } // namespace Velmora

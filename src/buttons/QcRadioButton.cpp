@@ -45,6 +45,7 @@ constexpr IndicatorTable kChecked = {
 
 QcRadioButton::QcRadioButton(QWidget *parent)
     : QRadioButton(parent)
+    , m_outsidePress(std::make_unique<OutsidePress>(*this, [this](const QPoint &place) { return hitButton(place); }))
 {
     InstallButtonAccessibility();
     setAttribute(Qt::WA_MouseTracking);
@@ -77,7 +78,8 @@ void QcRadioButton::paintEvent(QPaintEvent * /*event*/)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    KeepPressed(*this, option);
+    if (m_outsidePress->IsHeld())
+        option.state |= QStyle::State_Sunken;
     DrawIndicator(option);
     DrawText(option);
 }
@@ -115,7 +117,6 @@ void QcRadioButton::leaveEvent(QEvent *event)
 
 void QcRadioButton::mouseMoveEvent(QMouseEvent *event)
 {
-    FollowPress(*this, *event, hitButton(event->pos()));
     update();
     QRadioButton::mouseMoveEvent(event);
 }

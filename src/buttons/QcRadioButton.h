@@ -5,11 +5,15 @@
 #include <QPointer>
 #include <QRadioButton>
 
+#include <memory>
+
 QT_BEGIN_NAMESPACE
 class QStyleOptionButton;
 QT_END_NAMESPACE
 
 namespace Velmora {
+
+class OutsidePress;
 
 /// A radio button with a themed indicator, which another widget may trigger.
 ///
@@ -42,6 +46,7 @@ private:
     void DrawText(const QStyleOptionButton &option);
 
     QPointer<QWidget> m_triggerWidget;
+    std::unique_ptr<OutsidePress> m_outsidePress;
 };
 
 } // namespace Velmora

@@ -162,6 +162,39 @@ protected:
         QTest::mouseRelease(this->m_window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(1, 1));
     }
 
+    void CheckReleaseElsewhere()
+    {
+        const QImage normal = Look();
+        const QPoint place(299, 199);
+        for (QWidget *receiver : {static_cast<QWidget *>(this->m_control), this->m_window.get()}) {
+            DragOff();
+            QVERIFY(Look() != normal);
+            EventCounter paints(*this->m_control, QEvent::Paint);
+            QTest::mouseRelease(receiver, Qt::LeftButton, Qt::NoModifier, place);
+            DrainEvents();
+            QVERIFY(paints.Take() > 0);
+            QCOMPARE(Look(), normal);
+            DragOff();
+            QMouseEvent right(QEvent::MouseButtonPress, place, Qt::RightButton, Qt::LeftButton | Qt::RightButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(this->m_window.get(), &right);
+            QVERIFY(Look() != normal); // the left one is still held
+            // The next press elsewhere comes before there was time to paint.
+            QTest::mouseRelease(receiver, Qt::LeftButton, Qt::NoModifier, place);
+            QTest::mousePress(this->m_window.get(), Qt::LeftButton, Qt::NoModifier, place);
+            QCOMPARE(Look(), normal);
+            QTest::mouseRelease(this->m_window.get(), Qt::LeftButton, Qt::NoModifier, place);
+        }
+    }
+
+    void CheckReleaseNobodyHeardOf()
+    {
+        const QImage normal = Look();
+        DragOff();
+        QTest::mousePress(this->m_window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(299, 199));
+        QCOMPARE(Look(), normal);
+        QTest::mouseRelease(this->m_window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(299, 199));
+    }
+
     void CheckCancelledPress()
     {
         const QPoint inside = AtImage(7, 7).toPoint();
@@ -238,6 +271,16 @@ protected:
     }
 
 private:
+    /// Presses the button and drags the mouse off it, where it stays pressed.
+    void DragOff()
+    {
+        const QPoint inside = AtImage(7, 7).toPoint();
+        MouseTo(inside);
+        QTest::mousePress(this->m_control, Qt::LeftButton, Qt::NoModifier, inside);
+        Drag(QPoint(400, 300));
+        QVERIFY(!this->m_control->isDown());
+    }
+
     void MouseTo(const QPoint &position)
     {
         QCursor::setPos(this->m_control->mapToGlobal(position));

@@ -47,6 +47,8 @@ private Q_SLOTS:
     void the_cursor_beside_the_hit_area_hovers_nothing() { CheckHoverByHitArea(); }
     void a_box_held_down_looks_pressed_with_the_cursor_elsewhere() { CheckDownWithTheCursorElsewhere(); }
     void a_press_dragged_off_looks_pressed_until_the_release() { CheckPressDraggedOff(); }
+    void a_press_dragged_off_ends_with_the_release_whoever_gets_it() { CheckReleaseElsewhere(); }
+    void a_press_dragged_off_ends_with_the_next_if_nobody_heard_of_the_release() { CheckReleaseNobodyHeardOf(); }
     void a_press_cancelled_by_escape_looks_pressed_no_more() { CheckCancelledPress(); }
     void handlers_may_delete_it_or_change_the_table() { CheckHandlersThatDeleteOrReTheme(); }
 

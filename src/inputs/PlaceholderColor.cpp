@@ -8,14 +8,24 @@
 #include <QPalette>
 #include <QWidget>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Velmora {
 
 namespace {
 
+constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Disabled, QPalette::Inactive};
+
 void ApplyPlaceholderToken(QWidget *edit)
 {
+    const QBrush token(TokenColor(QStringLiteral("text/text_tertairy")));
     QPalette palette = edit->palette();
-    palette.setBrush(QPalette::All, QPalette::PlaceholderText, QBrush(TokenColor(QStringLiteral("text/text_tertairy"))));
+    const bool isSet = std::all_of(std::begin(kGroups), std::end(kGroups),
+                                   [&](QPalette::ColorGroup group) { return palette.brush(group, QPalette::PlaceholderText) == token; });
+    if (isSet) // which Qt would find out at the end of a long way
+        return;
+    palette.setBrush(QPalette::All, QPalette::PlaceholderText, token);
     edit->setPalette(palette);
 }
 
@@ -33,7 +43,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::PaletteChange)
-            ApplyPlaceholderToken(static_cast<QWidget *>(watched)); // the same palette again is no change: no second event
+            ApplyPlaceholderToken(static_cast<QWidget *>(watched));
         return QObject::eventFilter(watched, event);
     }
 };

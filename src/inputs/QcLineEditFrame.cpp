@@ -285,10 +285,13 @@ bool QcLineEditFrame::getWarning() const
 
 void QcLineEditFrame::setWarningText(const QString &text)
 {
+    const QPointer<QcLineEditFrame> guard(this);
     const bool isNews = text != m_warningText;
     if (isNews) {
         m_warningText = text;
         m_warningTip->setText(text);
+        if (!guard) // the host heard of the text's new height
+            return;
     }
     updateArrowTipVisible();
     if (isNews && getWarning())

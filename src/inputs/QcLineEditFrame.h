@@ -72,8 +72,9 @@ public:
     /// Takes any validator, which stays the caller's; one that dies is forgotten. Null does nothing. Only integer and double
     /// validators act at the end of editing.
     void setValidator(QValidator *validator);
-    /// Takes numbers from \a min to \a max with up to \a decimals places; 0 takes whole numbers, the bounds cut to such.
-    /// Validators of earlier calls stay children of the edit.
+    /// Takes numbers from \a min to \a max with up to \a decimals places, the bounds rounded to these; 0 takes whole numbers, the
+    /// bounds cut to such. A bound that no int holds becomes the nearest, one that is no number 0; with places no number lies
+    /// within such a one. Nor does any if \a min is above \a max. Validators of earlier calls stay children of the edit.
     void setValidator(double min, double max, int decimals);
     /// Whether to show the warning: the red border and, if there is a text for it, the tip. Only the host calls it.
     virtual void setWarning(bool on);

@@ -1,18 +1,85 @@
 #include "support/TestMain.h"
 
-#include "inputs/NumberForms.h"
+#include "inputs/NumberValidatorTest.h"
 
 #include <Velmora/QcDoubleValidator.h>
+
+#include <limits>
 
 using namespace Velmora;
 using namespace VelmoraTest;
 
-class TestQcDoubleValidator : public TestCase
+class TestQcDoubleValidator : public NumberValidatorTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void a_text_is_judged_by_form_locale_and_range_data()
+    void a_negative_number_may_have_places() { QCOMPARE(Judge(*MakeValidator(-5, 10), QStringLiteral("-4.5")), kAcceptable); }
+
+    void the_tolerance_is_a_hundredth_of_the_last_place()
+    {
+        // Out of range by more is taken as it is; by less, Qt refuses it, or finds it out of the range itself.
+        QLocale::setDefault(QLocale(QStringLiteral("en")));
+        QcDoubleValidator validator(1, 2, 1, nullptr);
+        validator.setNotation(QDoubleValidator::StandardNotation);
+        QCOMPARE(Judge(validator, QStringLiteral("2.0011")), kAcceptable);
+        QCOMPARE(Judge(validator, QStringLiteral("2.0009")), kInvalid);
+        QCOMPARE(Judge(validator, QStringLiteral("0.9989")), kAcceptable);
+        QCOMPARE(Judge(validator, QStringLiteral("0.9991")), kInvalid);
+    }
+
+    void strange_ranges_and_places_judge_data()
+    {
+        QTest::addColumn<double>("bottom");
+        QTest::addColumn<double>("top");
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QValidator::State>("state");
+        constexpr int kMost = std::numeric_limits<int>::max();
+        constexpr int kLeast = std::numeric_limits<int>::min();
+        const auto add = [](const char *name, double bottom, double top, int decimals, const char *text, QValidator::State state) {
+            QTest::newRow(name) << bottom << top << decimals << QString::fromLatin1(text) << state;
+        };
+        add("infinite", -qInf(), qInf(), 2, "1.5", kAcceptable);
+        add("infinite, turned round", qInf(), -qInf(), 2, "1.5", kAcceptable); // out of range, as every number is
+        add("no numbers", qQNaN(), qQNaN(), 2, "1.5", kIntermediate);          // neither in range nor out of it
+        add("huge", -1e308, 1e308, 2, "1.5", kAcceptable);
+        add("no places", 0, 9, 0, "1.5", kInvalid);
+        add("no places, whole", 0, 9, 0, "3", kAcceptable);
+        add("fewer than no places", 0, 9, -3, "1.5", kInvalid);
+        add("fewer than no places, whole", 0, 9, -3, "3", kAcceptable);
+        add("fewest places", 0, 9, kLeast, "3", kAcceptable);
+        add("more places than a double has", 0, 9, 400, "1.5", kAcceptable);
+        add("most places", 0, 9, kMost, "1.5", kAcceptable);
+    }
+
+    void strange_ranges_and_places_judge()
+    {
+        QFETCH(double, bottom);
+        QFETCH(double, top);
+        QFETCH(int, decimals);
+        QFETCH(QString, text);
+        QFETCH(QValidator::State, state);
+        QcDoubleValidator validator(bottom, top, decimals, nullptr);
+        validator.setNotation(QDoubleValidator::StandardNotation);
+        QCOMPARE(Judge(validator, QStringLiteral("a")), kInvalid);
+        QCOMPARE(Judge(validator, text), state);
+    }
+
+    void a_million_places_are_too_many()
+    {
+        QCOMPARE(Judge(*MakeValidator(0, 5), QStringLiteral("1.") + QString(1 << 20, QLatin1Char('0'))), kInvalid);
+    }
+
+protected:
+    std::unique_ptr<QValidator> MakeValidator(int bottom, int top) const override
+    {
+        auto validator = std::make_unique<QcDoubleValidator>(bottom, top, 2, nullptr);
+        validator->setNotation(QDoubleValidator::StandardNotation);
+        return validator;
+    }
+
+    void AddJudgements() const override
     {
         static constexpr Judgement kJudgements[] = {
             {"en", "", kAcceptable},
@@ -50,71 +117,8 @@ private Q_SLOTS:
             {"ar_EG", "1.5", kInvalid},
             {"ar_EG", "\u0661\u066B\u0665", kInvalid},
         };
-        AddJudgements(kJudgements);
+        AddRows(kJudgements);
     }
-
-    void a_text_is_judged_by_form_locale_and_range()
-    {
-        QFETCH(QLocale, locale);
-        QFETCH(QString, text);
-        QFETCH(QValidator::State, state);
-        QLocale::setDefault(locale);
-        QcDoubleValidator validator(0, 5000, 2, nullptr);
-        validator.setNotation(QDoubleValidator::StandardNotation);
-        QCOMPARE(Judge(validator, text), state);
-    }
-
-    void a_lone_minus_waits_for_a_negative_number_if_there_can_be_one()
-    {
-        QCOMPARE(Judge(QcDoubleValidator(-0.01, 10, 2, nullptr), QStringLiteral("-")), kIntermediate);
-        QCOMPARE(Judge(QcDoubleValidator(0, 10, 2, nullptr), QStringLiteral("-")), kInvalid);
-        QCOMPARE(Judge(QcDoubleValidator(-5, 10, 2, nullptr), QStringLiteral("-4.5")), kAcceptable);
-    }
-
-    void the_tolerance_is_a_hundredth_of_the_last_place()
-    {
-        // Out of range by more is taken as it is; by less, Qt refuses it, or finds it out of the range itself.
-        QLocale::setDefault(QLocale(QStringLiteral("en")));
-        QcDoubleValidator validator(1, 2, 1, nullptr);
-        validator.setNotation(QDoubleValidator::StandardNotation);
-        QCOMPARE(Judge(validator, QStringLiteral("2.0011")), kAcceptable);
-        QCOMPARE(Judge(validator, QStringLiteral("2.0009")), kInvalid);
-        QCOMPARE(Judge(validator, QStringLiteral("0.9989")), kAcceptable);
-        QCOMPARE(Judge(validator, QStringLiteral("0.9991")), kInvalid);
-    }
-
-    void fixup_clears_a_lone_minus_only()
-    {
-        for (const char *minus : {"-", " - "}) {
-            QString text = QLatin1String(minus);
-            QcDoubleValidator().fixup(text);
-            QCOMPARE(text, QString());
-        }
-        QString number = QStringLiteral(" -1.5");
-        QcDoubleValidator().fixup(number);
-        QCOMPARE(number, QStringLiteral(" -1.5"));
-    }
-
-    void strange_ranges_judge_without_harm()
-    {
-        for (const double bound : {qInf(), -qInf(), qQNaN(), 1e308}) {
-            for (const int decimals : {-2147483647 - 1, -3, 0, 400, 2147483647}) {
-                const QcDoubleValidator validator(-bound, bound, decimals, nullptr);
-                QCOMPARE(Judge(validator, QStringLiteral("a")), kInvalid);
-                Judge(validator, QStringLiteral("1.5")); // whatever it says
-            }
-        }
-    }
-
-    void a_long_text_is_judged_whole()
-    {
-        const QcDoubleValidator validator(0, 5, 2, nullptr);
-        QCOMPARE(Judge(validator, QStringLiteral("1.") + QString(1 << 20, QLatin1Char('0'))), kInvalid);
-        QCOMPARE(Judge(validator, QString(1 << 20, QLatin1Char('a'))), kInvalid);
-    }
-
-protected:
-    void TearDown() override { QLocale::setDefault(QLocale::c()); }
 };
 
 VELMORA_TEST_MAIN(TestQcDoubleValidator)

@@ -1,6 +1,6 @@
 #include "support/TestMain.h"
 
-#include "inputs/NumberForms.h"
+#include "inputs/NumberValidatorTest.h"
 
 #include <Velmora/QcIntValidator.h>
 
@@ -9,12 +9,31 @@
 using namespace Velmora;
 using namespace VelmoraTest;
 
-class TestQcIntValidator : public TestCase
+class TestQcIntValidator : public NumberValidatorTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void a_text_is_judged_by_form_locale_and_range_data()
+    void every_int_is_acceptable_and_no_larger_number()
+    {
+        using Limits = std::numeric_limits<int>;
+        const QcIntValidator validator(Limits::min(), Limits::max());
+        QCOMPARE(Judge(validator, QStringLiteral("-2147483648")), kAcceptable);
+        QCOMPARE(Judge(validator, QStringLiteral("2147483647")), kAcceptable);
+        QVERIFY(Judge(validator, QStringLiteral("-2147483649")) != kAcceptable);
+        QVERIFY(Judge(validator, QStringLiteral("2147483648")) != kAcceptable);
+    }
+
+    void a_number_too_long_for_an_int_is_refused()
+    {
+        QCOMPARE(Judge(QcIntValidator(0, 5), QString(1 << 20, QLatin1Char('1'))), kInvalid);
+        QCOMPARE(Judge(QcIntValidator(0, 5), QStringLiteral("1,000,000,000,000")), kInvalid);
+    }
+
+protected:
+    std::unique_ptr<QValidator> MakeValidator(int bottom, int top) const override { return std::make_unique<QcIntValidator>(bottom, top); }
+
+    void AddJudgements() const override
     {
         static constexpr Judgement kJudgements[] = {
             {"en", "", kAcceptable},
@@ -54,71 +73,8 @@ private Q_SLOTS:
             {"ar_EG", "1,234", kInvalid},
             {"ar_EG", "\u0661\u0662", kInvalid},
         };
-        AddJudgements(kJudgements);
+        AddRows(kJudgements);
     }
-
-    void a_text_is_judged_by_form_locale_and_range()
-    {
-        QFETCH(QLocale, locale);
-        QFETCH(QString, text);
-        QFETCH(QValidator::State, state);
-        QLocale::setDefault(locale);
-        QCOMPARE(Judge(QcIntValidator(0, 5000), text), state);
-    }
-
-    void a_lone_minus_waits_for_a_negative_number_if_there_can_be_one()
-    {
-        QCOMPARE(Judge(QcIntValidator(-1, 10), QStringLiteral("-")), kIntermediate);
-        QCOMPARE(Judge(QcIntValidator(0, 10), QStringLiteral("-")), kInvalid);
-        QCOMPARE(Judge(QcIntValidator(-1, 10), QStringLiteral("-5")), kAcceptable);
-        QCOMPARE(Judge(QcIntValidator(-1, 10), QStringLiteral("-,5")), kInvalid);
-    }
-
-    void a_number_below_the_range_is_taken_while_typing()
-    {
-        QCOMPARE(Judge(QcIntValidator(10, 20), QStringLiteral("1")), kAcceptable);
-        QCOMPARE(Judge(QcIntValidator(10, 20), QStringLiteral("21")), kAcceptable);
-        QCOMPARE(Judge(QcIntValidator(std::numeric_limits<int>::min(), std::numeric_limits<int>::max()), QStringLiteral("-2147483648")),
-                 kAcceptable);
-    }
-
-    void fixup_clears_a_lone_minus_only_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("fixedText");
-        QTest::newRow("minus") << "-"
-                               << "";
-        QTest::newRow("blank minus") << " -\t"
-                                     << "";
-        QTest::newRow("number") << "-5"
-                                << "-5";
-        QTest::newRow("blank number") << " 12 "
-                                      << " 12 ";
-        QTest::newRow("nonsense") << "a-"
-                                  << "a-";
-        QTest::newRow("empty") << ""
-                               << "";
-    }
-
-    void fixup_clears_a_lone_minus_only()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, fixedText);
-        QcIntValidator().fixup(text);
-        QCOMPARE(text, fixedText);
-    }
-
-    void a_long_text_is_judged_whole()
-    {
-        QCOMPARE(Judge(QcIntValidator(0, 5), QString(1 << 20, QLatin1Char('1'))), kInvalid);
-        QString groups = QStringLiteral("1");
-        for (int i = 0; i < 10000; ++i)
-            groups += QStringLiteral(",000");
-        QCOMPARE(Judge(QcIntValidator(0, 5), groups), kInvalid);
-    }
-
-protected:
-    void TearDown() override { QLocale::setDefault(QLocale::c()); }
 };
 
 VELMORA_TEST_MAIN(TestQcIntValidator)

@@ -199,6 +199,7 @@ void GalleryWindow::FillList()
             auto *heading = new QListWidgetItem(m_list);
             heading->setFlags(Qt::NoItemFlags);
             heading->setSizeHint(QSize(0, 5 * kGrid));
+            heading->setData(Qt::AccessibleTextRole, family); // the label in its place is no part of the list
             QcLabel *label = MakeLabel(family, QcLabel::CaptionSmall);
             auto *place = new QWidget;
             auto *layout = new QVBoxLayout(place);

@@ -12,6 +12,8 @@
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
+#include <QAction>
+#include <QActionGroup>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QKeySequence>
@@ -68,7 +70,11 @@ bool ClickShowsMenu(const QAbstractButton &button)
 /// Whether checking \a button unchecks others.
 bool IsExclusive(const QAbstractButton &button)
 {
-    return button.autoExclusive() || (button.group() && button.group()->exclusive());
+    const auto *toolButton = qobject_cast<const QToolButton *>(&button);
+    const QAction *action = toolButton ? toolButton->defaultAction() : nullptr;
+    const QActionGroup *actions = action ? action->actionGroup() : nullptr;
+    return button.autoExclusive() || (button.group() && button.group()->exclusive())
+        || (actions && actions->exclusionPolicy() == QActionGroup::ExclusionPolicy::Exclusive);
 }
 
 /// Returns when the menu closes.

@@ -21,6 +21,7 @@
 #include <Velmora/QcToolColorButton.h>
 
 #include <QAccessible>
+#include <QActionGroup>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -328,6 +329,20 @@ private Q_SLOTS:
         Apply(given, *button, menu, ours);
         Apply(given, *plain, menu, theirs);
         QCOMPARE(Of(*button)->role(), given.role == QAccessible::NoRole ? Of(*plain)->role() : given.role);
+    }
+
+    void the_button_of_one_of_several_actions_is_a_radio_button()
+    {
+        QActionGroup group(nullptr);
+        QAction *action = group.addAction(QStringLiteral("Left"));
+        action->setCheckable(true);
+        QcToolButton button;
+        button.setDefaultAction(action);
+        QCOMPARE(Of(button)->role(), QAccessible::RadioButton);
+        group.setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional); // it can be unchecked
+        QCOMPARE(Of(button)->role(), QAccessible::CheckBox);
+        group.setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+        QCOMPARE(Of(button)->role(), QAccessible::CheckBox);
     }
 
     void states_are_those_of_plain_qt_data() { AddKinds(); }

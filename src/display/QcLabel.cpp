@@ -161,10 +161,12 @@ void QcLabel::PaintIcon()
         option.initFrom(this);
         icon.pixmap = style()->generatedIconPixmap(QIcon::Disabled, icon.pixmap, &option);
     }
-    const QRect place = ContentsPlace();
-    painter.setClipRect(place);
+    const QRect contents = ContentsPlace();
     const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
-    DrawPixmap(painter, QStyle::alignedRect(QGuiApplication::layoutDirection(), alignment, icon.size, place), icon);
+    const QRect place = QStyle::alignedRect(QGuiApplication::layoutDirection(), alignment, icon.size, contents);
+    if (!contents.contains(place))
+        painter.setClipRect(contents);
+    DrawPixmap(painter, place, icon);
 }
 
 } // namespace Velmora

@@ -46,6 +46,12 @@ ThemedPixmap Rendered(const ImageParams &params, const QSize &size, qreal ratio)
     return {QcStyleManager::GetInstance()->GetPixmap(request), size};
 }
 
+bool CoversPixelForPixel(const QTransform &toDevice, const QSize &size, const QSize &pixels)
+{
+    return toDevice.type() == QTransform::TxScale
+        && QSizeF(size.width() * toDevice.m11(), size.height() * toDevice.m22()).toSize() == pixels;
+}
+
 bool NeedsRendering(const ImageParams &params, qreal ratio)
 {
     return ratio > 1.0 && IsSvg(params.path);
@@ -79,12 +85,11 @@ ThemedPixmap PixmapWithin(const QPainter &painter, const ImageParams &params, co
 
 void DrawPixmap(QPainter &painter, const QRect &rect, const ThemedPixmap &picture)
 {
-    const QTransform toDevice = painter.deviceTransform();
-    const QSizeF covered(rect.width() * toDevice.m11(), rect.height() * toDevice.m22());
-    if (toDevice.type() != QTransform::TxScale || picture.pixmap.size() != covered.toSize()) {
+    if (!CoversPixelForPixel(painter.deviceTransform(), rect.size(), picture.pixmap.size())) {
         painter.drawPixmap(rect, picture.pixmap);
         return;
     }
+    const QTransform toDevice = painter.deviceTransform();
     const QPointF corner = toDevice.map(QPointF(rect.topLeft()));
     const QTransform toPixels = QTransform::fromTranslate(std::floor(corner.x() + 0.5), std::floor(corner.y() + 0.5));
     const QTransform world = painter.worldTransform();

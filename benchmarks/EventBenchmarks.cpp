@@ -36,6 +36,20 @@ void PressElsewhere(benchmark::State &state, const SceneMaker &makeScene)
     }
 }
 
+/// A move over some window while N others are on show elsewhere. What a window does of its own is the same at every N.
+void MoveElsewhere(benchmark::State &state, const SceneMaker &makeScene)
+{
+    const auto scene = makeScene();
+    const auto window = ShowWindow(*scene, int(state.range(0)));
+    QWidget target;
+    target.show();
+    Settle();
+    for (auto _ : state) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(target.windowHandle(), &move);
+    }
+}
+
 /// An event that no widget asked for, while N are on show.
 void OtherEvent(benchmark::State &state, const SceneMaker &makeScene)
 {
@@ -108,6 +122,9 @@ void Widgets(benchmark::internal::Benchmark *benchmark)
 BENCHMARK_CAPTURE(PressElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
 BENCHMARK_CAPTURE(PressElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
 BENCHMARK_CAPTURE(PressElsewhere, windows, Windows())->Apply(Widgets);
+BENCHMARK_CAPTURE(MoveElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
+BENCHMARK_CAPTURE(MoveElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
+BENCHMARK_CAPTURE(MoveElsewhere, windows, Windows())->Apply(Widgets);
 BENCHMARK_CAPTURE(OtherEvent, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
 BENCHMARK_CAPTURE(OtherEvent, palette, Buttons(Kind::Palette))->Apply(Widgets);
 BENCHMARK_CAPTURE(OtherEvent, windows, Windows())->Apply(Widgets);

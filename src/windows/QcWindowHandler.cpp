@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QMouseEvent>
+#include <QMultiHash>
 #include <QScreen>
 #include <QWindow>
 
@@ -46,33 +47,83 @@ void PostReleaseOutside(QWindow *window, const QMouseEvent &press)
         window, new QMouseEvent(QEvent::MouseButtonRelease, outside, outside, global, press.button(), Qt::NoButton, press.modifiers()));
 }
 
+/// Knows the handlers by their title bars, and hands each press on a title bar to its handler, before the title bar or a filter on it has
+/// it: one look a press, however many windows there are. The application's child.
+class TitleBars : public QObject
+{
+public:
+    /// Those of the application that lives now.
+    static TitleBars &Get()
+    {
+        static QPointer<TitleBars> titleBars;
+        if (!titleBars)
+            titleBars = new TitleBars(QCoreApplication::instance()); // the application's child
+        return *titleBars;
+    }
+
+    void Add(const QObject *titleBar, QcWindowHandler *handler)
+    {
+        m_handlers.insert(titleBar, handler);
+        connect(titleBar, &QObject::destroyed, this, [this, titleBar] { m_handlers.remove(titleBar); });
+    }
+
+    void Remove(const QObject *titleBar, QcWindowHandler *handler) { m_handlers.remove(titleBar, handler); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const auto handlers = m_handlers.values(watched);
+        for (QcWindowHandler *handler : handlers)
+            handler->StartMove(*event);
+        return false;
+    }
+
+private:
+    explicit TitleBars(QObject *application)
+        : QObject(application)
+    {
+        WatchApplicationEvents(this, {QEvent::MouseButtonPress});
+    }
+
+    QMultiHash<const QObject *, QcWindowHandler *> m_handlers;
+};
+
 } // namespace
 
 QcWindowHandler::QcWindowHandler(QWidget *parent, const NativeFrame *native)
     : QObject(parent)
     , m_native(native)
 {
-    WatchApplicationEvents(
-        this, {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::Show, QEvent::WindowDeactivate, QEvent::WindowStateChange});
 }
 
-// Both filters forget an object that goes.
-QcWindowHandler::~QcWindowHandler() = default;
+QcWindowHandler::~QcWindowHandler()
+{
+    setTitleBar(nullptr);
+}
 
 void QcWindowHandler::setWidget(QWidget *widget)
 {
+    if (m_widget)
+        m_widget->removeEventFilter(this);
     m_widget = widget;
+    if (m_widget)
+        m_widget->installEventFilter(this);
+    WatchWhileNeeded();
     applyNativeStyle();
 }
 
 void QcWindowHandler::setTitleBar(QWidget *titleBar)
 {
+    if (m_titleBar)
+        TitleBars::Get().Remove(m_titleBar, this);
     m_titleBar = titleBar;
+    if (m_titleBar)
+        TitleBars::Get().Add(m_titleBar, this);
 }
 
 void QcWindowHandler::setBorderWidth(int width)
 {
     m_borderWidth = width;
+    WatchWhileNeeded();
 }
 
 void QcWindowHandler::setNativeFrame(bool enabled)
@@ -92,40 +143,62 @@ void QcWindowHandler::applyNativeStyle()
         m_native->addFrameStyle(m_widget->winId());
 }
 
-// --- The application's events ---
+// --- Events ---
+
+void QcWindowHandler::WatchWhileNeeded()
+{
+    const bool isNeeded = m_widget && ((m_borderWidth > 0 && m_widget->isActiveWindow()) || HasCursor());
+    if (isNeeded == m_isWatching)
+        return;
+    m_isWatching = isNeeded;
+    if (isNeeded)
+        WatchApplicationEvents(this, {QEvent::MouseButtonPress, QEvent::MouseMove});
+    else
+        UnwatchApplicationEvents(this);
+}
 
 bool QcWindowHandler::eventFilter(QObject *watched, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-        if (watched == m_titleBar)
-            StartMove(*event);
-        else if (IsResizable() && IsWindowOfWidget(watched))
-            StartResize(watched, *event);
-        break;
-    case QEvent::MouseMove:
-        // Every handler comes here on every move of the mouse: mostly there is nothing to do, and the class's name is asked last.
-        if (m_widget && (m_borderWidth > 0 || HasCursor()) && IsWindowOfWidget(watched))
-            UpdateCursor();
-        break;
+    if (watched == m_widget)
+        ServeWidget(event->type());
+    else if (m_widget && IsWindowOfWidget(watched))
+        ServeWindow(watched, *event);
+    return QObject::eventFilter(watched, event);
+}
+
+void QcWindowHandler::ServeWidget(QEvent::Type type)
+{
+    switch (type) {
     case QEvent::Show:
-        if (watched == m_widget && m_firstShow) {
+        if (m_firstShow) {
             m_firstShow = false;
             FollowScreenChanges();
         }
+        WatchWhileNeeded(); // it was told of no activation while hidden, and may have become a window, or a widget inside of one
         break;
     case QEvent::WindowDeactivate:
-        if (watched == m_widget)
-            ClearCursor();
+        WatchWhileNeeded();
+        ClearCursor();
+        break;
+    case QEvent::WindowActivate:
+    case QEvent::CursorChange:
+        WatchWhileNeeded();
         break;
     case QEvent::WindowStateChange:
-        if (watched == m_widget && UsesNativeFrame())
+        if (UsesNativeFrame())
             UpdateMaximisedMargins();
         break;
     default:
         break;
     }
-    return QObject::eventFilter(watched, event);
+}
+
+void QcWindowHandler::ServeWindow(const QObject *window, const QEvent &event)
+{
+    if (event.type() == QEvent::MouseMove)
+        UpdateCursor();
+    else if (event.type() == QEvent::MouseButtonPress && IsResizable())
+        StartResize(window, event);
 }
 
 void QcWindowHandler::StartMove(const QEvent &press)

@@ -3,6 +3,7 @@
 #include "windows/NativeFrame_p.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QEvent>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -11,7 +12,8 @@ namespace Velmora {
 
 /// What a system frame would do for a frameless window: moving by its title row, resizing at its edges with the cursors for it.
 ///
-/// Both go through the window system. It watches the application's events and consumes none of them.
+/// Both go through the window system. It consumes no event. Beside those of its widget and the presses on its title bar it watches the
+/// application's events only while there is an edge to serve or a cursor to take back: there may be thousands of windows.
 class QcWindowHandler : public QObject, public QAbstractNativeEventFilter
 {
     Q_OBJECT
@@ -32,14 +34,19 @@ public:
     /// Gives the window the style of one with a frame, if it is to have it.
     void applyNativeStyle();
 
+    /// Has the window system move the window, which was pressed at its title bar.
+    void StartMove(const QEvent &press);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
     bool nativeEventFilter(const QByteArray &eventType, void *message, long *result) override;
 
 private:
+    void WatchWhileNeeded();
+    void ServeWidget(QEvent::Type type);
+    void ServeWindow(const QObject *window, const QEvent &event);
     bool UsesNativeFrame() const { return m_nativeFrame && m_native; }
     bool IsResizable() const;
     Qt::Edges EdgesUnderCursor() const;
-    void StartMove(const QEvent &press);
     void StartResize(const QObject *pressed, const QEvent &press);
     void UpdateCursor();
     bool HasCursor() const;
@@ -53,6 +60,7 @@ private:
     int m_borderWidth = 0;
     bool m_firstShow = true;
     const NativeFrame *m_native;
+    bool m_isWatching = false;
 };
 
 } // namespace Velmora

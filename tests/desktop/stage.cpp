@@ -112,6 +112,16 @@ void Ask(QWidget *window)
     Say(QStringLiteral("answer%1").arg(Velmora::exec(&dialog, window)));
 }
 
+/// Keeps every press from the widget that it filters.
+class PressKeeper : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override { return event->type() == QEvent::MouseButtonPress; }
+};
+
 /// Has a window go and come back as it would if it had been maximised when its program last ran.
 void ComeBackMaximised(QWidget *window)
 {
@@ -130,6 +140,8 @@ int ShowWindow(const QString &option)
     QObject::connect(&window, &QcWindow::signalClose, [] { Say(QStringLiteral("closed")); });
     if (option == QLatin1String("asking"))
         QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { Ask(&window); });
+    if (option == QLatin1String("keeping"))
+        window.getTitleFrame()->installEventFilter(new PressKeeper(&window)); // the window's
     if (option == QLatin1String("returning"))
         QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { ComeBackMaximised(&window); });
     QcArrowTip tip(&window);

@@ -134,6 +134,11 @@ class WindowsTest(unittest.TestCase):
                 self.assertEqual((stage.geometry, stage.maximized), (moved, False))
                 self.finish(stage)
 
+    def test_a_press_that_the_host_keeps_from_the_title_row_moves_the_window_still(self):
+        stage = self.show("window", "keeping")
+        x, y, width, height = stage.geometry
+        self.drag_until(stage, stage.at("m_titleFrame"), (60, 40), (x + 60, y + 40, width, height))
+
     def test_a_dialog_without_its_title_row_is_not_moved(self):
         stage = self.show("dialog", "untitled")
         before = stage.geometry

@@ -71,6 +71,39 @@ public:
     QcWindowHandler *handler;
 };
 
+void MoveOver(QWidget &window)
+{
+    QMouseEvent move(QEvent::MouseMove, QPointF(10, 75), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.windowHandle(), &move);
+}
+
+/// Counts the presses and moves over windows that it is asked about.
+class CountingHandler : public QcWindowHandler
+{
+public:
+    using QcWindowHandler::QcWindowHandler;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        m_count += watched->isWindowType() && (event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonPress);
+        return QcWindowHandler::eventFilter(watched, event);
+    }
+
+    /// How many of one press and one move over \a window.
+    int CountOver(QWidget &window)
+    {
+        m_count = 0;
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseMove}) {
+            QMouseEvent event(type, QPointF(50, 50), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(window.windowHandle(), &event);
+        }
+        return m_count;
+    }
+
+private:
+    int m_count = 0;
+};
+
 } // namespace
 
 class TestQcWindowHandler : public TestCase
@@ -193,6 +226,111 @@ private Q_SLOTS:
         QMouseEvent move(QEvent::MouseMove, QPointF(50, 50), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&stage.window, &move);
         QCOMPARE(stage.window.cursor().shape(), Qt::WaitCursor);
+    }
+
+    void a_handler_is_asked_about_windows_only_while_it_has_an_edge_or_a_cursor()
+    {
+        QWidget window(nullptr, Qt::Window | Qt::FramelessWindowHint);
+        window.setGeometry(100, 100, kWidth, kHeight);
+        auto *title = new QWidget(&window);
+        title->setGeometry(0, 0, kWidth, 40);
+        CountingHandler handler(nullptr);
+        handler.setWidget(&window);
+        handler.setTitleBar(title);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCursor::setPos(window.mapToGlobal(QPoint(50, 50)));
+        DrainEvents();
+        QCOMPARE(handler.CountOver(window), 0);
+
+        window.setCursor(Qt::WaitCursor);
+        QCOMPARE(handler.CountOver(window), 2);
+        QCOMPARE(window.cursor().shape(), Qt::ArrowCursor);
+        QCOMPARE(handler.CountOver(window), 0); // nothing is left to take back
+
+        handler.setBorderWidth(kBorder);
+        QCOMPARE(handler.CountOver(window), 2);
+        QWidget other;
+        other.setGeometry(400, 400, 50, 50);
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QCOMPARE(handler.CountOver(other), 0); // the edges of an inactive window do nothing
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCOMPARE(handler.CountOver(other), 2);
+        handler.setBorderWidth(0);
+        QCOMPARE(handler.CountOver(window), 0);
+    }
+
+    void a_widget_that_becomes_a_window_has_edges()
+    {
+        QWidget parent;
+        parent.setGeometry(400, 400, 300, 200);
+        auto *panel = new QWidget(&parent); // the parent's
+        panel->resize(kWidth, kHeight);
+        QcWindowHandler handler(nullptr);
+        handler.setWidget(panel);
+        parent.show();
+        QVERIFY(QTest::qWaitForWindowActive(&parent));
+
+        panel->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+        handler.setBorderWidth(kBorder);
+        panel->move(100, 100);
+        panel->show();
+        QVERIFY(QTest::qWaitForWindowActive(panel));
+        QCursor::setPos(panel->mapToGlobal(QPoint(0, 75)));
+        DrainEvents();
+        QMouseEvent move(QEvent::MouseMove, QPointF(0, 75), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(panel->windowHandle(), &move);
+        QCOMPARE(panel->cursor().shape(), Qt::SizeHorCursor);
+    }
+
+    void a_widget_shown_in_an_active_window_has_edges()
+    {
+        QWidget parent;
+        parent.setGeometry(100, 100, 300, 200);
+        auto *panel = new QWidget(&parent); // the parent's
+        panel->resize(kWidth, kHeight);
+        panel->hide();
+        QcWindowHandler handler(nullptr);
+        handler.setWidget(panel);
+        handler.setBorderWidth(kBorder);
+        parent.show();
+        QVERIFY(QTest::qWaitForWindowActive(&parent)); // which a hidden widget is not told
+        panel->show();
+        QCursor::setPos(panel->mapToGlobal(QPoint(0, 75)));
+        DrainEvents();
+        MoveOver(parent);
+        QCOMPARE(panel->cursor().shape(), Qt::SizeHorCursor);
+    }
+
+    void a_window_that_becomes_a_widget_takes_its_parents_cursor()
+    {
+        QWidget parent;
+        parent.setGeometry(100, 100, 300, 200);
+        parent.setCursor(Qt::CrossCursor);
+        auto *panel = new QWidget;         // the parent's below
+        panel->setCursor(Qt::ArrowCursor); // what every window has
+        QcWindowHandler handler(nullptr);
+        handler.setWidget(panel);
+        panel->setParent(&parent);
+        parent.show();
+        QVERIFY(QTest::qWaitForWindowActive(&parent));
+        QCOMPARE(panel->cursor().shape(), Qt::ArrowCursor);
+        MoveOver(parent);
+        QCOMPARE(panel->cursor().shape(), Qt::CrossCursor);
+    }
+
+    void another_widget_takes_the_place_of_the_first()
+    {
+        Stage stage;
+        QVERIFY(stage.Show());
+        QCOMPARE(stage.CursorAt(0, 75), Qt::SizeHorCursor);
+        stage.window.unsetCursor();
+        QWidget other;
+        stage.handler->setWidget(&other);
+        QCOMPARE(stage.CursorAt(0, 75), Qt::ArrowCursor);
     }
 
     void events_are_never_consumed()

@@ -1,5 +1,6 @@
 #include <Velmora/QcMultiLineText.h>
 
+#include "core/InstallAccessible_p.h"
 #include "display/MultiLineTextAccessible_p.h"
 
 #include <QAccessibleWidget>
@@ -26,18 +27,11 @@ public:
     }
 };
 
-QAccessibleInterface *CreateTextInterface(const QString &className, QObject *object)
-{
-    // Qt asks once for each class of the object, the most derived first.
-    auto *text = className == QLatin1String("Velmora::QcMultiLineText") ? qobject_cast<QcMultiLineText *>(object) : nullptr;
-    return text ? new MultiLineTextAccessible(text) : nullptr; // owned by Qt's accessibility cache
-}
-
 } // namespace
 
 void InstallTextAccessibility()
 {
-    QAccessible::installFactory(CreateTextInterface);
+    InstallAccessible<MultiLineTextAccessible, QcMultiLineText>();
 }
 
 } // namespace Velmora

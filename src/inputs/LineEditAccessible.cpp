@@ -85,6 +85,7 @@ public:
     void scrollToSubstring(int start, int end) override
     {
         Edit()->setCursorPosition(end);
+        Edit()->repaint(); // which scrolls to the caret
         Edit()->setCursorPosition(start);
     }
 
@@ -114,9 +115,6 @@ public:
             return QRect();
         // Laid out again, since Qt tells only where the caret is: the distance from it is the same on the screen.
         QTextLayout layout(shown, Edit()->font());
-        QTextOption option;
-        option.setTextDirection(Edit()->layoutDirection());
-        layout.setTextOption(option);
         layout.beginLayout();
         const QTextLine line = layout.createLine();
         layout.endLayout();

@@ -73,6 +73,12 @@ private Q_SLOTS:
         palette.setColor(QPalette::PlaceholderText, Qt::green);
         edit->setPalette(palette);
         COMPARE_COLOR(Ink(*edit), expected);
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            QPalette ofOneGroup = edit->palette();
+            ofOneGroup.setColor(group, QPalette::PlaceholderText, Qt::green);
+            edit->setPalette(ofOneGroup);
+            COMPARE_COLOR(edit->palette().color(group, QPalette::PlaceholderText), TokenOf(Table::Light, kToken));
+        }
         QWidget other;
         other.setStyleSheet(QStringLiteral("* { color: yellow; background: white }"));
         edit->setParent(&other);

@@ -51,6 +51,7 @@ private Q_SLOTS:
     {
         QAccessibleInterface *described = Described();
         QCOMPARE(described->role(), QAccessible::EditableText);
+        QVERIFY(described->actionInterface()); // to be focused by
         QCOMPARE(described->text(QAccessible::Name), QString());
         m_edit->setPlaceholderText(QStringLiteral("Placeholder"));
         QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Placeholder"));
@@ -165,6 +166,31 @@ private Q_SLOTS:
         QCOMPARE(Described()->textInterface()->characterRect(124), QRect());
     }
 
+    void the_end_of_a_sentence_is_found_on_the_side_where_it_stands_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("isOnTheRight"); // as the text itself runs, not the layout
+        QTest::newRow("Latin") << QStringLiteral("Wow!") << true;
+        QTest::newRow("Hebrew") << QStringLiteral("\u05D0\u05D1\u05D2!") << false;
+    }
+
+    void the_end_of_a_sentence_is_found_on_the_side_where_it_stands()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, isOnTheRight);
+        m_edit->setText(text);
+        m_edit->setCursorPosition(0);
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            m_window->setLayoutDirection(direction);
+            m_edit->grab();
+            QAccessibleTextInterface *read = Described()->textInterface();
+            const QRect mark = read->characterRect(3);
+            QCOMPARE(mark.left() > read->characterRect(0).left(), isOnTheRight);
+            const int found = read->offsetAtPoint(mark.center());
+            QVERIFY2(found == 3 || found == 4, qPrintable(QString::number(found)));
+        }
+    }
+
     void each_character_ends_where_the_next_begins()
     {
         m_edit->setText(QStringLiteral("iWill, fit; mostly: WiWiW"));
@@ -185,11 +211,28 @@ private Q_SLOTS:
         }
     }
 
-    void it_scrolls_to_a_part_of_the_text()
+    void it_scrolls_until_a_part_of_the_text_is_seen()
     {
         m_edit->setText(QString(200, QLatin1Char('m')));
-        Described()->textInterface()->scrollToSubstring(50, 60);
-        QCOMPARE(m_edit->cursorPosition(), 50);
+        for (const int start : {50, 20, 150}) {
+            QAccessibleTextInterface *text = Described()->textInterface();
+            text->scrollToSubstring(start, start + 10);
+            QCOMPARE(m_edit->cursorPosition(), start);
+            m_edit->grab();
+            for (const int offset : {start, start + 9}) {
+                const QRect character = text->characterRect(offset);
+                QVERIFY(m_edit->rect().contains(QRect(m_edit->mapFromGlobal(character.topLeft()), character.size())));
+            }
+        }
+    }
+
+    void what_hears_of_its_text_is_related_to_it()
+    {
+        QLabel listener(m_window.get());
+        connect(m_edit, &QLineEdit::textChanged, &listener, &QLabel::setText);
+        const auto relations = Described()->relations(QAccessible::Controlled);
+        QCOMPARE(relations.size(), 1);
+        QCOMPARE(relations.constFirst().first, QAccessible::queryAccessibleInterface(&listener));
     }
 
     void it_is_edited()

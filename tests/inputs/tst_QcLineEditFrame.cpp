@@ -1279,6 +1279,12 @@ private Q_SLOTS:
         QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("of the edit"));
     }
 
+    void the_button_is_named_by_its_tool_tip()
+    {
+        ButtonOf(*m_frame)->setToolTip(QStringLiteral("Choose a file"));
+        QCOMPARE(QAccessible::queryAccessibleInterface(ButtonOf(*m_frame))->text(QAccessible::Name), QStringLiteral("Choose a file"));
+    }
+
     void a_changed_description_is_announced_and_an_unchanged_one_is_not()
     {
         const QObjectList once{m_frame->getLineEdit()};

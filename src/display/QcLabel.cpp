@@ -135,14 +135,13 @@ void QcLabel::paintEvent(QPaintEvent *event)
     painter.drawText(rect(), int(alignment()), elided);
 }
 
-/// True while QLabel would paint our icon as it is: not one whose path or colour is gone, not a picture that the host has set since,
-/// and not at another size.
+/// True while QLabel would paint our icon as it is: not one that keeps a colour which was taken away, not a picture that the host has
+/// set since, and not at another size.
 bool QcLabel::ShowsIcon() const
 {
-    if (m_iconPath.isEmpty() || m_iconColorParams.isEmpty())
-        return false;
     const QPixmap shown = pixmap(Qt::ReturnByValue);
-    return !shown.isNull() && shown.cacheKey() == m_shownIcon && (!hasScaledContents() || ContentsPlace() == rect());
+    return !shown.isNull() && !m_iconColorParams.isEmpty() && shown.cacheKey() == m_shownIcon
+        && (!hasScaledContents() || ContentsPlace() == rect());
 }
 
 QRect QcLabel::ContentsPlace() const

@@ -555,13 +555,24 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(RenderAt(label, 2.0), QPointF(16, 10)), QColor(Qt::green));
     }
 
-    void an_icon_left_behind_by_its_path_stays_on_every_screen()
+    void an_icon_left_behind_by_its_path_or_colour_stays_on_every_screen_data()
+    {
+        QTest::addColumn<bool>("byPath");
+        QTest::newRow("path") << true;
+        QTest::newRow("colour") << false;
+    }
+
+    void an_icon_left_behind_by_its_path_or_colour_stays_on_every_screen()
     {
         QcLabel label;
         label.resize(32, 20);
         label.SetIconPath(m_icon.Path());
         label.SetIconColorParams(kIconColor);
-        label.SetIconPath(QString());
+        QFETCH(bool, byPath);
+        if (byPath)
+            label.SetIconPath(QString());
+        else
+            label.SetIconColorParams(QString());
         for (const qreal ratio : {1.0, 1.5, 2.0})
             COMPARE_COLOR(PixelAt(RenderAt(label, ratio), QPointF(16, 10)), Over(TokenOf(Table::Light, kIconColor)));
     }

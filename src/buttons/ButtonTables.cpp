@@ -4,6 +4,18 @@
 
 namespace Velmora {
 
+namespace {
+
+/// Calls \a enter(state, code) for each entry of \a tokens.
+template <typename Enter>
+void ForEachEntry(const StateTokens &tokens, const Enter &enter)
+{
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (tokens[i])
+            enter(QStyle::State(ButtonState::kAll[i]), tokens[i]);
+    }
+}
+
 ImageParams TintedIcon(const char *code, const char *path, const QSize &size)
 {
     ImageParams icon;
@@ -13,25 +25,50 @@ ImageParams TintedIcon(const char *code, const char *path, const QSize &size)
     return icon;
 }
 
-void EnterCodes(QHash<QStyle::State, QString> &table, const StateTokens &tokens)
+} // namespace
+
+CodeTable CodesOf(const StateTokens &tokens)
 {
+    CodeTable table;
     ForEachEntry(tokens, [&table](QStyle::State state, const char *code) { table[state] = QString::fromLatin1(code); });
+    return table;
 }
 
-void EnterIcons(QHash<QStyle::State, ImageParams> &table, const StateTokens &tokens, const char *path, const QSize &size)
+IconTable IconsOf(const StateTokens &tokens, const char *path, const QSize &size)
 {
+    IconTable table;
     ForEachEntry(tokens, [&](QStyle::State state, const char *code) { table[state] = TintedIcon(code, path, size); });
+    return table;
 }
 
-void InstallTables(QcButton &button, const ButtonTables &tables)
+const CodeTable &ToolBackgrounds()
 {
-    const auto codes = [&button](auto setter) {
-        return [&button, setter](QStyle::State state, const char *code) { (button.*setter)(state, QString::fromLatin1(code)); };
-    };
-    ForEachEntry(tables.background, codes(&QcButton::SetBackgroundColorParams));
-    ForEachEntry(tables.border, codes(&QcButton::SetBorderColorParams));
-    ForEachEntry(tables.text, codes(&QcButton::SetTextColorParams));
-    ForEachEntry(tables.icon, [&button](QStyle::State state, const char *code) { button.SetIconParam(state, TintedIcon(code)); });
+    static const CodeTable table = CodesOf(kToolBackground);
+    return table;
+}
+
+const IconTable &ToolIcons()
+{
+    static const IconTable table = IconsOf(kToolIcon);
+    return table;
+}
+
+FilledTables::FilledTables(const ButtonTables &tables)
+    : background(CodesOf(tables.background))
+    , border(CodesOf(tables.border))
+    , text(CodesOf(tables.text))
+    , icon(IconsOf(tables.icon))
+{
+}
+
+void InstallTables(QcButton &button, const FilledTables &tables)
+{
+    Enter(button.m_backgroundColorParams, tables.background);
+    Enter(button.m_borderColorParams, tables.border);
+    Enter(button.m_textColorParams, tables.text);
+    Enter(button.m_iconParams, tables.icon);
+    button.updateGeometry();
+    button.update();
 }
 
 } // namespace Velmora

@@ -18,6 +18,9 @@ class QcButton;
 /// Colour codes for the eight looks: disabled, normal, hover, pressed, then the same four checked. A null sets no entry.
 using StateTokens = std::array<const char *, 8>;
 
+using CodeTable = QHash<QStyle::State, QString>;
+using IconTable = QHash<QStyle::State, ImageParams>;
+
 constexpr StateTokens kNoTokens = {};
 
 /// The same code in all eight looks.
@@ -81,26 +84,38 @@ struct ButtonTables
 /// A text that looks like a link: nothing behind or around it.
 constexpr ButtonTables kLinkTables = {AllStates("transparent"), AllStates("transparent"), kLinkText, kLinkText};
 
-/// Calls \a enter(state, code) for each entry of \a tokens, in the order of the looks.
-template <typename Enter>
-void ForEachEntry(const StateTokens &tokens, const Enter &enter)
+/// A table of \a tokens, and one of an icon in each of them. Without a path they colour the icon that the button has in all states.
+CodeTable CodesOf(const StateTokens &tokens);
+IconTable IconsOf(const StateTokens &tokens, const char *path = "", const QSize &size = QSize());
+
+/// What all tool buttons have in common.
+const CodeTable &ToolBackgrounds();
+const IconTable &ToolIcons();
+
+/// Enters \a entries into \a table. An empty one shares them: a thousand buttons then have one table, until a host changes an entry.
+template <typename Value>
+void Enter(QHash<QStyle::State, Value> &table, const QHash<QStyle::State, Value> &entries)
 {
-    for (std::size_t i = 0; i < tokens.size(); ++i) {
-        if (tokens[i])
-            enter(QStyle::State(ButtonState::kAll[i]), tokens[i]);
+    if (table.isEmpty()) {
+        table = entries;
+        return;
     }
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry)
+        table.insert(entry.key(), entry.value());
 }
 
-/// The record of an icon in the one colour of \a code. Without a path it colours the icon that the button has in all states.
-ImageParams TintedIcon(const char *code, const char *path = "", const QSize &size = QSize());
+/// The tables of a variant, filled once for all its buttons.
+struct FilledTables
+{
+    explicit FilledTables(const ButtonTables &tables);
 
-/// Enters \a tokens into a table of colour codes.
-void EnterCodes(QHash<QStyle::State, QString> &table, const StateTokens &tokens);
-
-/// Enters a TintedIcon() in each of \a tokens into a table of icons.
-void EnterIcons(QHash<QStyle::State, ImageParams> &table, const StateTokens &tokens, const char *path = "", const QSize &size = QSize());
+    CodeTable background;
+    CodeTable border;
+    CodeTable text;
+    IconTable icon;
+};
 
 /// Enters \a tables into \a button.
-void InstallTables(QcButton &button, const ButtonTables &tables);
+void InstallTables(QcButton &button, const FilledTables &tables);
 
 } // namespace Velmora

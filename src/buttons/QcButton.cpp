@@ -5,6 +5,7 @@
 #include "buttons/ButtonAccessible_p.h"
 #include "buttons/ButtonPainting_p.h"
 #include "buttons/ButtonStateTracker_p.h"
+#include "buttons/TextWidth_p.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -24,6 +25,7 @@ constexpr int kFontPixels = 12;
 
 QcButton::QcButton(QWidget *parent)
     : QPushButton(parent)
+    , m_textWidth(std::make_unique<TextWidth>())
     , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
@@ -105,7 +107,7 @@ QSize QcButton::minimumSizeHint() const
     const bool hasIcon = !m_iconPath.isEmpty() || std::any_of(m_iconParams.cbegin(), m_iconParams.cend(), namesIcon);
     const int iconWidth = hasIcon ? height() : 0;
     const int spacing = hasIcon && !text().isEmpty() ? m_iconTextSpacing : 0;
-    return QSize(QFontMetrics(font()).horizontalAdvance(text()) + spacing + 2 * m_horizontalMargin + iconWidth, kHeight);
+    return QSize(m_textWidth->Of(text(), QFontMetrics(font())) + spacing + 2 * m_horizontalMargin + iconWidth, kHeight);
 }
 
 // --- State ---
@@ -196,7 +198,7 @@ void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QS
         return;
     }
     // Icon and text side by side, centred together.
-    const int textWidth = painter.fontMetrics().horizontalAdvance(caption);
+    const int textWidth = m_textWidth->Of(caption, QFontMetrics(font(), painter.device()));
     const int x = (width() - (textWidth + iconSize.width())) / 2;
     const int y = (height() - iconSize.height()) / 2;
     DrawPixmap(painter, QRect(QPoint(x, y), iconSize), picture);

@@ -17,6 +17,8 @@ QT_END_NAMESPACE
 namespace Velmora {
 
 class ButtonStateTracker;
+class TextWidth;
+struct FilledTables;
 
 /// A push button that paints itself from four tables: background, border, text and icon for each of eight states.
 ///
@@ -74,6 +76,7 @@ private Q_SLOTS:
     void OnToggled(bool checked);
 
 private:
+    friend void InstallTables(QcButton &button, const FilledTables &tables);
     void PaintContent(QPainter &painter, const ImageParams &icon, const QString &textCode);
 
     int m_state = QStyle::State_Enabled;
@@ -85,6 +88,7 @@ private:
     QHash<QStyle::State, QString> m_textColorParams;
     int m_horizontalMargin = 4;
     int m_iconTextSpacing = 0;
+    std::unique_ptr<TextWidth> m_textWidth;
     std::unique_ptr<ButtonStateTracker> m_tracker; // last, so that no menu reaches a button that is going
 };
 

@@ -110,9 +110,9 @@ QString QcCombinedToolButton::GetIconPath() const
 void QcCombinedToolButton::UpdateUiParams()
 {
     m_borderRadius = kRadius;
-    EnterCodes(m_backgroundColors, kToolBackground);
-    EnterIcons(m_mainIconParams, kToolIcon);
-    EnterIcons(m_arrowIconParams, kToolArrow, kMenuArrow, QSize(height() * kArrowWidth / kSide, height()));
+    Enter(m_backgroundColors, ToolBackgrounds());
+    Enter(m_mainIconParams, ToolIcons());
+    Enter(m_arrowIconParams, IconsOf(kToolArrow, kMenuArrow, QSize(height() * kArrowWidth / kSide, height())));
     update();
 }
 

@@ -23,7 +23,8 @@ QcGhostButton::QcGhostButton(QWidget *parent)
 
 void QcGhostButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    static const FilledTables tables(kTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

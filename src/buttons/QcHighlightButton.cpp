@@ -23,7 +23,8 @@ QcHighlightButton::QcHighlightButton(QWidget *parent)
 
 void QcHighlightButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    static const FilledTables tables(kTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

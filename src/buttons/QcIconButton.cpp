@@ -24,7 +24,8 @@ QcIconButton::QcIconButton(QWidget *parent)
 
 void QcIconButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    static const FilledTables tables(kTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

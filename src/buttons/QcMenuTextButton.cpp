@@ -107,10 +107,12 @@ QSize QcMenuTextButton::minimumSizeHint() const
 
 void QcMenuTextButton::UpdateUiParams()
 {
-    EnterCodes(m_textColors, kText);
-    EnterCodes(m_borderColors, AllStates("transparent"));
-    EnterCodes(m_backgroundColors, kToolBackground);
-    EnterIcons(m_arrowIconParams, kArrow, kMenuArrow, QSize(width() - height(), height()));
+    static const CodeTable texts = CodesOf(kText);
+    static const CodeTable borders = CodesOf(AllStates("transparent"));
+    Enter(m_textColors, texts);
+    Enter(m_borderColors, borders);
+    Enter(m_backgroundColors, ToolBackgrounds());
+    Enter(m_arrowIconParams, IconsOf(kArrow, kMenuArrow, QSize(width() - height(), height())));
 }
 
 void QcMenuTextButton::OnToggled(bool checked)

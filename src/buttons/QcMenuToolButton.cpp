@@ -92,9 +92,9 @@ QFlags<QStyle::StateFlag> QcMenuToolButton::GetState() const
 void QcMenuToolButton::UpdateUiParams()
 {
     m_borderRadius = 2;
-    EnterCodes(m_backgroundColors, kToolBackground);
-    EnterIcons(m_mainIconParams, kToolIcon);
-    EnterIcons(m_arrowIconParams, kToolArrow, kMenuArrow, QSize(width() - height(), height()));
+    Enter(m_backgroundColors, ToolBackgrounds());
+    Enter(m_mainIconParams, ToolIcons());
+    Enter(m_arrowIconParams, IconsOf(kToolArrow, kMenuArrow, QSize(width() - height(), height())));
 }
 
 void QcMenuToolButton::OnToggled(bool /*checked*/)

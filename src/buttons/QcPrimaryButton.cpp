@@ -24,7 +24,8 @@ QcPrimaryButton::QcPrimaryButton(QWidget *parent)
 
 void QcPrimaryButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    static const FilledTables tables(kTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

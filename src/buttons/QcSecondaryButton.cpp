@@ -28,7 +28,8 @@ QcSecondaryButton::QcSecondaryButton(QWidget *parent)
 
 void QcSecondaryButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    static const FilledTables tables(kTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

@@ -25,7 +25,8 @@ QcTertiaryButton::QcTertiaryButton(QWidget *parent)
 
 void QcTertiaryButton::UpdateUiParams()
 {
-    InstallTables(*this, kTables);
+    static const FilledTables tables(kTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

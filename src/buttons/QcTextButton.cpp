@@ -12,7 +12,8 @@ QcTextButton::QcTextButton(QWidget *parent)
 
 void QcTextButton::UpdateUiParams()
 {
-    InstallTables(*this, kLinkTables);
+    static const FilledTables tables(kLinkTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

@@ -15,7 +15,8 @@ void QcTextLinkButton::UpdateUiParams()
     QFont underlined = font();
     underlined.setUnderline(true);
     setFont(underlined);
-    InstallTables(*this, kLinkTables);
+    static const FilledTables tables(kLinkTables);
+    InstallTables(*this, tables);
 }
 
 } // namespace Velmora

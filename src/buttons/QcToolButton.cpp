@@ -73,8 +73,8 @@ QFlags<QStyle::StateFlag> QcToolButton::GetState() const
 void QcToolButton::UpdateUiParams()
 {
     SetBorderRadius(kRadius);
-    EnterCodes(m_backgroundColors, kToolBackground);
-    EnterIcons(m_iconParams, kToolIcon);
+    Enter(m_backgroundColors, ToolBackgrounds());
+    Enter(m_iconParams, ToolIcons());
     updateGeometry();
     update();
 }

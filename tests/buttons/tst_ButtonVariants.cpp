@@ -179,6 +179,34 @@ private Q_SLOTS:
         QVERIFY(!Close(PixelAt(image, QPointF(0, 12)), PixelAt(image, QPointF(10, 12)), 20)); // it has no borders of its own
     }
 
+    void what_a_host_sets_later_changes_no_other_button_of_the_variant_data() { measures_data(); }
+
+    void what_a_host_sets_later_changes_no_other_button_of_the_variant()
+    {
+        QFETCH(int, variant);
+        const auto make = [&] {
+            std::unique_ptr<QcButton> button(Variants().at(variant).make(m_window.get()));
+            button->setFixedSize(100, 80);
+            button->setText(QStringLiteral("I"));
+            button->SetIconPath(m_icon.Path());
+            button->show();
+            DrainEvents();
+            return button;
+        };
+        const auto first = make();
+        const auto second = make();
+        const QImage before = Render(*second);
+        ImageParams icon;
+        icon.color = ColorParams("#00FF00");
+        first->SetBackgroundColorParams(QStyle::State_Enabled, QStringLiteral("#FF0000"));
+        first->SetBorderColorParams(QStyle::State_Enabled, QStringLiteral("#FF0000"));
+        first->SetTextColorParams(QStyle::State_Enabled, QStringLiteral("#0000FF"));
+        first->SetIconParam(QStyle::State_Enabled, icon);
+        QVERIFY(Render(*first) != before);
+        QCOMPARE(Render(*second), before);
+        QCOMPARE(Render(*make()), before);
+    }
+
     void a_text_link_is_underlined_from_the_first_turn_on()
     {
         QcTextLinkButton link(m_window.get());

@@ -202,6 +202,22 @@ private Q_SLOTS:
         QCOMPARE(m_control->minimumSizeHint(), QSize(0, 24));
     }
 
+    void another_text_or_font_is_measured_anew()
+    {
+        m_control->SetIconPath(m_icon.Path());
+        m_control->setHorizontalMargin(0);
+        QFont broad = BroadFont();
+        for (const QString &text : {QStringLiteral("Some text"), QStringLiteral("Same size"), QString()}) {
+            m_control->setText(text);
+            for (int letterSpacing = 0; letterSpacing < 2; ++letterSpacing) {
+                broad.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing);
+                m_control->setFont(broad);
+                Render(*m_control); // which measures too
+                QCOMPARE(m_control->minimumSizeHint().width(), QFontMetrics(broad).horizontalAdvance(text) + 24);
+            }
+        }
+    }
+
     void an_icon_of_any_state_counts_in_the_width()
     {
         ImageParams params;

@@ -6,6 +6,7 @@
 #include "theme/ColorTable_p.h"
 #include "theme/ImageCache_p.h"
 #include "theme/SvgRecoloring_p.h"
+#include "theme/WholeRepaint_p.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -42,12 +43,12 @@ void WarnOfPlainApplication(const char *operation)
              operation);
 }
 
-/// Hands each visible widget of \a registry to \a refresh, the first registered first, and marks each hidden one with the
-/// property \a hiddenMark.
-template <typename Registry, typename Refresh>
-void RefreshVisible(const Registry &registry, const char *hiddenMark, const Refresh &refresh)
+using Widgets = std::vector<QPointer<QWidget>>;
+
+/// The living widgets of \a registry, the first registered first.
+template <typename Registry>
+Widgets InOrder(const Registry &registry)
 {
-    // The keys first: a property change may run code of the host, which may register or delete widgets.
     std::vector<std::pair<quint64, QPointer<QWidget>>> widgets;
     widgets.reserve(registry.size());
     for (const auto &entry : registry) {
@@ -57,7 +58,32 @@ void RefreshVisible(const Registry &registry, const char *hiddenMark, const Refr
     // Widgets are mostly registered as they lie on the screen, and Qt joins what is to be painted much faster in that order
     // than in the map's.
     std::sort(widgets.begin(), widgets.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    for (const auto &[serial, widget] : widgets) {
+    Widgets result;
+    result.reserve(widgets.size());
+    for (auto &entry : widgets)
+        result.push_back(std::move(entry.second));
+    return result;
+}
+
+/// From about a hundred widgets of a window on, one repaint of it is cheaper than theirs.
+void RequestRepaintOfCrowdedWindows(const Widgets &widgets)
+{
+    constexpr int kCrowd = 100;
+    QHash<QWidget *, int> visible;
+    for (const QPointer<QWidget> &widget : widgets) {
+        if (widget->isVisible() && ++visible[widget->window()] == kCrowd)
+            RequestWholeRepaint(widget->window());
+    }
+}
+
+/// Hands each visible widget of \a registry to \a refresh and marks each hidden one with the property \a hiddenMark.
+template <typename Registry, typename Refresh>
+void RefreshVisible(const Registry &registry, const char *hiddenMark, const Refresh &refresh)
+{
+    const Widgets widgets = InOrder(registry);
+    RequestRepaintOfCrowdedWindows(widgets);
+    // A property change may run code of the host, which may register or delete widgets.
+    for (const QPointer<QWidget> &widget : widgets) {
         if (!widget)
             continue;
         if (widget->isVisible())
@@ -135,6 +161,7 @@ void QcStyleManager::SetColorFilePath(const QString &path)
     }
     m_colorFilePath = path;
     m_colorTable = ReadColorTable(path);
+    m_resolvedTexts.clear();
     Q_EMIT SignalColorChanged();
 }
 
@@ -201,7 +228,7 @@ void QcStyleManager::RegisterStyleSheet(QPointer<QWidget> widget, const QString 
     WarnOfPlainApplication("RegisterStyleSheet");
     if (m_styleSheets.find(widget) == m_styleSheets.end())
         WatchWidget(widget);
-    EntryOf(m_styleSheets, widget) += styleSheet;
+    EntryOf(m_styleSheets, widget).text += styleSheet;
 
     UpdateWidgetStyleSheet(widget);
     // Once more when the constructors of the widget's class are through.
@@ -247,7 +274,8 @@ void QcStyleManager::OnRegisteredWidgetDestroyed()
         return;
     // A widget announces its end while guarded pointers to it still hold, so its entries are found by their key.
     const QPointer<QWidget> widget(static_cast<QWidget *>(object));
-    m_styleSheets.erase(widget);
+    if (m_styleSheets.erase(widget) > 0)
+        m_resolvedTexts.clear(); // a text goes with its last widget
     // A handler lives to the end of the process: nothing may rely on its being destroyed with its widget. But a dead key would
     // keep its place among those of its address, where later widgets come to lie, and slow down every look-up of theirs.
     const auto found = m_colorHandlers.find(widget);
@@ -262,8 +290,29 @@ void QcStyleManager::UpdateWidgetStyleSheet(QPointer<QWidget> widget)
     if (!widget)
         return;
     const auto found = m_styleSheets.find(widget);
-    if (found != m_styleSheets.end())
-        widget->setStyleSheet(ReplaceStyleSheetColorCodes(found->second.content));
+    if (found == m_styleSheets.end())
+        return;
+    StyleSheet &styleSheet = found->second.content;
+    const QString resolved = ResolvedOnce(styleSheet.text);
+    // Qt applies an equal text in full again. Only a class that was not yet complete makes a difference: rules name classes.
+    const QMetaObject *styledAs = std::exchange(styleSheet.styledAs, widget->metaObject());
+    if (styledAs == widget->metaObject() && widget->styleSheet() == resolved)
+        widget->update();
+    else
+        widget->setStyleSheet(resolved);
+}
+
+/// Widgets of one class mostly have one text.
+QString QcStyleManager::ResolvedOnce(const QString &styleSheet)
+{
+    constexpr int kMostKept = 64; // a host may give each of its widgets a text of its own
+    auto found = m_resolvedTexts.constFind(styleSheet);
+    if (found == m_resolvedTexts.constEnd()) {
+        if (m_resolvedTexts.size() == kMostKept)
+            m_resolvedTexts.clear();
+        found = m_resolvedTexts.insert(styleSheet, ReplaceStyleSheetColorCodes(styleSheet));
+    }
+    return *found;
 }
 
 void QcStyleManager::RunWidgetColorHandler(QPointer<QWidget> widget)
@@ -294,7 +343,7 @@ void QcStyleManager::OnRunRegisteredWidgetsColorHandler()
 
 void QcStyleManager::QueueStyleSheetUpdate(QPointer<QWidget> widget, const QString &taskName)
 {
-    const QString name = taskName.arg(ClassName(widget), m_styleSheets.at(widget).content);
+    const QString name = taskName.arg(ClassName(widget), m_styleSheets.at(widget).content.text);
     PostOwnedTask(
         this, [this, widget] { UpdateWidgetStyleSheet(widget); }, name.toStdString());
 }

@@ -55,8 +55,9 @@ public:
     QString ReplaceStyleSheetColorCodes(const QString &styleSheet);
 
     /// Appends \a styleSheet to what \a widget has registered so far and applies the whole, now and once more on the
-    /// next turn of the main loop; from then on it is applied after each change of the table. A hidden widget
-    /// catches up when it is shown. A null or dead widget is ignored; one that dies is forgotten.
+    /// next turn of the main loop, if the widget has become of another class by then; from then on it is applied after each
+    /// change of the table. A text that the widget has already is not applied again: the widget is only repainted. A hidden
+    /// widget catches up when it is shown. A null or dead widget is ignored; one that dies is forgotten.
     void RegisterStyleSheet(QPointer<QWidget> widget, const QString &styleSheet);
     /// RegisterStyleSheet() with the text of the file at \a path; an unreadable file registers an empty text.
     void RegisterQss(QPointer<QWidget> widget, const QString &path);
@@ -102,6 +103,11 @@ private:
     };
     template <typename Content>
     using Registry = std::unordered_map<QPointer<QWidget>, Registered<Content>, PointerHashFunc, PointerEqualFunc>;
+    struct StyleSheet
+    {
+        QString text;                          // with its codes
+        const QMetaObject *styledAs = nullptr; // the widget's class when it was last applied
+    };
     struct HandlerRegistry : Registry<std::function<void()>>
     {
         std::vector<std::function<void()>> ofDeadWidgets; // never called again, never destroyed before the manager
@@ -110,6 +116,7 @@ private:
     QString ParseStyleSheetColorCodeToStyleSheetColor(const QString &code);
     bool IsColorCode(const QString &text);
     QByteArray GetAdjustedSvgData(const ImageParams &params);
+    QString ResolvedOnce(const QString &styleSheet);
     void UpdateWidgetStyleSheet(QPointer<QWidget> widget);
     void RunWidgetColorHandler(QPointer<QWidget> widget);
     void LoadFont();
@@ -124,8 +131,9 @@ private:
     const char *m_needUpdateProperty = "uNeedProcesUpdateColor";
     QString m_colorFilePath;
     QHash<QString, QColor> m_colorTable;
-    Registry<QString> m_styleSheets;
+    Registry<StyleSheet> m_styleSheets;
     HandlerRegistry m_colorHandlers;
+    QHash<QString, QString> m_resolvedTexts; // with the active table
 };
 
 } // namespace Velmora

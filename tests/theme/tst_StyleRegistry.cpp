@@ -1,4 +1,5 @@
 #include "TestFiles.h"
+#include "support/EventCounter.h"
 #include "support/TestMain.h"
 
 #include <Velmora/FileAndDesktop.h>
@@ -6,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QLabel>
 #include <QRegularExpression>
 #include <QSignalSpy>
 
@@ -86,6 +88,32 @@ private:
     QStringList *m_log;
 };
 
+/// Registers its stylesheet before it is a Late, with a child that is asked for its looks by then.
+class Early : public QWidget
+{
+    Q_OBJECT
+
+public:
+    Early()
+    {
+        QcStyleManager::GetInstance()->RegisterStyleSheet(this, QStringLiteral("QLabel { color: red; } Late QLabel { color: blue; }"));
+        m_child.ensurePolished();
+        m_colorAtFirst = ChildColor();
+    }
+
+    QColor ChildColor() const { return m_child.palette().color(QPalette::WindowText); }
+    QColor ColorAtFirst() const { return m_colorAtFirst; }
+
+private:
+    QLabel m_child{this};
+    QColor m_colorAtFirst;
+};
+
+class Late : public Early
+{
+    Q_OBJECT
+};
+
 /// A host's own filter: tells of each Show event, and whether the widget was still marked stale then.
 class ShowFilter : public QObject
 {
@@ -156,6 +184,52 @@ private Q_SLOTS:
         widget.setStyleSheet(QString());
         DrainEvents();
         QCOMPARE(widget.styleSheet(), QString()); // and not again
+    }
+
+    void an_equal_stylesheet_is_not_applied_again_but_repaints()
+    {
+        const QString plain = QStringLiteral("QWidget { color: red; }");
+        Witness widget(QStringLiteral("w"), &m_log);
+        VelmoraTest::EventCounter paints(widget, QEvent::Paint);
+        Manager().RegisterStyleSheet(&widget, plain);
+        Show(widget);
+        QCOMPARE(m_log.count(QStringLiteral("w:sheet")), 1); // and not once more on the next turn
+        m_log.clear();
+        paints.Take();
+        ChangeTable(Table::Dark);
+        DrainEvents();
+        QVERIFY(m_log.isEmpty());
+        QCOMPARE(paints.Take(), 1);
+
+        // What the host put in its place is replaced all the same.
+        widget.setStyleSheet(QStringLiteral("QWidget { color: blue; }"));
+        ChangeTable(Table::Light);
+        DrainEvents();
+        QCOMPARE(widget.styleSheet(), plain);
+        QCOMPARE(m_log.count(QStringLiteral("w:sheet")), 2);
+    }
+
+    void an_equal_stylesheet_is_applied_again_to_what_has_become_another_class()
+    {
+        const Late widget;
+        QCOMPARE(widget.ColorAtFirst(), QColor(Qt::red)); // no Late was there to match while the base's constructor ran
+        DrainEvents();
+        QCOMPARE(widget.ChildColor(), QColor(Qt::blue));
+    }
+
+    void widgets_with_one_text_take_the_colours_of_each_table()
+    {
+        QWidget first;
+        QWidget second;
+        for (QWidget *widget : {&first, &second}) {
+            Manager().RegisterStyleSheet(widget, kSheet);
+            Show(*widget);
+        }
+        for (const Table table : {Table::Dark, Table::Light, Table::Dark}) {
+            UseTable(table);
+            for (const QWidget *widget : {&first, &second})
+                QCOMPARE(widget->styleSheet(), Resolved(kSheet));
+        }
     }
 
     void stylesheets_accumulate_in_order_without_separator()
@@ -525,6 +599,7 @@ private Q_SLOTS:
         Log().ExpectMatch(QtWarningMsg, slow(QString()));
         Log().ExpectMatch(QtWarningMsg, slow(QString()));
         Manager().RegisterStyleSheet(&widget, QString());
+        widget.setStyleSheet(QString()); // else there would be nothing to apply
         Manager().RegisterColorHandler(&widget, [] { BeBusyForMs(110); });
         DrainEvents();
     }

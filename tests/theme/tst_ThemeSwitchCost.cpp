@@ -10,6 +10,7 @@
 #include <QGridLayout>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Velmora;
@@ -50,28 +51,43 @@ private:
     Counts *m_counts;
 };
 
-/// A shown window full of widgets, each with its counts.
+/// A window that knows which parts of it are painted.
+class PaintedWindow : public QWidget
+{
+public:
+    QRegion painted;
+
+protected:
+    void paintEvent(QPaintEvent *event) override { painted += event->region(); }
+};
+
+/// A shown window with \a rows of four widgets, each with its counts. They lie in an opaque frame: Qt paints such a child only if it
+/// was asked for itself.
 class Screenful
 {
 public:
-    explicit Screenful(const QStringList &icons)
+    explicit Screenful(const QStringList &icons, int rows = kFewRows)
     {
-        auto *grid = new QGridLayout(&m_window);
-        for (int i = 0; i < kRows; ++i) {
+        auto *frame = new QWidget(&m_window);
+        frame->setAutoFillBackground(true);
+        (new QVBoxLayout(&m_window))->addWidget(frame);
+        auto *grid = new QGridLayout(frame);
+        grid->setVerticalSpacing(0);
+        for (int i = 0; i < rows; ++i) {
             const QString icon = icons.at(i % icons.size());
             auto *primary = new Counted<QcPrimaryButton>(NewCounts());
             primary->setText(QStringLiteral("Text %1").arg(i));
             primary->SetIconPath(icon);
             auto *ghost = new Counted<QcGhostButton>(NewCounts());
             ghost->setText(QStringLiteral("Text %1").arg(i));
-            auto *frame = new Counted<QcFrame>(NewCounts());
-            frame->setFixedSize(20, 20);
+            auto *square = new Counted<QcFrame>(NewCounts());
+            square->setFixedSize(20, 20);
             auto *label = new Counted<QcLabel>(NewCounts());
             label->setText(QStringLiteral("Text %1").arg(i));
             int column = 0;
-            for (QWidget *widget : {static_cast<QWidget *>(primary), static_cast<QWidget *>(ghost), static_cast<QWidget *>(frame),
+            for (QWidget *widget : {static_cast<QWidget *>(primary), static_cast<QWidget *>(ghost), static_cast<QWidget *>(square),
                                     static_cast<QWidget *>(label)})
-                grid->addWidget(widget, i, column++); // the window's children
+                grid->addWidget(widget, i, column++); // the frame's children
         }
         m_window.show();
         if (!QTest::qWaitForWindowExposed(&m_window))
@@ -79,7 +95,12 @@ public:
         Drain();
     }
 
-    static constexpr int kRows = 12;
+    static constexpr int kFewRows = 24;  // just below a hundred widgets
+    static constexpr int kManyRows = 26; // just above
+
+    /// What was painted of the window's own surface since the last call.
+    QRegion TakePainted() { return std::exchange(m_window.painted, QRegion()); }
+    QRect WindowRect() const { return m_window.rect(); }
 
     /// Lets everything that is due happen and gives what that took, one entry a widget.
     std::vector<Counts> Drain()
@@ -101,7 +122,7 @@ private:
     }
 
     std::vector<std::unique_ptr<Counts>> m_counts;
-    QWidget m_window;
+    PaintedWindow m_window;
 };
 
 const QStringList kIcons = {QStringLiteral(":/images/close.svg"), QStringLiteral(":/images/max.svg")};
@@ -137,14 +158,34 @@ protected:
     void TearDown() override { UseTable(Table::Light); }
 
 private Q_SLOTS:
+    void every_widget_is_painted_exactly_once_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::newRow("few") << Screenful::kFewRows;
+        QTest::newRow("many") << Screenful::kManyRows;
+    }
+
     void every_widget_is_painted_exactly_once()
     {
-        Screenful screenful(kIcons);
+        QFETCH(int, rows);
+        Screenful screenful(kIcons, rows);
         for (const Table table : {Table::Dark, Table::Light}) {
             SwitchTable(table);
             for (const Counts &counts : screenful.Drain())
                 QCOMPARE(counts.paints, 1);
         }
+    }
+
+    void a_window_of_a_hundred_is_repainted_as_a_whole_and_one_of_fewer_is_not()
+    {
+        Screenful few(kIcons, Screenful::kFewRows);
+        Screenful many(kIcons, Screenful::kManyRows);
+        few.TakePainted();
+        many.TakePainted();
+        SwitchTable(Table::Dark);
+        DrainEvents();
+        QVERIFY(few.TakePainted().isEmpty());
+        QCOMPARE(many.TakePainted().boundingRect(), many.WindowRect());
     }
 
     void widgets_that_paint_themselves_see_no_change_of_style()

@@ -68,18 +68,31 @@ QPainterPath TrianglePath(QcArrowTip::TriangleDirection direction, const QSize &
 } // namespace
 
 QcArrowTip::QcArrowTip(QWidget *parent)
+    : QcArrowTip(parent, Contents::AtOnce)
+{
+}
+
+QcArrowTip::QcArrowTip(QWidget *parent, Contents contents)
     : QFrame(parent)
-    , m_outerLayout(new QHBoxLayout(this))
     , m_font(QcStyleManager::GetDefaultFont())
-    , m_textControl(new QcMultiLineText(this))
 {
     InstallAccessible<TipAccessible, QcArrowTip>();
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating); // who types into the reference goes on typing
     setAttribute(Qt::WA_QuitOnClose, false);    // a tip left behind in sight does not keep the program running
+    m_font.setPixelSize(12);
+    if (contents == Contents::AtOnce)
+        MakeContents();
+    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
+}
 
+void QcArrowTip::MakeContents()
+{
+    if (m_textControl)
+        return;
     // Room for the triangle on every side, whichever it sits on.
+    m_outerLayout = new QHBoxLayout(this);
     m_outerLayout->setContentsMargins(m_triangleSize, m_triangleSize, m_triangleSize, m_triangleSize);
     m_outerLayout->setSizeConstraint(QLayout::SetFixedSize);
     auto *contentFrame = new QFrame(this);
@@ -88,13 +101,14 @@ QcArrowTip::QcArrowTip(QWidget *parent)
     m_innerLayout = new QHBoxLayout(contentFrame);
     m_innerLayout->setContentsMargins(8, 4, 8, 4);
 
-    m_font.setPixelSize(12);
+    m_textControl = new QcMultiLineText(this);
     m_textControl->setFont(m_font);
     m_textControl->setHeightAdaptive(true);
+    if (!m_textColorParams.isNull())
+        m_textControl->setDefaultTextColorParams(m_textColorParams);
     m_innerLayout->addWidget(m_textControl);
 
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/ArrowTip.qss"));
-    QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
 }
 
 // The content's changes of height are told to the host, who may delete the tip.
@@ -102,6 +116,7 @@ QcArrowTip::QcArrowTip(QWidget *parent)
 void QcArrowTip::setText(const QString &text)
 {
     const QPointer<QcArrowTip> alive(this);
+    MakeContents();
     m_text = text;
     m_textControl->setText(text);
     if (alive)
@@ -111,13 +126,15 @@ void QcArrowTip::setText(const QString &text)
 void QcArrowTip::setMaxWidth(int width)
 {
     m_maxWidth = width;
-    adjustWidth();
+    if (m_textControl)
+        adjustWidth();
 }
 
 void QcArrowTip::setTextColorParams(const QString &code)
 {
     m_textColorParams = code;
-    m_textControl->setDefaultTextColorParams(code);
+    if (m_textControl)
+        m_textControl->setDefaultTextColorParams(code);
 }
 
 void QcArrowTip::setTriangleDirection(TriangleDirection direction)
@@ -136,6 +153,13 @@ void QcArrowTip::show()
 {
     if (m_reference)
         QFrame::show();
+}
+
+void QcArrowTip::setVisible(bool visible)
+{
+    if (visible)
+        MakeContents();
+    QFrame::setVisible(visible);
 }
 
 // --- Size and place ---

@@ -49,8 +49,16 @@ public:
     void setReferenceWidget(QPointer<QWidget> widget);
     /// Shows the tip, if its reference lives.
     void show();
+    void setVisible(bool visible) override;
 
 protected:
+    /// When a tip gets its layouts and the control of its text.
+    enum class Contents {
+        AtOnce,
+        WhenNeeded, ///< with its first text, or as it shows: for tips that mostly never do
+    };
+    QcArrowTip(QWidget *parent, Contents contents);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -60,14 +68,15 @@ protected:
 private:
     void adjustPositionAsync();
     void adjustWidth();
+    void MakeContents();
     void Place();
     void WatchReference();
 
-    QHBoxLayout *m_outerLayout;
-    QHBoxLayout *m_innerLayout;
+    QHBoxLayout *m_outerLayout = nullptr;
+    QHBoxLayout *m_innerLayout = nullptr;
     QFont m_font;
     int m_triangleSize = 6;
-    QcMultiLineText *m_textControl;
+    QcMultiLineText *m_textControl = nullptr;
     QPointer<QWidget> m_reference;
     int m_gap = 8;
     TriangleDirection m_direction = Bottom;

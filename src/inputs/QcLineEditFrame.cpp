@@ -1,4 +1,3 @@
-#include <Velmora/QcArrowTip.h>
 #include <Velmora/QcDoubleValidator.h>
 #include <Velmora/QcGhostButton.h>
 #include <Velmora/QcIntValidator.h>
@@ -9,6 +8,7 @@
 
 #include "inputs/NumericInput_p.h"
 #include "inputs/PlaceholderColor_p.h"
+#include "inputs/WarningTip_p.h"
 #include "theme/StyleProperty_p.h"
 
 #include <QAccessible>
@@ -94,7 +94,7 @@ QcLineEditFrame::QcLineEditFrame(QWidget *parent)
     , m_lineEdit(new QcLineEdit(this))
     , m_unitLabel(new QcLabel(this))
     , m_button(new QcGhostButton(this))
-    , m_warningTip(new QcArrowTip(this))
+    , m_warningTip(new WarningTip(this))
 {
     setFixedHeight(kHeight);
     auto *layout = new QHBoxLayout(this);

@@ -106,6 +106,16 @@ int TimersUnderWay()
     return count;
 }
 
+/// A tip whose contents come when they are needed.
+class LateTip : public QcArrowTip
+{
+public:
+    LateTip()
+        : QcArrowTip(nullptr, Contents::WhenNeeded)
+    {
+    }
+};
+
 /// A tip that counts what it hears of its reference and that one's window.
 class ListeningTip : public QcArrowTip
 {
@@ -147,6 +157,48 @@ private Q_SLOTS:
             QVERIFY(tip.testAttribute(Qt::WA_ShowWithoutActivating)); // the platform of this test activates every window
             QCOMPARE(tip.parentWidget(), owner);
         }
+    }
+
+    void a_new_tip_has_its_contents()
+    {
+        const QcArrowTip tip;
+        QVERIFY(ContentOf(tip));
+        QCOMPARE(ContentOf(tip)->parentWidget(), FrameOf(tip));
+        QCOMPARE(tip.layout()->contentsMargins(), QMargins(6, 6, 6, 6));
+        QCOMPARE(FrameOf(tip)->layout()->contentsMargins(), QMargins(8, 4, 8, 4));
+    }
+
+    void contents_that_come_when_needed_make_the_same_tip()
+    {
+        Stage stage;
+        QcArrowTip tip;
+        LateTip late;
+        for (QcArrowTip *each : {&tip, static_cast<QcArrowTip *>(&late)}) {
+            each->setReferenceWidget(stage.reference);
+            each->setMaxWidth(150);
+            each->setTextColorParams(QStringLiteral("tip/danger"));
+        }
+        QVERIFY(!ContentOf(late));
+        for (QcArrowTip *each : {&tip, static_cast<QcArrowTip *>(&late)}) {
+            each->setText(kLongText);
+            each->show();
+            AwaitPlacements();
+        }
+        QCOMPARE(late.geometry(), tip.geometry());
+        QCOMPARE(late.pos(), PlaceOf(late, *stage.reference, 3));
+        QCOMPARE(Render(late), Render(tip));
+        UseTable(Table::Dark);
+        QCOMPARE(Render(late), Render(tip));
+    }
+
+    void contents_that_come_when_needed_come_as_the_tip_shows()
+    {
+        Stage stage;
+        LateTip late;
+        late.setReferenceWidget(stage.reference);
+        QVERIFY(!ContentOf(late));
+        QCOMPARE(SizeOf(late), SizeOf(stage.tip));
+        QVERIFY(ContentOf(late)->isVisible());
     }
 
     void it_shows_only_with_a_living_reference()

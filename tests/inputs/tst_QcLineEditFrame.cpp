@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QSignalSpy>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -1032,6 +1033,16 @@ private Q_SLOTS:
         ClickAt(*std::exchange(m_frame, nullptr));
         QVERIFY(!guard);
         DrainEvents();
+    }
+
+    void the_tips_contents_come_with_the_first_text()
+    {
+        const QcArrowTip *tip = TipOf(*m_frame);
+        QVERIFY(tip);
+        m_frame->setWarning(true);
+        QVERIFY(tip->children().isEmpty()); // a form has hundreds of fields and few warnings
+        m_frame->setWarningText(QStringLiteral("Too long"));
+        QCOMPARE(tip->findChild<QTextDocument *>()->toPlainText(), QStringLiteral("Too long"));
     }
 
     void the_tip_hides_with_the_frame_and_returns_with_it()

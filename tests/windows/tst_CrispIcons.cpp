@@ -4,6 +4,7 @@
 #include <Velmora/QcButton.h>
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcCombinedToolButton.h>
+#include <Velmora/QcGhostButton.h>
 #include <Velmora/QcIconButton.h>
 #include <Velmora/QcLabel.h>
 #include <Velmora/QcLineEditFrame.h>
@@ -321,6 +322,27 @@ private Q_SLOTS:
         const QImage sharp = Shown(2.0);
         QCOMPARE(Shown(1.0), first);
         QCOMPARE(Shown(2.0), sharp);
+    }
+
+    void the_buttons_of_windows_and_line_edits_are_as_sharp()
+    {
+        QcWindow window(nullptr);
+        QcLineEditFrame edit;
+        edit.setButtonIconPath(QString::fromLatin1(kGlyph));
+        DrainEvents();
+        const auto check = [](QWidget *button, const char *token) {
+            QVERIFY(button);
+            for (const qreal ratio : {1.0, 1.5, 2.0}) {
+                QImage expected = RenderAt(*button, ratio);
+                expected.fill(kGround);
+                QPainter painter(&expected);
+                PaintCrisply(painter, button->rect(), Tinted(button->size(), token));
+                painter.end();
+                QCOMPARE(RenderAt(*button, ratio, kGround), expected);
+            }
+        };
+        check(window.findChild<QcIconButton *>(QStringLiteral("m_closeButton")), "icon/icon_secondary");
+        check(edit.findChild<QcGhostButton *>(), "text/text_secondary");
     }
 
 private:

@@ -2,14 +2,105 @@
 
 #include "core/InstallAccessible_p.h"
 #include "display/MultiLineTextAccessible_p.h"
+#include "display/TextLayout_p.h"
 
 #include <QAccessibleWidget>
+#include <QMetaObject>
+#include <QPointer>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QVariant>
 
 namespace Velmora {
 
 namespace {
+
+QTextDocument &DocumentOf(const QcMultiLineText &text)
+{
+    return *text.findChild<QTextDocument *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+/// The links that the screen shows: a cut text has fewer.
+QVector<QTextCursor> LinksIn(const QcMultiLineText &text)
+{
+    return LinksOf(DocumentOf(text));
+}
+
+/// One of a text's links. Which one its number says, so that it changes with the text, and is none when there are fewer.
+class LinkAccessible : public QAccessibleInterface, public QAccessibleActionInterface
+{
+public:
+    LinkAccessible(QcMultiLineText *text, int index)
+        : m_text(text)
+        , m_index(index)
+    {
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this) : nullptr;
+    }
+
+    bool isValid() const override { return m_text && m_index < LinksIn(*m_text).size(); }
+    QObject *object() const override { return nullptr; }
+    QWindow *window() const override { return isValid() ? parent()->window() : nullptr; }
+    QAccessible::Role role() const override { return QAccessible::Link; }
+    QAccessibleInterface *parent() const override { return m_text ? QAccessible::queryAccessibleInterface(m_text) : nullptr; }
+    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name && isValid() ? Link().selectedText() : QString();
+    }
+    void setText(QAccessible::Text /*kind*/, const QString & /*text*/) override {}
+
+    QRect rect() const override
+    {
+        if (!isValid())
+            return QRect();
+        const QRect place = RectOf(DocumentOf(*m_text), Link()).toAlignedRect();
+        return QRect(m_text->mapToGlobal(place.topLeft()), place.size());
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        state.invalid = !isValid();
+        if (state.invalid)
+            return state;
+        state = parent()->state();
+        state.linked = true;
+        state.focused = m_text->hasFocus() && m_text->property("markedLink").toInt() == m_index;
+        return state;
+    }
+
+    QStringList actionNames() const override { return isValid() && m_text->isEnabled() ? QStringList(pressAction()) : QStringList(); }
+
+    /// Later, since the host may open a dialog, and assistive technology waits for its call to return.
+    void doAction(const QString &name) override
+    {
+        if (!actionNames().contains(name))
+            return;
+        const QString href = Link().charFormat().anchorHref();
+        const auto press = [text = m_text.data(), index = m_index, href] {
+            const QTextCursor link = LinksIn(*text).value(index);
+            if (text->isEnabled() && !link.isNull() && link.charFormat().anchorHref() == href)
+                Q_EMIT text->signalAnchorClicked(href);
+        };
+        QMetaObject::invokeMethod(m_text, press, Qt::QueuedConnection);
+    }
+
+    QStringList keyBindingsForAction(const QString & /*name*/) const override { return QStringList(); }
+
+private:
+    QTextCursor Link() const { return LinksIn(*m_text).at(m_index); }
+
+    QPointer<QcMultiLineText> m_text;
+    int m_index;
+};
 
 class MultiLineTextAccessible : public QAccessibleWidget
 {
@@ -19,12 +110,54 @@ public:
     {
     }
 
+    ~MultiLineTextAccessible() override
+    {
+        for (const QAccessible::Id id : qAsConst(m_links))
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
     QString text(QAccessible::Text kind) const override
     {
         if (kind != QAccessible::Name || !widget()->accessibleName().isEmpty())
             return QAccessibleWidget::text(kind);
         return QTextDocumentFragment::fromHtml(widget()->property("text").toString()).toPlainText();
     }
+
+    int childCount() const override { return LinksIn(*Text()).size(); }
+
+    QAccessibleInterface *child(int index) const override
+    {
+        if (index < 0 || index >= childCount())
+            return nullptr;
+        while (m_links.size() <= index) // owned by Qt's accessibility cache
+            m_links.append(QAccessible::registerAccessibleInterface(new LinkAccessible(Text(), m_links.size())));
+        return QAccessible::accessibleInterface(m_links.at(index));
+    }
+
+    QAccessibleInterface *childAt(int x, int y) const override
+    {
+        for (int index = 0; index < childCount(); ++index) {
+            if (child(index)->rect().contains(x, y))
+                return child(index);
+        }
+        return nullptr;
+    }
+
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        return m_links.indexOf(QAccessible::uniqueId(const_cast<QAccessibleInterface *>(child)));
+    }
+
+    QAccessibleInterface *focusChild() const override
+    {
+        QAccessibleInterface *marked = child(widget()->property("markedLink").toInt());
+        return marked && widget()->hasFocus() ? marked : QAccessibleWidget::focusChild();
+    }
+
+private:
+    QcMultiLineText *Text() const { return static_cast<QcMultiLineText *>(widget()); }
+
+    mutable QVector<QAccessible::Id> m_links;
 };
 
 } // namespace

@@ -316,24 +316,42 @@ void QcMultiLineText::FollowLinks()
     QFrame::setFocusPolicy(*m_ownFocusPolicy);
 }
 
+/// Which of the links has the keyboard, or -1.
+int QcMultiLineText::MarkedLink() const
+{
+    const QVector<QAbstractTextDocumentLayout::Selection> &marked = m_paintContext.selections;
+    if (marked.isEmpty())
+        return -1;
+    const QVector<QTextCursor> links = LinksOf(*m_document);
+    const int begin = marked.constFirst().cursor.selectionStart();
+    const auto isMarked = [begin](const QTextCursor &link) { return link.selectionStart() == begin; };
+    const auto found = std::find_if(links.begin(), links.end(), isMarked);
+    return found == links.end() ? -1 : int(found - links.begin());
+}
+
 /// Marks the link behind or, unless \a next, before the marked one: the first or last if none is. False if there is none, and
 /// then none is marked.
 bool QcMultiLineText::MarkLink(bool next)
 {
-    QVector<QAbstractTextDocumentLayout::Selection> &marked = m_paintContext.selections;
     const QVector<QTextCursor> links = LinksOf(*m_document);
-    int index = next ? 0 : links.size() - 1;
-    if (!marked.isEmpty()) {
-        const int begin = marked.constFirst().cursor.selectionStart();
-        const auto isMarked = [begin](const QTextCursor &link) { return link.selectionStart() == begin; };
-        const auto found = std::find_if(links.begin(), links.end(), isMarked);
-        index = int(found - links.begin()) + (next ? 1 : -1);
-    }
-    marked.clear();
+    const int marked = MarkedLink();
+    const int index = next ? marked + 1 : (marked < 0 ? links.size() : marked) - 1;
+    m_paintContext.selections.clear();
     if (index >= 0 && index < links.size())
-        marked.append({links.at(index), QTextCharFormat()});
+        m_paintContext.selections.append({links.at(index), QTextCharFormat()});
     update();
-    return !marked.isEmpty();
+    if (QAccessible::isActive()) // later, since Qt announces the control behind the event that brings it the keyboard
+        QMetaObject::invokeMethod(this, &QcMultiLineText::AnnounceMarkedLink, Qt::QueuedConnection);
+    return !m_paintContext.selections.isEmpty();
+}
+
+void QcMultiLineText::AnnounceMarkedLink()
+{
+    if (MarkedLink() < 0)
+        return;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    event.setChild(MarkedLink());
+    QAccessible::updateAccessibility(&event);
 }
 
 void QcMultiLineText::keyPressEvent(QKeyEvent *event)

@@ -19,13 +19,14 @@ namespace Velmora {
 ///
 /// Text is read as HTML, so that "<" and "&" of plain text must be escaped. It wraps anywhere, in the middle of words too.
 /// A text with links takes the Tab key, which goes from one to the next; Enter and Space press the marked one, once however
-/// long they are held.
+/// long they are held. Assistive technology finds each link in sight inside the text.
 /// A link that names no colour has that of the application's palette at the time of setText(), not one of the table.
 /// Without setHeightAdaptive() the control takes the height that its host gives it.
 class VELMORA_EXPORT QcMultiLineText : public QFrame
 {
     Q_OBJECT
     Q_PROPERTY(QString text READ WholeText)
+    Q_PROPERTY(int markedLink READ MarkedLink)
     Q_PROPERTY(Qt::FocusPolicy focusPolicy READ focusPolicy WRITE setFocusPolicy)
 
 public:
@@ -87,8 +88,10 @@ private:
     void ApplyAlignment(Qt::Alignment alignment);
     void LayOutIn(int width);
     void FollowLinks();
+    int MarkedLink() const;
     bool MarkLink(bool next);
     void AnnounceText();
+    void AnnounceMarkedLink();
 
     QTextDocument *m_document;
     QString m_text;

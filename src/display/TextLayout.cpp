@@ -57,4 +57,20 @@ QVector<QTextCursor> LinksOf(QTextDocument &document)
     return links;
 }
 
+QRectF RectOf(const QTextDocument &document, const QTextCursor &link)
+{
+    const QTextBlock block = document.findBlock(link.selectionStart());
+    const int begin = link.selectionStart() - block.position();
+    const int end = link.selectionEnd() - block.position();
+    QRectF rect;
+    for (int i = 0; i < block.layout()->lineCount(); ++i) {
+        const QTextLine line = block.layout()->lineAt(i);
+        const int from = qMax(begin, line.textStart());
+        const int to = qMin(end, line.textStart() + line.textLength());
+        if (from < to)
+            rect |= QRectF(QPointF(line.cursorToX(from), line.y()), QPointF(line.cursorToX(to), line.y() + line.height())).normalized();
+    }
+    return rect.translated(document.documentLayout()->blockBoundingRect(block).topLeft());
+}
+
 } // namespace Velmora

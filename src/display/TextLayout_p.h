@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRectF>
 #include <QTextCursor>
 #include <QVector>
 #include <QtGlobal>
@@ -22,5 +23,8 @@ int CountLines(QTextDocument &document);
 
 /// The links of \a document in their order, each a selection.
 QVector<QTextCursor> LinksOf(QTextDocument &document);
+
+/// Where \a link, one of \a document's, is drawn.
+QRectF RectOf(const QTextDocument &document, const QTextCursor &link);
 
 } // namespace Velmora

@@ -764,6 +764,85 @@ private Q_SLOTS:
         QCOMPARE(accessible->text(QAccessible::Name), QString());
     }
 
+    void assistive_technology_reads_each_link_that_shows_and_presses_it()
+    {
+        Shower shower(QSize(300, 40));
+        shower.text.setText(QStringLiteral("To <a href='one'>the <b>first</b></a> and <a href='two'>the second</a>.<p>It grows.</p>"));
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&shower.text);
+        QCOMPARE(accessible->childCount(), 2);
+        QCOMPARE(accessible->child(2), nullptr);
+        QCOMPARE(accessible->child(-1), nullptr);
+        const QString names[] = {QStringLiteral("the first"), QStringLiteral("the second")};
+        for (int index = 0; index < 2; ++index) {
+            QAccessibleInterface *link = accessible->child(index);
+            QVERIFY(link->isValid());
+            QCOMPARE(link, accessible->child(index));
+            QCOMPARE(link->role(), QAccessible::Link);
+            QCOMPARE(link->text(QAccessible::Name), names[index]);
+            QCOMPARE(link->parent(), accessible);
+            QCOMPARE(link->window(), shower.text.window()->windowHandle());
+            QCOMPARE(accessible->indexOfChild(link), index);
+            QVERIFY(link->state().linked);
+            QVERIFY(link->state().focusable);
+            const QRect place = link->rect();
+            QVERIFY(!place.isEmpty() && accessible->rect().contains(place));
+            QCOMPARE(accessible->childAt(place.center().x(), place.center().y()), link);
+            const QPoint centre = shower.text.mapFromGlobal(place.center());
+            QCOMPARE(DocumentOf(shower.text)->documentLayout()->anchorAt(centre),
+                     index == 0 ? QStringLiteral("one") : QStringLiteral("two"));
+        }
+        QVERIFY(accessible->child(0)->rect().right() <= accessible->child(1)->rect().left());
+
+        QSignalSpy presses(&shower.text, &QcMultiLineText::signalAnchorClicked);
+        QAccessibleInterface *second = accessible->child(1);
+        const QString press = QAccessibleActionInterface::pressAction();
+        QCOMPARE(second->actionInterface()->actionNames(), QStringList(press));
+        second->actionInterface()->doAction(press);
+        QCOMPARE(presses.count(), 0); // assistive technology waits for its call to return
+        DrainEvents();
+        QCOMPARE(presses.count(), 1);
+        QCOMPARE(presses.takeFirst().first().toString(), QStringLiteral("two"));
+        second->actionInterface()->doAction(press);
+        shower.text.setEnabled(false);
+        DrainEvents();
+        shower.text.setEnabled(true);
+        second->actionInterface()->doAction(press);
+        shower.text.setText(QStringLiteral("<a href='one'>one</a> <a href='three'>three</a>"));
+        DrainEvents();
+        QCOMPARE(presses.count(), 0);
+        QCOMPARE(second->text(QAccessible::Name), QStringLiteral("three"));
+        shower.text.setText(QStringLiteral("<a href='one'>one</a>"));
+        QVERIFY(!second->isValid());
+        QVERIFY(second->state().invalid);
+        QCOMPARE(second->text(QAccessible::Name), QString());
+        QCOMPARE(second->rect(), QRect());
+        second->actionInterface()->doAction(press);
+        DrainEvents();
+        QCOMPARE(presses.count(), 0);
+    }
+
+    void assistive_technology_hears_which_link_has_the_keyboard()
+    {
+        Shower shower(QSize(300, 40));
+        shower.text.setText(QStringLiteral("<a href='one'>one</a> and <a href='two'>two</a>"));
+        shower.text.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(shower.text.window()));
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&shower.text);
+        shower.text.clearFocus(); // which the only control of a window has
+        AccessibleEvents told(shower.text);
+        shower.text.setFocus(Qt::TabFocusReason);
+        DrainEvents();
+        QCOMPARE(told.Take(), (QStringList{QStringLiteral("Focus"), QStringLiteral("Focus of child 0")}));
+        QVERIFY(accessible->child(0)->state().focused);
+        QCOMPARE(accessible->focusChild(), accessible->child(0));
+        QTest::keyClick(&shower.text, Qt::Key_Tab);
+        DrainEvents();
+        QCOMPARE(told.Take(), QStringList(QStringLiteral("Focus of child 1")));
+        QVERIFY(!accessible->child(0)->state().focused);
+        QVERIFY(accessible->child(1)->state().focused);
+        QCOMPARE(accessible->focusChild(), accessible->child(1));
+    }
+
     void a_frame_is_painted_around_the_text()
     {
         Shower shower(QSize(100, 50));

@@ -56,6 +56,8 @@ private:
             if (changed.defaultButton)
                 told += QStringLiteral(" default");
         }
+        if (event->child() >= 0)
+            told += QStringLiteral(" of child %1").arg(event->child());
         s_told.append(told);
     }
 

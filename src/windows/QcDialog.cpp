@@ -16,6 +16,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QVector>
 
 #include <algorithm>
 
@@ -190,9 +191,13 @@ void QcDialog::setCancelButtonText(const QString &text)
 
 void QcDialog::setBottomButtonHeight(int height)
 {
-    const auto buttons = ui->m_bottomFrame->findChildren<QPushButton *>();
-    for (QPushButton *button : buttons)
-        button->setFixedHeight(height);
+    QVector<QPointer<QPushButton>> buttons;
+    for (QPushButton *button : ui->m_bottomFrame->findChildren<QPushButton *>())
+        buttons.append(button);
+    for (const QPointer<QPushButton> &button : qAsConst(buttons)) {
+        if (button) // one of the host's may do away with another one when it is resized
+            button->setFixedHeight(height);
+    }
 }
 
 void QcDialog::setBorderColorParams(const QString &code)

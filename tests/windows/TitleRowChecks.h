@@ -10,10 +10,14 @@
 
 #include <QCoreApplication>
 #include <QLayout>
+#include <QPointer>
 #include <QStringList>
 #include <QTest>
 #include <QTranslator>
 #include <QWidget>
+#include <QWindow>
+
+#include <functional>
 
 namespace VelmoraTest {
 
@@ -139,6 +143,26 @@ inline void CheckTitleRow(QWidget &window, const QMargins &margins, const char *
         QVERIFY(!button->isDefault() && !button->autoDefault());
     }
     QCOMPARE(row->count(), 5);
+}
+
+/// Checks that a host may delete a \a Window in its signalClose, whatever closes it.
+template <typename Window>
+void CheckDeletionWhenItCloses()
+{
+    const std::function<void(Window &)> roads[] = {
+        [](Window &window) { window.close(); },
+        [](Window &window) { window.windowHandle()->close(); }, // as the desktop does
+        [](Window &window) { QTest::mouseClick(Child<QWidget>(window, "m_closeButton"), Qt::LeftButton); },
+    };
+    for (const auto &close : roads) {
+        QPointer<Window> window = new Window; // deleted by its own signal
+        QObject::connect(window, &Window::signalClose, qApp, [&window] { delete window; });
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        close(*window);
+        QVERIFY(!window);
+        DrainEvents();
+    }
 }
 
 } // namespace VelmoraTest

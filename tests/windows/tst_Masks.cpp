@@ -6,6 +6,7 @@
 #include <Velmora/QcMaskWindow.h>
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QWindow>
@@ -116,6 +117,28 @@ private Q_SLOTS:
         EventCounter paints(mask, QEvent::Paint);
         UseTable(Table::Dark);
         QCOMPARE(paints.Take(), 1);
+    }
+
+    void a_veil_dies_with_its_parent_and_the_next_table_asks_it_nothing()
+    {
+        auto *window = new QWidget; // deleted below, with the veils
+        const QPointer<QcMaskFrame> frame = new QcMaskFrame(window);
+        const QPointer<QcMaskWindow> tool = new QcMaskWindow(window);
+        window->show();
+        tool->show();
+        delete window;
+        QVERIFY(!frame && !tool);
+        UseTable(Table::Dark);
+    }
+
+    void a_veil_may_be_deleted_when_it_is_about_to_follow_the_table()
+    {
+        QPointer<QcMaskFrame> mask = new QcMaskFrame(nullptr); // deleted below
+        mask->show();
+        const auto connection = connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, this, [&] { delete mask; });
+        UseTable(Table::Dark);
+        disconnect(connection);
+        QVERIFY(!mask);
     }
 
 protected:

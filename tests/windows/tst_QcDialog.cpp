@@ -76,6 +76,21 @@ struct Form
     QString answer;
 };
 
+/// A button that does away with another one when it is resized.
+class Rival : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+    QPointer<Rival> rival;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        delete rival;
+        QPushButton::resizeEvent(event);
+    }
+};
+
 } // namespace
 
 class TestQcDialog : public TestCase
@@ -216,6 +231,20 @@ private Q_SLOTS:
         QCOMPARE(dialog.getContentFrame()->geometry(), kPanel);
     }
 
+    void a_button_may_do_away_with_another_one_when_its_height_is_set()
+    {
+        QcDialog dialog(nullptr);
+        auto *bottom = Child<QFrame>(dialog, "m_bottomFrame");
+        auto *first = new Rival(bottom);            // the row's
+        QPointer<Rival> second = new Rival(bottom); // deleted by the first
+        dialog.setBottomFrameVisible(true);
+        dialog.show();
+        first->rival = second;
+        dialog.setBottomButtonHeight(33);
+        QVERIFY(!second);
+        QCOMPARE(first->height(), 33);
+    }
+
     void minimise_and_maximise_by_their_buttons()
     {
         QcDialog dialog(nullptr);
@@ -279,14 +308,7 @@ private Q_SLOTS:
         QVERIFY(!dialog.isVisible());
     }
 
-    void a_host_may_delete_a_dialog_that_closes()
-    {
-        QPointer<QcDialog> dialog = new QcDialog(nullptr); // deleted by its own signal
-        connect(dialog, &QcDialog::signalClose, this, [&] { delete dialog; });
-        dialog->show();
-        dialog->close();
-        QVERIFY(!dialog);
-    }
+    void a_host_may_delete_a_dialog_that_closes() { CheckDeletionWhenItCloses<QcDialog>(); }
 
     void works_by_keyboard()
     {
@@ -535,14 +557,28 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(image, QPointF(11, 11)), QColor(Qt::red));
     }
 
+    void a_part_repainted_looks_as_before_data()
+    {
+        QTest::addColumn<QString>("ground");
+        QTest::newRow("opaque") << QStringLiteral("bg/bg_box");
+        QTest::newRow("translucent, with the shadow under its corners") << QStringLiteral("transparent");
+    }
+
     void a_part_repainted_looks_as_before()
     {
+        QFETCH(QString, ground);
         QcDialog dialog(nullptr);
+        dialog.setBackgroundColorParams(ground);
+        dialog.setBorderRadius(20);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         DrainEvents();
         const QImage whole = Render(dialog);
-        for (const QRect &part : {QRect(100, 100, 50, 50), QRect(0, 0, 30, 30), QRect(8, 150, 12, 5), QRect(560, 380, 40, 20)}) {
+        const QRect parts[] = {
+            {100, 100, 50, 50}, {0, 0, 30, 30},    {8, 150, 12, 5},   {560, 380, 40, 20}, // over the edge, and far from it
+            {10, 10, 10, 10},   {580, 10, 10, 10}, {10, 380, 10, 10}, {580, 380, 10, 10}, // within one corner each
+        };
+        for (const QRect &part : parts) {
             QImage image = whole;
             QPainter painter(&image);
             painter.setCompositionMode(QPainter::CompositionMode_Source);

@@ -275,14 +275,7 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 2);
     }
 
-    void a_host_may_delete_a_window_that_closes()
-    {
-        QPointer<QcWindow> window = new QcWindow(nullptr); // deleted by its own signal
-        connect(window, &QcWindow::signalClose, this, [&] { delete window; });
-        window->show();
-        window->close();
-        QVERIFY(!window);
-    }
+    void a_host_may_delete_a_window_that_closes() { CheckDeletionWhenItCloses<QcWindow>(); }
 
     void shows_centred_on_the_window_of_a_reference()
     {

@@ -65,11 +65,12 @@ public:
     /// Centres the dialog on the window that holds \a reference, and shows it without waiting for an answer. Null does nothing, and
     /// shows nothing.
     void showToCenter(QWidget *reference);
-    /// Lets a double click on the title row through to it. It still moves the dialog.
+    /// Lets a double click on the title row through to it, which does nothing either. A press still moves the dialog.
     void removeEventFilter();
 
 Q_SIGNALS:
-    /// The dialog is about to close, by its title row or close(). accept(), reject() and Escape hide it without closing.
+    /// The dialog is about to close, by its title row, close() or the desktop, and may be deleted. accept(), reject() and Escape hide it
+    /// without closing.
     void signalClose();
 
 protected:

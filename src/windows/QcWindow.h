@@ -42,16 +42,16 @@ public:
 
     /// The frame under the title row. It has no layout: give it one.
     QFrame *getContentFrame();
-    /// The title row; what a host adds to its layout stands right of the buttons.
+    /// The title row; what a host adds to its layout stands behind the buttons.
     QFrame *getTitleFrame();
 
     /// Centres the window on the one that holds \a reference, and shows it. Null does nothing, and shows nothing.
     void showToCenter(QWidget *reference);
-    /// Ends the title row's answer to a double click. It still moves the window.
+    /// Ends the title row's answer to a double click. A press still moves the window.
     void removeEventFilter();
 
 Q_SIGNALS:
-    /// The window is about to close, by whatever road.
+    /// The window is about to close, by whatever road, and may be deleted.
     void signalClose();
 
 protected:

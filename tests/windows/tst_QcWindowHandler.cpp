@@ -375,6 +375,7 @@ private Q_SLOTS:
         handler.setTitleBar(title.get());
         handler.setBorderWidth(kBorder);
         window->show();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
         title.reset();
         window.reset();
         other.show();
@@ -382,6 +383,7 @@ private Q_SLOTS:
         QTest::mouseClick(other.windowHandle(), Qt::LeftButton, {}, QPoint(1, 1));
         QTest::mouseMove(other.windowHandle(), QPoint(2, 2));
         DrainEvents();
+        QCOMPARE(other.cursor().shape(), Qt::ArrowCursor);
     }
 
     // --- The native layer ---

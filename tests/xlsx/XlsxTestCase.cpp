@@ -1,6 +1,7 @@
 #include "xlsx/XlsxTestCase.h"
 
 #include <csignal>
+#include <ctime>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -42,6 +43,13 @@ int XlsxTestCase::InChild(rlim_t fileBytes, const std::function<bool()> &body)
     int status = 0;
     waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+double XlsxTestCase::CpuSeconds(const std::function<void()> &work)
+{
+    const std::clock_t before = std::clock();
+    work();
+    return double(std::clock() - before) / CLOCKS_PER_SEC;
 }
 
 QByteArray XlsxTestCase::Saved(const Template &source, const std::function<void(Velmora::XlsxOperator &)> &edit, const QByteArray &begin,

@@ -37,6 +37,8 @@ protected:
     bool Load(Velmora::XlsxOperator &op, const QByteArray &archive);
     /// Runs \a body in a child process, which is not root and must not write files of more than \a fileBytes, and gives its answer.
     static int InChild(rlim_t fileBytes, const std::function<bool()> &body);
+    /// What \a work takes of processor time.
+    static double CpuSeconds(const std::function<void()> &work);
     /// Loads, edits and saves; then the text of the first sheet as OutputBetween() gives it, or what failed.
     QByteArray Saved(const Template &source, const std::function<void(Velmora::XlsxOperator &)> &edit, const QByteArray &begin,
                      const QByteArray &end);
@@ -48,6 +50,10 @@ protected:
 private:
     std::unique_ptr<QTemporaryDir> m_dir;
 };
+
+/// Compares the seconds of an odd work with those of a plain one. Far apart, because machines are busy: what is guarded against takes
+/// a hundred times as long and more.
+#define COMPARE_COST(odd, plain) QVERIFY2((odd) < 5 * (plain) + 0.1, qPrintable(QStringLiteral("%1 s beside %2 s").arg(odd).arg(plain)))
 
 const QByteArray kSheet1 = QByteArrayLiteral("xl/worksheets/sheet1.xml");
 const QByteArray kSharedStrings = QByteArrayLiteral("xl/sharedStrings.xml");

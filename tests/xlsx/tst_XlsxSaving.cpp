@@ -30,6 +30,18 @@ class tst_XlsxSaving : public XlsxTestCase
     {
         ExpectWarning(QStringLiteral("XlsxOperator::saveDocumentsToXmls:  save_file failed,  \"%1/%2\"").arg(WorkPath(), part));
     }
+    /// Writes the template into a folder in which a child process may write too.
+    void WriteForAll(const QByteArray &archive) const
+    {
+        WriteFile(TemplatePath(), archive);
+        QFile::setPermissions(QFileInfo(TemplatePath()).path(), QFile::Permissions(0x7777));
+    }
+    bool LoadAndSave() const
+    {
+        XlsxOperator op;
+        Prepare(op);
+        return op.load() && op.save();
+    }
     /// Puts a directory in the place of a part, so that it cannot be written.
     void Block(const QString &part) const
     {
@@ -300,14 +312,8 @@ private Q_SLOTS:
         Template source = OneName();
         for (int i = 0; i < 10; ++i)
             source.parts["xl/media/" + QByteArray::number(i)] = Noise(3000);
-        WriteFile(TemplatePath(), source.Archive());
-        QFile::setPermissions(QFileInfo(TemplatePath()).path(), QFile::Permissions(0x7777));
-        const auto loadAndSave = [this] {
-            XlsxOperator op;
-            Prepare(op);
-            return op.load() && op.save();
-        };
-        QCOMPARE(InChild(kFileBytes, loadAndSave), 1);
+        WriteForAll(source.Archive());
+        QCOMPARE(InChild(kFileBytes, [this] { return LoadAndSave(); }), 1);
         QCOMPARE(FileContent(OutputPath()).size(), int(kFileBytes));
         QVERIFY(XlsxZip::extractFromXlsxFile(OutputPath(), WorkPath()));
         QCOMPARE(FilesBelow(WorkPath()), (QMap<QByteArray, QByteArray>()));
@@ -315,8 +321,7 @@ private Q_SLOTS:
 
     void a_file_that_comes_out_short_while_unpacking_is_not_noticed()
     {
-        WriteFile(TemplatePath(), MakeArchive(QMap<QByteArray, QByteArray>{{"long", Noise(3000)}, {"short", "whole"}}));
-        QFile::setPermissions(QFileInfo(TemplatePath()).path(), QFile::Permissions(0x7777));
+        WriteForAll(MakeArchive(QMap<QByteArray, QByteArray>{{"long", Noise(3000)}, {"short", "whole"}}));
         QCOMPARE(InChild(2000, [this] { return XlsxZip::extractFromXlsxFile(TemplatePath(), WorkPath()); }), 1);
         const auto found = FilesBelow(WorkPath());
         QCOMPARE(found.value("long").size(), 2000);
@@ -340,18 +345,12 @@ private Q_SLOTS:
     {
         Template source = OneName();
         source.Sheet(1, QByteArray("<row r=\"9\"><c r=\"A9\"><v>1</v></c></row>").repeated(500));
-        WriteFile(TemplatePath(), source.Archive());
-        QFile::setPermissions(QFileInfo(TemplatePath()).path(), QFile::Permissions(0x7777));
-        const auto loadAndSave = [this] {
-            XlsxOperator op;
-            Prepare(op);
-            return op.load() && op.save();
-        };
+        WriteForAll(source.Archive());
         // A part that was cut is no XML and ends the load.
-        QCOMPARE(InChild(2000, loadAndSave), 0);
+        QCOMPARE(InChild(2000, [this] { return LoadAndSave(); }), 0);
         QVERIFY(!QFileInfo::exists(OutputPath()));
         QDir(WorkPath()).removeRecursively();
-        QCOMPARE(InChild(RLIM_INFINITY, loadAndSave), 1);
+        QCOMPARE(InChild(RLIM_INFINITY, [this] { return LoadAndSave(); }), 1);
         QCOMPARE(PackageFaults(Output()).size(), 499); // rows of one number
     }
 
@@ -359,8 +358,7 @@ private Q_SLOTS:
     {
         const QString folder = Path(QStringLiteral("locked"));
         WriteFile(folder + QStringLiteral("/file"), "x");
-        WriteFile(TemplatePath(), OneName().Archive());
-        QFile::setPermissions(QFileInfo(TemplatePath()).path(), QFile::Permissions(0x7777));
+        WriteForAll(OneName().Archive());
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
         QCOMPARE(InChild(RLIM_INFINITY,
                          [&] {
@@ -383,13 +381,7 @@ private Q_SLOTS:
         QFile::setPermissions(WorkPath(), QFile::Permissions(0x7777));
         QFile::setPermissions(WorkPath() + QStringLiteral("/kept"),
                               QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
-        QCOMPARE(InChild(RLIM_INFINITY,
-                         [&] {
-                             XlsxOperator op;
-                             Prepare(op);
-                             return op.load() && op.save();
-                         }),
-                 1);
+        QCOMPARE(InChild(RLIM_INFINITY, [this] { return LoadAndSave(); }), 1);
         QCOMPARE(Output().value("kept/file"), QByteArray("kept"));
         QFile::setPermissions(folder, QFile::Permissions(0x7777));
         QFile::setPermissions(WorkPath() + QStringLiteral("/kept"), QFile::Permissions(0x7777));

@@ -172,7 +172,8 @@ void QcArrowTip::adjustWidth()
     const int available = m_maxWidth - inner.left() - inner.right() - outer.left() - outer.right();
     // Free of the width that an earlier text left behind, so that a tip used again has the size of a fresh one.
     auto *document = m_textControl->findChild<QTextDocument *>(QString(), Qt::FindDirectChildrenOnly);
-    const int ideal = int(UnwrappedWidth(*document));
+    const bool mayFit = MayFit(*document, available * qint64(4)); // marks may take no pixel of their own
+    const int ideal = mayFit ? int(UnwrappedWidth(*document)) : available;
     // A long text takes the maximum itself: its tip is wider by the margins.
     m_textControl->setFixedWidth(qBound(0, ideal < available ? ideal : m_maxWidth, QWIDGETSIZE_MAX));
     if (!alive)

@@ -78,12 +78,10 @@ void QcMultiLineText::setText(const QString &text)
     const QPointer<QcMultiLineText> alive(this);
     m_text = text;
     setTextToDocument(text);
-    if (alive)
-        updateAlignmentByLineCount();
-    if (alive)
-        elideText();
     if (!alive)
         return;
+    if (needElideText())
+        multiLineTextElide(m_document, m_lineCount);
     update();
     AnnounceText();
 }
@@ -121,13 +119,12 @@ void QcMultiLineText::setTextToDocument(const QString & /*text*/)
     m_document->clear();
     if (!alive || filling != m_fillings)
         return; // a receiver of the height set a text meanwhile
-    InsertText(*m_document, m_text);
-    if (!alive)
-        return;
+    // Before the text, since a new option lays out all that is there.
     QTextOption option = m_document->defaultTextOption();
     option.setAlignment(m_alignment);
     option.setWrapMode(QTextOption::WrapAnywhere);
     m_document->setDefaultTextOption(option);
+    InsertText(*m_document, m_text);
     if (alive)
         updateAlignmentByLineCount();
     if (alive)
@@ -247,6 +244,8 @@ void QcMultiLineText::ApplyAlignment(Qt::Alignment alignment)
 {
     m_alignment = alignment;
     QTextOption option = m_document->defaultTextOption();
+    if (option.alignment() == alignment)
+        return; // setting it lays all of the text out
     option.setAlignment(alignment);
     m_document->setDefaultTextOption(option);
 }

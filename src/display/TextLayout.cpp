@@ -9,6 +9,11 @@
 
 namespace Velmora {
 
+bool MayFit(const QTextDocument &document, qint64 width)
+{
+    return document.characterCount() <= width * document.blockCount(); // a character takes at least a pixel
+}
+
 qreal UnwrappedWidth(QTextDocument &document)
 {
     const QSignalBlocker quiet(document.documentLayout()); // the layout comes back as it was
@@ -21,10 +26,10 @@ qreal UnwrappedWidth(QTextDocument &document)
 
 void LayOut(QTextDocument &document, int width)
 {
-    // Measured only where it may matter: a character takes at least a pixel.
-    const bool mayFit = document.characterCount() <= qint64(width) * document.blockCount();
-    const qreal unwrapped = mayFit ? UnwrappedWidth(document) : 0;
-    document.setTextWidth(int(unwrapped) == width ? unwrapped : width);
+    const qreal unwrapped = MayFit(document, width) ? UnwrappedWidth(document) : 0;
+    const qreal textWidth = int(unwrapped) == width ? unwrapped : width;
+    if (document.textWidth() != textWidth)
+        document.setTextWidth(textWidth); // which lays all of it out, also for the same width
 }
 
 int CountLines(QTextDocument &document)

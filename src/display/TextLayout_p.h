@@ -11,6 +11,9 @@ QT_END_NAMESPACE
 
 namespace Velmora {
 
+/// Whether \a document could be no wider than \a width pixels, told by its length: where it is not, it need not be measured.
+bool MayFit(const QTextDocument &document, qint64 width);
+
 /// The width of \a document in lines as long as its paragraphs, whatever width it is laid out in.
 qreal UnwrappedWidth(QTextDocument &document);
 

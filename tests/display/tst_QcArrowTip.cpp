@@ -5,6 +5,7 @@
 #include <Velmora/QcMultiLineText.h>
 
 #include <QAbstractEventDispatcher>
+#include <QAbstractTextDocumentLayout>
 #include <QAccessible>
 #include <QEventLoop>
 #include <QLayout>
@@ -567,6 +568,21 @@ private Q_SLOTS:
         QCOMPARE(SizeOf(tip).width(), 128);
         tip.setText(QString());
         QCOMPARE(SizeOf(tip).width(), 28);
+    }
+
+    void a_long_text_is_laid_out_once()
+    {
+        Stage stage;
+        stage.ShowTip(kLongText);
+        const auto *document = stage.tip.findChild<QTextDocument *>();
+        int layouts = 0;
+        connect(document->documentLayout(), &QAbstractTextDocumentLayout::update, this, [document, &layouts] {
+            layouts += document->characterCount() > 10000 ? 1 : 0; // not of the empty document before
+        });
+        stage.tip.setText(kLongText.repeated(1000));
+        AwaitPlacements();
+        QCOMPARE(layouts, 1);
+        QCOMPARE(stage.tip.pos(), stage.Place());
     }
 
     void the_table_may_change_and_the_reference_go_while_it_shows()

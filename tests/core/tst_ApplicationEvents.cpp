@@ -235,6 +235,55 @@ private Q_SLOTS:
         QCOMPARE(target.received, 2);
     }
 
+    void watchers_may_die_in_masses_during_the_event_and_one_in_between()
+    {
+        Target target;
+        std::vector<std::unique_ptr<Watcher>> called;
+        std::vector<std::unique_ptr<Watcher>> toCome;
+        std::vector<std::unique_ptr<Watcher>> added;
+        const auto watch = [this](std::vector<std::unique_ptr<Watcher>> &watchers, char name) {
+            for (int i = 0; i < 100; ++i)
+                watchers.push_back(Watch(name, {kFirst}));
+        };
+        const auto first = Watch('f', {kFirst});
+        watch(toCome, 't');
+        const auto killer = Watch('k', {kFirst});
+        watch(called, 'c');
+        killer->then = [&](QObject *, QEvent *) {
+            killer->then = nullptr;
+            called.clear();
+            toCome.resize(10);
+            Send(target, kFirst); // finds most of the list dead
+            watch(added, 'a');    // finds a list that is due to be cleaned
+        };
+        const QString living = QLatin1Char('k') + QString(10, QLatin1Char('t')) + QLatin1Char('f');
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QString(100, QLatin1Char('c')) + QLatin1Char('k') + living + living.mid(1));
+        m_calls.clear();
+        Send(target, kFirst);
+        QCOMPARE(m_calls, QString(100, QLatin1Char('a')) + living);
+    }
+
+    void watchers_that_died_during_an_event_are_not_kept()
+    {
+        const auto first = Watch('f', {kFirst});
+        Target target;
+        Send(target, kFirst);
+        const int before = allocatedBlocks;
+        {
+            std::vector<std::unique_ptr<Watcher>> dying;
+            for (int i = 0; i < 1000; ++i)
+                dying.push_back(Watch('d', {kFirst}));
+            const auto killer = Watch('k', {kFirst});
+            killer->then = [&](QObject *, QEvent *) {
+                dying.clear();
+                Send(target, kSecond); // no watcher's
+            };
+            Send(target, kFirst);
+        }
+        QVERIFY2(allocatedBlocks - before < 100, qPrintable(QString::number(allocatedBlocks - before)));
+    }
+
     void additions_among_dead_watchers_keep_the_living_in_order()
     {
         const auto a = Watch('a', {kFirst});

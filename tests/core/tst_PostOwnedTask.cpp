@@ -74,11 +74,15 @@ private Q_SLOTS:
         QCOMPARE(runs, 0);
     }
 
-    void an_empty_function_is_skipped()
+    void an_empty_function_is_skipped_and_the_next_runs()
     {
         QObject owner;
+        bool nextRan = false;
         PostOwnedTask(&owner, {}, "empty");
+        PostOwnedTask(
+            &owner, [&nextRan] { nextRan = true; }, "next");
         DrainEvents();
+        QVERIFY(nextRan);
     }
 
     void the_name_is_that_of_the_slow_task_warning()

@@ -240,10 +240,13 @@ private Q_SLOTS:
         QCOMPARE(m_log, QStringLiteral("a"));
     }
 
-    void an_empty_task_is_skipped()
+    void an_empty_task_is_skipped_and_the_next_runs()
     {
+        bool nextRan = false;
         Post(MakeRecord({}, "empty"));
+        Post(MakeRecord([&nextRan] { nextRan = true; }, "next"));
         DrainEvents();
+        QVERIFY(nextRan);
     }
 
     void a_slow_task_is_named_with_its_time_data()

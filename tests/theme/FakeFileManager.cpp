@@ -23,6 +23,13 @@ void FakeFileManager::AnswerHeldCalls(QDBusConnection bus)
     m_held.clear();
 }
 
+void FakeFileManager::FailHeldCalls(QDBusConnection bus)
+{
+    for (const QDBusMessage &call : qAsConst(m_held))
+        bus.send(call.createErrorReply(QDBusError::Failed, QStringLiteral("nothing to show it on")));
+    m_held.clear();
+}
+
 void FakeFileManager::Take(const QString &method, const QStringList &uris, const QString &startupId)
 {
     m_calls.append(QStringLiteral("%1 %2 [%3]").arg(method, uris.join(QLatin1Char(' ')), startupId));

@@ -29,6 +29,7 @@ public:
 
     void SetAnswer(Answer answer) { m_answer = answer; }
     void AnswerHeldCalls(QDBusConnection bus);
+    void FailHeldCalls(QDBusConnection bus);
 
     /// The method and its arguments, a blank between them; a startup id in brackets.
     QStringList Calls() const { return m_calls; }

@@ -13,6 +13,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QPointer>
 #include <QProcess>
 #include <QScopeGuard>
@@ -206,9 +207,12 @@ private Q_SLOTS:
     void odd_characters_reach_the_url_handler_whole();
     void silent_service_holds_up_nobody();
     void silent_service_ends_in_the_folder_once();
+    void answer_while_the_url_handler_waits_changes_nothing_data();
     void answer_while_the_url_handler_waits_changes_nothing();
     void url_handler_that_waits_keeps_its_warnings();
     void failed_fallback_is_silent_and_mutes_nothing_else();
+    void what_the_host_logs_and_what_not_stays_its_own_data();
+    void what_the_host_logs_and_what_not_stays_its_own();
 
     void service_is_started_by_the_bus();
     void without_a_bus_the_folder_is_opened_data();
@@ -485,12 +489,24 @@ void TestOpenDir::silent_service_ends_in_the_folder_once()
     QCOMPARE(m_opened.size(), 1);
 }
 
+void TestOpenDir::answer_while_the_url_handler_waits_changes_nothing_data()
+{
+    QTest::addColumn<bool>("isError");
+    QTest::newRow("shown") << false;
+    QTest::newRow("error") << true;
+}
+
 void TestOpenDir::answer_while_the_url_handler_waits_changes_nothing()
 {
+    QFETCH(bool, isError);
     m_fileManager->SetAnswer(FakeFileManager::Answer::Held);
     FileManager impatient(std::chrono::milliseconds(200));
-    m_onOpen = [this] {
-        m_fileManager->AnswerHeldCalls(m_bus);
+    m_onOpen = [this, isError] {
+        m_onOpen = nullptr;
+        if (isError)
+            m_fileManager->FailHeldCalls(m_bus);
+        else
+            m_fileManager->AnswerHeldCalls(m_bus);
         m_fileManager->SetAnswer(FakeFileManager::Answer::Done);
         openDir(m_files.Path(QStringLiteral("folder")));
         QTRY_COMPARE(m_fileManager->Calls().size(), 2); // the bus keeps the order: the late answer came before
@@ -525,6 +541,33 @@ void TestOpenDir::failed_fallback_is_silent_and_mutes_nothing_else()
     ExpectWarning(
         QStringLiteral("This plugin does not support QPlatformServices::openDocument() for '%1'.").arg(Uri(QStringLiteral("folder"))));
     QVERIFY(!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)));
+}
+
+void TestOpenDir::what_the_host_logs_and_what_not_stays_its_own_data()
+{
+    QTest::addColumn<bool>("hostHears");
+    QTest::newRow("warnings on") << true;
+    QTest::newRow("warnings off") << false;
+}
+
+void TestOpenDir::what_the_host_logs_and_what_not_stays_its_own()
+{
+    QFETCH(bool, hostHears);
+    QLoggingCategory *category = QLoggingCategory::defaultCategory();
+    category->setEnabled(QtWarningMsg, hostHears);
+    category->setEnabled(QtDebugMsg, false);
+    const auto restore = qScopeGuard([category] {
+        category->setEnabled(QtWarningMsg, true);
+        category->setEnabled(QtDebugMsg, true);
+    });
+    StopFileManager();
+    openDir(m_files.Path(QStringLiteral("folder")));
+    QTRY_COMPARE(m_opened.size(), 1);
+    QTRY_VERIFY(NothingPending());
+    VelmoraTest::DrainEvents();
+    QCOMPARE(category->isWarningEnabled(), hostHears);
+    QVERIFY(!category->isDebugEnabled());
+    QVERIFY(category->isCriticalEnabled());
 }
 
 void TestOpenDir::service_is_started_by_the_bus()

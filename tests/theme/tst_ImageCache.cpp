@@ -176,43 +176,48 @@ private Q_SLOTS:
         QCOMPARE(m_renders, 1);
     }
 
+    // 32 mebibytes, in which an image counts twice, for its pixmap too, and a kibibyte beside.
     void memory_is_bounded_and_the_longest_unused_goes_first()
     {
-        // A quarter of a megabyte each: many more than any sensible bound holds.
+        constexpr int kMostKept = 32 * 1024 / (2 * 256 + 1);
         ImageParams params = Request(m_files.Write(QStringLiteral("a.svg"), "<svg/>"));
-        params.mulColor.clear();
-        constexpr int kRequests = 1000;
-        const auto ask = [&](int number) {
-            params.size = QSize(256, 256);
+        params.size = QSize(256, 256); // 256 kibibytes
+        const auto isKept = [&](int number) {
+            const int before = m_renders;
             params.color = QStringLiteral("#%1").arg(number, 6, 16, QLatin1Char('0'));
             Image(params);
+            return m_renders == before;
         };
-        ask(kRequests); // asked for again and again, so it stays
-        for (int i = 0; i < kRequests; ++i) {
-            ask(i);
-            ask(kRequests);
-        }
-        QCOMPARE(m_renders, kRequests + 1);
-        ask(kRequests - 1);
-        QCOMPARE(m_renders, kRequests + 1);
-        int kept = 0;
-        for (int i = kRequests - 1; i >= 0; --i) {
-            const int before = m_renders;
-            ask(i);
-            if (m_renders != before)
-                break;
-            ++kept;
-        }
-        QVERIFY2(kept > 10 && kept <= 128, qPrintable(QString::number(kept))); // 32 megabytes at most
+        for (int i = 0; i < kMostKept; ++i)
+            QVERIFY(!isKept(i));
+        for (int i = 0; i < kMostKept; ++i)
+            QVERIFY2(isKept(i), qPrintable(QString::number(i)));
+        QVERIFY(isKept(0)); // so that the next is the longest unused
+        QVERIFY(!isKept(kMostKept));
+        QVERIFY(isKept(0));
+        for (int i = 2; i <= kMostKept; ++i)
+            QVERIFY2(isKept(i), qPrintable(QString::number(i)));
+        QVERIFY(!isKept(1));
+    }
+
+    void an_image_beyond_the_bound_is_given_and_not_kept_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("isKept");
+        QTest::newRow("as large as all") << QSize(32767, 128) << true; // 16 mebibytes but for 512 bytes
+        QTest::newRow("one pixel wider") << QSize(32768, 128) << false;
+        QTest::newRow("much larger") << QSize(4000, 4000) << false;
     }
 
     void an_image_beyond_the_bound_is_given_and_not_kept()
     {
+        QFETCH(QSize, size);
+        QFETCH(bool, isKept);
         ImageParams params = Request(m_files.Write(QStringLiteral("a.svg"), "<svg/>"));
-        params.size = QSize(4000, 4000);
-        QCOMPARE(Image(params).size(), params.size);
-        QCOMPARE(Pixmap(params).size(), params.size);
-        QCOMPARE(m_renders, 2);
+        params.size = size;
+        QCOMPARE(Image(params).size(), size);
+        QCOMPARE(Pixmap(params).size(), size);
+        QCOMPARE(m_renders, isKept ? 1 : 2);
     }
 
     void what_a_caller_draws_on_an_image_stays_with_the_caller()

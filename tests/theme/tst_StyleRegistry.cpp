@@ -388,15 +388,38 @@ private Q_SLOTS:
         QVERIFY(a.styleSheet() != Resolved(kSheet));
 
         DrainEvents();
-        QCOMPARE(m_log.size(), 5);
-        QStringList sheets = m_log.mid(1, 2);
-        QStringList handlers = m_log.mid(3, 2);
-        sheets.sort();
-        handlers.sort();
-        QCOMPARE(sheets, QStringList({QStringLiteral("a:sheet"), QStringLiteral("b:sheet")}));
-        QCOMPARE(handlers, QStringList({QStringLiteral("a:handler"), QStringLiteral("b:handler")}));
+        QCOMPARE(m_log,
+                 QStringList({QStringLiteral("host"), QStringLiteral("a:sheet"), QStringLiteral("b:sheet"), QStringLiteral("a:handler"),
+                              QStringLiteral("b:handler")}));
         QCOMPARE(a.styleSheet(), Resolved(kSheet));
         QCOMPARE(b.styleSheet(), Resolved(kSheet));
+    }
+
+    void widgets_are_served_in_the_order_of_their_registration()
+    {
+        std::vector<std::unique_ptr<Witness>> widgets;
+        for (int i = 0; i < 30; ++i)
+            widgets.push_back(std::make_unique<Witness>(QString::number(i), &m_log));
+        QStringList sheets;
+        QStringList handlers;
+        for (int i = 0; i < 30; ++i) {
+            const int number = i * 7 % 30; // neither that of their making nor of their addresses
+            Witness &widget = *widgets[std::size_t(number)];
+            Manager().RegisterStyleSheet(&widget, kSheet);
+            sheets.append(QStringLiteral("%1:sheet").arg(number));
+        }
+        for (int i = 0; i < 30; ++i) {
+            const int number = i * 11 % 30;
+            const QString line = QStringLiteral("%1:handler").arg(number);
+            Manager().RegisterColorHandler(widgets[std::size_t(number)].get(), Note(line));
+            handlers.append(line);
+        }
+        for (const auto &widget : widgets)
+            Show(*widget);
+        m_log.clear();
+        ChangeTable(Table::Dark);
+        DrainEvents();
+        QCOMPARE(m_log, sheets + handlers);
     }
 
     void a_task_resolves_with_the_table_of_its_turn()

@@ -71,6 +71,8 @@ public:
     /// image comes as its file holds it. A missing file or an empty size gives a null image. An SVG that does not
     /// parse gives a warning a colour and renders as far as Qt can.
     /// Images are cached until the table or the file changes.
+    /// For a picture of one's own painting that is as sharp as the screen, ask for the size times QWidget::devicePixelRatioF()
+    /// and give the result that ratio.
     QImage GetImage(const ImageParams &params);
     QPixmap GetPixmap(const ImageParams &params);
     /// GetPixmap() for all four modes, so that Qt does not grey the disabled one.

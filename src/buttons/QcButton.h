@@ -27,6 +27,9 @@ struct FilledTables;
 /// state without an entry has no colour: there is no fallback to another state. Without entries a plain button
 /// paints only its text, in the palette's button-text colour. 24 pixels high, with a 12-pixel font.
 ///
+/// A handler of its signals, of its menu or of an entry may delete the button, but of toggled() only by deleteLater(): Qt touches the
+/// button once more.
+///
 /// A variant overrides UpdateUiParams(), which runs once, on the first turn of the main loop after construction: what it
 /// sets replaces what the host set before that, and what the host sets later stays.
 class VELMORA_EXPORT QcButton : public QPushButton

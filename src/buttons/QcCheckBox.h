@@ -18,6 +18,8 @@ class OutsidePress;
 ///
 /// A text too long for the widget is elided at its end. The indicator shows a hover while the cursor is over the area that
 /// a click toggles, which may be smaller than the widget. A press shows until the release, wherever the mouse is dragged.
+///
+/// A handler of its signals may delete the box, but of toggled() and stateChanged() only by deleteLater(): Qt touches the box once more.
 class VELMORA_EXPORT QcCheckBox : public QCheckBox
 {
     Q_OBJECT

@@ -122,11 +122,12 @@ void QcCombinedToolButton::SetCurrentAction(QAction *action)
 {
     if (!action)
         return;
+    const QString iconPath = action->property("ActionIconPath").toString();
     QAction *previous = m_pMainButton->defaultAction();
-    m_pMainButton->setDefaultAction(action);
     if (previous && previous != action)
         m_pMainButton->removeAction(previous); // or a long press would offer all that were ever current
-    SetIconPath(action->property("ActionIconPath").toString());
+    SetIconPath(iconPath);
+    m_pMainButton->setDefaultAction(action); // last: it may toggle the half, for which a host may have a handler
 }
 
 void QcCombinedToolButton::addAction(QAction *action)

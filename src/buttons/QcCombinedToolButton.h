@@ -28,6 +28,8 @@ class QcToolButton;
 /// are those of QcToolButton. The tables fill on the first turn of the main loop after construction: what the host set before
 /// that is replaced, and what it sets later stays.
 ///
+/// A handler of the current action or of an entry may delete the control, but of a menu that is about to show only by deleteLater().
+///
 /// Both halves take the keyboard: Space presses, Down and Alt+Down open the menu. In right-to-left layout the control is mirrored,
 /// the halves with what they show and the place of the menu. Assistive technology sees a group of two buttons. A half without a text
 /// or a tool tip, which the current action gives the main half, has the name or the tool tip of the whole.

@@ -19,6 +19,9 @@ class ButtonStateTracker;
 /// It paints itself from tables of its eight states, as QcButton does, and looks pressed and checked while its menu is open.
 /// At least 24 pixels high, with a 12-pixel font. The arrow stands at the right in right-to-left layouts too.
 ///
+/// A handler of its signals, of its menu or of an entry may delete the button, but of toggled() only by deleteLater(): Qt touches the
+/// button once more.
+///
 /// The text is painted as it is and not elided. As in every button of Qt, a letter behind an & becomes its mnemonic; the & is
 /// painted all the same, so give a key with setShortcut(), after setText(), instead. Space opens the menu, in a dialog Enter too.
 class VELMORA_EXPORT QcMenuTextButton : public QPushButton

@@ -123,7 +123,8 @@ void QcMenuToolButton::mousePressEvent(QMouseEvent *event)
 void QcMenuToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
     m_tracker->Release();
-    QToolButton::mouseReleaseEvent(event);
+    // Not QToolButton's, which touches the button after the click that a host may have deleted it in.
+    QAbstractButton::mouseReleaseEvent(event);
 }
 
 void QcMenuToolButton::changeEvent(QEvent *event)

@@ -19,6 +19,9 @@ class ButtonStateTracker;
 /// It paints itself from tables of its eight states, as QcToolButton does, and looks pressed and checked while its menu is
 /// open; a menu that closes unchecks it. It shows no text. The arrow stands at the right in right-to-left layouts too.
 ///
+/// A handler of its signals or of an entry may delete the button, but of toggled(), to which a menu that shows or hides leads, and of a
+/// menu that is about to show, only by deleteLater(): Qt touches the button once more.
+///
 /// How the menu opens is up to QToolButton::setPopupMode(): at first by a long press, of the mouse or of Space, while a
 /// short one toggles the button.
 class VELMORA_EXPORT QcMenuToolButton : public QToolButton

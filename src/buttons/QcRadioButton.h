@@ -21,6 +21,8 @@ class OutsidePress;
 /// a click selects, which may be smaller than the widget. A press shows until the release, wherever the mouse is dragged.
 /// The text is 12 pixels high and keeps its colour while disabled. A change of the colour table shows at the next paint, as
 /// when the surface below repaints: the button asks for none itself.
+///
+/// A handler of its signals may delete the button, but of toggled() only by deleteLater(): Qt touches the button once more.
 class VELMORA_EXPORT QcRadioButton : public QRadioButton
 {
     Q_OBJECT

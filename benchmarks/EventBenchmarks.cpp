@@ -2,14 +2,18 @@
 
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcLabel.h>
+#include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcWindow.h>
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QFrame>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTimer>
 #include <QWindow>
 
 #include <benchmark/benchmark.h>
@@ -63,10 +67,41 @@ void OtherEvent(benchmark::State &state, const SceneMaker &makeScene)
     }
 }
 
+/// A window that changes its size while N widgets lie in it, in a part that keeps its own, until what they put off is done.
+void ResizeAround(benchmark::State &state, const SceneMaker &makeScene)
+{
+    constexpr int kLongerThanAnyDelay = 3; // milliseconds, which cost no CPU time
+    const auto scene = makeScene();
+    QWidget window;
+    window.resize(400, 300);
+    MakeWindow(*scene, int(state.range(0))).release()->setParent(&window);
+    window.show();
+    Settle();
+    for (auto _ : state) {
+        window.resize(400, window.height() == 300 ? 301 : 300);
+        QEventLoop loop;
+        QTimer::singleShot(kLongerThanAnyDelay, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+}
+
 SceneMaker Buttons(Kind kind)
 {
     return [kind] { return MakeScene(kind); };
 }
+
+class LineEditScene : public VelmoraScene
+{
+public:
+    std::unique_ptr<QWidget> MakeWidget(int /*index*/) override { return std::make_unique<Velmora::QcLineEditFrame>(); }
+};
+
+class PlainLineEditScene : public Scene
+{
+public:
+    std::unique_ptr<QWidget> MakeWidget(int /*index*/) override { return std::make_unique<QLineEdit>(); }
+    void SwitchTheme() override {}
+};
 
 class WindowScene : public VelmoraScene
 {
@@ -79,9 +114,10 @@ public:
     }
 };
 
-SceneMaker Windows()
+template <typename AnyScene>
+SceneMaker SceneOf()
 {
-    return [] { return std::make_unique<WindowScene>(); };
+    return [] { return std::make_unique<AnyScene>(); };
 }
 
 /// N widgets that come and go one by one, ten in each turn of the loop: what a dead widget leaves behind must not slow
@@ -122,13 +158,21 @@ void Widgets(benchmark::internal::Benchmark *benchmark)
 
 BENCHMARK_CAPTURE(PressElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
 BENCHMARK_CAPTURE(PressElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
-BENCHMARK_CAPTURE(PressElsewhere, windows, Windows())->Apply(Widgets);
+BENCHMARK_CAPTURE(PressElsewhere, windows, SceneOf<WindowScene>())->Apply(Widgets);
 BENCHMARK_CAPTURE(MoveElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
 BENCHMARK_CAPTURE(MoveElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
-BENCHMARK_CAPTURE(MoveElsewhere, windows, Windows())->Apply(Widgets);
+BENCHMARK_CAPTURE(MoveElsewhere, windows, SceneOf<WindowScene>())->Apply(Widgets);
 BENCHMARK_CAPTURE(OtherEvent, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
 BENCHMARK_CAPTURE(OtherEvent, palette, Buttons(Kind::Palette))->Apply(Widgets);
-BENCHMARK_CAPTURE(OtherEvent, windows, Windows())->Apply(Widgets);
+BENCHMARK_CAPTURE(OtherEvent, windows, SceneOf<WindowScene>())->Apply(Widgets);
+
+void FewResizes(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(100)->Arg(400)->Arg(1600)->Iterations(20)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK_CAPTURE(ResizeAround, line_edit, SceneOf<LineEditScene>())->Apply(FewResizes);
+BENCHMARK_CAPTURE(ResizeAround, plain, SceneOf<PlainLineEditScene>())->Apply(FewResizes);
 
 BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcPrimaryButton)->Apply(Widgets)->Name("ComeAndGoButton/velmora");
 BENCHMARK_TEMPLATE(ComeAndGo, QPushButton)->Apply(Widgets)->Name("ComeAndGoButton/plain");

@@ -15,7 +15,8 @@ namespace Velmora {
 
 class QcMultiLineText;
 
-/// A small bubble with a triangle that points at a reference widget and stays beside it while it or its window moves.
+/// A small bubble with a triangle that points at a reference widget and stays beside it while it moves in its parent, or the
+/// window that it was in when the tip was shown or got it.
 ///
 /// The tip is a window of its own that never takes the keyboard. While it shows it is placed within 1 millisecond of each cause,
 /// the show among them, and not kept on the screen: beside an edge it is cut off. QcArrowTipGlobal shows one tip for many widgets as the
@@ -41,13 +42,13 @@ public:
     /// The width in pixels, 100 at first, from which a text wraps. A text narrower than this, less 28 pixels of margins, makes
     /// the tip as narrow as it can be; any other is this wide, and the tip wider by the margins. A negative width counts as 0.
     void setMaxWidth(int width);
-    /// The colour code of the text, that of QcMultiLineText at first.
+    /// The colour code of the text, that of QcMultiLineText at first. The bubble is black in both built-in tables.
     void setTextColorParams(const QString &code);
     /// Takes effect with the next placement and paint.
     void setTriangleDirection(TriangleDirection direction);
-    /// The widget to point at. The tip never shows without one, stays where it is when the widget dies, and may outlive it.
+    /// The widget to point at. The tip stays where it is when the widget dies, and may outlive it.
     void setReferenceWidget(QPointer<QWidget> widget);
-    /// Shows the tip, if its reference lives.
+    /// Shows the tip, if its reference lives; else it does nothing.
     void show();
     void setVisible(bool visible) override;
 

@@ -38,7 +38,7 @@ public:
     explicit QcLabel(QWidget *parent = nullptr);
 
     /// Applies a style's font and colour. Until it is called a label has the default font and no colour token. A number
-    /// above 8 keeps the token and applies the default font.
+    /// that names none keeps the token and applies the default font.
     void setType(LabelType type);
     /// Sets the text and announces the new size hint. An empty text brings the icon back.
     void setText(const QString &text);

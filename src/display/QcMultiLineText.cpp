@@ -80,8 +80,7 @@ void QcMultiLineText::setText(const QString &text)
     setTextToDocument(text);
     if (!alive)
         return;
-    if (needElideText())
-        multiLineTextElide(m_document, m_lineCount);
+    CutToLines();
     update();
     AnnounceText();
 }
@@ -93,6 +92,7 @@ void QcMultiLineText::clear()
     setTextToDocument(m_text);
     if (!alive)
         return;
+    FollowLinks();
     update();
     AnnounceText();
 }
@@ -127,8 +127,6 @@ void QcMultiLineText::setTextToDocument(const QString & /*text*/)
     InsertText(*m_document, m_text);
     if (alive)
         updateAlignmentByLineCount();
-    if (alive)
-        FollowLinks();
 }
 
 void QcMultiLineText::setFont(const QFont &font)
@@ -178,8 +176,7 @@ void QcMultiLineText::setLineCount(int count)
     setTextToDocument(m_text);
     if (!alive)
         return;
-    if (needElideText())
-        multiLineTextElide(m_document, m_lineCount);
+    CutToLines();
     update();
 }
 
@@ -188,13 +185,20 @@ bool QcMultiLineText::needElideText() const
     return !m_heightAdaptive && m_lineCount >= 1;
 }
 
-// The height of a text that is cut is its host's, and nobody is told of it.
 void QcMultiLineText::elideText()
 {
     if (!needElideText())
         return;
     setTextToDocument(m_text);
-    multiLineTextElide(m_document, m_lineCount);
+    CutToLines();
+}
+
+/// Cuts the whole text, which the document holds, where it is to be cut. The height is its host's then, and nobody is told of it.
+void QcMultiLineText::CutToLines()
+{
+    if (needElideText())
+        multiLineTextElide(m_document, m_lineCount);
+    FollowLinks();
 }
 
 int QcMultiLineText::lineCount() const
@@ -305,6 +309,7 @@ void QcMultiLineText::setFocusPolicy(Qt::FocusPolicy policy)
     QFrame::setFocusPolicy(policy);
 }
 
+/// A text is a stop of the Tab key by the links that it shows, not by those that were cut away.
 void QcMultiLineText::FollowLinks()
 {
     if (m_ownFocusPolicy != focusPolicy()) {

@@ -18,7 +18,7 @@ namespace Velmora {
 /// Read-only rich text with links, which either grows in height with its text or is cut to a number of lines with "...".
 ///
 /// Text is read as HTML, so that "<" and "&" of plain text must be escaped. It wraps anywhere, in the middle of words too.
-/// A text with links takes the Tab key, which goes from one to the next; Enter and Space press the marked one, once however
+/// A text that shows links takes the Tab key, which goes from one to the next; Enter and Space press the marked one, once however
 /// long they are held. Assistive technology finds each link in sight inside the text.
 /// A link that names no colour has that of the application's palette at the time of setText(), not one of the table.
 /// Without setHeightAdaptive() the control takes the height that its host gives it.
@@ -56,7 +56,7 @@ public:
     /// The width in pixels, rounded down, that the text takes as it is laid out now; before the first show that of its
     /// longest paragraph in one line. A control made that wide shows it in one line, unless it is cut.
     int idealWidth();
-    /// A policy set here stays. Until then a text with links has Qt::TabFocus and any other Qt::NoFocus.
+    /// A policy set here stays. Until then a text that shows links has Qt::TabFocus and any other Qt::NoFocus.
     void setFocusPolicy(Qt::FocusPolicy policy);
 
 Q_SIGNALS:
@@ -86,6 +86,7 @@ private:
     void setTextToDocument(const QString &text);
     QString WholeText() const;
     void ApplyAlignment(Qt::Alignment alignment);
+    void CutToLines();
     void LayOutIn(int width);
     void FollowLinks();
     int MarkedLink() const;

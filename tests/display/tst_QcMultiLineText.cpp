@@ -566,6 +566,23 @@ private Q_SLOTS:
         QCOMPARE(text.focusPolicy(), Qt::ClickFocus);
     }
 
+    void a_link_that_is_cut_away_is_no_stop_of_the_tab_key()
+    {
+        Shower shower(QSize(200, 100));
+        shower.text.setText(Words(100) + kLink);
+        QCOMPARE(shower.text.focusPolicy(), Qt::TabFocus);
+        shower.text.setLineCount(2);
+        QCOMPARE(shower.text.focusPolicy(), Qt::NoFocus);
+        shower.text.setText(Words(4) + kLink);
+        QCOMPARE(shower.text.focusPolicy(), Qt::TabFocus);
+        shower.text.resize(30, 100);
+        QCOMPARE(shower.text.focusPolicy(), Qt::NoFocus);
+        shower.text.resize(300, 100);
+        QCOMPARE(shower.text.focusPolicy(), Qt::TabFocus);
+        shower.text.setFont(80);
+        QCOMPARE(shower.text.focusPolicy(), Qt::NoFocus);
+    }
+
     void the_focus_policy_of_a_host_stays_data()
     {
         using Choice = std::function<void(QcMultiLineText &)>;

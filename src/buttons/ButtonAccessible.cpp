@@ -8,6 +8,7 @@
 #include <Velmora/QcRadioButton.h>
 #include <Velmora/QcToolButton.h>
 
+#include "core/AccessibleAction_p.h"
 #include "core/InstallAccessible_p.h"
 
 #include <QAbstractButton>
@@ -18,7 +19,6 @@
 #include <QCheckBox>
 #include <QKeySequence>
 #include <QMenu>
-#include <QMetaObject>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -94,17 +94,6 @@ void Click(QAbstractButton &button)
         ShowMenu(button);
     else
         button.click();
-}
-
-/// Lets \a work be done by the event loop, unless \a button died or was disabled by then: the click may open a dialog or a menu, and
-/// assistive technology waits for its call to return.
-void DoLater(QAbstractButton &button, void (*work)(QAbstractButton &))
-{
-    const auto workIfEnabled = [target = &button, work] {
-        if (target->isEnabled())
-            work(*target);
-    };
-    QMetaObject::invokeMethod(&button, workIfEnabled, Qt::QueuedConnection);
 }
 
 /// The first of \a texts that says something.
@@ -184,9 +173,9 @@ public:
     void doAction(const QString &name) override
     {
         if (name == showMenuAction() && HasMenu())
-            DoLater(*button(), ShowMenu);
+            DoActionLater(*button(), [target = button()] { ShowMenu(*target); });
         else if (name == pressAction() || name == ClickAction())
-            DoLater(*button(), Click);
+            DoActionLater(*button(), [target = button()] { Click(*target); });
         else
             QAccessibleWidget::doAction(name);
     }

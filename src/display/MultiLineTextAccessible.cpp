@@ -1,11 +1,11 @@
 #include <Velmora/QcMultiLineText.h>
 
+#include "core/AccessibleAction_p.h"
 #include "core/InstallAccessible_p.h"
 #include "display/MultiLineTextAccessible_p.h"
 #include "display/TextLayout_p.h"
 
 #include <QAccessibleWidget>
-#include <QMetaObject>
 #include <QPointer>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -79,7 +79,6 @@ public:
 
     QStringList actionNames() const override { return isValid() && m_text->isEnabled() ? QStringList(pressAction()) : QStringList(); }
 
-    /// Later, since the host may open a dialog, and assistive technology waits for its call to return.
     void doAction(const QString &name) override
     {
         if (!actionNames().contains(name))
@@ -87,10 +86,10 @@ public:
         const QString href = Link().charFormat().anchorHref();
         const auto press = [text = m_text.data(), index = m_index, href] {
             const QTextCursor link = LinksIn(*text).value(index);
-            if (text->isEnabled() && !link.isNull() && link.charFormat().anchorHref() == href)
+            if (!link.isNull() && link.charFormat().anchorHref() == href)
                 Q_EMIT text->signalAnchorClicked(href);
         };
-        QMetaObject::invokeMethod(m_text, press, Qt::QueuedConnection);
+        DoActionLater(*m_text, press);
     }
 
     QStringList keyBindingsForAction(const QString & /*name*/) const override { return QStringList(); }

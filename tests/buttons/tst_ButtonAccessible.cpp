@@ -24,6 +24,7 @@
 #include <QActionGroup>
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -32,6 +33,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -449,6 +451,27 @@ private Q_SLOTS:
         DrainEvents();
         QVERIFY(!ours.button);
         QCOMPARE(clicks.count(), 0);
+    }
+
+    void a_press_repeated_before_its_dialog_shows_opens_one_dialog()
+    {
+        QcPrimaryButton button;
+        button.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        int opened = 0;
+        connect(&button, &QAbstractButton::clicked, &button, [&] {
+            ++opened;
+            QDialog dialog(&button);
+            QTimer::singleShot(0, &dialog, &QDialog::reject); // behind what is posted by now
+            dialog.exec();
+        });
+        for (int i = 0; i < 2; ++i)
+            Of(button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        DrainEvents();
+        QCOMPARE(opened, 1);
+        Of(button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        DrainEvents();
+        QCOMPARE(opened, 2);
     }
 
     void only_offered_actions_do_something()

@@ -17,6 +17,8 @@ void RegisterButtonBenchmarks()
         RegisterPaint(name, scene);
         RegisterShow(name, small, scene);
         RegisterSwitch(name, small, scene);
+        if (entry.second == Kind::Velmora || entry.second == Kind::Palette)
+            RegisterEvents(name, small, scene);
     }
 }
 

@@ -35,8 +35,9 @@ struct Pair
     const char *name;
     MakeControl ours;
     MakeControl plain;
-    const char *sheet;        ///< the plain one's, with tokens in angle brackets
-    bool followsTheme = true; ///< by itself; a radio button is painted anew with what lies behind it
+    const char *sheet;          ///< the plain one's, with tokens in angle brackets
+    bool followsTheme = true;   ///< by itself; a radio button is painted anew with what lies behind it
+    bool followsOthers = false; ///< events of other widgets or of its window
 };
 
 QString FilledIn(const char *sheet, const QHash<QString, QColor> &colors)
@@ -246,8 +247,8 @@ constexpr Pair kPairs[] = {
     {"combined_tool_button", MakeOurSplitTool<Velmora::QcCombinedToolButton>, MakePlainSplitTool, kToolSheet},
     {"menu_tool_button", MakeOurSplitTool<Velmora::QcMenuToolButton>, MakePlainTool<true>, kToolSheet},
     {"menu_text_button", MakeTextButton<Velmora::QcMenuTextButton>, MakeTextButton<QPushButton>, kTextButtonSheet},
-    {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet},
-    {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet},
+    {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet, true, true},
+    {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet, true, true},
     {"dialog", MakeTitled<Velmora::QcDialog>, MakePlainTitled<QDialog>, kWindowSheet},
 };
 
@@ -265,6 +266,10 @@ void RegisterControlBenchmarks()
             RegisterShow(name, small, scene);
             if (pair.followsTheme)
                 RegisterSwitch(name, small, scene);
+            if (pair.followsOthers) {
+                RegisterEvents(name, small, scene);
+                RegisterResize(name, small, scene);
+            }
         }
     }
 }

@@ -2,17 +2,15 @@
 
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcLabel.h>
-#include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcPrimaryButton.h>
-#include <Velmora/QcWindow.h>
 
 #include <QApplication>
 #include <QEventLoop>
 #include <QFrame>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QTimer>
 #include <QWindow>
 
@@ -22,27 +20,9 @@ namespace {
 
 using namespace Bench;
 
-/// Takes every mouse event, so that none goes on to a parent.
-class Target : public QWidget
-{
-protected:
-    bool event(QEvent *event) override { return event->type() == QEvent::MouseButtonPress || QWidget::event(event); }
-};
-
-/// A press on some widget while N others are on show elsewhere; a right one, since a left one also activates the window.
-void PressElsewhere(benchmark::State &state, const SceneMaker &makeScene)
-{
-    const auto scene = makeScene();
-    const auto window = ShowWindow(*scene, int(state.range(0)));
-    Target target;
-    for (auto _ : state) {
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&target, &press);
-    }
-}
-
-/// A move over some window while N others are on show elsewhere. What a window does of its own is the same at every N.
-void MoveElsewhere(benchmark::State &state, const SceneMaker &makeScene)
+/// An event that reaches another widget, or the window under it as the mouse's events do, while N of \a makeScene are on show.
+template <typename Event, typename Receiver, typename... Arguments>
+void Elsewhere(benchmark::State &state, const SceneMaker &makeScene, Receiver receiver, const Arguments &...arguments)
 {
     const auto scene = makeScene();
     const auto window = ShowWindow(*scene, int(state.range(0)));
@@ -50,21 +30,42 @@ void MoveElsewhere(benchmark::State &state, const SceneMaker &makeScene)
     target.show();
     Settle();
     for (auto _ : state) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(target.windowHandle(), &move);
+        Event event(arguments...);
+        QCoreApplication::sendEvent(receiver(target), &event);
     }
 }
 
-/// An event that no widget asked for, while N are on show.
+QObject *Itself(QWidget &target)
+{
+    return &target;
+}
+
+QObject *ItsWindow(QWidget &target)
+{
+    return target.windowHandle();
+}
+
+void PressElsewhere(benchmark::State &state, const SceneMaker &makeScene)
+{
+    // A right one, since a left one also activates the window.
+    Elsewhere<QMouseEvent>(state, makeScene, ItsWindow, QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton,
+                           Qt::NoModifier);
+}
+
+void MoveElsewhere(benchmark::State &state, const SceneMaker &makeScene)
+{
+    Elsewhere<QMouseEvent>(state, makeScene, ItsWindow, QEvent::MouseMove, QPointF(1, 1), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+}
+
+void ResizeElsewhere(benchmark::State &state, const SceneMaker &makeScene)
+{
+    Elsewhere<QResizeEvent>(state, makeScene, Itself, QSize(11, 10), QSize(10, 10));
+}
+
+/// No widget asks for it.
 void OtherEvent(benchmark::State &state, const SceneMaker &makeScene)
 {
-    const auto scene = makeScene();
-    const auto window = ShowWindow(*scene, int(state.range(0)));
-    QObject target;
-    for (auto _ : state) {
-        QEvent event(QEvent::User);
-        QCoreApplication::sendEvent(&target, &event);
-    }
+    Elsewhere<QEvent>(state, makeScene, Itself, QEvent::User);
 }
 
 /// A window that changes its size while N widgets lie in it, in a part that keeps its own, until what they put off is done.
@@ -83,41 +84,6 @@ void ResizeAround(benchmark::State &state, const SceneMaker &makeScene)
         QTimer::singleShot(kLongerThanAnyDelay, &loop, &QEventLoop::quit);
         loop.exec();
     }
-}
-
-SceneMaker Buttons(Kind kind)
-{
-    return [kind] { return MakeScene(kind); };
-}
-
-class LineEditScene : public VelmoraScene
-{
-public:
-    std::unique_ptr<QWidget> MakeWidget(int /*index*/) override { return std::make_unique<Velmora::QcLineEditFrame>(); }
-};
-
-class PlainLineEditScene : public Scene
-{
-public:
-    std::unique_ptr<QWidget> MakeWidget(int /*index*/) override { return std::make_unique<QLineEdit>(); }
-    void SwitchTheme() override {}
-};
-
-class WindowScene : public VelmoraScene
-{
-public:
-    std::unique_ptr<QWidget> MakeWidget(int /*index*/) override
-    {
-        auto window = std::make_unique<Counted<Velmora::QcWindow>>();
-        window->setFixedSize(60, 40);
-        return window;
-    }
-};
-
-template <typename AnyScene>
-SceneMaker SceneOf()
-{
-    return [] { return std::make_unique<AnyScene>(); };
 }
 
 /// N widgets that come and go one by one, ten in each turn of the loop: what a dead widget leaves behind must not slow
@@ -156,24 +122,6 @@ void Widgets(benchmark::internal::Benchmark *benchmark)
     benchmark->Arg(250)->Arg(1000)->Arg(4000)->Unit(benchmark::kMicrosecond);
 }
 
-BENCHMARK_CAPTURE(PressElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
-BENCHMARK_CAPTURE(PressElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
-BENCHMARK_CAPTURE(PressElsewhere, windows, SceneOf<WindowScene>())->Apply(Widgets);
-BENCHMARK_CAPTURE(MoveElsewhere, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
-BENCHMARK_CAPTURE(MoveElsewhere, palette, Buttons(Kind::Palette))->Apply(Widgets);
-BENCHMARK_CAPTURE(MoveElsewhere, windows, SceneOf<WindowScene>())->Apply(Widgets);
-BENCHMARK_CAPTURE(OtherEvent, velmora, Buttons(Kind::Velmora))->Apply(Widgets);
-BENCHMARK_CAPTURE(OtherEvent, palette, Buttons(Kind::Palette))->Apply(Widgets);
-BENCHMARK_CAPTURE(OtherEvent, windows, SceneOf<WindowScene>())->Apply(Widgets);
-
-void FewResizes(benchmark::internal::Benchmark *benchmark)
-{
-    benchmark->Arg(100)->Arg(400)->Arg(1600)->Iterations(20)->Unit(benchmark::kMicrosecond);
-}
-
-BENCHMARK_CAPTURE(ResizeAround, line_edit, SceneOf<LineEditScene>())->Apply(FewResizes);
-BENCHMARK_CAPTURE(ResizeAround, plain, SceneOf<PlainLineEditScene>())->Apply(FewResizes);
-
 BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcPrimaryButton)->Apply(Widgets)->Name("ComeAndGoButton/velmora");
 BENCHMARK_TEMPLATE(ComeAndGo, QPushButton)->Apply(Widgets)->Name("ComeAndGoButton/plain");
 BENCHMARK_TEMPLATE(ComeAndGo, Velmora::QcFrame)->Apply(Widgets)->Name("ComeAndGoFrame/velmora");
@@ -183,4 +131,28 @@ BENCHMARK_TEMPLATE(ComeAndGo, QLabel)->Apply(Widgets)->Name("ComeAndGoLabel/plai
 BENCHMARK_TEMPLATE(MakeAndDelete, Velmora::QcPrimaryButton)->Apply(Widgets)->Name("MakeAndDeleteButton/velmora");
 BENCHMARK_TEMPLATE(MakeAndDelete, QPushButton)->Apply(Widgets)->Name("MakeAndDeleteButton/plain");
 
+using Run = void (*)(benchmark::State &, const SceneMaker &);
+
+benchmark::internal::Benchmark *Register(const char *metric, Run run, const QString &name, int smallest, const SceneMaker &makeScene)
+{
+    const QString fullName = QLatin1String(metric) + QLatin1Char('/') + name;
+    auto *benchmark =
+        benchmark::RegisterBenchmark(fullName.toUtf8().constData(), [run, makeScene](benchmark::State &state) { run(state, makeScene); });
+    return benchmark->Arg(smallest)->Arg(4 * smallest)->Arg(16 * smallest)->Unit(benchmark::kMicrosecond);
+}
+
 } // namespace
+
+void Bench::RegisterEvents(const QString &name, int smallest, const SceneMaker &makeScene)
+{
+    constexpr int kEvents = 2000; // fixed: to find their number would make all the widgets several times
+    Register("PressElsewhere", PressElsewhere, name, smallest, makeScene)->Iterations(kEvents);
+    Register("MoveElsewhere", MoveElsewhere, name, smallest, makeScene)->Iterations(kEvents);
+    Register("ResizeElsewhere", ResizeElsewhere, name, smallest, makeScene)->Iterations(kEvents);
+    Register("OtherEvent", OtherEvent, name, smallest, makeScene)->Iterations(kEvents);
+}
+
+void Bench::RegisterResize(const QString &name, int smallest, const SceneMaker &makeScene)
+{
+    Register("ResizeAround", ResizeAround, name, smallest, makeScene)->Iterations(20);
+}

@@ -16,6 +16,11 @@ void RegisterPaint(const QString &name, const SceneMaker &makeScene);
 void RegisterShow(const QString &name, int smallest, const SceneMaker &makeScene);
 /// Registers a theme switch of N widgets on show, from the call to the last paint, as "SwitchTheme/\a name/N".
 void RegisterSwitch(const QString &name, int smallest, const SceneMaker &makeScene);
+/// Registers an event of each of some types that reaches another widget while N are on show, as "PressElsewhere/\a name/N",
+/// "MoveElsewhere", "ResizeElsewhere" and "OtherEvent".
+void RegisterEvents(const QString &name, int smallest, const SceneMaker &makeScene);
+/// Registers a resize of a window around N widgets that keep their places, as "ResizeAround/\a name/N".
+void RegisterResize(const QString &name, int smallest, const SceneMaker &makeScene);
 
 /// Register what each file measures.
 void RegisterButtonBenchmarks();

@@ -71,15 +71,17 @@ void OtherEvent(benchmark::State &state, const SceneMaker &makeScene)
 /// A window that changes its size while N widgets lie in it, in a part that keeps its own, until what they put off is done.
 void ResizeAround(benchmark::State &state, const SceneMaker &makeScene)
 {
+    constexpr int kWidth = 100; // less than the widgets take at any N: as much is painted
+    constexpr int kHeight = 60;
     constexpr int kLongerThanAnyDelay = 3; // milliseconds, which cost no CPU time
     const auto scene = makeScene();
     QWidget window;
-    window.resize(400, 300);
+    window.resize(kWidth, kHeight);
     MakeWindow(*scene, int(state.range(0))).release()->setParent(&window);
     window.show();
     Settle();
     for (auto _ : state) {
-        window.resize(400, window.height() == 300 ? 301 : 300);
+        window.resize(kWidth, window.height() == kHeight ? kHeight + 1 : kHeight);
         QEventLoop loop;
         QTimer::singleShot(kLongerThanAnyDelay, &loop, &QEventLoop::quit);
         loop.exec();

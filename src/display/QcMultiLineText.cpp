@@ -30,8 +30,10 @@ void InsertText(QTextDocument &document, const QString &html)
     QTextBlockFormat format;
     format.setLineHeight(4.0, QTextBlockFormat::LineDistanceHeight);
     QTextCursor cursor(&document);
+    cursor.beginEditBlock();       // one change, of which receivers of the height hear when all is written
     cursor.setBlockFormat(format); // the first paragraph of the HTML brings one of its own
     cursor.insertHtml(html);
+    cursor.endEditBlock();
 }
 
 /// How \a widget's style marks a link that has the keyboard, where text has the colours of \a palette.

@@ -738,10 +738,11 @@ private Q_SLOTS:
 
     void a_text_set_by_a_receiver_of_the_height_is_the_only_one()
     {
-        for (const QString &before : {QString(), Words(100)}) {
+        for (const QString &before : {QString(), QStringLiteral("<br>"), Words(100)}) {
             Shower shower(QSize(200, 200));
             shower.text.setHeightAdaptive(true);
-            shower.text.setText(before);
+            if (!before.isNull())
+                shower.text.setText(before);
             bool isSet = false;
             connect(&shower.text, &QcMultiLineText::signalHeightChanged, &shower.text, [&] {
                 if (!isSet) {

@@ -52,22 +52,20 @@ void PostReleaseOutside(QWindow *window, const QMouseEvent &press)
 class TitleBars : public QObject
 {
 public:
-    /// Those of the application that lives now.
-    static TitleBars &Get()
+    static void Add(QObject *titleBar, QcWindowHandler *handler)
     {
-        static QPointer<TitleBars> titleBars;
-        if (!titleBars)
-            titleBars = new TitleBars(QCoreApplication::instance()); // the application's child
-        return *titleBars;
+        if (!Current())
+            Current() = new TitleBars(QCoreApplication::instance()); // the application's child
+        TitleBars *titleBars = Current();
+        titleBars->m_handlers.insert(titleBar, handler);
+        connect(titleBar, &QObject::destroyed, titleBars, [titleBars, titleBar] { titleBars->m_handlers.remove(titleBar); });
     }
 
-    void Add(const QObject *titleBar, QcWindowHandler *handler)
+    static void Remove(const QObject *titleBar, QcWindowHandler *handler)
     {
-        m_handlers.insert(titleBar, handler);
-        connect(titleBar, &QObject::destroyed, this, [this, titleBar] { m_handlers.remove(titleBar); });
+        if (Current())
+            Current()->m_handlers.remove(titleBar, handler);
     }
-
-    void Remove(const QObject *titleBar, QcWindowHandler *handler) { m_handlers.remove(titleBar, handler); }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -82,6 +80,13 @@ private:
         : QObject(application)
     {
         WatchApplicationEvents(this, {QEvent::MouseButtonPress});
+    }
+
+    /// Those of the application that lives now; null before the first title bar and after the application.
+    static QPointer<TitleBars> &Current()
+    {
+        static QPointer<TitleBars> titleBars;
+        return titleBars;
     }
 
     QMultiHash<const QObject *, QcWindowHandler *> m_handlers;
@@ -114,10 +119,10 @@ void QcWindowHandler::setWidget(QWidget *widget)
 void QcWindowHandler::setTitleBar(QWidget *titleBar)
 {
     if (m_titleBar)
-        TitleBars::Get().Remove(m_titleBar, this);
+        TitleBars::Remove(m_titleBar, this);
     m_titleBar = titleBar;
     if (m_titleBar)
-        TitleBars::Get().Add(m_titleBar, this);
+        TitleBars::Add(m_titleBar, this);
 }
 
 void QcWindowHandler::setBorderWidth(int width)

@@ -1,3 +1,4 @@
+#include "support/EventCounter.h"
 #include "support/TestMain.h"
 
 #include "windows/QcWindowHandler_p.h"
@@ -384,6 +385,24 @@ private Q_SLOTS:
         QTest::mouseMove(other.windowHandle(), QPoint(2, 2));
         DrainEvents();
         QCOMPARE(other.cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void a_title_bar_outlives_its_handler()
+    {
+        QWidget window;
+        window.resize(100, 100);
+        auto *title = new QWidget(&window); // the window's
+        title->resize(100, 40);
+        {
+            QcWindowHandler handler(nullptr);
+            handler.setWidget(&window);
+            handler.setTitleBar(title);
+        }
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        EventCounter presses(*title, QEvent::MouseButtonPress);
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(10, 10));
+        QCOMPARE(presses.Take(), 1);
     }
 
     // --- The native layer ---

@@ -53,10 +53,13 @@ public:
 
     /// Runs \a task on a coming turn of the main loop; posts of one thread keep their order. A null is ignored.
     void PostTask(const Task &task);
-    /// Appends \a task to the paced queue: the first runs 5000 ms after it came, each further one 5000 ms
-    /// after the end of the one before.
+    /// Appends \a task to the paced queue. A timer of 5000 ms begins when a record comes into an empty queue, and at the end of
+    /// each run with rearmSchedule; each timer that ends runs one record. Records that wait together therefore run 5000 ms
+    /// after the end of the one before. One that comes while the queue is empty but such a timer runs begins another: it runs
+    /// when the first of them ends, and the next record may run sooner after it. The timers are coarse, within 5 %.
     void ScheduleTask(const Task &task);
-    /// Keeps \a task as the latest of \a key; the latest runs 5000 ms after the first call of the key.
+    /// Keeps \a task as the latest of \a key. A timer of 5000 ms, within 5 %, begins with the first call of the key and at the end
+    /// of each run with that rearmMergeKey; when one ends, the latest task runs, and the next call is a first one again.
     /// Keys are compared byte by byte.
     void MergeTask(const Task &task, const std::string &key);
 

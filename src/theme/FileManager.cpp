@@ -18,7 +18,7 @@ namespace {
 
 /// Long enough for a file manager that the bus has to start first: what was asked of it cannot be taken back, and giving up
 /// too early would show the folder twice.
-constexpr std::chrono::milliseconds Patience = std::chrono::seconds(10);
+constexpr std::chrono::milliseconds kPatience = std::chrono::seconds(10);
 
 /// Everything but letters, digits, "-._~" and the slashes in percent codes. (QUrl leaves some characters as they are that a
 /// strict reader refuses.)
@@ -35,7 +35,7 @@ class MutedWarnings : public QObject
 public:
     MutedWarnings()
         : m_category(QLoggingCategory::defaultCategory())
-        , m_wereEnabled(m_category->isWarningEnabled())
+        , m_hasMuted(m_category->isWarningEnabled())
     {
         m_category->setEnabled(QtWarningMsg, false);
         QMetaObject::invokeMethod(
@@ -46,13 +46,13 @@ public:
 private:
     void End()
     {
-        if (m_wereEnabled)
+        if (m_hasMuted)
             m_category->setEnabled(QtWarningMsg, true);
-        m_wereEnabled = false;
+        m_hasMuted = false;
     }
 
     QLoggingCategory *m_category;
-    bool m_wereEnabled;
+    bool m_hasMuted;
 };
 
 void OpenFolder(const QUrl &folder)
@@ -132,7 +132,7 @@ FileManager *FileManager::OfApplication()
 {
     FileManager *&fileManager = ApplicationsFileManager();
     if (!fileManager && QCoreApplication::instance()) {
-        fileManager = new FileManager(Patience);
+        fileManager = new FileManager(kPatience);
         // A post routine, since it runs while the application object is still whole: connecting must end before that goes.
         qAddPostRoutine([] {
             delete ApplicationsFileManager();

@@ -84,7 +84,7 @@ int CostInKibibytes(const QImage &image)
     return int(qMin<qint64>(image.sizeInBytes() * 2 / 1024 + 1, kMaxKibibytes + 1));
 }
 
-/// The entry kept for \a params, or null; it says in \a stamp what the file is like now.
+/// The entry kept for \a params, if its file was then as \a stamp says that it is now; else null.
 Entry *FindFresh(Cache &entries, const ImageParams &params, const FileStamp &stamp)
 {
     Entry *entry = entries.object(RequestKey{params});

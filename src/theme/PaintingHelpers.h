@@ -31,7 +31,7 @@ VELMORA_EXPORT void DrawShadow(QPainter &painter, const QRect &rect, const QMarg
                                const QList<double> &alphas);
 
 /// Sets up an edge gradient from the first to the second of \a points: black, one stop a pixel, the first stop one
-/// step in; the last of \a alphas repeats. \a alphas must not be empty.
+/// step in, 16,384 pixels at most; the last of \a alphas repeats. With no \a alphas it gets no stops.
 VELMORA_EXPORT void SetLinearGradient(QLinearGradient &gradient, const QPair<QPointF, QPointF> &points, const QList<double> &alphas);
 
 /// Sets up a corner gradient around \a center: black, one stop a pixel from \a innerRadius outward, positions

@@ -37,9 +37,10 @@ public:
 
     /// From any thread: runs \a task on a coming turn of the main loop. A null is ignored.
     void PostTaskToMainThread(const std::shared_ptr<QcTaskDispatcher::MainThreadTaskInfo> &task);
-    /// From any thread: runs \a task in its turn of the paced queue, 5000 ms apart. Set its rearmSchedule.
+    /// From any thread: runs \a task in its turn of the paced queue, about 5000 ms after it came or after the end of the one before
+    /// it. Set its rearmSchedule: without it the queue stands still behind it. See QcTaskDispatcher::ScheduleTask().
     void ScheduleTaskToMainThread(const std::shared_ptr<QcTaskDispatcher::MainThreadTaskInfo> &task);
-    /// From any thread: of all tasks that come with one \a key within 5000 ms of the first, runs the last.
+    /// From any thread: of all tasks that come with one \a key within about 5000 ms of the first, runs the last.
     void MergeTaskToMainThread(const std::shared_ptr<QcTaskDispatcher::MainThreadTaskInfo> &task, const std::string &key);
 
 protected:

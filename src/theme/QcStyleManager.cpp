@@ -281,7 +281,7 @@ void QcStyleManager::OnRegisteredWidgetDestroyed()
     const auto found = m_colorHandlers.find(widget);
     if (found == m_colorHandlers.end())
         return;
-    m_colorHandlers.ofDeadWidgets.push_back(std::move(found->second.content));
+    m_handlersOfTheDead.push_back(std::move(found->second.content));
     m_colorHandlers.erase(found);
 }
 

@@ -51,7 +51,8 @@ public:
     QColor GetColor(const ColorParams &params);
     /// \a color as a stylesheet writes it: "rgba(red, green, blue, alpha)", alpha from 0 to 1.
     QString GetStyleSheetColor(const QColor &color);
-    /// \a styleSheet with each `${...}` in it replaced by its colour; an unknown name becomes opaque black.
+    /// \a styleSheet with each `${...}` in it replaced by its colour; an unknown name becomes black, opaque unless the code says
+    /// an alpha.
     QString ReplaceStyleSheetColorCodes(const QString &styleSheet);
 
     /// Appends \a styleSheet to what \a widget has registered so far and applies the whole, now and once more on the
@@ -63,14 +64,14 @@ public:
     void RegisterQss(QPointer<QWidget> widget, const QString &path);
     /// Sets the function that runs after each change of the table, in place of an earlier one. It also runs now
     /// and once more on the next turn of the main loop, so it must not mind being repeated.
-    /// It and what it captured live to the end of the process, even after the widget. An empty one throws
-    /// std::bad_function_call when it is called.
+    /// It and what it captured live until it is replaced, or to the end of the process, even after the widget. A null or dead
+    /// widget is ignored. An empty function throws std::bad_function_call when it is called.
     void RegisterColorHandler(QPointer<QWidget> widget, const std::function<void()> &handler);
 
     /// The image that \a params asks for, at exactly its size and device pixel ratio 1. An SVG is recoloured; a raster
     /// image comes as its file holds it. A missing file or an empty size gives a null image. An SVG that does not
     /// parse gives a warning a colour and renders as far as Qt can.
-    /// Images are cached until the table or the file changes.
+    /// Images are cached until the table or the file changes, the most recently asked for up to 32 MiB.
     /// For a picture of one's own painting that is as sharp as the screen, ask for the size times QWidget::devicePixelRatioF()
     /// and give the result that ratio.
     QImage GetImage(const ImageParams &params);
@@ -82,7 +83,7 @@ public:
     static QFont GetDefaultFont();
 
 Q_SIGNALS:
-    /// Emitted after a table was loaded; registered widgets follow on the next turn of the main loop.
+    /// Emitted after a table was loaded; registered widgets follow on the next turn of the main loop, hidden ones when they are shown.
     void SignalColorChanged();
 
 protected:
@@ -110,10 +111,6 @@ private:
         QString text;                          // with its codes
         const QMetaObject *styledAs = nullptr; // the widget's class when it was last applied
     };
-    struct HandlerRegistry : Registry<std::function<void()>>
-    {
-        std::vector<std::function<void()>> ofDeadWidgets; // never called again, never destroyed before the manager
-    };
 
     QString ParseStyleSheetColorCodeToStyleSheetColor(const QString &code);
     bool IsColorCode(const QString &text);
@@ -134,8 +131,9 @@ private:
     QString m_colorFilePath;
     QHash<QString, QColor> m_colorTable;
     Registry<StyleSheet> m_styleSheets;
-    HandlerRegistry m_colorHandlers;
-    QHash<QString, QString> m_resolvedTexts; // with the active table
+    Registry<std::function<void()>> m_colorHandlers;
+    std::vector<std::function<void()>> m_handlersOfTheDead; // never called again, never destroyed before the manager
+    QHash<QString, QString> m_resolvedTexts;                // with the active table
 };
 
 } // namespace Velmora

@@ -17,6 +17,7 @@ using namespace Velmora;
 
 namespace {
 
+constexpr QRect kPlace(200, 150, 400, 300);
 constexpr int kBorder = 8;
 constexpr int kMenuWidth = 160;
 constexpr int kMenuTop = 100;
@@ -87,7 +88,7 @@ QAbstractButton *AddButton(QWidget *place)
 void ShowAt(QWidget *window)
 {
     new Reporter(window); // the window's child
-    window->setGeometry(200, 150, 400, 300);
+    window->setGeometry(kPlace);
     window->show();
 }
 
@@ -122,10 +123,11 @@ protected:
     bool eventFilter(QObject * /*watched*/, QEvent *event) override { return event->type() == QEvent::MouseButtonPress; }
 };
 
-/// Has a window go and come back as it would if it had been maximised when its program last ran.
-void ComeBackMaximised(QWidget *window)
+/// Has a window come as it would if it had been maximised when its program last ran.
+void ShowAsLeftMaximised(QWidget *window)
 {
-    window->hide();
+    new Reporter(window); // the window's child
+    window->setGeometry(kPlace);
     window->setWindowState(Qt::WindowMaximized);
     const QByteArray geometry = window->saveGeometry();
     window->setWindowState(Qt::WindowNoState);
@@ -142,12 +144,13 @@ int ShowWindow(const QString &option)
         QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { Ask(&window); });
     if (option == QLatin1String("keeping"))
         window.getTitleFrame()->installEventFilter(new PressKeeper(&window)); // the window's
-    if (option == QLatin1String("returning"))
-        QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { ComeBackMaximised(&window); });
     QcArrowTip tip(&window);
     tip.setReferenceWidget(button);
     tip.setText(QStringLiteral("Here"));
-    ShowAt(&window);
+    if (option == QLatin1String("returning"))
+        ShowAsLeftMaximised(&window);
+    else
+        ShowAt(&window);
     if (option == QLatin1String("tipped"))
         tip.show();
     return QApplication::exec();

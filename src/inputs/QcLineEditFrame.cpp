@@ -257,7 +257,8 @@ void QcLineEditFrame::FinishEditing(IntegerText integerText, DoubleText doubleTe
         if (!accepted.isNull())
             m_lastAcceptedText = accepted;
         const QPointer<QcLineEditFrame> guard(this);
-        m_lineEdit->setText(m_lastAcceptedText);
+        const QString finalText = m_lastAcceptedText; // which Qt still reads when the frame is dead
+        m_lineEdit->setText(finalText);
         if (!guard) // by a handler of the text, whose edit lives elsewhere
             return;
     }

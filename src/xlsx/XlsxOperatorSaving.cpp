@@ -165,6 +165,11 @@ void XlsxOperator::saveDrawingsValueToDocument(const QString &name, const QVaria
     QSet<int> done;
     const QList<DrawingIDInfo> infos = m_drawingNameToIDInfosHash[name];
     for (const DrawingIDInfo &info : infos) {
+        // Never true: indices come from load(), which keeps them in range.
+        if (info.drawingIndex < 0 && info.drawingIndex >= m_drawingDocuments.size()) {
+            qWarning() << "XlsxOperator::saveDrawingsValueToDocument: Drawing index is out of range.";
+            return;
+        }
         // One round turns all pictures of the name in a drawing.
         if (done.contains(info.drawingIndex))
             continue;

@@ -107,19 +107,28 @@ protected:
         const QImage normal = Look();
         EventCounter paints(*this->m_control, QEvent::Paint);
         const auto moveTo = [this, &paints](const QPoint &position) {
-            paints.Take();
             QCursor::setPos(this->m_control->mapToGlobal(position));
             DrainEvents();
-            QVERIFY(paints.Take() > 0); // a move within the widget is enough
+            paints.Take();
+            // Between two places of the widget: neither enters nor leaves.
+            QMouseEvent move(QEvent::MouseMove, position, this->m_control->mapToGlobal(position), Qt::NoButton, Qt::NoButton,
+                             Qt::NoModifier);
+            QCoreApplication::sendEvent(this->m_control, &move);
+            DrainEvents();
+            QCOMPARE(paints.Take(), 1);
             QVERIFY(this->m_control->underMouse());
         };
         moveTo(QPoint(7, 30));
         QVERIFY(Look() != normal);
         moveTo(QPoint(115, 30));
         QCOMPARE(Look(), normal);
-        paints.Take();
-        MoveCursorAway();
-        QVERIFY(paints.Take() > 0);
+        for (const QEvent::Type type : {QEvent::Leave, QEvent::Enter}) {
+            QEvent event(type);
+            paints.Take();
+            QCoreApplication::sendEvent(this->m_control, &event);
+            DrainEvents();
+            QCOMPARE(paints.Take(), 1);
+        }
     }
 
     void CheckDownWithTheCursorElsewhere()

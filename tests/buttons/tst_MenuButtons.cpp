@@ -206,7 +206,7 @@ private Q_SLOTS:
         EventCounter paints(*m_button, QEvent::Paint);
         UseTable(Table::Dark);
         DrainEvents();
-        QVERIFY(paints.Take() > 0);
+        QCOMPARE(paints.Take(), 1);
         QVERIFY(Shows(kNormal));
     }
 
@@ -471,8 +471,10 @@ private Q_SLOTS:
         SetMenu(menu.get());
         menu->popup(QPoint(400, 400));
         delete m_button;
+        QVERIFY(menu->isVisible());
         menu->close(); // reaches nobody
         menu->popup(QPoint(400, 400));
+        QVERIFY(menu->isVisible());
         menu->close();
     }
 

@@ -461,6 +461,7 @@ private Q_SLOTS:
         CheckFills(Qt::white, hover);
         moveTo(QPoint(44, 5)); // in neither: nothing changes
         CheckFills(Qt::white, hover);
+        DrainEvents();
         EventCounter paints(*m_button, QEvent::Paint);
         moveTo(QPoint(44, 5));
         DrainEvents();

@@ -327,7 +327,7 @@ private Q_SLOTS:
             paints.Take();
             change();
             DrainEvents();
-            return paints.Take() > 0;
+            return paints.Take() == 1;
         };
         QVERIFY(repaints([this] { m_control->SetBackgroundColorParams(kNormal, QStringLiteral("#00FF00")); }));
         QVERIFY(repaints([this] { m_control->SetBorderColorParams(kNormal, QStringLiteral("#0000FF")); }));

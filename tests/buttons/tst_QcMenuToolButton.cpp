@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -261,9 +262,15 @@ private Q_SLOTS:
     void an_icon_size_of_the_host_s_own_is_painted_without_harm()
     {
         m_control->SetIconPath(m_icon.Path());
-        for (const QSize &size : {QSize(10, 30), QSize(0, 0), QSize(-1, -1), QSize(3000, 1)}) {
-            m_control->setIconSize(size);
-            Render(*m_control);
+        const std::pair<QSize, QRectF> icons[] = {
+            {QSize(10, 30), QRectF(0, 0, 30, 30)}, // a square of the height; no room for the arrow
+            {QSize(0, 0), QRectF()},
+            {QSize(-1, -1), QRectF(0, 0, 16, 16)}, // which the style takes for its own
+            {QSize(3000, 16), QRectF(0, 0, 16, 16)},
+        };
+        for (const auto &icon : icons) {
+            m_control->setIconSize(icon.first);
+            QCOMPARE(InkBox(Part(Render(*m_control), QRectF(0, 0, 32, 32)), Qt::white), icon.second);
         }
     }
 
@@ -294,7 +301,7 @@ private Q_SLOTS:
             paints.Take();
             change();
             DrainEvents();
-            return paints.Take() > 0;
+            return paints.Take() == 1;
         };
         ImageParams params;
         params.path = m_icon.Path();

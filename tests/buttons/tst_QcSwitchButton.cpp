@@ -3,11 +3,14 @@
 
 #include "buttons/ControlTest.h"
 
+#include <Velmora/ColorParams.h>
+#include <Velmora/QcStyleManager.h>
 #include <Velmora/QcSwitchButton.h>
 
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QSignalSpy>
+#include <QTemporaryFile>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -73,6 +76,19 @@ private Q_SLOTS:
         }
         if (look.isPressed)
             QTest::mouseRelease(m_control, Qt::LeftButton, Qt::NoModifier, QPoint(-1, -1));
+    }
+
+    void a_translucent_token_of_the_host_s_table_gives_an_opaque_track()
+    {
+        QTemporaryFile table;
+        QVERIFY(table.open());
+        table.write("base/gray/gray-50 = #336699, 0.5\n");
+        table.close();
+        QcStyleManager::GetInstance()->SetColorFilePath(table.fileName());
+        DrainEvents();
+        QVERIFY(QcStyleManager::GetInstance()->GetColor(ColorParams("base/gray/gray-50")).alpha() < 255);
+        m_control->setFixedSize(112, 56);
+        COMPARE_COLOR(PixelAt(Render(*m_control), QPointF(56, 28)), QColor(QStringLiteral("#336699")));
     }
 
     void a_forced_size_rescales_the_icon_and_an_empty_one_leaves_it()

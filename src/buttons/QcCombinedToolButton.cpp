@@ -123,9 +123,7 @@ void QcCombinedToolButton::SetCurrentAction(QAction *action)
     if (!action)
         return;
     const QString iconPath = action->property("ActionIconPath").toString();
-    QAction *previous = m_pMainButton->defaultAction();
-    if (previous && previous != action)
-        m_pMainButton->removeAction(previous); // or a long press would offer all that were ever current
+    m_pMainButton->removeAction(m_pMainButton->defaultAction()); // or a long press would offer all that were ever current
     SetIconPath(iconPath);
     m_pMainButton->setDefaultAction(action); // last: it may toggle the half, for which a host may have a handler
 }

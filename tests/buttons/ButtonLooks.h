@@ -65,6 +65,18 @@ inline void MoveCursorOver(const QWidget &widget)
     DrainEvents();
 }
 
+/// Shows \a widget, in a window on show, and handles all that follows from it but the tasks that were posted.
+inline void ShowBeforeTasks(QWidget &widget)
+{
+    widget.show();
+    for (int round = 0; round < 3; ++round) {
+        for (int type = QEvent::Timer; type < QEvent::User; ++type) {
+            if (type != QEvent::MetaCall)
+                QCoreApplication::sendPostedEvents(nullptr, type);
+        }
+    }
+}
+
 /// Brings the shown \a button to \a look as its user would, from the state in which it was made.
 inline void BringTo(QAbstractButton &button, const Look &look)
 {

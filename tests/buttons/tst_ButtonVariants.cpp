@@ -1,3 +1,4 @@
+#include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
@@ -165,6 +166,21 @@ private Q_SLOTS:
             button->resize(24, 24);
             QVERIFY2(InkBox(Render(*button), Qt::white, 0).isNull(), variant.name);
         }
+    }
+
+    void the_first_turn_repaints_and_announces_the_size_data() { measures_data(); }
+
+    void the_first_turn_repaints_and_announces_the_size()
+    {
+        QFETCH(int, variant);
+        QFETCH(bool, isSquare);
+        QcButton *button = Variants().at(variant).make(m_window.get());
+        ShowBeforeTasks(*button);
+        EventCounter paints(*button, QEvent::Paint);
+        EventCounter requests(*m_window, QEvent::LayoutRequest);
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        QCOMPARE(requests.Take() > 0, !isSquare); // whose size is fixed
     }
 
     void what_the_host_sets_before_the_first_turn_is_overwritten_where_the_variant_sets_it()

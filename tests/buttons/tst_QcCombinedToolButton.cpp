@@ -169,8 +169,7 @@ private Q_SLOTS:
     void filling_the_tables_repaints()
     {
         auto *button = new HostButton(m_window.get());
-        button->show();
-        button->repaint();
+        ShowBeforeTasks(*button);
         EventCounter paints(*button, QEvent::Paint);
         DrainEvents();
         QCOMPARE(button->fills, 1);

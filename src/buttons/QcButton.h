@@ -25,7 +25,8 @@ struct FilledTables;
 /// The states are combinations of State_Enabled, State_Sunken, State_MouseOver and State_Selected: disabled (0), normal (1),
 /// pressed (5), hover (0x2001), and the same with State_Selected (0x8000) while checked. Pressed wins over hover, and a
 /// state without an entry has no colour: there is no fallback to another state. Without entries a plain button
-/// paints only its text, in the palette's button-text colour. 24 pixels high, with a 12-pixel font.
+/// paints only its text, in the palette's button-text colour. 24 pixels high, with a 12-pixel font. Hover and press follow the mouse alone;
+/// a menu that closes ends the press whose release it took, and the hover that the cursor has left meanwhile.
 ///
 /// A handler of its signals, of its menu or of an entry may delete the button, but of toggled() only by deleteLater(): Qt touches the
 /// button once more.

@@ -57,7 +57,7 @@ GalleryWindow::GalleryWindow(Table table, QWidget *parent)
     m_scroll->setWidgetResizable(true);
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->viewport()->setAutoFillBackground(false);
-    StyleScrollBars(m_scroll);
+    FloatScrollBars(m_scroll);
     right->addWidget(m_scroll, 1);
     layout->addWidget(ground, 1);
 
@@ -128,9 +128,8 @@ QWidget *GalleryWindow::MakeSidebar()
     m_list = new QListWidget;
     m_list->setObjectName(QStringLiteral("pageList"));
     m_list->setAccessibleName(QStringLiteral("Pages"));
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    StyleScrollBars(m_list);
+    FloatScrollBars(m_list);
     QcStyleManager::GetInstance()->RegisterStyleSheet(m_list, QStringLiteral(R"(
         QListWidget { border: none; background: transparent; outline: none; }
         QListWidget::item { padding: 0 8px; border-radius: 4px; color: ${text/text_secondary}; }

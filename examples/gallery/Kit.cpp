@@ -2,6 +2,7 @@
 
 #include "Tables.h"
 
+#include <Velmora/QcScrollBar.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QAbstractScrollArea>
@@ -278,6 +279,22 @@ void PaintColor(QPainter &painter, const QRectF &rect, double radius, const QCol
     painter.restore();
 }
 
+// --- Scroll bars ---
+
+void FloatScrollBars(QAbstractScrollArea *area)
+{
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (QScrollBar *original : {area->verticalScrollBar(), area->horizontalScrollBar()}) {
+        auto *bar = new Velmora::QcScrollBar(original->orientation(), area);
+        bar->SetOriginalScrollBar(original);
+        // The handle's own colour shows on dark ground only, and the gallery has both.
+        QcStyleManager::GetInstance()->RegisterStyleSheet(bar, QStringLiteral(R"(
+            Velmora--QcScrollBar[objectPropertyHover=true]::handle { background: ${border/border_secondary}; }
+            Velmora--QcScrollBar::handle:hover, Velmora--QcScrollBar::handle:pressed { background: ${border/border_secondary_press}; })"));
+    }
+}
+
 // --- Stylesheets ---
 
 void StyleLineEdit(QLineEdit *edit)
@@ -301,23 +318,6 @@ void StyleLineEdit(QLineEdit *edit)
         QLineEdit:focus { border-color: ${others/focus}; })"));
 }
 
-void StyleScrollBars(QAbstractScrollArea *area)
-{
-    // On the bars alone: a stylesheet on the area would be inherited, and parsed, by everything in it.
-    for (QScrollBar *bar : {area->verticalScrollBar(), area->horizontalScrollBar()}) {
-        QcStyleManager::GetInstance()->RegisterStyleSheet(bar, QStringLiteral(R"(
-            QScrollBar { background: transparent; margin: 0; }
-            QScrollBar:vertical { width: 12px; }
-            QScrollBar:horizontal { height: 12px; }
-            QScrollBar::handle { border-radius: 3px; margin: 3px; background: ${border/border_secondary}; }
-            QScrollBar::handle:hover, QScrollBar::handle:pressed { background: ${border/border_secondary_press}; }
-            QScrollBar::handle:vertical { min-height: 32px; }
-            QScrollBar::handle:horizontal { min-width: 32px; }
-            QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
-            QScrollBar::add-page, QScrollBar::sub-page { background: transparent; })"));
-    }
-}
-
 void StyleTable(QTableWidget *table)
 {
     table->setShowGrid(false);
@@ -330,7 +330,7 @@ void StyleTable(QTableWidget *table)
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setFixedHeight(4 * kGrid);
-    StyleScrollBars(table);
+    FloatScrollBars(table);
     QcStyleManager::GetInstance()->RegisterStyleSheet(table, QStringLiteral(R"(
         QTableWidget { border: none; background: transparent; color: ${text/text_primary}; outline: none; }
         QTableWidget::item { padding: 0 8px; border-bottom: 1px solid ${table/table_divider}; color: ${text/text_primary}; }

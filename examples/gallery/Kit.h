@@ -143,9 +143,11 @@ void MakeSpecimen(QWidget *widget);
 /// Fills a rounded rectangle with a colour; a translucent one lies over a checkerboard.
 void PaintColor(QPainter &painter, const QRectF &rect, double radius, const QColor &color);
 
+/// Lets scroll bars float on \a area in place of its own. To be called before it is filled.
+void FloatScrollBars(QAbstractScrollArea *area);
+
 /// Stylesheets for the Qt widgets that the kit has no control for yet. All of them follow the colour table.
 void StyleLineEdit(QLineEdit *edit);
-void StyleScrollBars(QAbstractScrollArea *area);
 void StyleTable(QTableWidget *table);
 void StyleMenu(QMenu *menu);
 

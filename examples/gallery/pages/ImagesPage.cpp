@@ -283,7 +283,7 @@ private:
         auto *list = new QListView;
         completer->setPopup(list);
         list->setItemDelegate(new QStyledItemDelegate(list)); // the completer's own ignores stylesheets
-        StyleScrollBars(list);
+        FloatScrollBars(list);
         QcStyleManager::GetInstance()->RegisterStyleSheet(list, QStringLiteral(R"(
             QListView { border: 1px solid ${border/border_secondary}; background: ${bg/bg_float}; color: ${text/text_primary}; outline: none; }
             QListView::item { padding: 4px 8px; }

@@ -4,6 +4,7 @@
 
 #include "core/InstallAccessible_p.h"
 #include "display/TextLayout_p.h"
+#include "display/Unobtrusive_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessibleWidget>
@@ -79,8 +80,7 @@ QcArrowTip::QcArrowTip(QWidget *parent, Contents contents)
     InstallAccessible<TipAccessible, QcArrowTip>();
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating); // who types into the reference goes on typing
-    setAttribute(Qt::WA_QuitOnClose, false);    // a tip left behind in sight does not keep the program running
+    MakeUnobtrusive(*this);
     m_font.setPixelSize(12);
     if (contents == Contents::AtOnce)
         MakeContents();

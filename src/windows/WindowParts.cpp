@@ -1,9 +1,9 @@
 #include "windows/WindowParts_p.h"
 
 #include <Velmora/QcFrame.h>
-#include <Velmora/QcIconButton.h>
 #include <Velmora/QcLabel.h>
 
+#include "buttons/IconButtonOfSize_p.h"
 #include "windows/QcWindowHandler_p.h"
 
 #include <QHBoxLayout>
@@ -16,6 +16,7 @@ namespace {
 
 constexpr QSize kFirstSize(600, 400);
 constexpr int kTitleHeight = 40;
+constexpr int kTitleButtonSize = 24;
 constexpr int kRightMargin = 8;
 constexpr int kSpacing = 8;
 
@@ -59,13 +60,9 @@ QHBoxLayout *SetUpTitleRow(QFrame &frame, int height, const QMargins &margins, i
 
 QcIconButton *AddTitleButton(QFrame &row, const QString &name, const QString &iconPath)
 {
-    auto *button = new QcIconButton(&row);
-    button->setObjectName(name);
-    button->SetIconPath(iconPath);
-    // As on a system frame: out of the Tab order, so that a window opens with the focus in its content, and no
-    // answer to Enter in a dialog.
+    QcIconButton *button = MakeIconButton(row, name, iconPath, kTitleButtonSize);
+    // As on a system frame: out of the Tab order, so that a window opens with the focus in its content.
     button->setFocusPolicy(Qt::NoFocus);
-    button->setAutoDefault(false);
     // A press that the button does not take, as of the right mouse button, is still its own: passed on to the row it would move
     // the window, and the release, which the window system keeps then, would never end the pressed look.
     button->setAttribute(Qt::WA_NoMousePropagation);

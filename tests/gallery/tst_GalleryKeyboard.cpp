@@ -4,6 +4,8 @@
 #include "Page.h"
 
 #include <Velmora/QcArrowTipGlobal.h>
+#include <Velmora/QcLoadingDialog.h>
+#include <Velmora/QcProgressDialog.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -41,7 +43,12 @@ class TestGalleryKeyboard : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { Velmora::QcArrowTipGlobal::instance(); } // the shared tip outlives each test
+    void initTestCase() // what outlives each test
+    {
+        Velmora::QcArrowTipGlobal::instance();
+        Velmora::QcLoadingDialog::getInstance();
+        Velmora::QcProgressDialog::getInstance();
+    }
 
     void tab_goes_round_every_page_and_enters_no_specimen_data()
     {

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "support/TestCase.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <functional>
+#include <memory>
+
+namespace VelmoraTest {
+
+/// How the parent of a dialog of the whole program may go.
+inline void AddDeaths()
+{
+    using Death = std::function<void(QWidget & dialog)>;
+    QTest::addColumn<Death>("dieWithParent"); // gives the dialog a parent, shows it and lets the parent die
+    QTest::addColumn<bool>("isParentShown");
+    QTest::newRow("a parent") << Death([](QWidget &dialog) {
+        QWidget parent;
+        parent.show();
+        static_cast<QWidget &>(dialog).setParent(&parent);
+        dialog.show();
+    }) << true;
+    QTest::newRow("a parent inside of another") << Death([](QWidget &dialog) {
+        QWidget window;
+        auto *parent = new QWidget(&window);
+        window.show();
+        static_cast<QWidget &>(dialog).setParent(parent);
+        dialog.show();
+    }) << true;
+    QTest::newRow("the second of two parents") << Death([](QWidget &dialog) {
+        QWidget first;
+        {
+            QWidget second;
+            static_cast<QWidget &>(dialog).setParent(&first);
+            static_cast<QWidget &>(dialog).setParent(&second);
+            dialog.show();
+        }
+    }) << false;
+    QTest::newRow("a parent that brought it by its layout, with its signals blocked") << Death([](QWidget &dialog) {
+        QWidget parent;
+        auto *layout = new QVBoxLayout(&parent);
+        layout->addWidget(&dialog);
+        parent.show();
+        parent.blockSignals(true);
+    }) << false;
+    QTest::newRow("a parent that never showed") << Death([](QWidget &dialog) {
+        QWidget parent;
+        static_cast<QWidget &>(dialog).setParent(&parent);
+        dialog.show();
+    }) << false;
+}
+
+/// Runs the main loop until the program ends by itself; false if it does not.
+inline bool EndsAfter(const std::function<void()> &act)
+{
+    bool isEndedByUs = false;
+    QTimer::singleShot(0, qApp, act);
+    QTimer::singleShot(50, qApp, [&isEndedByUs] { // Qt ends it by an event posted in the same turn
+        isEndedByUs = true;
+        QCoreApplication::quit();
+    });
+    QApplication::exec();
+    return !isEndedByUs;
+}
+
+/// That a main window which closes ends the program although \a dialog is in sight, and that \a dialog, closed before the first window
+/// shows, does not.
+inline void CheckLeavesTheProgramsEndToWindows(QWidget &dialog)
+{
+    dialog.show();
+    QVERIFY(!EndsAfter([&dialog] { dialog.close(); }));
+    QWidget window;
+    window.show();
+    dialog.show();
+    QVERIFY(EndsAfter([&window] { window.close(); }));
+    dialog.hide();
+}
+
+/// What Qt says when a window that has been on the screen becomes a child of one that is.
+inline const QString kBecomesChild = QStringLiteral(".*Attempt to set a screen on a child window\\.");
+
+/// Hides \a dialog and lets go of its window on the offscreen platform, which cannot make it a child and says so.
+inline void ForgetNativeWindow(QWidget &dialog)
+{
+    dialog.show(); // so that it is the same whichever test came before
+    dialog.hide();
+    if (dialog.windowHandle())
+        dialog.windowHandle()->destroy();
+}
+
+} // namespace VelmoraTest
+
+Q_DECLARE_METATYPE(std::function<void(QWidget &)>)

@@ -24,7 +24,7 @@ struct Ui_QcWindow
     QcLabel *m_titleLabel;
     QSpacerItem *horizontalSpacer;
     QcIconButton *m_minButton;
-    QcIconButton *m_maxRestoreButton;
+    QPointer<QcIconButton> m_maxRestoreButton; // it follows the window, and the host may have deleted the title row by then
     QcIconButton *m_closeButton;
     QFrame *m_contentFrame;
 };
@@ -136,7 +136,8 @@ void QcWindow::onCloseButtonClicked()
 
 void QcWindow::FollowWindowState()
 {
-    ui->m_maxRestoreButton->setChecked(isMaximized());
+    if (ui->m_maxRestoreButton)
+        ui->m_maxRestoreButton->setChecked(isMaximized());
 }
 
 bool QcWindow::eventFilter(QObject *watched, QEvent *event)

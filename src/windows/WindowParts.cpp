@@ -93,12 +93,26 @@ TitleRow MakeTitleRow(QWidget &window, int leftMargin, const QString &maxButtonN
     return row;
 }
 
+FormTexts::FormTexts(QWidget &window, const TitleRow &row)
+    : m_window(window)
+    , m_titleLabel(row.title)
+    , m_minButton(row.minButton)
+    , m_maxButton(row.maxButton)
+    , m_closeButton(row.closeButton)
+{
+}
+
 void FormTexts::PutIn(const FormWords &words)
 {
-    m_title.PutInto<QLabel>(*m_row.title, &QLabel::text, &QLabel::setText, words.title);
-    m_minimize.PutInto<QWidget>(*m_row.minButton, &QWidget::accessibleName, &QWidget::setAccessibleName, words.minimize);
-    m_maximize.PutInto<QWidget>(*m_row.maxButton, &QWidget::accessibleName, &QWidget::setAccessibleName, words.maximize);
-    m_close.PutInto<QWidget>(*m_row.closeButton, &QWidget::accessibleName, &QWidget::setAccessibleName, words.close);
+    const auto name = [](OwnText &own, QWidget *button, const QString &text) {
+        if (button)
+            own.PutInto(*button, &QWidget::accessibleName, &QWidget::setAccessibleName, text);
+    };
+    if (m_titleLabel)
+        m_title.PutInto(*m_titleLabel, &QLabel::text, &QLabel::setText, words.title);
+    name(m_minimize, m_minButton, words.minimize);
+    name(m_maximize, m_maxButton, words.maximize);
+    name(m_close, m_closeButton, words.close);
     m_windowTitle.PutInto(m_window, &QWidget::windowTitle, &QWidget::setWindowTitle, words.windowTitle);
 }
 

@@ -2,11 +2,14 @@
 
 #include "core/OwnText_p.h"
 
+#include <QPointer>
+
 #include <initializer_list>
 
 QT_BEGIN_NAMESPACE
 class QFrame;
 class QHBoxLayout;
+class QLabel;
 class QMargins;
 class QSpacerItem;
 class QVBoxLayout;
@@ -46,18 +49,17 @@ struct FormWords
 class FormTexts
 {
 public:
-    FormTexts(QWidget &window, const TitleRow &row)
-        : m_window(window)
-        , m_row(row)
-    {
-    }
+    FormTexts(QWidget &window, const TitleRow &row);
 
-    /// Puts \a words in, each where the host has not put its own. To be called for each change of language.
+    /// Puts \a words in, each where the host has not put its own or deleted what showed it. To be called for each change of language.
     void PutIn(const FormWords &words);
 
 private:
     QWidget &m_window;
-    const TitleRow m_row;
+    const QPointer<QLabel> m_titleLabel;
+    const QPointer<QWidget> m_minButton;
+    const QPointer<QWidget> m_maxButton;
+    const QPointer<QWidget> m_closeButton;
     OwnText m_windowTitle;
     OwnText m_title;
     OwnText m_minimize;

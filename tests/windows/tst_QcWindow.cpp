@@ -229,6 +229,18 @@ private Q_SLOTS:
         }
     }
 
+    void a_host_may_delete_the_title_row()
+    {
+        QcWindow window(nullptr);
+        window.show();
+        delete window.getTitleFrame();
+        window.showMaximized();
+        const BracketTranslator translator("QcWindow");
+        DrainEvents();
+        QVERIFY(window.isMaximized());
+        QCOMPARE(window.windowTitle(), QStringLiteral("[window]"));
+    }
+
     void without_its_filter_a_double_click_does_nothing()
     {
         QcWindow window(nullptr);

@@ -57,8 +57,8 @@ struct Ui_QcDialog
     QFrame *m_bottomFrame;
     QHBoxLayout *horizontalLayout_2;
     QSpacerItem *horizontalSpacer_2;
-    QcPrimaryButton *m_okButton;
-    QcSecondaryButton *m_cancelButton;
+    QPointer<QcPrimaryButton> m_okButton; // these two are told of what happens later, and the host may have deleted them by then
+    QPointer<QcSecondaryButton> m_cancelButton;
 };
 
 struct DialogTexts : FormTexts
@@ -136,8 +136,10 @@ void QcDialog::SetUpBottomRow()
 void QcDialog::Retranslate()
 {
     const QString unnamed = QCoreApplication::translate("QcDialog", "PushButton");
-    m_texts->ok.PutInto<QAbstractButton>(*ui->m_okButton, &QAbstractButton::text, &QAbstractButton::setText, unnamed);
-    m_texts->cancel.PutInto<QAbstractButton>(*ui->m_cancelButton, &QAbstractButton::text, &QAbstractButton::setText, unnamed);
+    if (ui->m_okButton)
+        m_texts->ok.PutInto<QAbstractButton>(*ui->m_okButton, &QAbstractButton::text, &QAbstractButton::setText, unnamed);
+    if (ui->m_cancelButton)
+        m_texts->cancel.PutInto<QAbstractButton>(*ui->m_cancelButton, &QAbstractButton::text, &QAbstractButton::setText, unnamed);
     m_texts->PutIn({
         QCoreApplication::translate("QcDialog", "dialog"),
         QCoreApplication::translate("QcDialog", "TextLabel"),
@@ -268,10 +270,8 @@ void QcDialog::OfferBottomButtons()
 {
     // Qt gives Enter to the first button that offers itself, hidden or not.
     for (QPushButton *button : {static_cast<QPushButton *>(ui->m_okButton), static_cast<QPushButton *>(ui->m_cancelButton)}) {
-        const bool isOffered = button->isVisibleTo(this);
-        button->setAutoDefault(isOffered);
-        if (!isOffered)
-            button->setDefault(false);
+        if (button)
+            button->setAutoDefault(button->isVisibleTo(this));
     }
     if (isVisible())
         ChooseDefault();
@@ -279,10 +279,15 @@ void QcDialog::OfferBottomButtons()
 
 void QcDialog::ChooseDefault()
 {
+    // A bottom button that is hidden keeps Enter until it shows only where nobody else wants it.
+    const auto takesEnter = [this](const QPushButton *button) {
+        const bool isOurs = button == ui->m_okButton || button == ui->m_cancelButton;
+        return button->isDefault() && (!isOurs || button->isVisibleTo(this));
+    };
     const auto buttons = findChildren<QPushButton *>();
-    if (std::any_of(buttons.cbegin(), buttons.cend(), [](const QPushButton *button) { return button->isDefault(); }))
+    if (std::any_of(buttons.cbegin(), buttons.cend(), takesEnter))
         return;
-    // As Qt does when a dialog shows: the first one behind the focus.
+    // The first one behind the focus, as Qt does when a dialog shows for the first time. Later it minds the one that had Enter last.
     QWidget *focus = focusWidget() ? focusWidget() : this;
     for (QWidget *next = focus->nextInFocusChain(); next != focus; next = next->nextInFocusChain()) {
         auto *button = qobject_cast<QPushButton *>(next);
@@ -298,6 +303,12 @@ bool QcDialog::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
         OfferBottomButtons();
     return QDialog::eventFilter(watched, event);
+}
+
+void QcDialog::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    ChooseDefault();
 }
 
 void QcDialog::closeEvent(QCloseEvent *event)

@@ -12,6 +12,7 @@ class QCloseEvent;
 class QEvent;
 class QFrame;
 class QPaintEvent;
+class QShowEvent;
 QT_END_NAMESPACE
 
 namespace Velmora {
@@ -75,6 +76,7 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -407,6 +407,64 @@ private Q_SLOTS:
         QCOMPARE(form.AnswerToEnter(), QStringLiteral("other"));
     }
 
+    void a_default_given_to_a_bottom_button_before_it_shows_waits_for_it()
+    {
+        Form form;
+        form.edit->setFocus(); // the host's button stands behind it
+        Child<QcPrimaryButton>(form.dialog, "m_okButton")->setDefault(true);
+        form.dialog.setCancelButtonVisible(false);
+        form.dialog.setBottomFrameVisible(true);
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("ok"));
+    }
+
+    void a_default_given_to_a_bottom_button_that_stays_hidden_leaves_enter_to_the_hosts()
+    {
+        Form form;
+        Child<QcPrimaryButton>(form.dialog, "m_okButton")->setDefault(true);
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host"));
+    }
+
+    void a_dialog_used_again_without_its_bottom_row_gives_enter_to_the_hosts_button()
+    {
+        Form form;
+        form.dialog.setBottomFrameVisible(true);
+        Child<QcPrimaryButton>(form.dialog, "m_okButton")->setDefault(true);
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("ok"));
+        form.dialog.hide();
+        form.dialog.setBottomFrameVisible(false);
+        QVERIFY(form.Show());
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("host"));
+    }
+
+    void a_hidden_default_of_the_host_stays_its_own_affair()
+    {
+        Form form;
+        auto *later = new QPushButton(form.dialog.getContentFrame());
+        connect(later, &QAbstractButton::clicked, this, [&] { form.answer = QStringLiteral("later"); });
+        later->hide();
+        later->setDefault(true);
+        QVERIFY(form.Show());
+        form.dialog.setBottomFrameVisible(true);
+        later->show();
+        QCOMPARE(form.AnswerToEnter(), QStringLiteral("later"));
+    }
+
+    void a_host_may_delete_the_bottom_buttons()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setBottomFrameVisible(true);
+        dialog.show();
+        delete Child<QcPrimaryButton>(dialog, "m_okButton");
+        dialog.setCancelButtonVisible(false); // who takes Enter now?
+        delete Child<QcSecondaryButton>(dialog, "m_cancelButton");
+        const BracketTranslator translator("QcDialog");
+        DrainEvents();
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("[dialog]"));
+    }
+
     void only_bottom_buttons_that_show_offer_themselves_to_enter()
     {
         QcDialog dialog(nullptr);

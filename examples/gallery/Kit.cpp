@@ -11,7 +11,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
@@ -338,16 +337,6 @@ void StyleTable(QTableWidget *table)
         QHeaderView { background: transparent; }
         QHeaderView::section { padding: 0 11px; border: none; border-bottom: 1px solid ${border/border_secondary};
                                background: transparent; color: ${text/text_tertairy}; })"));
-}
-
-void StyleMenu(QMenu *menu)
-{
-    QcStyleManager::GetInstance()->RegisterStyleSheet(menu, QStringLiteral(R"(
-        QMenu { padding: 4px; border: 1px solid ${border/border_secondary}; background: ${bg/bg_float}; }
-        QMenu::item { padding: 4px 24px 4px 12px; border-radius: 2px; color: ${text/text_primary}; }
-        QMenu::item:selected { background: ${bg/bg_transluent_strong_hover}; }
-        QMenu::item:pressed { background: ${bg/bg_transluent_strong_press}; }
-        QMenu::separator { height: 1px; margin: 4px 8px; background: ${table/table_divider}; })"));
 }
 
 } // namespace Gallery

@@ -18,7 +18,6 @@ class QGridLayout;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
-class QMenu;
 class QPainter;
 class QSlider;
 class QTableWidget;
@@ -149,6 +148,5 @@ void FloatScrollBars(QAbstractScrollArea *area);
 /// Stylesheets for the Qt widgets that the kit has no control for yet. All of them follow the colour table.
 void StyleLineEdit(QLineEdit *edit);
 void StyleTable(QTableWidget *table);
-void StyleMenu(QMenu *menu);
 
 } // namespace Gallery

@@ -4,6 +4,7 @@
 
 #include "buttons/ButtonLooks.h"
 
+#include <Velmora/QcMenu.h>
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcMenuToolButton.h>
 
@@ -531,6 +532,33 @@ private Q_SLOTS:
         QCOMPARE(chosen.count(), 1);
         QVERIFY(Shows(kNormal));
         QCOMPARE(m_window->focusWidget(), m_button.data());
+    }
+
+    void a_menu_of_the_kit_opens_and_closes_like_any_other_data() { AddKinds(); }
+    void a_menu_of_the_kit_opens_and_closes_like_any_other()
+    {
+        MakeButton();
+        QcMenu menu;
+        menu.addQcAction(QStringLiteral("First"));
+        QSignalSpy chosen(menu.addQcAction(QStringLiteral("Second")), &QAction::triggered);
+        SetMenu(&menu);
+        QVERIFY(ClickOpens(menu, [&] {
+            QVERIFY(Shows(kCheckedPressed));
+            QCOMPARE(menu.pos(), m_button->mapToGlobal(QPoint(0, m_button->height())));
+            QTest::keyClick(&menu, Qt::Key_Escape);
+            QVERIFY(!menu.isVisible());
+        }));
+        QVERIFY(Shows(kNormal));
+        m_button->setFocus();
+        QVERIFY(Opens(
+            menu, [this] { QTest::keyClick(Window(), Qt::Key_Space); },
+            [&] {
+                QTest::keyClick(&menu, Qt::Key_Down);
+                QTest::keyClick(&menu, Qt::Key_Down);
+                QTest::keyClick(&menu, Qt::Key_Return);
+            }));
+        QCOMPARE(chosen.count(), 1);
+        QVERIFY(Shows(kNormal));
     }
 
     void the_shortcut_opens_the_menu_data() { AddKinds(); }

@@ -6,6 +6,7 @@
 #include "buttons/ButtonLooks.h"
 
 #include <Velmora/QcCombinedToolButton.h>
+#include <Velmora/QcMenu.h>
 #include <Velmora/QcToolButton.h>
 
 #include <QAccessible>
@@ -682,6 +683,30 @@ private Q_SLOTS:
         QCOMPARE(m_menu->width(), 77);
         CheckMenuPlace();
         m_menu->hide();
+    }
+
+    void a_menu_of_the_kit_hangs_there_too_and_its_choice_becomes_the_current_action()
+    {
+        m_window->move(120, 0);
+        QcMenu menu;
+        QcAction *wide = menu.addQcAction(QStringLiteral("An action as wide as the menu"));
+        QcAction *action = menu.addQcAction(QStringLiteral("Square"));
+        action->SetIconPath(m_icon.Path());
+        action->setProperty("ActionIconPath", m_icon.Path());
+        m_button->SetIconPath(QString());
+        m_button->setMenu(&menu);
+        Click(kArrowRect.center());
+        QVERIFY(menu.isVisible());
+        QCOMPARE(menu.pos(), m_button->mapToGlobal(QPoint(43 - menu.width(), 33)));
+        QCOMPARE(menu.size(), menu.sizeHint());
+        QVERIFY(menu.width() > 120); // that of an empty one
+        menu.setActiveAction(action);
+        QTest::keyClick(&menu, Qt::Key_Return);
+        QVERIFY(!menu.isVisible());
+        QCOMPARE(m_button->Main()->defaultAction(), action);
+        QCOMPARE(m_button->GetIconPath(), m_icon.Path());
+        wide->trigger();
+        QCOMPARE(m_button->GetIconPath(), QString());
     }
 
     void a_menu_may_be_filled_when_it_is_about_to_show()

@@ -2,26 +2,20 @@
 #include "Page.h"
 #include "StateHolder.h"
 
+#include <Velmora/QcMenu.h>
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcMenuToolButton.h>
 
 #include <QActionGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QMenu>
 
 using namespace Gallery;
+using Velmora::QcMenu;
 using Velmora::QcMenuTextButton;
 using Velmora::QcMenuToolButton;
 
 namespace {
-
-QMenu *MakeMenu(QWidget *parent)
-{
-    auto *menu = new QMenu(parent);
-    StyleMenu(menu);
-    return menu;
-}
 
 QcMenuTextButton *MakeText(const QString &text)
 {
@@ -62,7 +56,7 @@ private:
     /// A menu whose entries are told in \a status.
     QMenu *MakeTelling(const QStringList &entries, QcLabel *status)
     {
-        QMenu *menu = MakeMenu(this);
+        auto *menu = new QcMenu(this);
         for (const QString &entry : entries) {
             if (entry.isEmpty())
                 menu->addSeparator();
@@ -90,8 +84,8 @@ private:
             {QStringLiteral("New"), QStringLiteral("Open"), QString(), QStringLiteral("Save"), QStringLiteral("Save as")});
         add(QStringLiteral("Edit"), {QStringLiteral("Undo"), QStringLiteral("Redo"), QString(), QStringLiteral("Select all")});
         QMenu *view = add(QStringLiteral("View"), {QStringLiteral("Zoom in"), QStringLiteral("Zoom out"), QString()})->menu();
-        QMenu *panels = view->addMenu(QStringLiteral("Panels"));
-        StyleMenu(panels);
+        auto *panels = new QcMenu(QStringLiteral("Panels"), view);
+        view->addMenu(panels);
         for (const char *name : {"Layers", "History", "Properties"}) {
             QAction *action = panels->addAction(QLatin1String(name));
             action->setCheckable(true);
@@ -133,7 +127,7 @@ private:
     QcMenuTextButton *MakeChoice(const QStringList &entries)
     {
         QcMenuTextButton *button = MakeText(entries.first());
-        QMenu *menu = MakeMenu(this);
+        auto *menu = new QcMenu(this);
         auto *group = new QActionGroup(menu);
         for (const QString &entry : entries) {
             QAction *action = group->addAction(entry);
@@ -198,7 +192,7 @@ private:
         QcMenuToolButton *large = MakeTool(QStringLiteral(":/gallery/icons/align_left.svg"), QStringLiteral("Twice as large"));
         large->setFixedSize(88, 64);
         large->SetBackgroundColorParams(QStyle::State_Enabled, QStringLiteral("bg/bg_transluent_subtle_hover"));
-        large->setMenu(MakeMenu(this));
+        large->setMenu(new QcMenu(this));
         large->menu()->addAction(QStringLiteral("Left"));
         row->addWidget(large);
         row->addStretch();

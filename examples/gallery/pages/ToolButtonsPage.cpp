@@ -3,6 +3,7 @@
 #include "StateHolder.h"
 
 #include <Velmora/QcCombinedToolButton.h>
+#include <Velmora/QcMenu.h>
 #include <Velmora/QcToolButton.h>
 #include <Velmora/QcToolColorButton.h>
 
@@ -10,11 +11,11 @@
 #include <QActionGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QMenu>
 #include <QMouseEvent>
 
 using namespace Gallery;
 using Velmora::QcCombinedToolButton;
+using Velmora::QcMenu;
 using Velmora::QcToolButton;
 using Velmora::QcToolColorButton;
 
@@ -128,8 +129,7 @@ private:
     {
         auto *shapes = new QcCombinedToolButton;
         shapes->setToolTip(QStringLiteral("Shape to draw"));
-        auto *menu = new QMenu(this);
-        StyleMenu(menu);
+        auto *menu = new QcMenu(this);
         auto *group = new QActionGroup(this);
         group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional); // one shape or none
         for (const char *name : {"rectangle", "ellipse", "line", "arrow"}) {
@@ -137,7 +137,8 @@ private:
             title[0] = title.at(0).toUpper();
             QAction *action = group->addAction(title);
             action->setCheckable(true);
-            action->setProperty("ActionIconPath", IconPath(name));
+            action->setProperty("ActionIconPath", IconPath(name)); // for the button
+            action->setProperty(QcMenu::GetIconPathProperty(), IconPath(name));
             connect(action, &QAction::triggered, this, [this, title](bool isOn) {
                 m_status->setText(isOn ? QStringLiteral("Drawing: %1").arg(title.toLower()) : QStringLiteral("Drawing: nothing"));
             });

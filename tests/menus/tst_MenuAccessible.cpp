@@ -1,0 +1,224 @@
+#include "support/AccessibleEvents.h"
+#include "support/TestMain.h"
+
+#include <Velmora/QcMenu.h>
+
+#include <QAccessible>
+#include <QSignalSpy>
+
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+/// A menu to assistive technology.
+class TestMenuAccessible : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_menu_is_a_popup_menu_of_items()
+    {
+        QAccessibleInterface *menu = QAccessible::queryAccessibleInterface(m_menu.get());
+        QVERIFY(menu);
+        QCOMPARE(menu->role(), QAccessible::PopupMenu);
+        QCOMPARE(menu->text(QAccessible::Name), QStringLiteral("File"));
+        QCOMPARE(menu->childCount(), 0);
+        m_menu->addQcAction(QStringLiteral("Open"));
+        m_menu->addSeparator();
+        QCOMPARE(menu->childCount(), 2);
+        QCOMPARE(menu->child(0)->role(), QAccessible::MenuItem);
+        QCOMPARE(menu->child(1)->role(), QAccessible::Separator);
+    }
+
+    void a_menu_is_named_by_the_host_else_by_its_title()
+    {
+        QAccessibleInterface *menu = QAccessible::queryAccessibleInterface(m_menu.get());
+        m_menu->setTitle(QStringLiteral("&Edit"));
+        QCOMPARE(menu->text(QAccessible::Name), QStringLiteral("Edit"));
+        m_menu->setAccessibleName(QStringLiteral("Changes"));
+        QCOMPARE(menu->text(QAccessible::Name), QStringLiteral("Changes"));
+    }
+
+    void an_item_is_named_by_its_label_without_ampersand_and_shortcut()
+    {
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Save && &close"));
+        QCOMPARE(Item(action)->text(QAccessible::Name), QStringLiteral("Save & close"));
+        action->setText(QStringLiteral("&Open\tCtrl+O"));
+        QCOMPARE(Item(action)->text(QAccessible::Name), QStringLiteral("Open"));
+    }
+
+    void a_shortcut_is_told_as_the_key_of_its_item()
+    {
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
+        action->setShortcut(Qt::CTRL + Qt::Key_O);
+        QCOMPARE(Item(action)->text(QAccessible::Accelerator), QStringLiteral("Ctrl+O"));
+        const QString press = QAccessibleActionInterface::pressAction();
+        QCOMPARE(Item(action)->actionInterface()->keyBindingsForAction(press), QStringList(QStringLiteral("Ctrl+O")));
+        QcAction *written = m_menu->addQcAction(QStringLiteral("Close\tF4"));
+        QCOMPARE(Item(written)->text(QAccessible::Accelerator), QStringLiteral("F4"));
+    }
+
+    void an_item_tells_whether_it_is_checked_and_enabled()
+    {
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Grid"));
+        QVERIFY(!Item(action)->state().checkable);
+        action->setCheckable(true);
+        QVERIFY(Item(action)->state().checkable);
+        QVERIFY(!Item(action)->state().checked);
+        action->setChecked(true);
+        QVERIFY(Item(action)->state().checked);
+        QVERIFY(!Item(action)->state().disabled);
+        action->setEnabled(false);
+        QVERIFY(Item(action)->state().disabled);
+    }
+
+    void an_item_with_a_submenu_tells_so_and_has_it_as_child()
+    {
+        QcAction *plain = m_menu->addQcAction(QStringLiteral("Open"));
+        auto *submenu = new QcMenu(QStringLiteral("Recent"), m_menu.get());
+        QcAction *action = m_menu->addQcMenu(submenu);
+        QVERIFY(!Item(plain)->state().hasPopup);
+        QVERIFY(Item(action)->state().hasPopup);
+        QCOMPARE(Item(action)->childCount(), 1);
+        QCOMPARE(Item(action)->child(0)->object(), submenu);
+        QCOMPARE(QAccessible::queryAccessibleInterface(submenu)->role(), QAccessible::PopupMenu);
+    }
+
+    void a_submenu_belongs_to_its_item()
+    {
+        auto *submenu = new QcMenu(QStringLiteral("Recent"), m_menu.get());
+        QcAction *action = m_menu->addQcMenu(submenu);
+        QAccessibleInterface *parent = QAccessible::queryAccessibleInterface(submenu)->parent();
+        QVERIFY(parent);
+        QCOMPARE(parent->object(), action);
+        QCOMPARE(parent->parent()->object(), m_menu.get());
+    }
+
+    void the_item_that_the_keyboard_moves_to_is_told_and_has_the_focus()
+    {
+        QcAction *first = m_menu->addQcAction(QStringLiteral("First"));
+        QcAction *second = m_menu->addQcAction(QStringLiteral("Second"));
+        QVERIFY(Item(first)->state().invisible);
+        m_menu->popup(QPoint(0, 0));
+        DrainEvents();
+        QVERIFY(!Item(first)->state().invisible);
+        AccessibleEvents events(*m_menu);
+        QTest::keyClick(m_menu.get(), Qt::Key_Down);
+        QVERIFY(events.Take().contains(QStringLiteral("Focus of child 0")));
+        QTest::keyClick(m_menu.get(), Qt::Key_Down);
+        QVERIFY(events.Take().contains(QStringLiteral("Focus of child 1")));
+        QVERIFY(!Item(first)->state().focused);
+        QVERIFY(Item(second)->state().focused);
+    }
+
+    void an_item_is_found_where_it_is_on_the_screen()
+    {
+        m_menu->addQcAction(QStringLiteral("First"));
+        QcAction *second = m_menu->addQcAction(QStringLiteral("Second"));
+        m_menu->popup(QPoint(40, 50));
+        DrainEvents();
+        const QRect place = Item(second)->rect();
+        QCOMPARE(place, m_menu->actionGeometry(second).translated(m_menu->pos()));
+        QAccessibleInterface *menu = QAccessible::queryAccessibleInterface(m_menu.get());
+        QAccessibleInterface *found = menu->childAt(place.center().x(), place.center().y());
+        QVERIFY(found);
+        QCOMPARE(found->object(), second);
+        QCOMPARE(menu->indexOfChild(found), 1);
+        QVERIFY(!menu->childAt(1000, 1000));
+    }
+
+    void an_item_stays_the_same_and_goes_with_its_action_or_menu()
+    {
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
+        QAccessibleInterface *item = Item(action);
+        QCOMPARE(Item(action), item);
+        QVERIFY(item->isValid());
+        const QAccessible::Id itemId = QAccessible::uniqueId(item);
+        delete action;
+        QVERIFY(!QAccessible::accessibleInterface(itemId));
+        QVERIFY(!QAccessible::queryAccessibleInterface(m_menu.get())->child(0));
+        QcAction *other = m_menu->addQcAction(QStringLiteral("Other")); // perhaps at the same address
+        QCOMPARE(Item(other)->text(QAccessible::Name), QStringLiteral("Other"));
+        const QAccessible::Id id = QAccessible::uniqueId(Item(other));
+        m_menu.reset();
+        QVERIFY(!QAccessible::accessibleInterface(id));
+    }
+
+    void an_action_of_two_menus_is_an_item_of_each()
+    {
+        QcMenu other;
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
+        other.addAction(action);
+        QAccessibleInterface *theirs = QAccessible::queryAccessibleInterface(&other)->child(0);
+        QVERIFY(theirs != Item(action));
+        QCOMPARE(theirs->parent()->object(), &other);
+        QCOMPARE(Item(action)->parent()->object(), m_menu.get());
+        const QAccessible::Id id = QAccessible::uniqueId(theirs);
+        const QAccessible::Id ours = QAccessible::uniqueId(Item(action));
+        delete action;
+        for (const QAccessible::Id item : {id, ours}) {
+            QAccessibleInterface *left = QAccessible::accessibleInterface(item);
+            QVERIFY(!left || !left->isValid());
+        }
+    }
+
+    void a_separator_and_a_disabled_item_can_do_nothing()
+    {
+        QAction *separator = m_menu->addSeparator();
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
+        action->setEnabled(false);
+        for (QAction *idle : {separator, static_cast<QAction *>(action)}) {
+            QVERIFY(Item(idle)->actionInterface()->actionNames().isEmpty());
+            QSignalSpy chosen(idle, &QAction::triggered);
+            Item(idle)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+            DrainEvents();
+            QCOMPARE(chosen.count(), 0);
+        }
+    }
+
+    void a_submenu_can_be_opened()
+    {
+        auto *submenu = new QcMenu(QStringLiteral("Recent"), m_menu.get());
+        submenu->addQcAction(QStringLiteral("One"));
+        QcAction *action = m_menu->addQcMenu(submenu);
+        m_menu->popup(QPoint(0, 0));
+        DrainEvents();
+        Item(action)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+        QTRY_VERIFY(submenu->isVisible());
+        QVERIFY(Item(action)->state().expanded);
+    }
+
+    void an_item_can_be_chosen()
+    {
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
+        int chosen = 0;
+        connect(action, &QAction::triggered, this, [&] { ++chosen; });
+        QAccessibleActionInterface *actions = Item(action)->actionInterface();
+        QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(chosen, 0); // assistive technology waits for its call to return
+        DrainEvents();
+        QCOMPARE(chosen, 1);
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        delete action;
+        DrainEvents();
+        QCOMPARE(chosen, 1);
+    }
+
+protected:
+    void SetUp() override { m_menu = std::make_unique<QcMenu>(QStringLiteral("File")); }
+    void TearDown() override { m_menu.reset(); }
+
+private:
+    QAccessibleInterface *Item(QAction *action) const
+    {
+        return QAccessible::queryAccessibleInterface(m_menu.get())->child(m_menu->actions().indexOf(action));
+    }
+
+    std::unique_ptr<QcMenu> m_menu;
+};
+
+VELMORA_TEST_MAIN(TestMenuAccessible)
+
+#include "tst_MenuAccessible.moc"

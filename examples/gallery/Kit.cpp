@@ -2,6 +2,7 @@
 
 #include "Tables.h"
 
+#include <Velmora/QCSlider.h>
 #include <Velmora/QcScrollBar.h>
 #include <Velmora/QcStyleManager.h>
 
@@ -14,7 +15,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
-#include <QSlider>
 #include <QStyle>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -175,7 +175,7 @@ Velmora::QcButton *Segmented::Segment(int index) const
 
 SliderRow::SliderRow(const QString &name, int minimum, int maximum, int value, QWidget *parent)
     : QWidget(parent)
-    , m_slider(new QSlider(Qt::Horizontal))
+    , m_slider(new Velmora::QCSlider)
     , m_value(MakeLabel(QString(), QcLabel::BodySecondary))
     , m_format([](int number) { return QString::number(number); })
 {
@@ -190,13 +190,6 @@ SliderRow::SliderRow(const QString &name, int minimum, int maximum, int value, Q
     m_slider->setValue(value);
     m_slider->setAccessibleName(name);
     m_slider->setFixedHeight(3 * kGrid);
-    QcStyleManager::GetInstance()->RegisterStyleSheet(m_slider, QStringLiteral(R"(
-        QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: ${bg/bg_transluent_strong_active}; }
-        QSlider::sub-page:horizontal { height: 4px; border-radius: 2px; background: ${brand/brand}; }
-        QSlider::handle:horizontal { width: 12px; height: 12px; margin: -5px 0; border-radius: 7px;
-                                     border: 1px solid ${brand/brand}; background: ${bg/bg_float}; }
-        QSlider::handle:horizontal:hover { background: ${brand/brand_hover}; }
-        QSlider::handle:horizontal:focus { background: ${brand/brand}; })"));
     layout->addWidget(label);
     layout->addWidget(m_slider, 1);
     layout->addWidget(m_value);

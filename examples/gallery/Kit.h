@@ -19,10 +19,13 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPainter;
-class QSlider;
 class QTableWidget;
 class QVBoxLayout;
 QT_END_NAMESPACE
+
+namespace Velmora {
+class QCSlider;
+}
 
 /// What the gallery's pages are put together from.
 namespace Gallery {
@@ -115,7 +118,7 @@ Q_SIGNALS:
 private:
     void ShowValue();
 
-    QSlider *m_slider;
+    Velmora::QCSlider *m_slider;
     QcLabel *m_value;
     std::function<QString(int)> m_format;
 };

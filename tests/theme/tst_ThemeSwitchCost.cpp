@@ -2,6 +2,7 @@
 
 #include "TestFiles.h"
 
+#include <Velmora/QCSlider.h>
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcGhostButton.h>
 #include <Velmora/QcLabel.h>
@@ -194,6 +195,22 @@ private Q_SLOTS:
         SwitchTable(Table::Dark);
         for (const Counts &counts : screenful.Drain())
             QCOMPARE(counts.styleChanges, 0);
+    }
+
+    void a_slider_is_painted_once_with_what_lies_behind_and_sees_no_change_of_style()
+    {
+        QcFrame frame;
+        Counts counts;
+        auto *slider = new Counted<QCSlider>(&counts);
+        slider->setParent(&frame);
+        frame.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&frame));
+        DrainEvents();
+        counts = Counts();
+        SwitchTable(Table::Dark);
+        DrainEvents();
+        QCOMPARE(counts.paints, 1);
+        QCOMPARE(counts.styleChanges, 0);
     }
 
     void nothing_is_painted_when_idle()

@@ -186,6 +186,16 @@ private Q_SLOTS:
         OpenAndClose(*MakeMenu());
     }
 
+    void a_stylesheet_for_menus_wins_over_the_look()
+    {
+        Application application([](QcApplication &started) { started.setStyleSheet(QStringLiteral("QMenu { background: #123456; }")); });
+        StartUpIsNoFault();
+        const std::unique_ptr<QcMenu> menu = MakeMenu();
+        menu->ensurePolished();
+        menu->resize(menu->sizeHint());
+        QCOMPARE(menu->grab().toImage().pixelColor(menu->width() / 2, 8), QColor(0x12, 0x34, 0x56));
+    }
+
 private:
     void StartUpIsNoFault() { Log().TakeFaults(); }
 };

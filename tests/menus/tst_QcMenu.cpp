@@ -223,6 +223,21 @@ private Q_SLOTS:
         QCOMPARE(chosen.count(), 1);
     }
 
+    void a_shortcut_works_while_the_menu_of_a_button_is_closed()
+    {
+        QWidget window;
+        window.setGeometry(kWindowPlace);
+        auto *button = new QcMenuTextButton(&window);
+        button->setMenu(m_menu.get());
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
+        action->setShortcut(Qt::CTRL + Qt::Key_O);
+        QSignalSpy chosen(action, &QAction::triggered);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(window.windowHandle(), Qt::Key_O, Qt::ControlModifier);
+        QCOMPARE(chosen.count(), 1);
+    }
+
     // --- Long menus ---
 
     void all_of_sixty_items_can_be_reached_by_keys()

@@ -1,0 +1,105 @@
+#include "inputs/QcSelectorViewItemDelegate_p.h"
+
+#include <Velmora/ImageParams.h>
+#include <Velmora/QcSelector.h>
+#include <Velmora/QcStyleManager.h>
+
+#include "theme/ThemedPixmap_p.h"
+#include "theme/TokenPainting_p.h"
+
+#include <QAbstractItemView>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyle>
+
+namespace Velmora {
+
+namespace {
+
+constexpr int kRowHeight = 28;
+constexpr int kTextPixels = 12;
+
+/// As QComboBox::itemIcon() reads it.
+QIcon IconOf(const QModelIndex &index)
+{
+    const QVariant decoration = index.data(Qt::DecorationRole);
+    return decoration.userType() == QMetaType::QPixmap ? QIcon(decoration.value<QPixmap>()) : decoration.value<QIcon>();
+}
+
+/// A list makes all rows as wide as its longest text. What of a row is out of view is not scrolled to, but elided.
+QRect VisibleRow(const QStyleOptionViewItem &option)
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    if (!view)
+        return option.rect;
+    QRect row = option.rect;
+    row.setLeft(qMax(row.left(), 0));
+    row.setRight(qMin(row.right(), view->viewport()->width() - 1));
+    return row;
+}
+
+} // namespace
+
+QString ElidedItemText(const QFontMetrics &metrics, const QString &text, int width)
+{
+    constexpr int kMostLaidOut = 4096; // more than fits anywhere
+    return metrics.elidedText(text.left(kMostLaidOut), Qt::ElideRight, width);
+}
+
+QcSelectorViewItemDelegate::QcSelectorViewItemDelegate(QcSelector *selector)
+    : QStyledItemDelegate(selector)
+    , m_selector(selector)
+{
+}
+
+QSize QcSelectorViewItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(kRowHeight);
+    return size;
+}
+
+void QcSelectorViewItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    if (!m_selector) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    painter->save();
+    if (option.state & QStyle::State_MouseOver)
+        painter->fillRect(option.rect, TokenColor(QStringLiteral("bg/bg_transluent_subtle_hover")));
+
+    const QRect row = VisibleRow(option);
+    const auto mirrored = [&](const QRect &place) { return QStyle::visualRect(option.direction, row, place); };
+    const int iconTop = row.top() + (row.height() - m_iconSize.height()) / 2;
+    int textOffset = m_leftMargin + m_iconSize.width();
+    if (index.row() == m_selector->currentIndex())
+        PaintTick(*painter, mirrored(QRect(QPoint(m_leftMargin, iconTop), m_iconSize)));
+    const QIcon icon = IconOf(index);
+    if (!icon.isNull())
+        icon.paint(painter, mirrored(QRect(QPoint(textOffset, iconTop), m_iconSize)), Qt::AlignCenter, QIcon::Normal, QIcon::Off);
+
+    if (m_selector->hasItemsWithIcons())
+        textOffset += m_iconSize.width();
+    const QRect textPlace = row.adjusted(textOffset, 0, -m_rightMargin, 0);
+    QFont font = QcStyleManager::GetDefaultFont();
+    font.setPixelSize(kTextPixels);
+    painter->setFont(font);
+    painter->setPen(TokenColor(QStringLiteral("text/text_primary")));
+    const QString text = index.data(Qt::DisplayRole).toString();
+    painter->setLayoutDirection(option.direction); // else it has that of the application
+    painter->drawText(mirrored(textPlace), Qt::AlignLeft | Qt::AlignVCenter,
+                      ElidedItemText(painter->fontMetrics(), text, textPlace.width()));
+    painter->restore();
+}
+
+void QcSelectorViewItemDelegate::PaintTick(QPainter &painter, const QRect &place) const
+{
+    ImageParams tick;
+    tick.path = QStringLiteral(":/images/select.svg");
+    tick.size = m_iconSize;
+    tick.color = QStringLiteral("text/text_primary");
+    DrawPixmap(painter, place, PixmapFor(painter, tick));
+}
+
+} // namespace Velmora

@@ -5,6 +5,7 @@
 #include <Velmora/QcArrowTip.h>
 #include <Velmora/QcDialog.h>
 #include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/QcWindow.h>
 
@@ -206,6 +207,23 @@ int ShowFramed()
     return QApplication::exec();
 }
 
+/// A selector of twenty items that tells of its choices.
+int ShowSelector()
+{
+    QcWindow window(nullptr);
+    window.setTitle(QStringLiteral("Stage"));
+    window.setWindowTitle(QStringLiteral("main window"));
+    auto *selector = new QcSelector(window.getContentFrame());
+    selector->setObjectName(QStringLiteral("selector"));
+    selector->setGeometry(40, 40, 200, selector->height());
+    for (int i = 0; i < 20; ++i)
+        selector->addItem(QStringLiteral("Item %1").arg(i));
+    QObject::connect(selector, QOverload<int>::of(&QComboBox::activated), selector,
+                     [](int index) { Say(QStringLiteral("chose%1").arg(index)); });
+    ShowAt(&window);
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -223,5 +241,7 @@ int main(int argc, char **argv)
         return ShowPanel();
     if (what == QLatin1String("framed"))
         return ShowFramed();
+    if (what == QLatin1String("selector"))
+        return ShowSelector();
     return 1;
 }

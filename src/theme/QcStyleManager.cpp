@@ -267,11 +267,9 @@ void QcStyleManager::WatchWidget(QWidget *widget)
     connect(widget, &QObject::destroyed, this, &QcStyleManager::OnRegisteredWidgetDestroyed);
 }
 
-void QcStyleManager::OnRegisteredWidgetDestroyed()
+/// Told who dies: Qt finds sender() by a search of all that are registered, for each widget of a window that goes.
+void QcStyleManager::OnRegisteredWidgetDestroyed(QObject *object)
 {
-    QObject *object = sender();
-    if (!object || !object->isWidgetType())
-        return;
     // A widget announces its end while guarded pointers to it still hold, so its entries are found by their key.
     const QPointer<QWidget> widget(static_cast<QWidget *>(object));
     if (m_styleSheets.erase(widget) > 0)

@@ -90,7 +90,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private Q_SLOTS:
-    void OnRegisteredWidgetDestroyed();
+    void OnRegisteredWidgetDestroyed(QObject *object);
     void OnUpdateRegisteredWidgetsStyleSheet();
     void OnRunRegisteredWidgetsColorHandler();
 

@@ -11,6 +11,8 @@
 #include <QTextDocumentFragment>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace Velmora {
 
 namespace {
@@ -21,9 +23,15 @@ QTextDocument &DocumentOf(const QcMultiLineText &text)
 }
 
 /// The links that the screen shows: a cut text has fewer.
-QVector<QTextCursor> LinksIn(const QcMultiLineText &text)
+QVector<TextLink> LinksIn(const QcMultiLineText &text)
 {
     return LinksOf(DocumentOf(text));
+}
+
+/// Where \a link is drawn in \a text.
+QRect PlaceOf(const QcMultiLineText &text, const TextLink &link)
+{
+    return RectOf(DocumentOf(text), link).toAlignedRect();
 }
 
 /// One of a text's links. Which one its number says, so that it changes with the text, and is none when there are fewer.
@@ -53,7 +61,7 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Name && isValid() ? Link().selectedText() : QString();
+        return kind == QAccessible::Name && isValid() ? SelectionOf(DocumentOf(*m_text), Link()).selectedText() : QString();
     }
     void setText(QAccessible::Text /*kind*/, const QString & /*text*/) override {}
 
@@ -61,7 +69,7 @@ public:
     {
         if (!isValid())
             return QRect();
-        const QRect place = RectOf(DocumentOf(*m_text), Link()).toAlignedRect();
+        const QRect place = PlaceOf(*m_text, Link());
         return QRect(m_text->mapToGlobal(place.topLeft()), place.size());
     }
 
@@ -83,10 +91,8 @@ public:
     {
         if (!actionNames().contains(name))
             return;
-        const QString href = Link().charFormat().anchorHref();
-        const auto press = [text = m_text.data(), index = m_index, href] {
-            const QTextCursor link = LinksIn(*text).value(index);
-            if (!link.isNull() && link.charFormat().anchorHref() == href)
+        const auto press = [text = m_text.data(), index = m_index, href = Link().href] {
+            if (LinksIn(*text).value(index).href == href) // not of another text by now
                 Q_EMIT text->signalAnchorClicked(href);
         };
         DoActionLater(*m_text, press);
@@ -95,7 +101,7 @@ public:
     QStringList keyBindingsForAction(const QString & /*name*/) const override { return QStringList(); }
 
 private:
-    QTextCursor Link() const { return LinksIn(*m_text).at(m_index); }
+    TextLink Link() const { return LinksIn(*m_text).at(m_index); }
 
     QPointer<QcMultiLineText> m_text;
     int m_index;
@@ -135,11 +141,10 @@ public:
 
     QAccessibleInterface *childAt(int x, int y) const override
     {
-        for (int index = 0; index < childCount(); ++index) {
-            if (child(index)->rect().contains(x, y))
-                return child(index);
-        }
-        return nullptr;
+        const QPoint point = Text()->mapFromGlobal(QPoint(x, y));
+        const QVector<TextLink> links = LinksIn(*Text());
+        const auto isThere = [&](const TextLink &link) { return PlaceOf(*Text(), link).contains(point); };
+        return child(int(std::find_if(links.begin(), links.end(), isThere) - links.begin()));
     }
 
     int indexOfChild(const QAccessibleInterface *child) const override

@@ -328,9 +328,9 @@ int QcMultiLineText::MarkedLink() const
     const QVector<QAbstractTextDocumentLayout::Selection> &marked = m_paintContext.selections;
     if (marked.isEmpty())
         return -1;
-    const QVector<QTextCursor> links = LinksOf(*m_document);
+    const QVector<TextLink> links = LinksOf(*m_document);
     const int begin = marked.constFirst().cursor.selectionStart();
-    const auto isMarked = [begin](const QTextCursor &link) { return link.selectionStart() == begin; };
+    const auto isMarked = [begin](const TextLink &link) { return link.begin == begin; };
     const auto found = std::find_if(links.begin(), links.end(), isMarked);
     return found == links.end() ? -1 : int(found - links.begin());
 }
@@ -339,12 +339,12 @@ int QcMultiLineText::MarkedLink() const
 /// then none is marked.
 bool QcMultiLineText::MarkLink(bool next)
 {
-    const QVector<QTextCursor> links = LinksOf(*m_document);
+    const QVector<TextLink> links = LinksOf(*m_document);
     const int marked = MarkedLink();
     const int index = next ? marked + 1 : (marked < 0 ? links.size() : marked) - 1;
     m_paintContext.selections.clear();
     if (index >= 0 && index < links.size())
-        m_paintContext.selections.append({links.at(index), QTextCharFormat()});
+        m_paintContext.selections.append({SelectionOf(*m_document, links.at(index)), QTextCharFormat()});
     update();
     if (QAccessible::isActive()) // later, since Qt announces the control behind the event that brings it the keyboard
         QMetaObject::invokeMethod(this, &QcMultiLineText::AnnounceMarkedLink, Qt::QueuedConnection);

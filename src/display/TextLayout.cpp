@@ -41,32 +41,39 @@ int CountLines(QTextDocument &document)
     return count;
 }
 
-QVector<QTextCursor> LinksOf(QTextDocument &document)
+QVector<TextLink> LinksOf(const QTextDocument &document)
 {
-    QVector<QTextCursor> links;
+    QVector<TextLink> links;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment fragment = it.fragment();
             const QString href = fragment.charFormat().anchorHref();
             if (href.isEmpty())
                 continue;
-            const bool goesOn = !links.isEmpty() && links.constLast().position() == fragment.position()
-                && links.constLast().charFormat().anchorHref() == href;
-            if (!goesOn) {
-                links.append(QTextCursor(&document));
-                links.last().setPosition(fragment.position());
-            }
-            links.last().setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            const int end = fragment.position() + fragment.length();
+            const bool goesOn = !links.isEmpty() && links.constLast().end == fragment.position() && links.constLast().href == href;
+            if (goesOn)
+                links.last().end = end;
+            else
+                links.append({fragment.position(), end, href});
         }
     }
     return links;
 }
 
-QRectF RectOf(const QTextDocument &document, const QTextCursor &link)
+QTextCursor SelectionOf(QTextDocument &document, const TextLink &link)
 {
-    const QTextBlock block = document.findBlock(link.selectionStart());
-    const int begin = link.selectionStart() - block.position();
-    const int end = link.selectionEnd() - block.position();
+    QTextCursor selection(&document);
+    selection.setPosition(link.begin);
+    selection.setPosition(link.end, QTextCursor::KeepAnchor);
+    return selection;
+}
+
+QRectF RectOf(const QTextDocument &document, const TextLink &link)
+{
+    const QTextBlock block = document.findBlock(link.begin);
+    const int begin = link.begin - block.position();
+    const int end = link.end - block.position();
     QRectF rect;
     for (int i = 0; i < block.layout()->lineCount(); ++i) {
         const QTextLine line = block.layout()->lineAt(i);

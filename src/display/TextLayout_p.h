@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRectF>
+#include <QString>
 #include <QTextCursor>
 #include <QVector>
 #include <QtGlobal>
@@ -24,10 +25,22 @@ void LayOut(QTextDocument &document, int width);
 /// How many lines \a document is laid out in.
 int CountLines(QTextDocument &document);
 
-/// The links of \a document in their order, each a selection.
-QVector<QTextCursor> LinksOf(QTextDocument &document);
+/// The characters of a document from begin to before end, which lead to one address. Lighter than a cursor, since a text may have
+/// thousands of links and who reads the screen asks for them again and again.
+struct TextLink
+{
+    int begin;
+    int end;
+    QString href;
+};
+
+/// The links of \a document in their order.
+QVector<TextLink> LinksOf(const QTextDocument &document);
+
+/// The characters of \a link, one of \a document's.
+QTextCursor SelectionOf(QTextDocument &document, const TextLink &link);
 
 /// Where \a link, one of \a document's, is drawn.
-QRectF RectOf(const QTextDocument &document, const QTextCursor &link);
+QRectF RectOf(const QTextDocument &document, const TextLink &link);
 
 } // namespace Velmora

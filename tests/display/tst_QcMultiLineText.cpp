@@ -17,6 +17,7 @@
 #include <QTextDocument>
 #include <QTextLayout>
 
+#include <ctime>
 #include <functional>
 
 using namespace Velmora;
@@ -837,6 +838,20 @@ private Q_SLOTS:
         second->actionInterface()->doAction(press);
         DrainEvents();
         QCOMPARE(presses.count(), 0);
+    }
+
+    void assistive_technology_looks_for_a_point_among_many_links_faster_than_they_are_set()
+    {
+        Shower shower(QSize(300, 40));
+        std::clock_t before = std::clock();
+        shower.text.setText(QStringLiteral("<a href='some'>a link</a> and ").repeated(1000));
+        const std::clock_t setting = std::clock() - before;
+        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&shower.text);
+        QCOMPARE(accessible->childCount(), 1000);
+        const QPoint beside = accessible->rect().topLeft() - QPoint(9, 9);
+        before = std::clock();
+        QCOMPARE(accessible->childAt(beside.x(), beside.y()), nullptr);
+        QVERIFY(std::clock() - before < setting);
     }
 
     void assistive_technology_hears_which_link_has_the_keyboard()

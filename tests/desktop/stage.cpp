@@ -4,6 +4,8 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcArrowTip.h>
 #include <Velmora/QcDialog.h>
+#include <Velmora/QcMenu.h>
+#include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
@@ -186,6 +188,74 @@ int ShowPanel()
     return QApplication::exec();
 }
 
+/// Tells of a menu where it has opened, and that it has closed.
+class MenuReporter : public QObject
+{
+public:
+    explicit MenuReporter(QMenu *menu)
+        : QObject(menu)
+        , m_menu(menu)
+    {
+        menu->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show)
+            QTimer::singleShot(0, this, [this] { SayPlace(); });
+        else if (event->type() == QEvent::Hide)
+            Say(m_menu->title() + QStringLiteral("-closed"));
+        return false;
+    }
+
+private:
+    void SayPlace()
+    {
+        const QRect place = m_menu->geometry();
+        Say(QStringLiteral("%1@%2,%3,%4,%5").arg(m_menu->title()).arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height()));
+    }
+
+    QMenu *m_menu;
+};
+
+QcMenu *MakeMenu(const QString &title, QWidget *parent)
+{
+    auto *menu = new QcMenu(title, parent);
+    new MenuReporter(menu); // the menu's child
+    QObject::connect(menu, &QMenu::triggered, menu, [](const QAction *action) { Say(QStringLiteral("chosen-") + action->text()); });
+    return menu;
+}
+
+/// A window with a button that has a menu: of three items, the last of which has a submenu, or of sixty.
+int ShowMenu(const QString &option)
+{
+    QcWindow window(nullptr);
+    window.setTitle(QStringLiteral("Stage"));
+    window.setWindowTitle(QStringLiteral("main window"));
+    QcMenu *menu = MakeMenu(QStringLiteral("menu"), &window);
+    if (option == QLatin1String("sixty")) {
+        for (int i = 1; i <= 60; ++i)
+            menu->addQcAction(QString::number(i));
+    } else {
+        menu->addQcAction(QStringLiteral("first"));
+        // As wide as a menu can be, and wider than it shows.
+        menu->addQcAction(QStringLiteral("A label as long as any that a menu may have to show"))
+            ->setShortcut(Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+        QcMenu *submenu = MakeMenu(QStringLiteral("submenu"), menu);
+        submenu->addQcAction(QStringLiteral("inner"));
+        menu->addQcMenu(submenu);
+    }
+    auto *button = new QcMenuTextButton;
+    button->setObjectName(QStringLiteral("opener"));
+    button->setText(QStringLiteral("Open"));
+    button->setMenu(menu);
+    auto *row = new QHBoxLayout(window.getContentFrame());
+    row->addWidget(button, 0, Qt::AlignCenter);
+    ShowAt(&window);
+    return QApplication::exec();
+}
+
 /// A window with a frame of the window manager, and another one centred on it.
 int ShowFramed()
 {
@@ -237,6 +307,8 @@ int main(int argc, char **argv)
         return ShowWindow(arguments.value(2));
     if (what == QLatin1String("dialog"))
         return ShowDialog(arguments.value(2));
+    if (what == QLatin1String("menu"))
+        return ShowMenu(arguments.value(2));
     if (what == QLatin1String("panel"))
         return ShowPanel();
     if (what == QLatin1String("framed"))

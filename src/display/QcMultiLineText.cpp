@@ -2,6 +2,7 @@
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "display/HtmlBomb_p.h"
 #include "display/MultiLineTextAccessible_p.h"
 #include "display/TextLayout_p.h"
 #include "theme/TokenPainting_p.h"
@@ -78,7 +79,7 @@ QcMultiLineText::~QcMultiLineText()
 void QcMultiLineText::setText(const QString &text)
 {
     const QPointer<QcMultiLineText> alive(this);
-    m_text = text;
+    m_text = IsHtmlBomb(text) ? text.toHtmlEscaped() : text;
     setTextToDocument(text);
     if (!alive)
         return;

@@ -6,8 +6,8 @@
 #include <Velmora/QcLineEditFrame.h>
 
 #include "core/InstallAccessible_p.h"
+#include "inputs/FramedEditAccessible_p.h"
 
-#include <QAccessibleWidget>
 #include <QPointer>
 #include <QTextLayout>
 #include <QValidator>
@@ -18,11 +18,11 @@ namespace {
 
 /// An editable line. Its text is what the screen shows; a password is never read, not even where the screen shows it for as long
 /// as somebody types.
-class LineEditAccessible : public QAccessibleWidget, public QAccessibleTextInterface, public QAccessibleEditableTextInterface
+class LineEditAccessible : public FramedEditAccessible, public QAccessibleTextInterface, public QAccessibleEditableTextInterface
 {
 public:
     explicit LineEditAccessible(QcLineEdit *edit)
-        : QAccessibleWidget(edit, QAccessible::EditableText)
+        : FramedEditAccessible(edit)
     {
         addControllingSignal(QStringLiteral("textChanged(const QString&)"));
         addControllingSignal(QStringLiteral("returnPressed()"));
@@ -40,10 +40,8 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         switch (kind) {
-        case QAccessible::Name: {
-            const QString name = OwnOrFrames(kind);
-            return name.isEmpty() ? Edit()->placeholderText() : name;
-        }
+        case QAccessible::Name:
+            return NameOr(Edit()->placeholderText());
         case QAccessible::Description:
             return Description();
         case QAccessible::Value:
@@ -149,14 +147,7 @@ public:
 
 private:
     QcLineEdit *Edit() const { return static_cast<QcLineEdit *>(widget()); }
-    QcLineEditFrame *Frame() const { return qobject_cast<QcLineEditFrame *>(Edit()->parentWidget()); }
-
-    /// The edit's own name (or buddy) or description, else that of its frame, which is all that a host sees.
-    QString OwnOrFrames(QAccessible::Text kind) const
-    {
-        const QString own = QAccessibleWidget::text(kind);
-        return own.isEmpty() && Frame() ? QAccessible::queryAccessibleInterface(Frame())->text(kind) : own;
-    }
+    QcLineEditFrame *Frame() const override { return qobject_cast<QcLineEditFrame *>(Edit()->parentWidget()); }
 
     /// The unit first, since it belongs to the value just read; then the warning, which is more urgent than any other description.
     QString Description() const

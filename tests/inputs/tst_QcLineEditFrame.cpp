@@ -91,14 +91,6 @@ QPoint TipPlace(const QcLineEditFrame &frame)
     return {origin.x() + frame.width() / 2 - tip->width() / 2, origin.y() - 8 - tip->height()};
 }
 
-/// True if each channel lies between those of \a one and \a other, or nearly so.
-bool IsBetween(const QColor &color, const QColor &one, const QColor &other)
-{
-    const auto fits = [](int value, int a, int b) { return qMin(a, b) - 2 <= value && value <= qMax(a, b) + 2; };
-    return fits(color.red(), one.red(), other.red()) && fits(color.green(), one.green(), other.green())
-        && fits(color.blue(), one.blue(), other.blue());
-}
-
 QObjectList described; // the objects whose changed description was announced
 
 void NoteDescription(QAccessibleEvent *event)

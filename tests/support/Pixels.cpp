@@ -59,6 +59,13 @@ bool Close(const QColor &a, const QColor &b, int tolerance)
         && std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
 }
 
+bool IsBetween(const QColor &color, const QColor &one, const QColor &other)
+{
+    const auto fits = [](int value, int a, int b) { return qMin(a, b) - 2 <= value && value <= qMax(a, b) + 2; };
+    return fits(color.red(), one.red(), other.red()) && fits(color.green(), one.green(), other.green())
+        && fits(color.blue(), one.blue(), other.blue());
+}
+
 QImage Part(const QImage &image, const QRectF &logical)
 {
     const qreal ratio = image.devicePixelRatio();

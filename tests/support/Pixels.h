@@ -35,6 +35,9 @@ QColor Over(const QColor &top, const QColor &bottom = Qt::white);
 /// True if no channel differs by more than \a tolerance of 255.
 bool Close(const QColor &a, const QColor &b, int tolerance = 2);
 
+/// True if each channel lies between those of \a one and \a other, or nearly so.
+bool IsBetween(const QColor &color, const QColor &one, const QColor &other);
+
 /// A logical rectangle of \a image.
 QImage Part(const QImage &image, const QRectF &logical);
 

@@ -27,7 +27,7 @@ namespace Velmora {
 /// Give it a name by QLabel::setBuddy() or setAccessibleName(). Wheel and keys are those of a combo box.
 ///
 /// A model, a root index or a model column set later is followed. A view set by the host is the host's in all: it has neither
-/// our scroll bar nor, as setItemDelegate() does in our view, our rows.
+/// our scroll bar nor our rows. A delegate set by the host paints all of a row, the tick too.
 ///
 /// Handlers of activated() and its kin delete the selector by deleteLater(): Qt goes on after them.
 class VELMORA_EXPORT QcSelector : public QComboBox

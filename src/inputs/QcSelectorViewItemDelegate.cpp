@@ -7,7 +7,6 @@
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
-#include <QAbstractItemView>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
@@ -24,18 +23,6 @@ QIcon IconOf(const QModelIndex &index)
 {
     const QVariant decoration = index.data(Qt::DecorationRole);
     return decoration.userType() == QMetaType::QPixmap ? QIcon(decoration.value<QPixmap>()) : decoration.value<QIcon>();
-}
-
-/// A list makes all rows as wide as its longest text. What of a row is out of view is not scrolled to, but elided.
-QRect VisibleRow(const QStyleOptionViewItem &option)
-{
-    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
-    if (!view)
-        return option.rect;
-    QRect row = option.rect;
-    row.setLeft(qMax(row.left(), 0));
-    row.setRight(qMin(row.right(), view->viewport()->width() - 1));
-    return row;
 }
 
 } // namespace
@@ -69,9 +56,8 @@ void QcSelectorViewItemDelegate::paint(QPainter *painter, const QStyleOptionView
     if (option.state & QStyle::State_MouseOver)
         painter->fillRect(option.rect, TokenColor(QStringLiteral("bg/bg_transluent_subtle_hover")));
 
-    const QRect row = VisibleRow(option);
-    const auto mirrored = [&](const QRect &place) { return QStyle::visualRect(option.direction, row, place); };
-    const int iconTop = row.top() + (row.height() - m_iconSize.height()) / 2;
+    const auto mirrored = [&option](const QRect &place) { return QStyle::visualRect(option.direction, option.rect, place); };
+    const int iconTop = option.rect.top() + (option.rect.height() - m_iconSize.height()) / 2;
     int textOffset = m_leftMargin + m_iconSize.width();
     if (index.row() == m_selector->currentIndex())
         PaintTick(*painter, mirrored(QRect(QPoint(m_leftMargin, iconTop), m_iconSize)));
@@ -81,7 +67,7 @@ void QcSelectorViewItemDelegate::paint(QPainter *painter, const QStyleOptionView
 
     if (m_selector->hasItemsWithIcons())
         textOffset += m_iconSize.width();
-    const QRect textPlace = row.adjusted(textOffset, 0, -m_rightMargin, 0);
+    const QRect textPlace = option.rect.adjusted(textOffset, 0, -m_rightMargin, 0);
     QFont font = QcStyleManager::GetDefaultFont();
     font.setPixelSize(kTextPixels);
     painter->setFont(font);

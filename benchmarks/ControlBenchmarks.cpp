@@ -1,5 +1,6 @@
 #include "WidgetBenchmarks.h"
 
+#include <Velmora/QCSlider.h>
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcDialog.h>
@@ -19,6 +20,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QToolButton>
 
 #include <utility>
@@ -36,7 +38,7 @@ struct Pair
     MakeControl ours;
     MakeControl plain;
     const char *sheet;          ///< the plain one's, with tokens in angle brackets
-    bool followsTheme = true;   ///< by itself; a radio button is painted anew with what lies behind it
+    bool followsTheme = true;   ///< by itself; a radio button or a slider is painted anew with what lies behind it
     bool followsOthers = false; ///< events of other widgets or of its window
 };
 
@@ -174,6 +176,15 @@ std::unique_ptr<QWidget> MakePlainLineEdit(int index)
     return frame;
 }
 
+template <typename Slider>
+std::unique_ptr<QWidget> MakeSlider(int index)
+{
+    auto slider = Make<Slider>(QSize(160, 24));
+    slider->setOrientation(Qt::Horizontal);
+    slider->setValue(index % 100);
+    return slider;
+}
+
 /// Two halves in a frame.
 std::unique_ptr<QWidget> MakePlainSplitTool(int index)
 {
@@ -192,6 +203,10 @@ std::unique_ptr<QWidget> MakePlainSplitTool(int index)
 constexpr const char *kToolSheet = "* { border: none; border-radius: 2px; background: transparent; }"
                                    "*:checked { background: <brand/brand>; }";
 constexpr const char *kTextButtonSheet = "* { border: none; border-radius: 4px; color: <text/text_primary>; }";
+constexpr const char *kSliderSheet = "*::groove { height: 4px; border-radius: 2px; background: <border/border_primary>; }"
+                                     "*::sub-page { height: 4px; border-radius: 2px; background: <brand/brand>; }"
+                                     "*::handle { width: 10px; margin: -4px 0; border-radius: 6px; border: 1px solid <bg/bg_box>;"
+                                     "            background: <brand/brand>; }";
 // The rules that a line edit with a frame of states needs, as our own has them.
 constexpr const char *kLineEditSheet =
     ".QFrame { border: 1px solid <border/border_primary>; border-radius: 2px; color: <text/text_primary>; }"
@@ -247,6 +262,7 @@ constexpr Pair kPairs[] = {
     {"combined_tool_button", MakeOurSplitTool<Velmora::QcCombinedToolButton>, MakePlainSplitTool, kToolSheet},
     {"menu_tool_button", MakeOurSplitTool<Velmora::QcMenuToolButton>, MakePlainTool<true>, kToolSheet},
     {"menu_text_button", MakeTextButton<Velmora::QcMenuTextButton>, MakeTextButton<QPushButton>, kTextButtonSheet},
+    {"slider", MakeSlider<Velmora::QCSlider>, MakeSlider<QSlider>, kSliderSheet, false},
     {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet, true, true},
     {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet, true, true},
     {"dialog", MakeTitled<Velmora::QcDialog>, MakePlainTitled<QDialog>, kWindowSheet},

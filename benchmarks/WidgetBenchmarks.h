@@ -25,5 +25,6 @@ void RegisterResize(const QString &name, int smallest, const SceneMaker &makeSce
 /// Register what each file measures.
 void RegisterButtonBenchmarks();
 void RegisterControlBenchmarks();
+void RegisterStackBenchmarks();
 
 } // namespace Bench

@@ -45,6 +45,9 @@ COMPARISONS = [
     ("1,000 buttons come and go", "ComeAndGoButton/velmora/1000", "ComeAndGoButton/plain/1000", None, "`QPushButton`"),
     ("1,000 frames come and go", "ComeAndGoFrame/velmora/1000", "ComeAndGoFrame/plain/1000", None, "`QFrame`"),
     ("1,000 labels come and go", "ComeAndGoLabel/velmora/1000", "ComeAndGoLabel/plain/1000", None, "`QLabel`"),
+    ("Resize a stack of 400 pages", "ResizeStack/velmora/400", "ResizeStack/plain/400", 1.1, "`QStackedWidget`"),
+    ("A text changes on one of 400 pages", "RelayOutPage/velmora/400", "RelayOutPage/plain/400", 1.0, "`QStackedWidget`"),
+    ("1,000 changes of the page", "SwitchPages/velmora/1000", "SwitchPages/plain/1000", 1.0, "`QStackedWidget`"),
     ("Make and delete 1,000 buttons", "MakeAndDeleteButton/velmora/1000", "MakeAndDeleteButton/plain/1000", None, "`QPushButton`"),
 ]
 
@@ -106,12 +109,13 @@ CONTROLS = [
     ("combined_tool_button", "combined tool button", "`QFrame` of two `QToolButton`"),
     ("menu_tool_button", "menu tool button", "`QToolButton` with an arrow"),
     ("menu_text_button", "menu text button", "`QPushButton`"),
+    ("slider", "slider", "`QSlider`"),
     ("line_edit", "line edit", "`QFrame` of `QLineEdit`, unit and button"),
     ("window", "window", "`QFrame` with a title row"),
     ("dialog", "dialog", "`QDialog` with a title row"),
 ]
-FOLLOW_NO_THEME = ["radio_button"]
-SHOW_AIMS = {"line_edit": 1.4, "combined_tool_button": 0.8}
+FOLLOW_NO_THEME = ["radio_button", "slider"]
+SHOW_AIMS = {"line_edit": 1.4, "slider": 1.0, "combined_tool_button": 0.8}
 SWITCH_AIMS = {"line_edit": 1.35, "combined_tool_button": 0.3}  # of all others 1
 CONTROLS_SMALLEST = 100
 

@@ -113,14 +113,6 @@ bool IsLike(const QImage &one, const QImage &other)
     return true;
 }
 
-/// True if each channel lies between those of \a one and \a other, or nearly so.
-bool IsBetween(const QColor &color, const QColor &one, const QColor &other)
-{
-    const auto fits = [](int value, int a, int b) { return qMin(a, b) - 2 <= value && value <= qMax(a, b) + 2; };
-    return fits(color.red(), one.red(), other.red()) && fits(color.green(), one.green(), other.green())
-        && fits(color.blue(), one.blue(), other.blue());
-}
-
 /// Collects what of a widget is repainted.
 class PaintedRegion : public QObject
 {

@@ -23,7 +23,7 @@ bool MayBeSlow(const QElapsedTimer &timer)
 #ifdef Q_OS_LINUX
     timespec now = {};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now); // the timer's clock at the last tick, some milliseconds ago
-    const qint64 atLeast = now.tv_sec * 1000 + now.tv_nsec / 1'000'000 - timer.msecsSinceReference();
+    const qint64 atLeast = qint64(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000 - timer.msecsSinceReference();
     return atLeast > kSlowTaskMs / 2;
 #else
     Q_UNUSED(timer)

@@ -3,11 +3,11 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "core/InstallAccessible_p.h"
+#include "display/NamedByText_p.h"
 #include "display/TextLayout_p.h"
 #include "display/Unobtrusive_p.h"
 #include "theme/TokenPainting_p.h"
 
-#include <QAccessibleWidget>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -22,21 +22,12 @@ namespace {
 
 const QString kBubbleColor = QStringLiteral("base/neutral/neutral_invert");
 
-/// A tool tip whose name is its text. A name set by the host comes first.
-class TipAccessible : public QAccessibleWidget
+class TipAccessible : public NamedByText
 {
 public:
     explicit TipAccessible(QcArrowTip *tip)
-        : QAccessibleWidget(tip, QAccessible::ToolTip)
+        : NamedByText(tip, QAccessible::ToolTip)
     {
-    }
-
-    QString text(QAccessible::Text kind) const override
-    {
-        auto *content = widget()->findChild<QcMultiLineText *>();
-        if (kind != QAccessible::Name || !widget()->accessibleName().isEmpty() || !content)
-            return QAccessibleWidget::text(kind);
-        return QAccessible::queryAccessibleInterface(content)->text(kind);
     }
 };
 

@@ -25,6 +25,8 @@ namespace Velmora {
 
 namespace {
 
+constexpr qreal kGreatestHeight = QWIDGETSIZE_MAX / 2; // which leaves room to what the text lies in
+
 /// Writes \a html into the empty \a document.
 void InsertText(QTextDocument &document, const QString &html)
 {
@@ -165,7 +167,7 @@ void QcMultiLineText::onUpdateHeight()
 {
     const QPointer<QcMultiLineText> alive(this);
     ++m_heightUpdates;
-    setFixedHeight(int(m_document->size().height()));
+    setFixedHeight(int(qMin(m_document->size().height(), kGreatestHeight)));
     if (alive)
         Q_EMIT signalHeightChanged();
     if (alive)

@@ -116,7 +116,7 @@ void QcArrowTip::setText(const QString &text)
 
 void QcArrowTip::setMaxWidth(int width)
 {
-    m_maxWidth = width;
+    m_maxWidth = qMax(0, width);
     if (m_textControl)
         adjustWidth();
 }
@@ -166,7 +166,7 @@ void QcArrowTip::adjustWidth()
     const bool mayFit = MayFit(*document, available * qint64(4)); // marks may take no pixel of their own
     const int ideal = mayFit ? int(UnwrappedWidth(*document)) : available;
     // A long text takes the maximum itself: its tip is wider by the margins.
-    m_textControl->setFixedWidth(qBound(0, ideal < available ? ideal : m_maxWidth, QWIDGETSIZE_MAX));
+    m_textControl->setFixedWidth(qMin(ideal < available ? ideal : m_maxWidth, QWIDGETSIZE_MAX));
     if (!alive)
         return;
     LayOut(*document, m_textControl->width()); // which may be that of the last text

@@ -556,7 +556,7 @@ private Q_SLOTS:
     {
         Stage stage;
         QcArrowTip &tip = stage.tip;
-        for (const int width : {-1000, 0, 1, 28, 29, 16777215, INT_MAX}) {
+        for (const int width : {INT_MIN, -1000, 0, 1, 28, 29, 16777215, INT_MAX}) {
             tip.setMaxWidth(width);
             tip.setText(QStringLiteral("<table><td>one <b>two <i>three</b><a href=\""));
             QVERIFY(SizeOf(tip).width() >= 28);

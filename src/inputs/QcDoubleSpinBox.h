@@ -15,7 +15,8 @@ class VELMORA_EXPORT QcDoubleSpinBox : public QDoubleSpinBox
     Q_PROPERTY(double stepSize READ singleStep DESIGNABLE false STORED false)
 
 public:
-    /// Looks like any QDoubleSpinBox until bSetBorder().
+    /// Looks like any QDoubleSpinBox until bSetBorder(). A palette that the application gets later does not reach it: Qt lets a spin box
+    /// under a stylesheet of the application keep the one it has.
     explicit QcDoubleSpinBox(QWidget *parent = nullptr);
 
     /// Puts on the theme's look. It has a border; \a isBordered says whether the border stays, on a filled ground, while the spin box

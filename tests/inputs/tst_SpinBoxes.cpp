@@ -157,6 +157,19 @@ private Q_SLOTS:
         QVERIFY(grab(box) != grab(plain));
     }
 
+    void one_without_theme_colours_keeps_the_palette_that_it_was_made_under()
+    {
+        const QPalette before = QApplication::palette();
+        const QcDoubleSpinBox *old = Make<QcDoubleSpinBox>();
+        QPalette dark = before;
+        dark.setColor(QPalette::Base, Qt::black);
+        QApplication::setPalette(dark);
+        const QcDoubleSpinBox *young = Make<QcDoubleSpinBox>();
+        QCOMPARE(old->palette().color(QPalette::Base), before.color(QPalette::Base));
+        QCOMPARE(young->palette().color(QPalette::Base), QColor(Qt::black));
+        QApplication::setPalette(before);
+    }
+
     void a_bordered_double_spin_box_keeps_its_border_while_disabled()
     {
         QcDoubleSpinBox *box = Make<QcDoubleSpinBox>();

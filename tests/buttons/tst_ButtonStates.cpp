@@ -250,6 +250,20 @@ private Q_SLOTS:
         QVERIFY(Shows(kHover));
     }
 
+    void a_tip_that_goes_leaves_the_press_data() { AddKinds(kArrowKind); }
+    void a_tip_that_goes_leaves_the_press()
+    {
+        MakeButton();
+        QWidget tip(nullptr, Qt::Tool); // it takes no mouse, so the button hears of its own release
+        tip.setAttribute(Qt::WA_ShowWithoutActivating);
+        tip.setGeometry(400, 400, 20, 20);
+        MoveCursorOver(*m_button);
+        tip.show();
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, Centre());
+        tip.hide();
+        QVERIFY(Shows(kPressed));
+    }
+
     void a_press_after_the_menu_is_a_press_again_data() { AddKinds(kArrowKind); }
     void a_press_after_the_menu_is_a_press_again()
     {

@@ -9,11 +9,14 @@
 #include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcRadioButton.h>
+#include <Velmora/QcSelector.h>
 #include <Velmora/QcSwitchButton.h>
 #include <Velmora/QcToolButton.h>
 #include <Velmora/QcWindow.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -185,6 +188,23 @@ std::unique_ptr<QWidget> MakeSlider(int index)
     return slider;
 }
 
+void MakePopup(Velmora::QcSelector & /*selector*/) {} // has made it
+void MakePopup(QComboBox &box)
+{
+    box.view();
+}
+
+template <typename Box>
+std::unique_ptr<QWidget> MakeSelector(int index)
+{
+    auto box = Make<Box>(QSize(160, 28));
+    MakePopup(*box);
+    for (int i = 0; i < 5; ++i)
+        box->addItem(QStringLiteral("Item %1").arg(i));
+    box->setCurrentIndex(index % 5);
+    return box;
+}
+
 /// Two halves in a frame.
 std::unique_ptr<QWidget> MakePlainSplitTool(int index)
 {
@@ -207,6 +227,12 @@ constexpr const char *kSliderSheet = "*::groove { height: 4px; border-radius: 2p
                                      "*::sub-page { height: 4px; border-radius: 2px; background: <brand/brand>; }"
                                      "*::handle { width: 10px; margin: -4px 0; border-radius: 6px; border: 1px solid <bg/bg_box>;"
                                      "            background: <brand/brand>; }";
+constexpr const char *kSelectorSheet =
+    "* { border: 1px solid <border/border_primary>; border-radius: 3px; padding-left: 8px; font-size: 12px; color: <text/text_primary>; }"
+    "*:hover, *:focus { border-color: <brand/brand>; }"
+    "*:disabled { border-color: <border/border_primary>; background: <bg/bg_box>; }"
+    "*::drop-down { width: 24px; }"
+    "* QAbstractItemView { border: 1px solid <border/border_primary>; background: <bg/bg_box>; }";
 // The rules that a line edit with a frame of states needs, as our own has them.
 constexpr const char *kLineEditSheet =
     ".QFrame { border: 1px solid <border/border_primary>; border-radius: 2px; color: <text/text_primary>; }"
@@ -263,6 +289,7 @@ constexpr Pair kPairs[] = {
     {"menu_tool_button", MakeOurSplitTool<Velmora::QcMenuToolButton>, MakePlainTool<true>, kToolSheet},
     {"menu_text_button", MakeTextButton<Velmora::QcMenuTextButton>, MakeTextButton<QPushButton>, kTextButtonSheet},
     {"slider", MakeSlider<Velmora::QCSlider>, MakeSlider<QSlider>, kSliderSheet, false},
+    {"selector", MakeSelector<Velmora::QcSelector>, MakeSelector<QComboBox>, kSelectorSheet},
     {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet, true, true},
     {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet, true, true},
     {"dialog", MakeTitled<Velmora::QcDialog>, MakePlainTitled<QDialog>, kWindowSheet},

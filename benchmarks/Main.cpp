@@ -27,6 +27,7 @@ int main(int argc, char **argv)
 
     Bench::RegisterButtonBenchmarks();
     Bench::RegisterControlBenchmarks();
+    Bench::RegisterSelectorBenchmarks();
     Bench::RegisterStackBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

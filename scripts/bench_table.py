@@ -48,6 +48,8 @@ COMPARISONS = [
     ("Resize a stack of 400 pages", "ResizeStack/velmora/400", "ResizeStack/plain/400", 1.1, "`QStackedWidget`"),
     ("A text changes on one of 400 pages", "RelayOutPage/velmora/400", "RelayOutPage/plain/400", 1.0, "`QStackedWidget`"),
     ("1,000 changes of the page", "SwitchPages/velmora/1000", "SwitchPages/plain/1000", 1.0, "`QStackedWidget`"),
+    ("3,000 items, one by one", "AddItems/velmora/3000", "AddItems/plain/3000", 2.0, "`QComboBox`"),
+    ("Open a list of 10,000 items", "OpenList/velmora/10000", "OpenList/plain/10000", 1.0, "`QComboBox`"),
     ("Make and delete 1,000 buttons", "MakeAndDeleteButton/velmora/1000", "MakeAndDeleteButton/plain/1000", None, "`QPushButton`"),
 ]
 
@@ -81,6 +83,7 @@ GROWTHS = [
     ("buttons come and go", "ComeAndGoButton/velmora", "ComeAndGoButton/plain", 250),
     ("frames come and go", "ComeAndGoFrame/velmora", "ComeAndGoFrame/plain", 250),
     ("labels come and go", "ComeAndGoLabel/velmora", "ComeAndGoLabel/plain", 250),
+    ("items, one by one", "AddItems/velmora", "AddItems/plain", 750),
     ("make and delete buttons", "MakeAndDeleteButton/velmora", "MakeAndDeleteButton/plain", 250),
 ]
 GROWTH_AIM = 18.0
@@ -110,12 +113,13 @@ CONTROLS = [
     ("menu_tool_button", "menu tool button", "`QToolButton` with an arrow"),
     ("menu_text_button", "menu text button", "`QPushButton`"),
     ("slider", "slider", "`QSlider`"),
+    ("selector", "selector", "`QComboBox`"),
     ("line_edit", "line edit", "`QFrame` of `QLineEdit`, unit and button"),
     ("window", "window", "`QFrame` with a title row"),
     ("dialog", "dialog", "`QDialog` with a title row"),
 ]
 FOLLOW_NO_THEME = ["radio_button", "slider"]
-SHOW_AIMS = {"line_edit": 1.4, "slider": 1.0, "combined_tool_button": 0.8}
+SHOW_AIMS = {"line_edit": 1.4, "selector": 2.0, "slider": 1.0, "combined_tool_button": 0.8}
 SWITCH_AIMS = {"line_edit": 1.35, "combined_tool_button": 0.3}  # of all others 1
 CONTROLS_SMALLEST = 100
 

@@ -9,9 +9,11 @@
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
+#include <Velmora/QcToastManager.h>
 #include <Velmora/QcWindow.h>
 
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTextStream>
 #include <QTimer>
@@ -294,6 +296,35 @@ int ShowSelector()
     return QApplication::exec();
 }
 
+/// A window with a field that tells what is typed into it. Once that has the keyboard a toast covers it, inside of the window or apart.
+int ShowToast(const QString &option)
+{
+    QcWindow window(nullptr);
+    window.setTitle(QStringLiteral("Stage"));
+    window.setWindowTitle(QStringLiteral("main window"));
+    auto *field = new QLineEdit(window.getContentFrame());
+    field->setObjectName(QStringLiteral("field"));
+    field->setGeometry(60, 30, 200, 24);
+    field->setFocus();
+    QObject::connect(field, &QLineEdit::textChanged, field, [](const QString &text) { Say(QStringLiteral("typed-") + text); });
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &window, [&] {
+        if (!field->hasFocus() || !window.isActiveWindow())
+            return;
+        timer.stop();
+        QcToast::Params params;
+        params.text = QStringLiteral("Saved");
+        params.duration = 600000;
+        QcToastManager::getInstance()->showToast(params, &window, option == QLatin1String("apart"));
+        auto *toast = window.findChild<QcToast *>();
+        toast->setObjectName(QStringLiteral("toast"));
+        QObject::connect(toast, &QObject::destroyed, [] { Say(QStringLiteral("gone")); });
+    });
+    timer.start(10);
+    ShowAt(&window);
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -315,5 +346,7 @@ int main(int argc, char **argv)
         return ShowFramed();
     if (what == QLatin1String("selector"))
         return ShowSelector();
+    if (what == QLatin1String("toast"))
+        return ShowToast(arguments.value(2));
     return 1;
 }

@@ -352,6 +352,29 @@ class WindowsTest(unittest.TestCase):
         self.desktop.drag(stage.inside(200, 60), (20, 20)) # nothing has kept the mouse
         self.assertEqual(stage.geometry, before)
 
+    def test_a_toast_leaves_the_keyboard_with_who_types(self):
+        def place(stage, option):
+            if option == "inside":
+                left, top, width, height = stage.widgets.get("toast", (0, 0, 0, 0))
+                x, y, _, _ = stage.geometry
+                return width and (x + left, y + top, width, height)
+            others = [window for window in self.desktop.windows_of(stage.process) if window != stage.window]
+            return others and self.desktop.geometry(others[0])
+
+        for option in ("inside", "apart"):
+            with self.subTest(option=option):
+                stage = self.show("toast", option)
+                left, top, width, _ = wait_for(lambda: place(stage, option), "the toast")
+                wait_for(lambda: self.desktop.pixel(left + 6, top + 6) == token("bg/bg_float"), "the toast in full")
+                self.desktop.type("ab")
+                wait_for(lambda: "typed-ab" in stage.said, "what was typed under the toast")
+                self.assertEqual(self.desktop.active_window(), stage.window)
+                self.desktop.click(left + width - 17, top + 22)
+                wait_for(lambda: "gone" in stage.said, "the toast to close by its button")
+                self.desktop.type("c")
+                wait_for(lambda: "typed-abc" in stage.said, "what was typed after it")
+                self.finish(stage)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,6 +1,7 @@
 #include "menus/MenuIcon_p.h"
 
-#include <QAction>
+#include <Velmora/QcAction.h>
+
 #include <QMenu>
 #include <QStyleOptionMenuItem>
 #include <QVariant>
@@ -12,6 +13,14 @@ namespace {
 QString TextOf(const QObject &object, const char *property)
 {
     return object.property(property).toString();
+}
+
+/// False if \a action has no properties but those of its class. To ask for one by its name is slow, and slowest where there is none.
+bool HasProperties(const QAction &action)
+{
+    const QMetaObject *type = action.metaObject();
+    const bool isOfKnownClass = type == &QcAction::staticMetaObject || type == &QAction::staticMetaObject;
+    return !isOfKnownClass || !action.dynamicPropertyNames().isEmpty();
 }
 
 /// A submenu's icon is its own; what that leaves open is its action's.
@@ -38,11 +47,13 @@ bool HasIcons(const QWidget *widget)
     const auto *menu = qobject_cast<const QMenu *>(widget);
     if (!menu)
         return false;
-    // Each item of a menu asks for all actions, so that the cheap question comes first and each property is read once. No answer can be
+    // Each item of a menu asks for all actions, so that the cheap questions come first and each property is read once. No answer can be
     // kept: nobody tells of a changed property.
     const QList<QAction *> actions = menu->actions();
     for (const QAction *action : actions) {
-        if ((action->isCheckable() && action->isChecked()) || !TextOf(*action, kIconPath).isEmpty())
+        if (action->isCheckable() && action->isChecked())
+            return true;
+        if (HasProperties(*action) && !TextOf(*action, kIconPath).isEmpty())
             return true;
     }
     return false;

@@ -28,6 +28,7 @@ constexpr int kMaximumWidth = 250;
 constexpr int kItemHeight = 28;
 constexpr int kSeparatorHeight = 8;
 constexpr int kSeparatorMargin = 7;
+constexpr int kTextSlack = 4; // room beside a label
 constexpr int kArrowSize = 24;
 constexpr int kPanelRadius = 3;
 constexpr int kShadowWidth = 3;
@@ -96,7 +97,7 @@ struct ItemWidths
     ItemWidths(const ItemText &text, bool isSubMenu, bool hasIconColumn, const QFontMetrics &metrics)
         : iconWidth(hasIconColumn ? kMenuIconSize : 0)
         , iconSpacing(hasIconColumn ? -8 : 0)
-        , textWidth(metrics.horizontalAdvance(text.label) + 4)
+        , textWidth(metrics.horizontalAdvance(text.label) + kTextSlack)
     {
         if (!text.shortcut.isEmpty()) {
             rightWidth = metrics.horizontalAdvance(text.shortcut);
@@ -292,8 +293,9 @@ void QcMenuStyle::PaintItem(const QStyleOptionMenuItem &option, QPainter &painte
     };
     const int left = rect.left() + widths.LabelLeft();
     const int labelWidth = std::max(0, rect.right() - widths.rightMargin - widths.rightWidth - widths.rightSpacing - left);
+    const bool labelFits = widths.textWidth - kTextSlack < labelWidth; // eliding would lay the text out once more
     drawText(QRect(left, rect.top(), labelWidth, rect.height()), Qt::AlignLeft | Qt::AlignVCenter,
-             metrics.elidedText(text.label, Qt::ElideRight, labelWidth));
+             labelFits ? text.label : metrics.elidedText(text.label, Qt::ElideRight, labelWidth));
 
     const int rightEnd = rect.right() + 1 - widths.rightSpacing;
     if (!text.shortcut.isEmpty()) {

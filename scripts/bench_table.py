@@ -51,6 +51,10 @@ COMPARISONS = [
     ("3,000 items, one by one", "AddItems/velmora/3000", "AddItems/plain/3000", 2.0, "`QComboBox`"),
     ("Open a list of 10,000 items", "OpenList/velmora/10000", "OpenList/plain/10000", 1.0, "`QComboBox`"),
     ("Make and delete 1,000 buttons", "MakeAndDeleteButton/velmora/1000", "MakeAndDeleteButton/plain/1000", None, "`QPushButton`"),
+    ("Open a menu of 10 items", "OpenMenu/velmora/10", "OpenMenu/plain/10", 1.0, "`QMenu` with a stylesheet"),
+    ("Open a menu of 100 items", "OpenMenu/velmora/100", "OpenMenu/plain/100", 1.0, "`QMenu` with a stylesheet"),
+    ("Open a menu of 1,000 items", "OpenMenu/velmora/1000", "OpenMenu/plain/1000", 3.0, "`QMenu` with a stylesheet"),
+    ("Paint a menu of 20 items", "PaintMenu/velmora", "PaintMenu/plain", 1.0, "`QMenu` with a stylesheet"),
 ]
 
 # Metric, repeated request (figure, requests in it), first request.

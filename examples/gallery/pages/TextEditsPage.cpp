@@ -40,15 +40,17 @@ private:
 
     void AddForm()
     {
-        Card *card =
-            AddSection(QStringLiteral("Remarks"),
-                       QStringLiteral("Type or paste more than fits: the rest is dropped at once. Tab types a tab, Shift+Tab leaves."));
+        Card *card = AddSection(
+            QStringLiteral("Remarks"),
+            QStringLiteral(
+                "Type or paste more than fits: the rest is dropped at once. Tab leaves, as the page asks; otherwise it types a tab."));
         auto *grid = new QGridLayout;
         grid->setHorizontalSpacing(3 * kGrid);
         grid->setVerticalSpacing(kGrid);
         card->Body()->addLayout(grid);
 
         auto *remarks = new QcTextEditFrame;
+        remarks->getTextEdit()->setTabChangesFocus(true);
         remarks->setMaxLength(120);
         remarks->setPlaceholderText(QStringLiteral("What the driver has to know"));
         Put(*grid, 0, QStringLiteral("QcTextEditFrame, 120 characters"), remarks);
@@ -58,6 +60,7 @@ private:
         connect(remarks, &QcTextEditFrame::signalFocusOut, this, [this] { m_answer->setText(QStringLiteral("signalFocusOut")); });
 
         auto *label = new QcTextEditLimiter;
+        label->textEdit()->setTabChangesFocus(true);
         label->setMaxNum(400);
         label->setPlaceholderText(QStringLiteral("What is printed on the label"));
         label->setText(kLong);

@@ -59,10 +59,6 @@ public:
     QcToolButton *Main() const { return Half(0); }
     QcToolButton *Arrow() const { return Half(1); }
 
-    std::function<void(HostButton &)> fill;
-    int fills = 0;
-
-protected:
     void UpdateUiParams() override
     {
         ++fills;
@@ -70,6 +66,9 @@ protected:
         if (fill)
             fill(*this);
     }
+
+    std::function<void(HostButton &)> fill;
+    int fills = 0;
 };
 
 /// What has been painted of a widget, a rectangle for each time.
@@ -418,6 +417,7 @@ private Q_SLOTS:
         QTest::newRow("radius") << 3 << 1;
         QTest::newRow("current action") << 4 << 1;
         QTest::newRow("no current action") << 5 << 0;
+        QTest::newRow("tables") << 6 << 1;
     }
 
     void setters_repaint()
@@ -432,6 +432,7 @@ private Q_SLOTS:
             [this] { m_button->SetBorderRadius(2); },
             [&] { m_button->SetCurrentAction(&action); },
             [this] { m_button->SetCurrentAction(nullptr); },
+            [this] { m_button->UpdateUiParams(); }, // as a host's class may do at any time
         };
         EventCounter paints(*m_button, QEvent::Paint);
         setters[setter]();

@@ -48,8 +48,8 @@ public:
     /// its next change, and counts below zero.
     void setMaxLength(int max);
     int getMaxLength() const;
-    /// Sets the text. What looks like HTML is read as such: hand in text of strangers through QString::toHtmlEscaped(), or use
-    /// `getTextEdit()->setPlainText()`. HTML too costly to lay out is not read (see QcMultiLineText::setText()).
+    /// Sets the text. What looks like HTML is read as such: text of strangers goes in by `getTextEdit()->setPlainText()`, and no longer
+    /// than the maximum. HTML too costly to lay out is not read (see QcMultiLineText::setText()).
     void setText(const QString &text);
     void clear();
     /// The text without its formats.

@@ -49,8 +49,8 @@ public:
     /// What an empty field shows, in place of the text "PleaseEnterMsg" that is translated in the context `Velmora::QcTextEditLimiter`.
     /// The host's translation gives that its words. It shows in the colour of text.
     void setPlaceholderText(const QString &text);
-    /// Sets the text. What looks like HTML is read as such: hand in text of strangers through QString::toHtmlEscaped(), or use
-    /// `textEdit()->setPlainText()`. HTML too costly to lay out is not read (see QcMultiLineText::setText()).
+    /// Sets the text. What looks like HTML is read as such: text of strangers goes in by `textEdit()->setPlainText()`. HTML too costly
+    /// to lay out is not read (see QcMultiLineText::setText()).
     void setText(const QString &text);
 
     /// The edit itself, owned by the frame.

@@ -39,10 +39,19 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::FocusOut)
-            static_cast<QTextEdit *>(watched)->setPlainText(QStringLiteral("last words"));
+        if (event->type() == QEvent::FocusOut) {
+            auto *edit = static_cast<QTextEdit *>(watched);
+            edit->setPlainText(QStringLiteral("last words"));
+            m_left = edit->toPlainText();
+        }
         return false;
     }
+
+    /// What was left of them.
+    QString Left() const { return m_left; }
+
+private:
+    QString m_left;
 };
 
 /// The base of the tests of framed text edits: one of 200 by 100 pixels, and another field that could take its keyboard.
@@ -52,9 +61,10 @@ class TextEditTest : public ControlTest<Frame>
 protected:
     void Prepare() override
     {
+        delete this->m_control;
         m_first = new QTextEdit(this->m_window.get());
         m_first->setGeometry(10, 130, 100, 40);
-        QWidget::setTabOrder(m_first, this->m_control);
+        this->m_control = new Frame(this->m_window.get()); // behind the other in all orders
         this->m_control->setGeometry(10, 10, 200, 100);
     }
 

@@ -473,6 +473,7 @@ private Q_SLOTS:
         QSignalSpy losses(m_control, &QcTextEditFrame::signalFocusOut);
         const LastWords lastWords(*Edit());
         delete std::exchange(m_control, nullptr);
+        QCOMPARE(lastWords.Left(), QStringLiteral("last words")); // which nobody cut
         QCOMPARE(changes.count(), 0);
         QCOMPARE(losses.count(), 0);
         DrainEvents();

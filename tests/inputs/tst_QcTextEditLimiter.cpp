@@ -526,6 +526,7 @@ private Q_SLOTS:
         QSignalSpy losses(m_control, &QcTextEditLimiter::SignalFousOut);
         const LastWords lastWords(*Edit());
         delete std::exchange(m_control, nullptr);
+        QCOMPARE(lastWords.Left(), QStringLiteral("last words")); // which nobody cut
         QCOMPARE(losses.count(), 0);
         DrainEvents();
     }

@@ -77,7 +77,12 @@ public:
     // --- Text ---
 
     int characterCount() const override { return ReadableText().size(); }
-    QString text(int start, int end) const override { return ReadableText().mid(start, end - start); }
+    QString text(int start, int end) const override
+    {
+        const QString text = ReadableText();
+        Bound(start, end, text);
+        return text.mid(start, end - start);
+    }
     int cursorPosition() const override { return Edit()->cursorPosition(); }
     void setCursorPosition(int position) override { Edit()->setCursorPosition(position); }
     void scrollToSubstring(int start, int end) override
@@ -102,8 +107,10 @@ public:
     }
     void setSelection(int index, int start, int end) override
     {
-        if (index == 0)
-            Edit()->setSelection(start, end - start);
+        if (index != 0)
+            return;
+        Bound(start, end, Edit()->text());
+        Edit()->setSelection(start, end - start);
     }
 
     QRect characterRect(int offset) const override
@@ -140,14 +147,20 @@ public:
     void replaceText(int start, int end, const QString &text) override
     {
         const QString old = Edit()->text();
-        start = qBound(0, start, old.size());
-        end = qBound(start, end, old.size());
+        Bound(start, end, old);
         setText(QAccessible::Value, old.left(start) + text + old.mid(end));
     }
 
 private:
     QcLineEdit *Edit() const { return static_cast<QcLineEdit *>(widget()); }
     QcLineEditFrame *Frame() const override { return qobject_cast<QcLineEditFrame *>(Edit()->parentWidget()); }
+
+    /// Makes a part of \a text of whatever numbers a client asks for.
+    static void Bound(int &start, int &end, const QString &text)
+    {
+        start = qBound(0, start, text.size());
+        end = qBound(start, end, text.size());
+    }
 
     /// The unit first, since it belongs to the value just read; then the warning, which is more urgent than any other description.
     QString Description() const

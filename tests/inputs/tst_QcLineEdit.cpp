@@ -17,6 +17,8 @@ using namespace VelmoraTest;
 
 Q_DECLARE_METATYPE(QLineEdit::EchoMode)
 
+#include <limits>
+
 class TestQcLineEdit : public TestCase
 {
     Q_OBJECT
@@ -114,6 +116,23 @@ private Q_SLOTS:
         text->setCursorPosition(1);
         QCOMPARE(m_edit->cursorPosition(), 1);
         QCOMPARE(text->attributes(0, &start, &end), QString());
+    }
+
+    void a_part_out_of_range_is_that_which_there_is()
+    {
+        constexpr int kMax = std::numeric_limits<int>::max();
+        constexpr int kMin = std::numeric_limits<int>::min();
+        m_edit->setText(QStringLiteral("one two"));
+        QAccessibleTextInterface *text = Described()->textInterface();
+        QCOMPARE(text->text(kMin, kMax), QStringLiteral("one two"));
+        QCOMPARE(text->text(kMax, kMin), QString());
+        QCOMPARE(text->text(3, 1), QString());
+        text->setSelection(0, kMin, 3);
+        QCOMPARE(m_edit->selectedText(), QStringLiteral("one"));
+        text->setSelection(0, 4, kMax);
+        QCOMPARE(m_edit->selectedText(), QStringLiteral("two"));
+        text->setSelection(0, kMax, kMin);
+        QVERIFY(!m_edit->hasSelectedText());
     }
 
     void a_password_is_not_read_data()

@@ -18,6 +18,8 @@
 using namespace Velmora;
 using namespace VelmoraTest;
 
+#include <limits>
+
 namespace {
 
 const QRect kPanel(10, 10, 580, 380);
@@ -613,6 +615,17 @@ private Q_SLOTS:
         QVERIFY(compared > 10000);
         // A radius leaves a notch between the round shadow and the square panel, and covers none of the panel.
         COMPARE_COLOR(PixelAt(image, QPointF(11, 11)), QColor(Qt::red));
+    }
+
+    void an_extreme_radius_still_paints_the_panel()
+    {
+        QcDialog dialog(nullptr);
+        dialog.setTitleBarVisible(false);
+        dialog.setBackgroundColorParams(QStringLiteral("#FF0000"));
+        for (const int radius : {std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+            dialog.setBorderRadius(radius); // which a sanitizer finds where it is computed with
+            COMPARE_COLOR(PixelAt(Render(dialog), QPointF(300, 200)), QColor(Qt::red));
+        }
     }
 
     void a_part_repainted_looks_as_before_data()

@@ -1,5 +1,6 @@
 #include "menus/QcMenuStyle_p.h"
 
+#include "display/OneLine_p.h"
 #include "display/TextStyles_p.h"
 #include "menus/MenuIcon_p.h"
 #include "theme/ThemedPixmap_p.h"
@@ -32,8 +33,6 @@ constexpr int kTextSlack = 4; // room beside a label
 constexpr int kArrowSize = 24;
 constexpr int kPanelRadius = 3;
 constexpr int kShadowWidth = 3;
-/// No more of a text fits into an item: measuring and eliding a megabyte takes a tenth of a second.
-constexpr int kShownCharacters = 4096;
 
 // --- Texts ---
 
@@ -43,17 +42,6 @@ QFont ItemFont()
     QFont font = TextStyleOf(QcLabel::Body)->font;
     font.resolve(QFont::AllPropertiesResolved);
     return font;
-}
-
-/// \a text on one line, and no more of it than can be seen.
-QString OneLine(const QStringRef &text)
-{
-    QString line = text.left(kShownCharacters).toString();
-    for (QChar &character : line) {
-        if (character == QLatin1Char('\n') || character == QChar::LineSeparator || character == QChar::ParagraphSeparator)
-            character = QLatin1Char(' ');
-    }
-    return line;
 }
 
 /// The texts of an item, which Qt hands over as one: the label, a tab, and the shortcut.

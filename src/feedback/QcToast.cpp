@@ -190,7 +190,6 @@ void QcToast::setText(const QString &text)
 
 void QcToast::onUpdateHeight()
 {
-    ensurePolished();                      // before the first show: the stylesheet's border is part of the size
     m_contentWidget->layout()->activate(); // first, since the other one asks it for the height
     layout()->activate();
     Q_EMIT signalHeightChanged();

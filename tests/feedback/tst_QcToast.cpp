@@ -158,6 +158,20 @@ private Q_SLOTS:
         QCOMPARE(params.type, QcToast::Information);
     }
 
+    void the_icon_that_shows_is_not_read_again()
+    {
+        m_toast->setType(QcToast::Warning);
+        m_toast->showToast(false);
+        DrainEvents();
+        EventCounter paints(*m_toast->findChild<QSvgWidget *>(), QEvent::Paint);
+        m_toast->setType(QcToast::Warning);
+        DrainEvents();
+        QCOMPARE(paints.Take(), 0);
+        m_toast->setType(QcToast::Error);
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
+    }
+
     void the_record_is_copied_in_and_out()
     {
         QcToast::Params told;
@@ -202,8 +216,8 @@ private Q_SLOTS:
 
     void it_has_its_width_before_it_shows()
     {
-        m_toast->setText(QStringLiteral("Saved"));
-        QCOMPARE(m_toast->width(), 322);
+        const QcToast fresh(m_window.get());
+        QCOMPARE(fresh.width(), 322);
     }
 
     void text_and_record_are_told_of_with_the_height()

@@ -10,14 +10,13 @@
 #include <QValidator>
 #include <QWidget>
 
+#include <limits>
 #include <memory>
 
 using namespace Velmora;
 using namespace VelmoraTest;
 
 Q_DECLARE_METATYPE(QLineEdit::EchoMode)
-
-#include <limits>
 
 class TestQcLineEdit : public TestCase
 {

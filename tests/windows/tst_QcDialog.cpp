@@ -13,12 +13,11 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
+#include <limits>
 #include <utility>
 
 using namespace Velmora;
 using namespace VelmoraTest;
-
-#include <limits>
 
 namespace {
 

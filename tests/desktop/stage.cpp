@@ -6,6 +6,7 @@
 #include <Velmora/QcDialog.h>
 #include <Velmora/QcMenu.h>
 #include <Velmora/QcMenuTextButton.h>
+#include <Velmora/QcNotificationManager.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
@@ -15,8 +16,11 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
+#include <QRect>
 #include <QTextStream>
 #include <QTimer>
+
+#include <functional>
 
 using namespace Velmora;
 
@@ -296,10 +300,9 @@ int ShowSelector()
     return QApplication::exec();
 }
 
-/// A window with a field that tells what is typed into it. Once that has the keyboard a toast covers it, inside of the window or apart.
-int ShowToast(const QString &option)
+/// Shows \a window with a field that tells what is typed into it, and does \a work once that has the keyboard.
+int ShowWithField(QcWindow &window, const std::function<void()> &work)
 {
-    QcWindow window(nullptr);
     window.setTitle(QStringLiteral("Stage"));
     window.setWindowTitle(QStringLiteral("main window"));
     auto *field = new QLineEdit(window.getContentFrame());
@@ -312,6 +315,18 @@ int ShowToast(const QString &option)
         if (!field->hasFocus() || !window.isActiveWindow())
             return;
         timer.stop();
+        work();
+    });
+    timer.start(10);
+    ShowAt(&window);
+    return QApplication::exec();
+}
+
+/// A toast covers the field, inside of the window or apart.
+int ShowToast(const QString &option)
+{
+    QcWindow window(nullptr);
+    return ShowWithField(window, [&] {
         QcToast::Params params;
         params.text = QStringLiteral("Saved");
         params.duration = 600000;
@@ -320,9 +335,19 @@ int ShowToast(const QString &option)
         toast->setObjectName(QStringLiteral("toast"));
         QObject::connect(toast, &QObject::destroyed, [] { Say(QStringLiteral("gone")); });
     });
-    timer.start(10);
-    ShowAt(&window);
-    return QApplication::exec();
+}
+
+/// Two notifications cover the field, each of which tells that its button was clicked.
+int ShowNotifications()
+{
+    QcWindow window(nullptr);
+    return ShowWithField(window, [&] {
+        for (const char *title : {"one", "two"}) {
+            const QString called = QStringLiteral("called-") + QLatin1String(title);
+            QcNotificationManager::getInstance()->showNotification(
+                QLatin1String(title), QString(), QStringLiteral("Call back"), [called] { Say(called); }, &window, QRect());
+        }
+    });
 }
 
 } // namespace
@@ -348,5 +373,7 @@ int main(int argc, char **argv)
         return ShowSelector();
     if (what == QLatin1String("toast"))
         return ShowToast(arguments.value(2));
+    if (what == QLatin1String("notifications"))
+        return ShowNotifications();
     return 1;
 }

@@ -29,6 +29,7 @@ int main(int argc, char **argv)
     Bench::RegisterControlBenchmarks();
     Bench::RegisterSelectorBenchmarks();
     Bench::RegisterStackBenchmarks();
+    Bench::RegisterTextEditBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

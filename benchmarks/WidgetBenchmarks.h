@@ -27,5 +27,6 @@ void RegisterButtonBenchmarks();
 void RegisterControlBenchmarks();
 void RegisterSelectorBenchmarks();
 void RegisterStackBenchmarks();
+void RegisterTextEditBenchmarks();
 
 } // namespace Bench

@@ -4,6 +4,7 @@
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "display/OneLine_p.h"
 #include "inputs/QcSelectorViewItemDelegate_p.h"
 #include "inputs/SelectorAccessible_p.h"
 #include "theme/ThemedPixmap_p.h"
@@ -201,7 +202,8 @@ void QcSelector::PaintText(QPainter &painter, const QString &currentText)
     const QRect contents = contentsRect();
     const QRect place(contents.left(), 0, contents.width() - iconSize().width(), contents.height());
     const bool isPlaceholder = currentText.isEmpty();
-    const QString text = isPlaceholder ? placeholderText() : ElidedItemText(painter.fontMetrics(), currentText, place.width());
+    const QString text =
+        isPlaceholder ? OneLine(placeholderText().midRef(0)) : ElidedItemText(painter.fontMetrics(), currentText, place.width());
     painter.setPen(TokenColor(isPlaceholder ? QStringLiteral("text/text_secondary") : QStringLiteral("text/text_primary")));
     painter.setLayoutDirection(layoutDirection()); // else it has that of the application
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), place), Qt::AlignLeft | Qt::AlignVCenter, text);

@@ -4,6 +4,7 @@
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "display/OneLine_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -29,8 +30,7 @@ QIcon IconOf(const QModelIndex &index)
 
 QString ElidedItemText(const QFontMetrics &metrics, const QString &text, int width)
 {
-    constexpr int kMostLaidOut = 4096; // more than fits anywhere
-    return metrics.elidedText(text.left(kMostLaidOut), Qt::ElideRight, width);
+    return metrics.elidedText(OneLine(text.midRef(0)), Qt::ElideRight, width); // eliding keeps line breaks
 }
 
 QcSelectorViewItemDelegate::QcSelectorViewItemDelegate(QcSelector *selector)

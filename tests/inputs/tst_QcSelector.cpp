@@ -439,6 +439,22 @@ private Q_SLOTS:
         QCOMPARE(Part(Render(*m_control), QRectF(4, 4, 150, 20)), Part(face, QRectF(4, 4, 150, 20)));
     }
 
+    void a_line_break_is_painted_as_a_space()
+    {
+        const auto pictures = [this](const QString &text) {
+            m_control->setItemText(0, text);
+            m_control->setItemText(1, text);
+            m_control->setPlaceholderText(text);
+            m_control->setCurrentIndex(-1);
+            const QImage placeholder = Render(*m_control);
+            m_control->setCurrentIndex(0);
+            return QVector<QImage>{placeholder, Render(*m_control), RowPicture(*m_control, 1)};
+        };
+        Open();
+        const QVector<QImage> broken = pictures(QStringLiteral("One\nTwo") + QChar(QChar::LineSeparator) + QStringLiteral("3"));
+        QCOMPARE(broken, pictures(QStringLiteral("One Two 3")));
+    }
+
     // --- Mouse and keys ---
 
     void the_row_under_the_mouse_is_marked()

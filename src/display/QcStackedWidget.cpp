@@ -32,12 +32,18 @@ private:
     QWidget *Page() const { return static_cast<QcStackedWidget *>(widget())->currentWidget(); }
 };
 
+/// Whether \a widget takes the keyboard once \a page shows.
+bool CanHoldKeyboard(const QWidget &widget, const QWidget *page)
+{
+    return widget.isVisibleTo(page) && widget.isEnabled();
+}
+
 /// The first widget on \a page at which the Tab key stops; null if there is none.
 QWidget *FirstStopOf(QWidget *page)
 {
     for (QWidget *next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
         const bool isStop = (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !next->focusProxy();
-        if (isStop && page->isAncestorOf(next) && next->isVisibleTo(page) && next->isEnabled())
+        if (isStop && page->isAncestorOf(next) && CanHoldKeyboard(*next, page))
             return next;
     }
     return nullptr;
@@ -45,8 +51,8 @@ QWidget *FirstStopOf(QWidget *page)
 
 void GiveKeyboardTo(QWidget *page)
 {
-    QWidget *target = page->focusWidget();
-    if (!target)
+    QWidget *target = page->focusWidget(); // may have been hidden or disabled since
+    if (!target || !CanHoldKeyboard(*target, page))
         target = FirstStopOf(page);
     (target ? target : page)->setFocus();
 }

@@ -649,6 +649,29 @@ private Q_SLOTS:
         QVERIFY(two->other->hasFocus());
     }
 
+    void who_had_the_keyboard_last_is_passed_over_once_hidden_or_disabled_data()
+    {
+        QTest::addColumn<bool>("isHidden");
+        QTest::newRow("hidden") << true;
+        QTest::newRow("disabled") << false;
+    }
+
+    void who_had_the_keyboard_last_is_passed_over_once_hidden_or_disabled()
+    {
+        QFETCH(const bool, isHidden);
+        auto *one = new Form;
+        auto *two = new Form;
+        m_stack->addWidget(one);
+        m_stack->addWidget(two);
+        one->edit->setFocus();
+        m_stack->setCurrentIndex(1);
+        two->edit->setFocus();
+        m_stack->setCurrentIndex(0);
+        isHidden ? two->edit->hide() : two->edit->setEnabled(false);
+        m_stack->setCurrentIndex(1);
+        QVERIFY(two->other->hasFocus());
+    }
+
     void a_page_without_a_stop_holds_the_keyboard_itself()
     {
         auto *one = new Form;

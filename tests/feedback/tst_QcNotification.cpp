@@ -394,6 +394,16 @@ private Q_SLOTS:
         QTRY_COMPARE(m_card->pos(), QPoint(m_window->geometry().right() - 16 - 320, m_window->geometry().top() + 80));
     }
 
+    void a_card_made_in_its_parent_follows_it_as_a_child_too()
+    {
+        QcNotification card(m_window.get());
+        ShowMessage(card, QStringLiteral("one"));
+        m_window->resize(500, 260);
+        DrainEvents();
+        // Not mapped: the parent's place on the screen counts in the parent.
+        QCOMPARE(card.pos(), QPoint(m_window->geometry().right() - 16 - 320, m_window->geometry().top() + 80));
+    }
+
     void a_card_given_another_parent_follows_that_one_alone()
     {
         QWidget other;

@@ -245,6 +245,14 @@ private Q_SLOTS:
         }
     }
 
+    void a_placeholder_is_cut_before_the_arrow_not_elided()
+    {
+        m_control->setPlaceholderText(QString(100, QChar(0x2588)));
+        m_control->setCurrentIndex(-1);
+        const QImage image = Render(*m_control);
+        QVERIFY(InkBox(Part(image, QRectF(175, 2, 8, 24)), Qt::white).height() > 10);
+    }
+
     void a_text_stands_8_pixels_in_and_ends_before_the_arrow_elided()
     {
         m_control->setItemText(0, QString(100, QChar(0x2588)));
@@ -329,6 +337,20 @@ private Q_SLOTS:
             QStyleOptionViewItem option;
             QCOMPARE(m_control->itemDelegate()->sizeHint(option, m_control->model()->index(row, 0)).height(), kRowHeight);
         }
+    }
+
+    void a_disabled_item_and_a_separator_look_like_items()
+    {
+        m_control->setItemText(1, m_control->itemText(2));
+        m_control->insertSeparator(3);
+        Open();
+        const QImage plain = RowPicture(*m_control, 1);
+        auto *items = qobject_cast<QStandardItemModel *>(m_control->model());
+        items->item(2)->setEnabled(false);
+        QCOMPARE(RowPicture(*m_control, 2), plain);
+        QCOMPARE(RowRect(*m_control, 3).height(), kRowHeight);
+        items->item(3)->setText(m_control->itemText(2));
+        QCOMPARE(RowPicture(*m_control, 3), plain);
     }
 
     void the_popup_has_its_ground_and_texts_in_both_tables()

@@ -32,7 +32,7 @@ class VELMORA_EXPORT QcToast : public QFrame
 
 public:
     /// Selects the icon, and nothing else.
-    enum Type {
+    enum Type : int {
         Information = 0,
         Warning = 1,
         Error = 2,

@@ -14,7 +14,7 @@ namespace Velmora {
 ///
 /// There is one column for the whole program, whatever the parents: each toast keeps its distance from those before it. The oldest
 /// that is removable makes room for a fourth. If none is, the new one is shown beyond the three. Toasts follow neither moves nor
-/// resizes of their parents until the column changes, as when one closes or is added. A toast belongs to its parent, closes with it, and
+/// resizes of their parents until the column changes, as when one closes or is added. A toast belongs to its parent, dies with it, and
 /// deletes itself when it closes. A toast that its host took out of its parent stays where it is and keeps its place in the column.
 /// Main thread only.
 class VELMORA_EXPORT QcToastManager : public QObject

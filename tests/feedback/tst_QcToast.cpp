@@ -17,6 +17,8 @@
 #include <QSvgWidget>
 #include <QVBoxLayout>
 
+#include <type_traits>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -147,6 +149,7 @@ private Q_SLOTS:
 
     void an_unknown_type_changes_nothing_and_none_is_stored()
     {
+        static_assert(std::is_same<std::underlying_type_t<QcToast::Type>, int>::value, "the enum can hold what it does not name");
         m_toast->setType(QcToast::Warning);
         auto *icon = m_toast->findChild<QSvgWidget *>();
         const QImage before = Render(*icon);
@@ -279,6 +282,9 @@ private Q_SLOTS:
     {
         m_toast->setParams(Told(QStringLiteral("Saved"), -5));
         QCOMPARE(TimerOf(*m_toast)->interval(), 0);
+        QcToast::Params params;
+        m_toast->getParams(params);
+        QCOMPARE(params.duration, -5);
         m_toast->showToast(true);
         EndFade(*m_toast); // Qt warns of a negative interval
         QTRY_VERIFY(m_toast->isHidden());

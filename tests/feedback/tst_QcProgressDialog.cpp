@@ -234,6 +234,15 @@ private Q_SLOTS:
         QCOMPARE(Tip(), QStringLiteral("Letters"));
     }
 
+    void a_tip_that_was_cleared_stays_empty_in_every_language()
+    {
+        m_dialog->setText(QStringLiteral("Letters"));
+        m_dialog->clear();
+        const BracketTranslator translator("Velmora::QcProgressDialog");
+        DrainEvents();
+        QCOMPARE(Tip(), QString());
+    }
+
     void a_value_that_changes_nothing_does_nothing()
     {
         m_dialog->setRange(0, 1000);

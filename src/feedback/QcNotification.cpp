@@ -256,7 +256,10 @@ void QcNotification::ForgetPage(const QObject *child)
         --m_currentPage;
     if (wasCurrent) {
         m_currentPage = -1; // nothing slides out
-        setCurrentPage(qMin(index, m_pages.size() - 1), SlideToLeft, false);
+        const int next = qMin(index, m_pages.size() - 1);
+        m_pages.at(next)->move(0, 0);
+        m_pages.at(next)->movePage(QPoint(0, 0), QcNotificationPage::FadeIn); // it had left or was leaving
+        setCurrentPage(next, SlideToLeft, false);
     } else {
         updatePageButtonsEnaled();
         updatePageLabel();

@@ -578,7 +578,9 @@ private Q_SLOTS:
         delete PagesOf(*m_card).value(2); // the one in sight
         QCOMPARE(PageNumberOf(*m_card), QStringLiteral("2/2"));
         QCOMPARE(PagesOf(*m_card).value(1)->pos(), QPoint(0, 0));
+        EndMotion(*m_card);
         QVERIFY(PagesOf(*m_card).value(1)->isVisible());
+        QCOMPARE(OpacityOf(*PagesOf(*m_card).value(1)), 1.0); // it had faded out
         delete PagesOf(*m_card).value(0);
         QCOMPARE(PageNumberOf(*m_card), QStringLiteral("1/1"));
         QCOMPARE(m_card->height(), 92);

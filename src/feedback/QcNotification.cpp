@@ -293,9 +293,11 @@ void QcNotification::setCurrentPage(int index, PageSlideDirection direction, boo
 
 QPoint QcNotification::getShowPos(const QRect &rect)
 {
-    if (rect.isNull() && !parentWidget())
+    // As QRect::isNull() tells, which overflows at the ends of the numbers.
+    const bool isNull = qint64(rect.right()) - rect.left() == -1 && qint64(rect.bottom()) - rect.top() == -1;
+    if (isNull && !parentWidget())
         return pos();
-    const QRect corner = rect.isNull() ? parentWidget()->geometry() : rect;
+    const QRect corner = isNull ? parentWidget()->geometry() : rect;
     return QPoint(Placeable(qint64(corner.right()) - m_rightOffset - width()), Placeable(qint64(corner.top()) + m_topOffset));
 }
 

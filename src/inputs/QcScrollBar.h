@@ -30,7 +30,7 @@ class VELMORA_EXPORT QcScrollBar : public QScrollBar
     Q_OBJECT
 
 public:
-    enum DisplayMode {
+    enum DisplayMode : int {
         DisplayOnHover, ///< the handle shows while the parent is under the mouse
         DisplayAlways,  ///< the handle always shows
     };

@@ -161,7 +161,7 @@ void QcTextEditFrame::PaintCounter()
 
 bool QcTextEditFrame::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_counterLabel && event->type() == QEvent::Paint) {
+    if (event->type() == QEvent::Paint && watched == m_counterLabel) {
         PaintCounter();
         return true;
     }
@@ -170,7 +170,7 @@ bool QcTextEditFrame::eventFilter(QObject *watched, QEvent *event)
     // Of the events of a window these come here only if the host installs the frame there.
     if (event->type() == QEvent::MouseButtonPress && watched->inherits("QWidgetWindow")) {
         setFocus(underMouse()); // at last: the host may delete the frame as its property changes
-    } else if (watched == m_textEdit && (comes || event->type() == QEvent::FocusOut)) {
+    } else if ((comes || event->type() == QEvent::FocusOut) && IsWhole(watched, m_textEdit)) {
         // No call of clearFocus() here: the window would forget who had the keyboard, and give it to another when it is active again.
         const QPointer<QcTextEditFrame> guard(this);
         updateStyle();

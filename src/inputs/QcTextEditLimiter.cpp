@@ -167,7 +167,7 @@ bool QcTextEditLimiter::eventFilter(QObject *watched, QEvent *event)
             updateScrollStyle(true);
         else if (event->type() == QEvent::Leave)
             updateScrollStyle(false);
-    } else if (watched == m_textEdit && event->type() == QEvent::FocusOut) {
+    } else if (event->type() == QEvent::FocusOut && IsWhole(watched, m_textEdit)) {
         Q_EMIT SignalFousOut(m_textEdit->toPlainText()); // at last: the host may delete the frame
     }
     return answer;

@@ -32,6 +32,13 @@ private:
     int m_limit = -1;
 };
 
+/// Whether \a watched is \a edit, and still whole: one that dies sends its last events when it is a bare widget already.
+inline bool IsWhole(QObject *watched, const QPointer<TextEdit> &edit)
+{
+    const auto *whole = qobject_cast<TextEdit *>(watched);
+    return whole && whole == edit;
+}
+
 /// The length of the text of \a edit in UTF-16 units, without taking it; 0 if there is no edit.
 int TextLength(const QTextEdit *edit);
 

@@ -60,10 +60,12 @@ inline bool EndsAfter(const std::function<void()> &act)
 {
     bool isEndedByUs = false;
     QTimer::singleShot(0, qApp, act);
-    QTimer::singleShot(50, qApp, [&isEndedByUs] { // Qt ends it by an event posted in the same turn
+    QTimer limit; // goes with what it captures
+    QObject::connect(&limit, &QTimer::timeout, [&isEndedByUs] {
         isEndedByUs = true;
         QCoreApplication::quit();
     });
+    limit.start(50); // Qt ends it by an event posted in the same turn
     QApplication::exec();
     return !isEndedByUs;
 }

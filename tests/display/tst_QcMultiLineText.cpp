@@ -852,7 +852,7 @@ private Q_SLOTS:
         QCOMPARE(presses.count(), 0);
     }
 
-    void assistive_technology_looks_for_a_point_among_many_links_faster_than_they_are_set()
+    void a_point_among_many_links_is_looked_for_in_a_few_times_the_time_of_setting_them()
     {
         Shower shower(QSize(300, 40));
         std::clock_t before = std::clock();
@@ -863,7 +863,7 @@ private Q_SLOTS:
         const QPoint beside = accessible->rect().topLeft() - QPoint(9, 9);
         before = std::clock();
         QCOMPARE(accessible->childAt(beside.x(), beside.y()), nullptr);
-        QVERIFY(std::clock() - before < setting);
+        QVERIFY(std::clock() - before < 10 * setting); // a search for each link took a hundred times as long
     }
 
     void assistive_technology_hears_which_link_has_the_keyboard()

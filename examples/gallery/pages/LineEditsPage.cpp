@@ -281,7 +281,7 @@ private:
 };
 
 const PageRegistrar
-    registrar({QStringLiteral("lineedits"), QStringLiteral("Controls"), QStringLiteral("Line edits"),
+    registrar({QStringLiteral("lineedits"), QStringLiteral("Inputs"), QStringLiteral("Line edits"),
                QStringLiteral("QcLineEditFrame: a line of text with a unit, a button and a warning, and numbers that are checked."), 330,
                [] { return new LineEditsPage; }});
 

@@ -190,7 +190,7 @@ private:
         grid->setColumnMinimumWidth(0, kLabelWidth);
         grid->setColumnStretch(4, 1);
         int column = 1;
-        for (const char *head : {"Rest", "Hover", "Disabled"})
+        for (const char *head : {"Rest", "Hover or focus", "Disabled"})
             grid->addWidget(MakeLabel(QLatin1String(head), QcLabel::BodySecondary), 0, column++);
         grid->addWidget(MakeDivider(), 1, 0, 1, 5);
         AddState(grid, QStringLiteral("Text"), [](QcSelector & /*selector*/) {});

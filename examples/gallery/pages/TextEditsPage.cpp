@@ -1,10 +1,14 @@
 #include "Kit.h"
 #include "Page.h"
 
+#include <Velmora/PostOwnedTask.h>
 #include <Velmora/QcTextEditFrame.h>
 #include <Velmora/QcTextEditLimiter.h>
 
 #include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHoverEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -26,6 +30,51 @@ const QString kLong = QStringLiteral("Reefer at -18 \u00B0C, pre-cooled. Deliver
                                      "ahead. The driver brings his own straps. Return the empty container to Maasvlakte within five days, "
                                      "swept and dry, with the data logger in its box behind the door.");
 
+/// A limiter with its scroll bar held in one state, brought about as the mouse does it, anew at each show: hiding ends it.
+class WithHeldBar : public QcTextEditLimiter
+{
+public:
+    enum State { FieldHovered, BarHovered, HandleHovered, Pressed };
+
+    explicit WithHeldBar(State state)
+        : m_state(state)
+    {
+        setMaxNum(400);
+        setText(kLong);
+        Bar()->setProperty("needScroll", true);
+    }
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        QcTextEditLimiter::showEvent(event);
+        // Laid out, the bar knows where its handle is.
+        Velmora::PostOwnedTask(
+            this, [this] { Hold(); }, "WithHeldBar::Hold");
+    }
+
+private:
+    QScrollBar *Bar() const { return textEdit()->verticalScrollBar(); }
+
+    void Hold()
+    {
+        if (m_state == FieldHovered)
+            return;
+        Bar()->setAttribute(Qt::WA_UnderMouse);
+        const QPoint onHandle(Bar()->width() / 2, 8);
+        const QPoint belowHandle(Bar()->width() / 2, Bar()->height() - 8);
+        const QPoint at = m_state == BarHovered ? belowHandle : onHandle;
+        QHoverEvent hover(QEvent::HoverEnter, at, QPoint(-1, -1));
+        Bar()->event(&hover); // past the application's filters, as the press
+        if (m_state == Pressed) {
+            QMouseEvent press(QEvent::MouseButtonPress, onHandle, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            Bar()->event(&press);
+        }
+    }
+
+    const State m_state;
+};
+
 class TextEditsPage : public PageWidget
 {
 public:
@@ -33,6 +82,7 @@ public:
     {
         AddForm();
         AddMatrix();
+        AddBars();
     }
 
 private:
@@ -151,12 +201,38 @@ private:
         }
     }
 
+    void AddBars()
+    {
+        Card *card = AddSection(QStringLiteral("The scroll bar of a limiter"),
+                                QStringLiteral("Its handle is a translucent white in both tables, and not seen on white: on light ground a "
+                                               "host gives the tokens colours of its own."));
+        QHBoxLayout *row = card->AddRow(2 * kGrid);
+        using Bar = WithHeldBar;
+        AddBar(row, QStringLiteral("Field hovered"), Bar::FieldHovered);
+        AddBar(row, QStringLiteral("Bar hovered"), Bar::BarHovered);
+        AddBar(row, QStringLiteral("Handle hovered"), Bar::HandleHovered);
+        AddBar(row, QStringLiteral("Handle pressed"), Bar::Pressed);
+    }
+
+    static void AddBar(QHBoxLayout *row, const QString &name, WithHeldBar::State state)
+    {
+        auto *column = new QVBoxLayout;
+        column->addWidget(MakeLabel(name, QcLabel::BodySecondary));
+        auto *field = new WithHeldBar(state);
+        field->setAccessibleName(name);
+        field->setFixedHeight(10 * kGrid);
+        field->setAttribute(Qt::WA_UnderMouse);
+        MakeSpecimen(field);
+        column->addWidget(field);
+        row->addLayout(column, 1);
+    }
+
     QGridLayout *m_grid = nullptr;
     QcLabel *m_answer = nullptr;
 };
 
 const PageRegistrar registrar({QStringLiteral("textedits"), QStringLiteral("Inputs"), QStringLiteral("Text edits"),
                                QStringLiteral("QcTextEditFrame and QcTextEditLimiter: texts of many lines that end where they have to."),
-                               340, [] { return new TextEditsPage; }});
+                               335, [] { return new TextEditsPage; }});
 
 } // namespace

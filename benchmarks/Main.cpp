@@ -27,6 +27,7 @@ int main(int argc, char **argv)
 
     Bench::RegisterButtonBenchmarks();
     Bench::RegisterControlBenchmarks();
+    Bench::RegisterFeedbackBenchmarks();
     Bench::RegisterSelectorBenchmarks();
     Bench::RegisterStackBenchmarks();
     Bench::RegisterTextEditBenchmarks();

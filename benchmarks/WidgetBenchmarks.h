@@ -25,6 +25,7 @@ void RegisterResize(const QString &name, int smallest, const SceneMaker &makeSce
 /// Register what each file measures.
 void RegisterButtonBenchmarks();
 void RegisterControlBenchmarks();
+void RegisterFeedbackBenchmarks();
 void RegisterSelectorBenchmarks();
 void RegisterStackBenchmarks();
 void RegisterTextEditBenchmarks();

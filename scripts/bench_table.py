@@ -59,6 +59,7 @@ COMPARISONS = [
     ("Open a menu of 10 items", "OpenMenu/velmora/10", "OpenMenu/plain/10", 1.0, "`QMenu` with a stylesheet"),
     ("Open a menu of 100 items", "OpenMenu/velmora/100", "OpenMenu/plain/100", 1.0, "`QMenu` with a stylesheet"),
     ("Open a menu of 1,000 items", "OpenMenu/velmora/1000", "OpenMenu/plain/1000", 3.0, "`QMenu` with a stylesheet"),
+    ("1,000 toasts in one turn", "ShowToasts/velmora/1000", "ShowToasts/plain/1000", None, "`QFrame` with the same children and animations"),
     ("Paint a menu of 20 items", "PaintMenu/velmora", "PaintMenu/plain", 1.0, "`QMenu` with a stylesheet"),
 ]
 
@@ -93,6 +94,7 @@ GROWTHS = [
     ("frames come and go", "ComeAndGoFrame/velmora", "ComeAndGoFrame/plain", 250),
     ("labels come and go", "ComeAndGoLabel/velmora", "ComeAndGoLabel/plain", 250),
     ("items, one by one", "AddItems/velmora", "AddItems/plain", 750),
+    ("toasts in one turn", "ShowToasts/velmora", "ShowToasts/plain", 250),
     ("make and delete buttons", "MakeAndDeleteButton/velmora", "MakeAndDeleteButton/plain", 250),
 ]
 GROWTH_AIM = 18.0

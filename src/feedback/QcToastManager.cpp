@@ -137,10 +137,10 @@ void QcToastManager::onToastHeightChanged()
     updateToastsPosition(true, true);
 }
 
-void QcToastManager::onToastDestroyed()
+void QcToastManager::onToastDestroyed(QObject *toast)
 {
-    // A widget says so as its last part dies: it still hides, but is no toast any more.
-    auto *widget = qobject_cast<QWidget *>(sender());
+    // A widget says so as its last part dies: it still hides, but is no toast any more. Not sender(), which searches all connections.
+    auto *widget = qobject_cast<QWidget *>(toast);
     TakeOut(widget);
     widget->hide();
     updateToastsPosition(true, true);

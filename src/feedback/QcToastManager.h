@@ -41,7 +41,7 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void onToastHeightChanged();
-    void onToastDestroyed();
+    void onToastDestroyed(QObject *toast);
 
 private:
     QcToastManager();

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QSignalSpy>
 
+#include <ctime>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -507,6 +508,14 @@ private Q_SLOTS:
         CheckColumn(toasts.mid(997));
     }
 
+    void each_of_many_overtaken_toasts_goes_at_the_price_of_each_of_a_few()
+    {
+        TimeOfGoing(100); // what is made once
+        const double few = TimeOfGoing(500) / 500;
+        const double many = TimeOfGoing(4000) / 4000;
+        QVERIFY2(many < 2 * few, qPrintable(QStringLiteral("%1 times as much").arg(many / few)));
+    }
+
     void a_thousand_ids_leave_three()
     {
         QcToast::Params params;
@@ -520,6 +529,18 @@ private Q_SLOTS:
     }
 
 private:
+    /// The processor time in which all but three of \a count toasts of one turn die.
+    double TimeOfGoing(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            m_manager->showToast(QString::number(i), QcToast::Information, m_window.get(), false);
+        const std::clock_t begin = std::clock();
+        DrainEvents();
+        const std::clock_t end = std::clock();
+        qDeleteAll(Toasts());
+        return double(end - begin);
+    }
+
     QVector<QcToast *> Toasts() const { return m_window->findChildren<QcToast *>(QString(), Qt::FindDirectChildrenOnly).toVector(); }
 
     QcToast *Show(const QString &text)

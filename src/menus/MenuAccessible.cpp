@@ -8,6 +8,7 @@
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QPointer>
+#include <QSet>
 #include <QWindow>
 
 namespace Velmora {
@@ -35,6 +36,29 @@ QString ShortcutText(const QAction &action)
     return tab < 0 ? action.shortcut().toString(QKeySequence::NativeText) : action.text().mid(tab + 1);
 }
 
+/// The menu that \a menu belongs to: the first that has an item for it. Null if there is none.
+QMenu *Owner(const QMenu &menu)
+{
+    const QList<QWidget *> widgets = menu.menuAction()->associatedWidgets();
+    for (QWidget *widget : widgets) {
+        if (auto *owner = qobject_cast<QMenu *>(widget))
+            return owner;
+    }
+    return nullptr;
+}
+
+/// The same, in a tree: menus that are submenus of each other belong to none.
+QMenu *OwnerInTree(const QMenu &menu)
+{
+    QSet<const QMenu *> owners;
+    const QMenu *owner = Owner(menu);
+    while (owner && owner != &menu && !owners.contains(owner)) {
+        owners.insert(owner);
+        owner = Owner(*owner);
+    }
+    return owner == &menu ? nullptr : Owner(menu);
+}
+
 /// An item of a menu. Valid while both are.
 class MenuItemAccessible : public QAccessibleInterface, public QAccessibleActionInterface
 {
@@ -58,15 +82,12 @@ public:
     // --- The tree: a submenu is the child of its item ---
 
     QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(m_menu); }
-    int childCount() const override { return m_action->menu() ? 1 : 0; }
+    int childCount() const override { return Submenu() ? 1 : 0; }
     QAccessibleInterface *child(int index) const override
     {
-        return index == 0 && m_action->menu() ? QAccessible::queryAccessibleInterface(m_action->menu()) : nullptr;
+        return index == 0 && Submenu() ? QAccessible::queryAccessibleInterface(Submenu()) : nullptr;
     }
-    int indexOfChild(const QAccessibleInterface *child) const override
-    {
-        return m_action->menu() && child->object() == m_action->menu() ? 0 : -1;
-    }
+    int indexOfChild(const QAccessibleInterface *child) const override { return Submenu() && child->object() == Submenu() ? 0 : -1; }
     QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
 
     QRect rect() const override
@@ -139,6 +160,14 @@ public:
     }
 
 private:
+    /// The submenu, if it belongs to this item and to no other.
+    QMenu *Submenu() const
+    {
+        QMenu *submenu = m_action->menu();
+        const bool isOurs = submenu && submenu->menuAction() == m_action && OwnerInTree(*submenu) == m_menu;
+        return isOurs ? submenu : nullptr;
+    }
+
     const QPointer<QcMenu> m_menu;
     const QPointer<QAction> m_action;
 };
@@ -160,12 +189,8 @@ public:
     /// A submenu belongs to its item.
     QAccessibleInterface *parent() const override
     {
-        QAction *action = Menu()->menuAction();
-        const QList<QWidget *> widgets = action->associatedWidgets();
-        for (QWidget *widget : widgets) {
-            if (qobject_cast<QMenu *>(widget))
-                return QAccessible::queryAccessibleInterface(widget)->child(widget->actions().indexOf(action));
-        }
+        if (QMenu *owner = OwnerInTree(*Menu()))
+            return QAccessible::queryAccessibleInterface(owner)->child(owner->actions().indexOf(Menu()->menuAction()));
         return QAccessibleWidget::parent();
     }
 

@@ -95,6 +95,42 @@ private Q_SLOTS:
         QCOMPARE(parent->parent()->object(), m_menu.get());
     }
 
+    void menus_in_each_other_make_a_tree_all_the_same_data()
+    {
+        QTest::addColumn<bool>("isPlain");
+        QTest::newRow("ours") << false;
+        QTest::newRow("plain") << true;
+    }
+    void menus_in_each_other_make_a_tree_all_the_same()
+    {
+        QFETCH(bool, isPlain);
+        const std::unique_ptr<QMenu> other(isPlain ? new QMenu(QStringLiteral("View")) : new QcMenu(QStringLiteral("View")));
+        QcMenu inner(QStringLiteral("Recent"));
+        m_menu->addQcMenu(other.get());
+        other->addMenu(m_menu.get());
+        m_menu->addMenu(m_menu.get());
+        other->addMenu(&inner);
+        for (QMenu *menu : {static_cast<QMenu *>(m_menu.get()), static_cast<QMenu *>(&inner), other.get()})
+            QVERIFY(IsInTree(QAccessible::queryAccessibleInterface(menu)));
+        QVERIFY(HasEnd(QAccessible::queryAccessibleInterface(m_menu.get())));
+        QCOMPARE(QAccessible::queryAccessibleInterface(&inner)->parent()->parent()->object(), other.get());
+    }
+
+    void a_submenu_of_two_items_is_the_child_of_the_one_it_belongs_to()
+    {
+        QcMenu other(QStringLiteral("View"));
+        QcMenu submenu(QStringLiteral("Recent"));
+        QcAction *first = m_menu->addQcMenu(&submenu);
+        other.addAction(first);
+        QcAction *second = m_menu->addQcMenu(&submenu); // the one that speaks for it from now on
+        QCOMPARE(Item(first)->childCount(), 0);
+        QCOMPARE(Item(second)->childCount(), 1);
+        QCOMPARE(QAccessible::queryAccessibleInterface(&submenu)->parent(), Item(second));
+        QAccessibleInterface *theirs = QAccessible::queryAccessibleInterface(&other)->child(0);
+        QCOMPARE(theirs->childCount(), 0);
+        QVERIFY(theirs->state().hasPopup);
+    }
+
     void the_item_that_the_keyboard_moves_to_is_told_and_has_the_focus()
     {
         QcAction *first = m_menu->addQcAction(QStringLiteral("First"));
@@ -211,6 +247,25 @@ protected:
     void TearDown() override { m_menu.reset(); }
 
 private:
+    static constexpr int kDeep = 50;
+
+    /// Whether the way up from \a described comes to an end.
+    static bool IsInTree(const QAccessibleInterface *described)
+    {
+        for (int steps = 0; described && steps < kDeep; ++steps)
+            described = described->parent();
+        return !described;
+    }
+
+    /// Whether all ways down from \a described come to an end.
+    static bool HasEnd(const QAccessibleInterface *described, int depth = 0)
+    {
+        bool hasEnd = depth < kDeep;
+        for (int i = 0; hasEnd && i < described->childCount(); ++i)
+            hasEnd = HasEnd(described->child(i), depth + 1);
+        return hasEnd;
+    }
+
     QAccessibleInterface *Item(QAction *action) const
     {
         return QAccessible::queryAccessibleInterface(m_menu.get())->child(m_menu->actions().indexOf(action));

@@ -160,7 +160,11 @@ private Q_SLOTS:
         Application application(setup);
         StartUpIsNoFault();
         const std::unique_ptr<QcMenu> first = MakeMenu();
-        MakeMenu().reset();
+        {
+            const std::unique_ptr<QcMenu> second = MakeMenu();
+            if (application->styleSheet().isEmpty()) // else each widget has a proxy of its own
+                QCOMPARE(second->style(), first->style());
+        }
         QCOMPARE(first->style()->pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, first.get()), 1);
         QCOMPARE(first->style()->pixelMetric(QStyle::PM_SubMenuOverlap, nullptr, first.get()), 0);
         OpenAndClose(*first);

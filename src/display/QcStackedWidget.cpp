@@ -1,6 +1,7 @@
 #include <Velmora/QcStackedWidget.h>
 
 #include "core/InstallAccessible_p.h"
+#include "core/LiesIn_p.h"
 
 #include <QChildEvent>
 #include <QPointer>
@@ -73,7 +74,7 @@ int QcStackedWidget::addWidget(QWidget *widget)
 int QcStackedWidget::insertWidget(int index, QWidget *widget)
 {
     const int present = indexOf(widget);
-    if (present >= 0 || !CanTake(widget))
+    if (present >= 0 || !widget || LiesIn(this, widget))
         return present;
     // Its old parent and its own handlers are heard in these two calls.
     const QPointer<QcStackedWidget> self(this);
@@ -176,17 +177,6 @@ void QcStackedWidget::childEvent(QChildEvent *event)
         std::find_if(m_pages.cbegin(), m_pages.cend(), [event](const QWidget *candidate) { return candidate == event->child(); });
     if (page != m_pages.cend())
         TakeOut(int(page - m_pages.cbegin()));
-}
-
-bool QcStackedWidget::CanTake(const QWidget *widget) const
-{
-    if (!widget)
-        return false;
-    for (const QWidget *around = this; around; around = around->parentWidget()) { // windows too, unlike isAncestorOf()
-        if (around == widget)
-            return false;
-    }
-    return true;
 }
 
 void QcStackedWidget::TakeOut(int index)

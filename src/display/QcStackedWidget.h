@@ -68,7 +68,6 @@ protected:
     void childEvent(QChildEvent *event) override;
 
 private:
-    bool CanTake(const QWidget *widget) const;
     void TakeOut(int index);
     void ShowWhole(QWidget *page);
     void ShowOnlyCurrent(QWidget *dropped);

@@ -2,6 +2,8 @@
 #include <Velmora/QcNotification.h>
 #include <Velmora/QcNotificationManager.h>
 
+#include "core/LiesIn_p.h"
+
 #include <QDebug>
 #include <QRect>
 #include <QTimer>
@@ -19,11 +21,7 @@ constexpr Qt::WindowFlags kFlags = Qt::Tool | Qt::FramelessWindowHint;
 /// \a widget, or, if it is \a card or on it, what that belongs to: a callback that asks for the active window may get the card.
 QWidget *OutsideOf(const QWidget *card, QWidget *widget)
 {
-    for (QWidget *ancestor = widget; card && ancestor; ancestor = ancestor->parentWidget()) {
-        if (ancestor == card)
-            return card->parentWidget();
-    }
-    return widget;
+    return card && LiesIn(widget, card) ? card->parentWidget() : widget;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include <Velmora/QcProgressDialog.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/LiesIn_p.h"
 #include "core/OwnText_p.h"
 #include "feedback/ParentWatch_p.h"
 
@@ -138,8 +139,8 @@ void QcProgressDialog::updateProgressText()
 
 void QcProgressDialog::setParent(QWidget *parent)
 {
-    if (parent != parentWidget())
-        QDialog::setParent(parent, windowFlags()); // in one step, so that it never lies in its parent
+    if (parent != parentWidget() && !LiesIn(parent, this)) // Qt would never come back from a circle
+        QDialog::setParent(parent, windowFlags());         // in one step, so that it never lies in its parent
 }
 
 void QcProgressDialog::changeEvent(QEvent *event)

@@ -46,7 +46,7 @@ public:
     /// Sets the value to 0, if the range holds it, and the tip to nothing. The range stays.
     void clear();
     /// As QWidget's, but the dialog stays the window that it is, in front of \a parent's. It is hidden until the host shows it.
-    /// When its parent dies it is hidden and has none; what it shows stays.
+    /// When its parent dies it is hidden and has none; what it shows stays. The dialog itself and what lies in it are refused.
     void setParent(QWidget *parent);
 
 protected:

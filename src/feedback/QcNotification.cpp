@@ -155,6 +155,7 @@ void QcNotification::SetUpForm()
 void QcNotification::SetUpControlBar()
 {
     ui->m_controlBar = MakeFrame(this, QStringLiteral("m_controlBar"));
+    ui->m_controlBar->setLayoutDirection(Qt::LeftToRight); // the pages come from where the arrows point in every language
     ui->m_controlBar->setMinimumSize(0, kBarHeight);
     ui->m_controlBar->setMaximumSize(QWIDGETSIZE_MAX, kBarHeight);
     ui->horizontalLayout = new QHBoxLayout(ui->m_controlBar);

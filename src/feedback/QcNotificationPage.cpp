@@ -88,6 +88,8 @@ QcNotificationPage::QcNotificationPage(QWidget *parent)
     m_opacityAnimation = new QPropertyAnimation(effect, "opacity", this);
     m_opacityAnimation->setDuration(kFadeTime);
     m_opacityAnimation->setEasingCurve(QEasingCurve::OutInQuad);
+    m_opacityAnimation->setStartValue(1); // for a first motion of no known kind: it neither fades nor makes Qt complain
+    m_opacityAnimation->setEndValue(1);
     // Out of sight a page is neither a stop of the Tab key nor there for assistive technology.
     connect(m_opacityAnimation, &QPropertyAnimation::finished, this, [this] {
         if (m_opacityAnimation->endValue() == 0)

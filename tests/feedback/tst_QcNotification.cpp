@@ -271,6 +271,10 @@ private Q_SLOTS:
         QCOMPARE(FadeOf(page)->endValue(), QVariant(0));
         SlideOf(page)->setCurrentTime(200);
         QCOMPARE(page.pos(), QPoint(20, 0));
+        QcNotificationPage fresh(m_window.get());
+        fresh.movePage(QPoint(20, 0), QcNotificationPage::FadeType(7)); // and Qt has nothing to say
+        FadeOf(fresh)->setCurrentTime(200);
+        QCOMPARE(OpacityOf(fresh), 1.0);
     }
 
     void pages_keep_the_size_of_their_frame()
@@ -299,6 +303,15 @@ private Q_SLOTS:
         QVERIFY(m_card->isHidden());
         QVERIFY(Part(*m_card, "m_controlBar")->isHidden());
         QVERIFY(PagesOf(*m_card).isEmpty());
+    }
+
+    void the_time_is_kept_by_the_cards_only_own_timer()
+    {
+        QcNotification card(nullptr);
+        const auto timers = card.findChildren<QTimer *>();
+        QCOMPARE(timers.size(), 1);
+        QCOMPARE(timers.constFirst()->parent(), &card);
+        QVERIFY(!timers.constFirst()->isActive());
     }
 
     void a_new_message_begins_the_time_anew_and_paging_does_not()
@@ -429,6 +442,23 @@ private Q_SLOTS:
         ShowMessage(card, QStringLiteral("one"));
         QVERIFY(card.isVisible());
         QCOMPARE(card.pos(), QPoint(30, 40));
+    }
+
+    void a_card_stays_when_its_parent_hides_or_is_minimised()
+    {
+        ShowMessages({QStringLiteral("one")});
+        m_window->hide();
+        DrainEvents();
+        QVERIFY(m_card->isVisible());
+        m_window->showMinimized();
+        DrainEvents();
+        QVERIFY(m_card->isVisible());
+        QVERIFY(TimerOf(*m_card)->isActive());
+        m_window->close();
+        DrainEvents();
+        QVERIFY(m_card->isVisible());
+        RunOut(*m_card);
+        QVERIFY(m_card->isHidden());
     }
 
     void rectangles_out_of_this_world_are_survived_data()
@@ -736,6 +766,17 @@ private Q_SLOTS:
         const QRectF ink = InkBox(Render(*label), Qt::white);
         QVERIFY(ink.left() > label->width() / 2);
         QVERIFY(ButtonOf(*m_card, "m_closeButton")->mapTo(m_card, QPoint(0, 0)).x() < 20);
+    }
+
+    void right_to_left_the_arrows_still_point_to_where_their_pages_come_from()
+    {
+        m_card->setLayoutDirection(Qt::RightToLeft);
+        ShowMessages({QStringLiteral("one"), QStringLiteral("two")});
+        int left = 0;
+        for (const char *name : {"m_firstButton", "m_previousButton", "m_pageLabel", "m_nextButton", "m_lastButton"}) {
+            QVERIFY2(Part(*m_card, name)->x() > left, name);
+            left = Part(*m_card, name)->x();
+        }
     }
 
     // --- Keyboard, assistive technology, the program's end ---

@@ -141,6 +141,8 @@ void QcToastManager::onToastDestroyed(QObject *toast)
 {
     // A widget says so as its last part dies: it still hides, but is no toast any more. Not sender(), which searches all connections.
     auto *widget = qobject_cast<QWidget *>(toast);
+    if (!widget)
+        return; // called by a host, by its name
     TakeOut(widget);
     widget->hide();
     updateToastsPosition(true, true);

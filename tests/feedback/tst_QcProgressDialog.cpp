@@ -7,6 +7,7 @@
 
 #include <Velmora/QcProgressDialog.h>
 
+#include <QAbstractAnimation>
 #include <QAccessible>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -278,6 +279,17 @@ private Q_SLOTS:
         QVERIFY(m_dialog->isHidden());
     }
 
+    void neither_the_dialog_nor_what_lies_in_it_becomes_its_parent()
+    {
+        QWidget parent;
+        m_dialog->setParent(&parent);
+        QDialog inner(m_dialog); // a window, which lies in the dialog all the same
+        for (QWidget *widget : {static_cast<QWidget *>(m_dialog), static_cast<QWidget *>(Bar()), static_cast<QWidget *>(&inner)}) {
+            m_dialog->setParent(widget);
+            QCOMPARE(m_dialog->parentWidget(), &parent);
+        }
+    }
+
     void a_dying_parent_leaves_it_behind_data() { AddDeaths(); }
     void a_dying_parent_leaves_it_behind()
     {
@@ -355,9 +367,25 @@ private Q_SLOTS:
         m_dialog->setValue(30);
         m_dialog->show();
         DrainEvents();
+        QProgressBar busy; // which tells the time
+        busy.setRange(0, 0);
+        busy.show();
+        EventCounter clock(busy, QEvent::Paint);
         EventCounter paints(*Bar(), QEvent::Paint);
-        QTest::qWait(100);
+        int beats = 0;
+        QTRY_VERIFY((beats += clock.Take()) >= 5);
         QCOMPARE(paints.Take(), 0);
+    }
+
+    void a_range_of_nothing_makes_a_bar_that_moves_while_it_shows()
+    {
+        m_dialog->setRange(0, 0);
+        m_dialog->show();
+        EventCounter paints(*Bar(), QEvent::Paint);
+        int painted = 0;
+        QTRY_VERIFY((painted += paints.Take()) >= 5);
+        m_dialog->hide();
+        QTRY_VERIFY(Bar()->findChildren<QAbstractAnimation *>().isEmpty());
     }
 
 private:

@@ -265,6 +265,21 @@ private Q_SLOTS:
         QCOMPARE(params.type, QcToast::Information);
     }
 
+    void a_repetition_during_the_fade_starts_the_time()
+    {
+        QcToast::Params params;
+        params.id = 7;
+        m_manager->showToast(params, m_window.get(), false);
+        QcToast *toast = Toasts().last();
+        AnimationOf(*toast, "opacity")->setCurrentTime(100);
+        QVERIFY(!TimerOf(*toast)->isActive());
+        m_manager->showToast(params, m_window.get(), false);
+        QVERIFY(TimerOf(*toast)->isActive());
+        QCOMPARE(AnimationOf(*toast, "opacity")->currentTime(), 100); // it goes on
+        Fire(*TimerOf(*toast));
+        QVERIFY(toast->isHidden()); // before it is opaque
+    }
+
     void without_an_id_equal_texts_make_a_toast_each()
     {
         Show(QStringLiteral("Saved"));
@@ -466,6 +481,14 @@ private Q_SLOTS:
         CheckColumn(toasts, kStart + 10);
         DrainEvents();
         CheckColumn(toasts, kStart + 10);
+    }
+
+    void slots_that_a_host_calls_by_their_names_do_no_harm()
+    {
+        const QVector<QcToast *> toasts = ShowMany(2);
+        QVERIFY(QMetaObject::invokeMethod(m_manager, "onToastDestroyed", Q_ARG(QObject *, nullptr)));
+        QVERIFY(QMetaObject::invokeMethod(m_manager, "onToastHeightChanged"));
+        CheckColumn(toasts);
     }
 
     void links_of_all_toasts_are_told()

@@ -33,8 +33,8 @@ public:
     explicit QcMultiLineText(QWidget *parent = nullptr);
     ~QcMultiLineText() override;
 
-    /// Shows \a text. Malformed HTML shows as far as Qt can read it. One with more than eight tables, or with a cell across a hundred
-    /// columns or more, shows as it is written: Qt could lay it out for hours.
+    /// Shows \a text. Malformed HTML shows as far as Qt can read it. One with more than eight tables, with a cell across a hundred
+    /// columns or more, or with more than a thousand tags in each other, shows as it is written: Qt could lay it out for hours.
     void setText(const QString &text);
     void clear();
     /// The font of all text that names none of its own. The widget's font plays no part.

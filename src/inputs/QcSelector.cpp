@@ -155,10 +155,12 @@ void QcSelector::UpdateView()
 
 // --- The popup ---
 
+/// Gives the hover to the row of \a index, and to none if that has no place in the list, as a hidden row.
 void QcSelector::ShowKeyboardRow(const QModelIndex &index)
 {
-    const QPointF middle = view()->visualRect(index).center();
-    QHoverEvent hover(QEvent::HoverMove, middle, middle);
+    const QRect place = view()->visualRect(index);
+    const QPointF middle = QRectF(place).center();
+    QHoverEvent hover(place.isEmpty() ? QEvent::HoverLeave : QEvent::HoverMove, middle, middle);
     QCoreApplication::sendEvent(view()->viewport(), &hover);
 }
 
@@ -169,10 +171,9 @@ bool QcSelector::eventFilter(QObject *watched, QEvent *event)
         if (lineEdit() && watched == lineEdit()) // for who looks where the edit lies: a debugging host installs this filter there
             QPainter(lineEdit()).fillRect(lineEdit()->rect(), Qt::red);
         break;
-    case QEvent::Show: // of the popup
-        if (view()->currentIndex().isValid())
-            ShowKeyboardRow(view()->currentIndex());
-        update(); // the arrow turns
+    case QEvent::Show:                           // of the popup
+        ShowKeyboardRow(view()->currentIndex()); // the row that the list closed with may still have the hover
+        update();                                // the arrow turns
         break;
     case QEvent::Hide:
         update();

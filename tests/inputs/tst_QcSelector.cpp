@@ -521,6 +521,35 @@ private Q_SLOTS:
         COMPARE_COLOR(GroundOfRow(*m_control, 4), PopupGround(Table::Light));
     }
 
+    void a_list_that_opens_without_a_row_for_the_keyboard_marks_none_data()
+    {
+        QTest::addColumn<bool>("isHidden");
+        QTest::newRow("no current item") << false;
+        QTest::newRow("the current item is hidden") << true;
+    }
+
+    void a_list_that_opens_without_a_row_for_the_keyboard_marks_none()
+    {
+        QFETCH(bool, isHidden);
+        delete m_control;
+        m_control = new QcSelector(m_window.get()); // Qt's list chooses a row for itself if it was ever cleared
+        m_control->setGeometry(10, 10, 200, 28);
+        for (int row = 0; row < 5; ++row)
+            m_control->addItem(QString::number(row));
+        m_control->setCurrentIndex(3);
+        m_control->show();
+        Open(); // which marks a row
+        m_control->hidePopup();
+        DrainEvents();
+        if (isHidden)
+            qobject_cast<QListView *>(m_control->view())->setRowHidden(3, true);
+        else
+            m_control->setCurrentIndex(-1);
+        Open();
+        for (const int row : {0, 1, 2, isHidden ? 4 : 3})
+            COMPARE_COLOR(GroundOfRow(*m_control, row), PopupGround(Table::Light));
+    }
+
     void the_arrow_turns_on_every_way_in_and_out_data()
     {
         QTest::addColumn<QString>("in");

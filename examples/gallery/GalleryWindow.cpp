@@ -2,12 +2,12 @@
 
 #include "Kit.h"
 
+#include <Velmora/QcLineEdit.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -108,14 +108,13 @@ QWidget *GalleryWindow::MakeSidebar()
     layout->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, 2 * kGrid);
     layout->setSpacing(0);
 
-    m_search = new QLineEdit;
-    m_search->setObjectName(QStringLiteral("searchField"));
+    m_search = new Field;
+    m_search->getLineEdit()->setObjectName(QStringLiteral("searchField")); // which has the keyboard
     m_search->setPlaceholderText(QStringLiteral("Search pages"));
     m_search->setAccessibleName(QStringLiteral("Search pages"));
     m_search->setToolTip(QStringLiteral("Ctrl+F"));
-    m_search->installEventFilter(this);
-    StyleLineEdit(m_search);
-    connect(m_search, &QLineEdit::textChanged, this, &GalleryWindow::FilterList);
+    m_search->getLineEdit()->installEventFilter(this);
+    connect(m_search, &Field::signalTextChanged, this, &GalleryWindow::FilterList);
     layout->addWidget(m_search);
     layout->addSpacing(kGrid);
 
@@ -181,7 +180,7 @@ void GalleryWindow::AddShortcuts()
     };
     add(QKeySequence::Find, [this] {
         m_search->setFocus();
-        m_search->selectAll();
+        m_search->getLineEdit()->selectAll();
     });
     add(QKeySequence(QStringLiteral("Ctrl+T")), [this] { m_tableSwitch->SetCurrentIndex(1 - m_tableSwitch->CurrentIndex()); });
     add(QKeySequence(QStringLiteral("Ctrl+Q")), [this] { close(); });
@@ -257,7 +256,7 @@ void GalleryWindow::MoveInList(int step)
 
 bool GalleryWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_search && event->type() == QEvent::KeyPress) {
+    if (m_search && watched == m_search->getLineEdit() && event->type() == QEvent::KeyPress) {
         switch (static_cast<QKeyEvent *>(event)->key()) {
         case Qt::Key_Down:
             MoveInList(1);

@@ -8,7 +8,6 @@
 #include <QHash>
 
 QT_BEGIN_NAMESPACE
-class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 class QScrollArea;
@@ -21,6 +20,7 @@ class QcLabel;
 
 namespace Gallery {
 
+class Field;
 class Segmented;
 
 /// The gallery's window: under the title row a searchable list of pages at the left, the chosen page and the switch of the
@@ -59,7 +59,7 @@ private:
     QVector<PageInfo> m_pages;
     QHash<QString, QWidget *> m_widgets; // made when first shown, owned by m_scroll or by this while out of sight
     QString m_currentId;
-    QLineEdit *m_search = nullptr;
+    Field *m_search = nullptr;
     QListWidget *m_list = nullptr;
     Velmora::QcLabel *m_nothingFound = nullptr;
     Velmora::QcLabel *m_title = nullptr;

@@ -3,15 +3,16 @@
 #include "Tables.h"
 
 #include <Velmora/QCSlider.h>
+#include <Velmora/QcLineEdit.h>
 #include <Velmora/QcScrollBar.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QAbstractScrollArea>
 #include <QButtonGroup>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScrollBar>
@@ -216,6 +217,24 @@ void SliderRow::ShowValue()
     m_value->setText(m_format(m_slider->value()));
 }
 
+// --- Field ---
+
+Field::Field(QWidget *parent)
+    : QcLineEditFrame(parent)
+{
+    getLineEdit()->installEventFilter(this);
+}
+
+bool Field::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool comes = event->type() == QEvent::FocusIn;
+    if (watched == getLineEdit() && (comes || event->type() == QEvent::FocusOut)) {
+        setProperty("objectPropertyFocus", comes);
+        style()->polish(this);
+    }
+    return QcLineEditFrame::eventFilter(watched, event);
+}
+
 // --- Specimens ---
 
 void MakeSpecimen(QWidget *widget)
@@ -287,28 +306,7 @@ void FloatScrollBars(QAbstractScrollArea *area)
     }
 }
 
-// --- Stylesheets ---
-
-void StyleLineEdit(QLineEdit *edit)
-{
-    edit->setFixedHeight(4 * kGrid);
-    // A stylesheet's colour holds for the placeholder too: an empty field is polished in the colour of placeholders.
-    QObject::connect(edit, &QLineEdit::textChanged, edit, [edit](const QString &text) {
-        if (edit->property("empty").toBool() == text.isEmpty())
-            return;
-        edit->setProperty("empty", text.isEmpty());
-        edit->style()->unpolish(edit);
-        edit->style()->polish(edit);
-    });
-    edit->setProperty("empty", edit->text().isEmpty());
-    QcStyleManager::GetInstance()->RegisterStyleSheet(edit, QStringLiteral(R"(
-        QLineEdit { padding: 0 8px; border: 1px solid ${border/border_secondary}; border-radius: 4px;
-                    color: ${text/text_primary}; background: ${bg/bg_box};
-                    selection-background-color: ${brand/brand}; selection-color: ${text/text_button}; }
-        QLineEdit[empty="true"] { color: ${text/text_tertairy}; }
-        QLineEdit:hover { border-color: ${border/border_secondary_hover}; }
-        QLineEdit:focus { border-color: ${others/focus}; })"));
-}
+// --- Tables ---
 
 void StyleTable(QTableWidget *table)
 {

@@ -3,6 +3,7 @@
 #include <Velmora/QcButton.h>
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcLabel.h>
+#include <Velmora/QcLineEditFrame.h>
 
 #include <QColor>
 #include <QString>
@@ -17,7 +18,6 @@ class QButtonGroup;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
-class QLineEdit;
 class QPainter;
 class QTableWidget;
 class QVBoxLayout;
@@ -39,7 +39,7 @@ constexpr int kGrid = 8;
 QcLabel *MakeLabel(const QString &text, QcLabel::LabelType type);
 /// A label that gives way when room is short: it elides instead of widening its layout.
 QcLabel *MakeElidingLabel(const QString &text, QcLabel::LabelType type);
-/// Text of more than one line. A QcLabel holds one line, so this is a plain label under a registered stylesheet.
+/// Text of more than one line. A QcLabel holds one line, and a QcMultiLineText breaks words, so this is a plain label.
 QLabel *MakeParagraph(const QString &text);
 /// A thin line across, in the colour of a divider.
 QcFrame *MakeDivider();
@@ -123,6 +123,18 @@ private:
     std::function<QString(int)> m_format;
 };
 
+/// A line edit with the border of the focus whenever it has the keyboard, however it came by it.
+class Field : public Velmora::QcLineEditFrame
+{
+    Q_OBJECT
+
+public:
+    explicit Field(QWidget *parent = nullptr);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
 /// A widget that a function paints; it follows the colour table.
 class Canvas : public QWidget
 {
@@ -148,8 +160,7 @@ void PaintColor(QPainter &painter, const QRectF &rect, double radius, const QCol
 /// Lets scroll bars float on \a area in place of its own. To be called before it is filled.
 void FloatScrollBars(QAbstractScrollArea *area);
 
-/// Stylesheets for the Qt widgets that the kit has no control for yet. All of them follow the colour table.
-void StyleLineEdit(QLineEdit *edit);
+/// Makes \a table, of which the kit has none, look as if it had. It follows the colour table.
 void StyleTable(QTableWidget *table);
 
 } // namespace Gallery

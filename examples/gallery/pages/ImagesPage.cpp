@@ -3,21 +3,19 @@
 #include "Tables.h"
 
 #include <Velmora/FileAndDesktop.h>
+#include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QAbstractButton>
 #include <QButtonGroup>
-#include <QCompleter>
 #include <QDirIterator>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QImageReader>
 #include <QLineEdit>
-#include <QListView>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSet>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -271,27 +269,16 @@ private:
         }
         row->addStretch();
 
-        m_field = new QLineEdit;
+        m_field = new Velmora::QcSelector;
         m_field->setObjectName(QStringLiteral("imageToken"));
         m_field->setPlaceholderText(QStringLiteral("Any token or colour"));
         m_field->setAccessibleName(QStringLiteral("Target colour"));
         m_field->setFixedWidth(30 * kGrid);
-        StyleLineEdit(m_field);
-        auto *completer = new QCompleter(TokensOf(TablePath(Table::Light)), m_field);
-        completer->setFilterMode(Qt::MatchContains);
-        completer->setCaseSensitivity(Qt::CaseInsensitive);
-        auto *list = new QListView;
-        completer->setPopup(list);
-        list->setItemDelegate(new QStyledItemDelegate(list)); // the completer's own ignores stylesheets
-        FloatScrollBars(list);
-        QcStyleManager::GetInstance()->RegisterStyleSheet(list, QStringLiteral(R"(
-            QListView { border: 1px solid ${border/border_secondary}; background: ${bg/bg_float}; color: ${text/text_primary}; outline: none; }
-            QListView::item { padding: 4px 8px; }
-            QListView::item:selected { background: ${brand/brand_bg}; color: ${text/text_caption}; })"));
-        m_field->setCompleter(completer);
-        connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this,
-                [this](const QString &token) { SetTypedToken(token); });
-        connect(m_field, &QLineEdit::returnPressed, this, [this] { SetTypedToken(m_field->text().trimmed()); });
+        m_field->addItems(TokensOf(TablePath(Table::Light)));
+        m_field->setEditable(true);
+        m_field->setInsertPolicy(QComboBox::NoInsert);
+        connect(m_field, &QComboBox::textActivated, this, [this](const QString &token) { SetTypedToken(token); });
+        connect(m_field->lineEdit(), &QLineEdit::returnPressed, this, [this] { SetTypedToken(m_field->currentText().trimmed()); });
         row->addWidget(m_field);
     }
 
@@ -369,8 +356,10 @@ private:
 
     void SetToken(const QString &token)
     {
-        if (m_field->text() != token)
-            m_field->setText(token);
+        if (token.isEmpty())
+            m_field->setCurrentIndex(-1);
+        if (m_field->currentText() != token)
+            m_field->setEditText(token);
         for (ImageTile *tile : qAsConst(m_tiles))
             tile->SetToken(token);
     }
@@ -382,7 +371,7 @@ private:
     }
 
     QButtonGroup *m_choices = nullptr;
-    QLineEdit *m_field = nullptr;
+    Velmora::QcSelector *m_field = nullptr;
     QVector<ImageTile *> m_tiles;
 };
 

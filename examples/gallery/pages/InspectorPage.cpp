@@ -3,9 +3,13 @@
 #include "Tables.h"
 
 #include <Velmora/FileAndDesktop.h>
+#include <Velmora/QCSlider.h>
+#include <Velmora/QcDoubleSpinBox.h>
 #include <Velmora/QcGhostButton.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSecondaryButton.h>
+#include <Velmora/QcSelector.h>
+#include <Velmora/QcSpinBox.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/QcTertiaryButton.h>
 #include <Velmora/QcTextLinkButton.h>
@@ -14,6 +18,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
 #include <QHeaderView>
@@ -407,6 +412,43 @@ private:
         buttons->addLayout(second);
         buttons->addStretch();
         row->addLayout(buttons, 3);
+        card->Body()->addLayout(MakeFields());
+    }
+
+    static QGridLayout *MakeFields()
+    {
+        auto *grid = new QGridLayout;
+        grid->setHorizontalSpacing(2 * kGrid);
+        grid->setVerticalSpacing(kGrid / 2);
+        auto *consignee = new Field;
+        consignee->setPlaceholderText(QStringLiteral("Who gets the shipment"));
+        AddField(grid, "Consignee", consignee);
+        auto *port = new Velmora::QcSelector;
+        port->addItems({QStringLiteral("Gothenburg"), QStringLiteral("Hamburg"), QStringLiteral("Rotterdam")});
+        AddField(grid, "Port", port);
+        auto *pallets = new Velmora::QcSpinBox;
+        pallets->setValue(12);
+        AddField(grid, "Pallets", pallets);
+        auto *weight = new Velmora::QcDoubleSpinBox;
+        weight->bSetBorder(true);
+        weight->setSuffix(QStringLiteral(" t"));
+        weight->setValue(4.25);
+        AddField(grid, "Weight", weight);
+        auto *filled = new Velmora::QCSlider;
+        filled->setValue(60);
+        AddField(grid, "Filled", filled);
+        return grid;
+    }
+
+    static void AddField(QGridLayout *grid, const char *name, QWidget *field)
+    {
+        const int column = grid->count() / 2;
+        grid->addWidget(MakeLabel(QLatin1String(name), QcLabel::BodySecondary), 0, column);
+        field->setAccessibleName(QLatin1String(name));
+        field->setFixedHeight(qMax(3 * kGrid, field->minimumHeight()));
+        field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        grid->addWidget(field, 1, column);
+        grid->setColumnStretch(column, 1);
     }
 
     // --- The differences ---

@@ -5,12 +5,10 @@
 #include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcPrimaryButton.h>
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QSignalBlocker>
-#include <QStyle>
 #include <QVBoxLayout>
 #include <QVector>
 
@@ -25,24 +23,6 @@ constexpr int kLabelWidth = 14 * kGrid;
 constexpr int kFieldWidth = 38 * kGrid;
 constexpr int kLogLines = 6;
 const QString kClearIcon = QStringLiteral(":/images/close.svg");
-
-/// A field with the border of the focus whenever it has the keyboard, however it came by it.
-class Field : public QcLineEditFrame
-{
-public:
-    Field() { getLineEdit()->installEventFilter(this); }
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        const bool comes = event->type() == QEvent::FocusIn;
-        if (watched == getLineEdit() && (comes || event->type() == QEvent::FocusOut)) {
-            setProperty("objectPropertyFocus", comes);
-            style()->polish(this);
-        }
-        return QcLineEditFrame::eventFilter(watched, event);
-    }
-};
 
 enum class Look { Rest, Hover, Focus, Warning, Disabled };
 constexpr const char *kLookNames[] = {"Rest", "Hover", "Focus", "Warning", "Disabled"};

@@ -7,7 +7,7 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHoverEvent>
-#include <QLabel>
+#include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <QVector>
@@ -39,8 +39,8 @@ void ColourHandle(QcScrollBar *bar, const QString &code)
             .arg(code));
 }
 
-/// A text too long and too wide for its area, on a ground.
-QScrollArea *MakeArea(const Ground &ground)
+/// An area whose own bars never show.
+QScrollArea *MakeArea()
 {
     auto *area = new QScrollArea;
     area->setFixedHeight(kPaneHeight);
@@ -48,20 +48,30 @@ QScrollArea *MakeArea(const Ground &ground)
     area->setFocusPolicy(Qt::StrongFocus); // the arrow keys scroll
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setStyleSheet(QStringLiteral("QScrollArea { background: %1; }").arg(QLatin1String(ground.color)));
+    area->setWidgetResizable(true);
     return area;
 }
 
-void Fill(QScrollArea *area, const Ground &ground)
+/// Fills \a area with its ground and \a text on it.
+void Fill(QScrollArea *area, const Ground &ground, const QString &text = QString())
+{
+    constexpr int kMargin = 2 * kGrid;
+    auto *content = new Canvas([ground, text](QPainter &painter, const QRect &rect) {
+        painter.fillRect(rect, QColor(QLatin1String(ground.color)));
+        painter.setPen(QColor(QLatin1String(ground.text)));
+        painter.drawText(rect.adjusted(kMargin, kMargin, 0, 0), Qt::AlignLeft | Qt::AlignTop, text);
+    });
+    if (!text.isEmpty())
+        content->setMinimumSize(content->fontMetrics().size(0, text) + QSize(2 * kMargin, 2 * kMargin));
+    area->setWidget(content);
+}
+
+QString LongText()
 {
     QStringList lines;
     for (int i = 1; i <= 60; ++i)
         lines << QStringLiteral("%1   The quick brown fox jumps over the lazy dog, and over the hedge behind it, and on.").arg(i);
-    auto *text = new QLabel(lines.join(QLatin1Char('\n')));
-    text->setMargin(2 * kGrid);
-    text->setStyleSheet(QStringLiteral("color: %1").arg(QLatin1String(ground.text)));
-    area->setWidget(text);
-    text->setAutoFillBackground(false);
+    return lines.join(QLatin1Char('\n'));
 }
 
 class ScrollBarsPage : public PageWidget
@@ -89,7 +99,7 @@ private:
             auto *column = new QVBoxLayout;
             column->setSpacing(kGrid);
             column->addWidget(MakeLabel(QLatin1String(ground.name), QcLabel::BodySecondary));
-            QScrollArea *area = MakeArea(ground);
+            QScrollArea *area = MakeArea();
             area->setAccessibleName(QLatin1String(ground.name));
             for (QScrollBar *original : {area->verticalScrollBar(), area->horizontalScrollBar()}) {
                 auto *bar = new QcScrollBar(original->orientation(), area);
@@ -98,7 +108,7 @@ private:
                     ColourHandle(bar, QStringLiteral("rgba(0, 0, 0, 0.25)"));
                 m_bars.append(bar);
             }
-            Fill(area, ground);
+            Fill(area, ground, LongText());
             column->addWidget(area);
             row->addLayout(column, 1);
         }
@@ -131,8 +141,9 @@ private:
         auto *column = new QVBoxLayout;
         column->setSpacing(kGrid);
         column->addWidget(MakeLabel(name, QcLabel::BodySecondary));
-        QScrollArea *area = MakeArea(ground);
+        QScrollArea *area = MakeArea();
         area->setFixedHeight(kPaneHeight / 2);
+        Fill(area, ground);
         auto *bar = new QcScrollBar(Qt::Vertical, area);
         if (!code.isEmpty())
             ColourHandle(bar, code);

@@ -2,8 +2,8 @@
 #include "Page.h"
 #include "SampleTemplate.h"
 
+#include <Velmora/QcLineEdit.h>
 #include <Velmora/QcPrimaryButton.h>
-#include <Velmora/QcStyleManager.h>
 #include <Velmora/QcTertiaryButton.h>
 #include <Velmora/XlsxOperator.h>
 
@@ -12,9 +12,11 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QPersistentModelIndex>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
@@ -32,6 +34,57 @@ enum Column { Name, Kind, Content, Entries, Effect };
 const QString kOwnNames = QStringLiteral("^(?!_xlnm\\.)");
 
 const QString kWorkbooks = QStringLiteral("Workbooks (*.xlsx)");
+
+/// Lets a cell be edited in a line edit of the kit.
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/, const QModelIndex &index) const override
+    {
+        auto *field = new Field(parent);
+        field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+        field->getLineEdit()->installEventFilter(const_cast<CellDelegate *>(this)); // which has the keyboard
+        m_edited = index;
+        return field;
+    }
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override
+    {
+        m_edited = QModelIndex();
+        QStyledItemDelegate::destroyEditor(editor, index);
+    }
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override
+    {
+        static_cast<Field *>(editor)->setText(index.data(Qt::EditRole).toString());
+    }
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override
+    {
+        model->setData(index, static_cast<Field *>(editor)->getText());
+    }
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex & /*index*/) const override
+    {
+        QRect place(0, 0, option.rect.width(), editor->height());
+        place.moveCenter(option.rect.center());
+        editor->setGeometry(place);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *edit = qobject_cast<Velmora::QcLineEdit *>(watched);
+        return QStyledItemDelegate::eventFilter(edit ? edit->parent() : watched, event);
+    }
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index == m_edited)
+            option->text.clear(); // it would show through the field
+    }
+
+private:
+    mutable QPersistentModelIndex m_edited;
+};
 
 class SpreadsheetsPage : public PageWidget
 {
@@ -77,10 +130,7 @@ private:
                                             QStringLiteral("Entries of the list"), QStringLiteral("When saved")});
         StyleTable(m_table);
         m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
-        Velmora::QcStyleManager::GetInstance()->RegisterStyleSheet(m_table->viewport(), QStringLiteral(R"(
-            QLineEdit { padding: 0 7px; border: 1px solid ${others/focus}; border-radius: 4px; color: ${text/text_primary};
-                        background: ${bg/bg_box}; selection-background-color: ${brand/brand};
-                        selection-color: ${text/text_button}; })"));
+        m_table->setItemDelegate(new CellDelegate(m_table));
         m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
         m_table->setFixedHeight(30 * kGrid);
         card->Body()->addWidget(m_table);

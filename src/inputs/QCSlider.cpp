@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QStyleOptionSlider>
 
+#include <limits>
+
 namespace Velmora {
 
 namespace {
@@ -42,6 +44,17 @@ QHash<int, ImageParams> HandleImages()
         images.insert(look.state, image);
     }
     return images;
+}
+
+/// Makes of a range wider than an int one that the style can divide by, and whose places are the same.
+void NarrowRange(QStyleOptionSlider &option)
+{
+    if (double(option.maximum) - option.minimum <= std::numeric_limits<int>::max())
+        return;
+    option.minimum /= 2;
+    option.maximum /= 2;
+    option.sliderPosition /= 2;
+    option.sliderValue /= 2;
 }
 
 /// A rectangle of nothing, as in a slider smaller than its margins, paints nothing.
@@ -121,6 +134,7 @@ void QCSlider::drawHandle(QPainter &painter, const ImageParams &params)
 {
     QStyleOptionSlider option;
     initStyleOption(&option);
+    NarrowRange(option);
     QRect rect = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
     if (orientation() == Qt::Horizontal) {
         rect.setY(height() / 2 - params.size.height() / 2);

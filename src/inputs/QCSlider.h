@@ -20,6 +20,9 @@ namespace Velmora {
 /// under the mouse or while held, it looks so again once enabled; hiding it ends both looks. A change of the colour table shows at the next
 /// paint, as when the surface below repaints: the slider asks for none itself.
 ///
+/// A range wider than an int is painted as any other. The mouse fares there as with a QSlider, in which Qt divides by zero if the range
+/// spans exactly 2^31.
+///
 /// A handler of its signals may delete the slider by deleteLater(): Qt touches the slider once more.
 class VELMORA_EXPORT QCSlider : public QSlider
 {

@@ -51,23 +51,30 @@ void QcScrollBar::SetOriginalScrollBar(QPointer<QScrollBar> bar)
     if (m_forwarding)
         return;
     m_forwarding = connect(this, &QScrollBar::valueChanged, this, [this] {
-        if (m_original && !m_isMirroring)
-            m_original->setValue(value());
+        if (!m_original || value() == m_mirrored)
+            return;
+        m_mirrored.reset(); // whoever set another value meanwhile, user or host, has overtaken the original
+        m_original->setValue(value());
     });
 }
 
-/// Does \a change, which follows the original: what this bar's range makes of a value is not handed back. False if a handler of the host
-/// deleted the bar.
+/// Does \a change, which follows the original and leads to \a value: that one is not handed back. False if a handler of the host deleted
+/// the bar.
 template <typename Change>
-bool QcScrollBar::Mirror(const Change &change)
+bool QcScrollBar::Mirror(int value, const Change &change)
 {
     const QPointer<QcScrollBar> guard(this);
-    const bool wasMirroring = std::exchange(m_isMirroring, true);
+    const auto outer = std::exchange(m_mirrored, value);
     change();
     if (!guard)
         return false;
-    m_isMirroring = wasMirroring;
+    m_mirrored = outer;
     return true;
+}
+
+bool QcScrollBar::MirrorValue(int value)
+{
+    return Mirror(qBound(minimum(), value, maximum()), [=] { setValue(value); });
 }
 
 void QcScrollBar::MirrorSteps()
@@ -78,13 +85,9 @@ void QcScrollBar::MirrorSteps()
 
 void QcScrollBar::OnOriginalScrollBarRangeChanged(int min, int max)
 {
-    const QPointer<QcScrollBar> guard(this);
-    const auto follow = [&] {
-        setRange(min, max);
-        if (guard && m_original)
-            setValue(m_original->value());
-    };
-    if (!Mirror(follow))
+    if (!Mirror(qBound(min, value(), max), [=] { setRange(min, max); }))
+        return;
+    if (m_original && !MirrorValue(m_original->value()))
         return;
     MirrorSteps();
     if (max > 0) {
@@ -98,7 +101,7 @@ void QcScrollBar::OnOriginalScrollBarRangeChanged(int min, int max)
 
 void QcScrollBar::OnOriginalScrollBarValueChanged(int value)
 {
-    if (!Mirror([&] { setValue(value); }))
+    if (!MirrorValue(value))
         return;
     MirrorSteps();
     updateGeometry(); // a viewport that scrolled moved its children along

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QScrollBar>
 
+#include <optional>
+
 namespace Velmora {
 
 /// A thin scroll bar, 10 pixels across, that floats on a scroll area instead of taking room in its layout.
@@ -17,8 +19,8 @@ namespace Velmora {
 ///     bar->SetOriginalScrollBar(area->verticalScrollBar());     // before the area is filled
 ///
 /// The bar is a child of the area, or of its viewport, at whose right (also right to left) or bottom edge it stands, 2 pixels
-/// from it, and as long as it; it lays itself out. Item views and text edits move the children of their viewport when they
-/// scroll: there, two bars belong on the area.
+/// from it, and as long as it; it lays itself out. Two bars of one area overlap in its corner. Item views and text edits move the
+/// children of their viewport when they scroll: there, two bars belong on the area.
 ///
 /// The handle shows while the mouse is over the parent, 4 pixels thin, and 8 while the mouse is over the handle. Its colour,
 /// `base/neutral/neutral-50`, is made for dark grounds in both built-in tables, where it is a translucent white. A host that
@@ -62,7 +64,8 @@ private:
     void UpdatePropertyHover();
     void updateGeometry();
     template <typename Change>
-    bool Mirror(const Change &change);
+    bool Mirror(int value, const Change &change);
+    bool MirrorValue(int value);
     void MirrorSteps();
     void WatchParent();
 
@@ -72,7 +75,7 @@ private:
     int m_verticalMargin = 2;
     DisplayMode m_displayMode = DisplayOnHover;
     QMetaObject::Connection m_forwarding;
-    bool m_isMirroring = false;
+    std::optional<int> m_mirrored; // the value that is being taken over from the original
     QPointer<QWidget> m_watchedParent;
 };
 

@@ -97,6 +97,12 @@ private Q_SLOTS:
         QCOMPARE(int(QcScrollBar::DisplayAlways), 1);
     }
 
+    void two_bars_of_one_area_overlap_in_its_corner()
+    {
+        const QcScrollBar horizontal(Qt::Horizontal, m_area);
+        QCOMPARE(m_bar->geometry() & horizontal.geometry(), QRect(188, 138, 10, 10));
+    }
+
     void it_stands_at_the_right_edge_also_right_to_left()
     {
         m_area->setLayoutDirection(Qt::RightToLeft);
@@ -226,6 +232,43 @@ private Q_SLOTS:
         QMetaObject::invokeMethod(m_bar, "OnCurrentScrollBarValueChanged", Q_ARG(int, 130));
         QCOMPARE(m_original->value(), 130);
         QCOMPARE(m_bar->value(), 130);
+    }
+
+    void a_value_set_by_the_host_while_the_bar_follows_reaches_the_original_data()
+    {
+        QTest::addColumn<bool>("isRange");
+        QTest::newRow("a value is followed") << false;
+        QTest::newRow("a range is followed") << true;
+    }
+
+    void a_value_set_by_the_host_while_the_bar_follows_reaches_the_original()
+    {
+        QFETCH(bool, isRange);
+        Fill();
+        m_original->setValue(isRange ? 290 : 0);
+        connect(m_bar, &QScrollBar::valueChanged, this, [this](int value) { m_bar->setValue(value / 10 * 10); }); // snaps
+        if (isRange)
+            m_original->setRange(0, 137);
+        else
+            m_original->setValue(137);
+        QCOMPARE(m_bar->value(), 130);
+        QCOMPARE(m_original->value(), 130);
+        m_original->setValue(42);
+        QCOMPARE(m_bar->value(), 40);
+        QCOMPARE(m_original->value(), 40);
+    }
+
+    void the_user_may_scroll_on_in_a_handler_of_the_host()
+    {
+        Fill();
+        QVector<int> scrolled = {70, 37};
+        connect(m_bar, &QScrollBar::valueChanged, this, [&] {
+            while (!scrolled.isEmpty())
+                m_bar->setValue(scrolled.takeFirst()); // as in an event loop of its own
+        });
+        m_original->setValue(37);
+        QCOMPARE(m_bar->value(), 37);
+        QCOMPARE(m_original->value(), 37); // also back to where it began
     }
 
     void the_same_original_again_connects_once()

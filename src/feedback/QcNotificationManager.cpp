@@ -35,13 +35,13 @@ QcNotificationManager *QcNotificationManager::getInstance()
 void QcNotificationManager::showNotification(const QString &title, const QString &content, const QString &operationText,
                                              std::function<void()> &&callback, QWidget *parent, const QRect &rect)
 {
-    parent = OutsideOf(m_notification, parent);
+    parent = OutsideOf(Card(), parent);
     if (!parent) {
         qWarning() << "QcNotificationManager::showNotification: parent null";
         return;
     }
     const QPointer<QWidget> parentAlive(parent);
-    if (!m_notification) {
+    if (!Card()) {
         m_notification = new QcNotification(nullptr); // its parent's from here on
         m_notification->hide();
     }
@@ -56,11 +56,11 @@ void QcNotificationManager::showNotification(const QString &title, const QString
             qWarning() << "QcNotificationManager::showNotification: parent null";
             return;
         }
-        if (!m_notification) {
+        if (!Card()) {
             qWarning() << "QcNotificationManager::showNotification: m_notification null";
             return;
         }
-        m_notification->showNotification(title, content, operationText, std::move(callback), rect);
+        Card()->showNotification(title, content, operationText, std::move(callback), rect);
     });
 }
 
@@ -71,6 +71,12 @@ void QcNotificationManager::showNotification(const QString &title, const QString
         return;
     showNotification(
         title, content, operationText, [path = argument.toString()] { openDir(path); }, parent, rect);
+}
+
+/// Null also for a card that is dying: hosts hear of its end before the pointer is cleared.
+QcNotification *QcNotificationManager::Card() const
+{
+    return qobject_cast<QcNotification *>(m_notification.data());
 }
 
 void QcNotificationManager::setNotificationParent(QWidget * /*parent*/) {}

@@ -5,13 +5,13 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QWidget>
 
 #include <functional>
 
 QT_BEGIN_NAMESPACE
 class QRect;
 class QVariant;
-class QWidget;
 QT_END_NAMESPACE
 
 namespace Velmora {
@@ -51,8 +51,9 @@ public:
 
 private:
     QcNotificationManager() = default;
+    QcNotification *Card() const;
 
-    QPointer<QcNotification> m_notification;
+    QPointer<QWidget> m_notification;
 };
 
 } // namespace Velmora

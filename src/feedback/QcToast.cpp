@@ -100,7 +100,10 @@ QcToast::QcToast(QWidget *parent)
     setParams(m_params);
 }
 
-QcToast::~QcToast() = default;
+QcToast::~QcToast()
+{
+    hide(); // while it is whole: who sees it may show another, and the manager then looks at all that it has
+}
 
 void QcToast::MakeContent()
 {

@@ -1,4 +1,5 @@
 #include "CardParts.h"
+#include "support/CallAt.h"
 #include "support/EventCounter.h"
 #include "support/TestMain.h"
 
@@ -178,6 +179,29 @@ private Q_SLOTS:
         ExpectWarning(kCardGone);
         WaitForTheDelay();
         Post(QStringLiteral("two"), m_window.get());
+        WaitForPages(*m_window, 1);
+        QCOMPARE(TitlesInSight(*CardOf(*m_window)), QStringList(QStringLiteral("two")));
+    }
+
+    void who_hears_of_a_dying_card_may_show_the_next_message_data()
+    {
+        QTest::addColumn<bool>("isHide");
+        QTest::newRow("by its signal") << false;
+        QTest::newRow("as it hides") << true;
+    }
+    void who_hears_of_a_dying_card_may_show_the_next_message()
+    {
+        QFETCH(bool, isHide);
+        Post(QStringLiteral("one"), m_window.get());
+        WaitForPages(*m_window, 1);
+        const QPointer<QcNotification> card(CardOf(*m_window));
+        const auto next = [this] { Post(QStringLiteral("two"), m_window.get()); };
+        std::unique_ptr<CallAt> onHiding;
+        if (isHide)
+            onHiding = std::make_unique<CallAt>(*card, QEvent::Hide, next);
+        else
+            connect(card, &QObject::destroyed, this, next);
+        delete card;
         WaitForPages(*m_window, 1);
         QCOMPARE(TitlesInSight(*CardOf(*m_window)), QStringList(QStringLiteral("two")));
     }

@@ -1,4 +1,5 @@
 #include "feedback/ToastSupport.h"
+#include "support/CallAt.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcToastManager.h>
@@ -23,31 +24,6 @@ namespace {
 
 constexpr int kStart = 67;
 constexpr int kSpacing = 4;
-
-/// Deletes another widget as soon as its own sees an event of a type.
-class DeleterAt : public QObject
-{
-public:
-    DeleterAt(QWidget *watched, QEvent::Type type, QWidget *victim)
-        : QObject(watched)
-        , m_type(type)
-        , m_victim(victim)
-    {
-        watched->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        if (event->type() == m_type)
-            delete m_victim.data();
-        return false;
-    }
-
-private:
-    const QEvent::Type m_type;
-    const QPointer<QWidget> m_victim;
-};
 
 } // namespace
 
@@ -455,6 +431,24 @@ private Q_SLOTS:
         CheckColumn({toasts[2]});
     }
 
+    void who_sees_a_dying_toast_hide_finds_it_whole_and_may_show_another()
+    {
+        const QVector<QcToast *> toasts = ShowMany(3);
+        DrainEvents();
+        bool isWhole = false;
+        const CallAt onHiding(*toasts[1], QEvent::Hide, [&] {
+            isWhole = qobject_cast<QcToast *>(toasts[1]);
+            QcToast::Params params;
+            params.id = 7;
+            m_manager->showToast(params, m_window.get(), false);
+        });
+        delete toasts[1];
+        QVERIFY(isWhole);
+        DrainEvents();
+        CheckColumn(Toasts());
+        QCOMPARE(Toasts().last()->isVisible(), true);
+    }
+
     void a_toast_may_die_as_the_first_moves_or_hides_data()
     {
         QTest::addColumn<int>("count");
@@ -472,7 +466,7 @@ private Q_SLOTS:
         QVector<QcToast *> toasts = ShowMany(count);
         Settle();
         QPointer<QcToast> dying(toasts.takeAt(victim));
-        new DeleterAt(toasts[0], type, dying); // the toast's
+        const CallAt killer(*toasts[0], type, [&dying] { delete dying; });
         m_manager->setToastStartY(kStart + 10);
         toasts.append(Show(QStringLiteral("new")));
         QVERIFY(!dying);

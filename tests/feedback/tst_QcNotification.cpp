@@ -1,15 +1,20 @@
 #include "CardParts.h"
 #include "support/AccessibleEvents.h"
+#include "support/CallAt.h"
 #include "support/EventCounter.h"
 #include "support/LeaksExcused.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
+#include <Velmora/QcIconButton.h>
+
 #include <QAccessible>
 #include <QApplication>
 #include <QEventLoop>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
+#include <QSet>
 #include <QTranslator>
 
 #include <climits>
@@ -89,6 +94,23 @@ protected:
     {
         QTest::mouseClick(ButtonOf(*PagesOf(*m_card).constFirst(), "m_operationButton"), Qt::LeftButton);
         DrainEvents();
+    }
+
+    /// That the layout of \a widget has these measures and holds \a items, in order: widgets by name, spacers by size.
+    static void CheckLayout(const QWidget &widget, const char *name, int spacing, const QMargins &margins, const char *items)
+    {
+        const QLayout *layout = widget.layout();
+        QVERIFY(layout);
+        QCOMPARE(layout->objectName(), QLatin1String(name));
+        QCOMPARE(layout->spacing(), spacing);
+        QCOMPARE(layout->contentsMargins(), margins);
+        QStringList found;
+        for (int i = 0; i < layout->count(); ++i) {
+            const QSize size = layout->itemAt(i)->sizeHint();
+            const QWidget *item = layout->itemAt(i)->widget();
+            found.append(item ? item->objectName() : QStringLiteral("%1x%2").arg(size.width()).arg(size.height()));
+        }
+        QCOMPARE(found.join(QLatin1Char(' ')), QLatin1String(items));
     }
 
     std::unique_ptr<QWidget> m_window;
@@ -326,6 +348,16 @@ private Q_SLOTS:
             Click(name);
             QVERIFY(timer->remainingTime() < 9980);
         }
+    }
+
+    void a_message_on_a_card_in_a_hidden_parent_begins_the_time_anew()
+    {
+        QcNotification card(m_window.get()); // no window: it would show with its parent
+        ShowMessage(card, QStringLiteral("one"));
+        m_window->hide();
+        TimerOf(card)->stop();
+        ShowMessage(card, QStringLiteral("two"));
+        QVERIFY(TimerOf(card)->isActive());
     }
 
     void the_time_stands_still_while_the_mouse_rests_on_the_card()
@@ -640,19 +672,8 @@ private Q_SLOTS:
 
     void a_host_may_delete_the_card_as_it_shows()
     {
-        class Deleter : public QObject
-        {
-        public:
-            using QObject::QObject;
-            bool eventFilter(QObject *watched, QEvent *event) override
-            {
-                if (event->type() == QEvent::Show)
-                    watched->deleteLater();
-                return false;
-            }
-        } deleter;
         const QPointer<QcNotification> card(m_card);
-        m_card->installEventFilter(&deleter);
+        const CallAt deleter(*m_card, QEvent::Show, [&card] { card->deleteLater(); });
         ShowMessage(*m_card, QStringLiteral("one"));
         DrainEvents();
         QVERIFY(!card);
@@ -738,6 +759,63 @@ private Q_SLOTS:
             // The button paints itself: what the sheet says of its colour has no effect.
             COMPARE_COLOR(inkOf(Part(*page, "m_operationButton")), Over(TokenOf(table, QStringLiteral("link/link")), ground));
         }
+    }
+
+    void card_and_page_are_laid_out_as_their_forms()
+    {
+        ShowMessages({QStringLiteral("one")});
+        const QWidget &bar = *Part(*m_card, "m_controlBar");
+        CheckLayout(*m_card, "verticalLayout_2", 0, QMargins(), "widget_3 m_controlBar");
+        CheckLayout(*Part(*m_card, "widget_3"), "horizontalLayout_2", 8, QMargins(12, 10, 8, 10), "m_pageFrame frame");
+        CheckLayout(*ButtonOf(*m_card, "m_closeButton")->parentWidget(), "verticalLayout", 0, QMargins(0, 3, 0, 0), "m_closeButton");
+        CheckLayout(bar, "horizontalLayout", 10, QMargins(),
+                    "40x20 m_firstButton m_previousButton m_pageLabel m_nextButton m_lastButton 40x20");
+        for (const int spacer : {0, 6})
+            QCOMPARE(bar.layout()->itemAt(spacer)->expandingDirections(), Qt::Horizontal);
+        QCOMPARE(Part<QLabel>(bar, "m_pageLabel")->alignment(), Qt::AlignCenter);
+
+        const QcNotificationPage &page = *PagesOf(*m_card).constFirst();
+        QWidget *lines = Part(page, "m_titleLabel")->parentWidget();
+        CheckLayout(page, "verticalLayout", 8, QMargins(), "frame m_operationButton");
+        CheckLayout(*lines, "verticalLayout_2", 4, QMargins(), "m_titleLabel m_contentLabel");
+        QCOMPARE(page.layout()->itemAt(1)->alignment(), Qt::AlignLeft);
+        for (QWidget *panel :
+             {Part(*m_card, "m_pageFrame"), ButtonOf(*m_card, "m_closeButton")->parentWidget(), Part(*m_card, "m_controlBar"), lines})
+            QCOMPARE(qobject_cast<QFrame *>(panel)->frameStyle(), int(QFrame::StyledPanel) | int(QFrame::Raised));
+    }
+
+    void each_button_has_its_own_icon()
+    {
+        ShowMessages({QStringLiteral("one"), QStringLiteral("two")});
+        QSet<QByteArray> looks;
+        const auto checkIcon = [&](const char *name, const QString &icon) {
+            auto *button = Part<QcIconButton>(*m_card, name);
+            QcIconButton expected(nullptr);
+            expected.SetIconPath(icon);
+            expected.setFixedSize(16, 16);
+            expected.setEnabled(button->isEnabled());
+            DrainEvents();
+            const QImage look = Render(*button, Qt::white);
+            QCOMPARE(look, Render(expected, Qt::white));
+            looks.insert(QByteArray(reinterpret_cast<const char *>(look.constBits()), int(look.sizeInBytes())));
+        };
+        checkIcon("m_closeButton", QStringLiteral(":/images/close.svg"));
+        checkIcon("m_firstButton", QStringLiteral(":/images/first_page.svg"));
+        checkIcon("m_previousButton", QStringLiteral(":/images/pre_page.svg"));
+        checkIcon("m_nextButton", QStringLiteral(":/images/next_page.svg"));
+        checkIcon("m_lastButton", QStringLiteral(":/images/last_page.svg"));
+        QCOMPARE(looks.size(), 5);
+    }
+
+    void a_page_without_a_card_follows_the_table()
+    {
+        QcNotificationPage page(m_window.get());
+        page.show();
+        DrainEvents();
+        EventCounter paints(page, QEvent::Paint);
+        UseTable(Table::Dark);
+        DrainEvents();
+        QVERIFY(paints.Take() > 0);
     }
 
     void the_card_has_the_forms_names_and_measures()

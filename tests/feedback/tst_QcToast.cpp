@@ -172,6 +172,21 @@ private Q_SLOTS:
         QVERIFY(Render(*icon) != Render(*icon, Qt::red)); // nothing lies under the icon
     }
 
+    void the_text_is_14_pixels_large()
+    {
+        QcMultiLineText expected(m_window.get());
+        expected.setFont(14);
+        expected.setText(QStringLiteral("Saved"));
+        m_toast->setText(QStringLiteral("Saved"));
+        m_toast->showToast(false);
+        DrainEvents();
+        expected.resize(TextOf(*m_toast)->size());
+        const QImage text = Render(*TextOf(*m_toast));
+        QCOMPARE(text, Render(expected));
+        expected.setFont(13);
+        QVERIFY(text != Render(expected));
+    }
+
     void an_unknown_type_changes_nothing_and_none_is_stored()
     {
         static_assert(std::is_same<std::underlying_type_t<QcToast::Type>, int>::value, "the enum can hold what it does not name");
@@ -279,6 +294,16 @@ private Q_SLOTS:
         QVERIFY(!TimerOf(*m_toast)->isActive());
     }
 
+    void no_time_begins_before_the_toast_is_opaque()
+    {
+        QVERIFY(QMetaObject::invokeMethod(m_toast, "onOpacityAnimationFishied")); // as a host can
+        QVERIFY(!TimerOf(*m_toast)->isActive());
+        m_toast->showToast(true);
+        AnimationOf(*m_toast, "opacity")->setCurrentTime(249);
+        QVERIFY(QMetaObject::invokeMethod(m_toast, "onOpacityAnimationFishied"));
+        QVERIFY(!TimerOf(*m_toast)->isActive());
+    }
+
     void without_fading_it_is_opaque_and_stays()
     {
         m_toast->showToast(false);
@@ -298,7 +323,9 @@ private Q_SLOTS:
         EndFade(*m_toast);
         DrainEvents();
         QVERIFY(field.hasFocus());
-        QTest::mouseClick(CloseButtonOf(*m_toast), Qt::LeftButton);
+        QTest::mousePress(CloseButtonOf(*m_toast), Qt::LeftButton);
+        QVERIFY(field.hasFocus());
+        QTest::mouseRelease(CloseButtonOf(*m_toast), Qt::LeftButton);
         QVERIFY(m_toast->isHidden());
         QVERIFY(field.hasFocus());
     }

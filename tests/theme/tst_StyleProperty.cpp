@@ -44,10 +44,19 @@ class TestStyleProperty : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void the_look_follows_the_property_data()
+    {
+        QTest::addColumn<QString>("look");
+        QTest::newRow("a background, of which the palette changes") << QStringLiteral("background: %1");
+        QTest::newRow("a border, which is no part of the palette") << QStringLiteral("border: 15px solid %1");
+    }
+
     void the_look_follows_the_property()
     {
+        QFETCH(QString, look);
         QFrame frame;
-        frame.setStyleSheet(QStringLiteral("QFrame { background: blue } QFrame[marked=\"true\"] { background: red }"));
+        frame.setStyleSheet(QStringLiteral("QFrame { %1 } QFrame[marked=\"true\"] { %2 }")
+                                .arg(look.arg(QLatin1String("blue")), look.arg(QLatin1String("red"))));
         frame.resize(20, 20);
         frame.show();
         DrainEvents();

@@ -21,7 +21,8 @@ class TextEdit;
 /// The limit. Lengths are UTF-16 units, as those of QString: most emoji take two. A longer text is cut at once and silently, the cursor
 /// goes to its end, and the history for undo begins anew. A character that fits only by half is given up whole. The cut text is set by
 /// setText(): typed or pasted text that looks like HTML is read as such once it is cut. Receivers of signalTextChanged() and
-/// QTextEdit::textChanged() see the cut text only, and hear once of it; QTextEdit::cursorPositionChanged() does not tell of the cut.
+/// QTextEdit::textChanged() see the cut text only, and hear once of it; QTextEdit::cursorPositionChanged() does not tell of
+/// the cut, and comes before it where text is typed or pasted.
 ///
 /// Without a limit a pasted word of 100,000 letters takes Qt seconds to wrap; `setWordWrapMode(QTextOption::WrapAnywhere)` of the edit
 /// takes none. A text that is cut costs no more than what is left of it.

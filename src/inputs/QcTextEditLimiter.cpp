@@ -175,11 +175,9 @@ bool QcTextEditLimiter::eventFilter(QObject *watched, QEvent *event)
 
 void QcTextEditLimiter::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<QcTextEditLimiter> guard(this);
     if (m_textEdit && !m_textEdit->hasFocus())
         m_textEdit->setFocus(Qt::OtherFocusReason);
-    if (guard) // still, after what the host did as the keyboard came
-        QFrame::mousePressEvent(event);
+    QFrame::mousePressEvent(event);
 }
 
 } // namespace Velmora

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QTextEdit>
@@ -64,7 +65,7 @@ protected:
         delete this->m_control;
         m_first = new QTextEdit(this->m_window.get());
         m_first->setGeometry(10, 130, 100, 40);
-        this->m_control = new Frame(this->m_window.get()); // behind the other in all orders
+        this->m_control = Make(*this->m_window); // behind the other in all orders
         this->m_control->setGeometry(10, 10, 200, 100);
     }
 
@@ -73,6 +74,8 @@ protected:
         ControlTest<Frame>::SetUp();
         m_first->setFocus();
     }
+
+    virtual Frame *Make(QWidget &parent) { return new Frame(&parent); }
 
     /// The user goes to another window and comes back.
     void VisitAnotherWindow()
@@ -84,6 +87,19 @@ protected:
         QVERIFY(QTest::qWaitForWindowActive(&other));
         this->m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(this->m_window.get()));
+    }
+
+    /// The user asks for the menu of \a edit.
+    static void OpenMenu(QTextEdit &edit)
+    {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(10, 10), edit.viewport()->mapToGlobal(QPoint(10, 10)));
+        QCoreApplication::sendEvent(edit.viewport(), &event);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+    }
+    static void CloseMenu()
+    {
+        QApplication::activePopupWidget()->close();
+        DrainEvents();
     }
 
     /// A click on \a widget, through its window.

@@ -1,5 +1,6 @@
 #include "support/AccessibleEvents.h"
 #include "support/EventCounter.h"
+#include "support/PaintedRegion.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
@@ -112,22 +113,6 @@ bool IsLike(const QImage &one, const QImage &other)
     }
     return true;
 }
-
-/// Collects what of a widget is repainted.
-class PaintedRegion : public QObject
-{
-public:
-    explicit PaintedRegion(QWidget &widget) { widget.installEventFilter(this); }
-    QRegion region;
-
-protected:
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            region += static_cast<QPaintEvent *>(event)->region();
-        return false;
-    }
-};
 
 bool IsOpen(const QcSelector &selector)
 {

@@ -1,22 +1,19 @@
 #include "support/TestMain.h"
 
 #include "inputs/TextEditTest.h"
+#include "support/PaintedRegion.h"
 
 #include <Velmora/QcTextEditFrame.h>
 
 #include <QAccessible>
-#include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QTextDocument>
 #include <QVBoxLayout>
 #include <QWindow>
 
 #include <ctime>
-#include <limits>
-#include <utility>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -138,10 +135,11 @@ private Q_SLOTS:
 
     void the_border_of_the_keyboard_repaints()
     {
-        EventCounter paints(*m_control, QEvent::Paint);
+        DrainEvents();
+        PaintedRegion painted(*m_control);
         m_control->setFocus();
         DrainEvents();
-        QVERIFY(paints.Take() > 0);
+        QCOMPARE(painted.region, QRegion(m_control->rect())); // not only what lies below the edit
     }
 
     // --- Limit and counter ---
@@ -165,29 +163,16 @@ private Q_SLOTS:
         QCOMPARE(m_control->getText().size(), 1000);
     }
 
-    void a_longer_text_is_cut_with_the_cursor_at_its_end()
+    void a_longer_text_is_told_once_when_it_is_cut_and_counted()
     {
         m_control->setMaxLength(10);
         QStringList heard;
         connect(m_control, &QcTextEditFrame::signalTextChanged, m_first,
                 [&](const QString &text) { heard << text + QLatin1Char(' ') + CounterOf(*m_control)->text(); });
-        QSignalSpy cursorMoves(Edit(), &QTextEdit::cursorPositionChanged);
         Paste(*Edit(), QStringLiteral("123456789012345"));
+        QCOMPARE(heard, QStringList({QStringLiteral("1234567890 0")}));
         QCOMPARE(m_control->getText(), QStringLiteral("1234567890"));
         QCOMPARE(m_control->toPlainText(), QStringLiteral("1234567890"));
-        QCOMPARE(Edit()->textCursor().position(), 10);
-        QCOMPARE(heard, QStringList({QStringLiteral("1234567890 0")})); // once: the cut text, when the counter has told it
-        QVERIFY(!Edit()->document()->isUndoAvailable());
-        QVERIFY(!Edit()->signalsBlocked());
-    }
-
-    void an_emoji_that_fits_by_half_is_given_up_whole()
-    {
-        m_control->setMaxLength(3);
-        Paste(*Edit(), QStringLiteral("ab") + kEmoji);
-        QCOMPARE(m_control->getText(), QStringLiteral("ab"));
-        QCOMPARE(Edit()->textCursor().position(), 2);
-        QCOMPARE(CounterOf(*m_control)->text(), QStringLiteral("1"));
     }
 
     void a_cut_text_that_looks_like_html_is_read_as_such()
@@ -213,31 +198,15 @@ private Q_SLOTS:
         QCOMPARE(m_control->getText(), QStringLiteral("plain"));
     }
 
-    void html_that_qt_could_not_lay_out_stays_as_it_is_written_data()
+    void pasted_html_that_qt_could_not_lay_out_stays_as_it_is_written()
     {
-        QTest::addColumn<bool>("isPasted");
-        QTest::addColumn<QString>("html");
-        QTest::addColumn<int>("limit");
-        QTest::newRow("tables, pasted and cut") << true << NestedTables(40) << 500;
-        QTest::newRow("tables, set") << false << NestedTables(40) << 500;
-        QTest::newRow("lists, pasted and cut") << true << QStringLiteral("<ul>\n").repeated(20000) << 99999;
-        QTest::newRow("lists, set") << false << QStringLiteral("<ul>\n").repeated(20000) << 99999;
-    }
-
-    void html_that_qt_could_not_lay_out_stays_as_it_is_written()
-    {
-        QFETCH(bool, isPasted);
-        QFETCH(QString, html);
-        QFETCH(int, limit);
-        const std::clock_t begin = std::clock();
-        m_control->setMaxLength(limit);
-        if (isPasted)
-            Paste(*Edit(), html);
-        else
-            m_control->setText(html);
+        QElapsedTimer timer;
+        timer.start();
+        m_control->setMaxLength(500);
+        Paste(*Edit(), NestedTables(40)); // which is cut, and then read as HTML if it may be
         m_control->grab();
-        QCOMPARE(m_control->getText(), html.left(limit));
-        QVERIFY(double(std::clock() - begin) / CLOCKS_PER_SEC < 2); // seconds
+        QCOMPARE(m_control->getText(), NestedTables(40).left(500));
+        QVERIFY(timer.elapsed() < 1000);
     }
 
     void a_maximum_below_the_text_counts_below_zero_until_the_next_edit()
@@ -300,18 +269,6 @@ private Q_SLOTS:
 
     // --- Keyboard ---
 
-    void the_keyboard_is_there_again_after_a_visit_to_another_window()
-    {
-        m_control->setFocus();
-        QSignalSpy gains(m_control, &QcTextEditFrame::signalFocusIn);
-        QSignalSpy losses(m_control, &QcTextEditFrame::signalFocusOut);
-        VisitAnotherWindow();
-        QCOMPARE(QApplication::focusWidget(), Edit());
-        QCOMPARE(gains.count(), 1);
-        QCOMPARE(losses.count(), 1);
-        QVERIFY(HasFocusBorder(*m_control));
-    }
-
     void the_border_follows_the_keyboard()
     {
         QSignalSpy gains(m_control, &QcTextEditFrame::signalFocusIn);
@@ -320,22 +277,21 @@ private Q_SLOTS:
         QVERIFY(Edit()->hasFocus());
         QVERIFY(HasFocusBorder(*m_control));
         QCOMPARE(gains.count(), 1);
-        m_first->setFocus();
-        QCOMPARE(m_control->property("objectPropertyFocus"), QVariant(false));
-        QCOMPARE(losses.count(), 1);
-    }
-
-    void a_menu_keeps_the_border_and_is_told_as_a_loss()
-    {
-        m_control->setFocus();
-        QSignalSpy losses(m_control, &QcTextEditFrame::signalFocusOut);
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(10, 10), Edit()->viewport()->mapToGlobal(QPoint(10, 10)));
-        QCoreApplication::sendEvent(Edit()->viewport(), &event);
-        QTRY_VERIFY(QApplication::activePopupWidget());
+        VisitAnotherWindow();
         QVERIFY(HasFocusBorder(*m_control));
         QCOMPARE(losses.count(), 1);
-        QApplication::activePopupWidget()->close();
-        DrainEvents();
+        QCOMPARE(gains.count(), 2);
+        m_first->setFocus();
+        QCOMPARE(m_control->property("objectPropertyFocus"), QVariant(false));
+        QCOMPARE(losses.count(), 2);
+    }
+
+    void a_menu_keeps_the_border()
+    {
+        m_control->setFocus();
+        OpenMenu(*Edit());
+        QVERIFY(HasFocusBorder(*m_control));
+        CloseMenu();
     }
 
     void a_press_elsewhere_takes_the_keyboard_if_the_host_shows_it_the_window()
@@ -354,170 +310,29 @@ private Q_SLOTS:
         QVERIFY(HasFocusBorder(*m_control));
     }
 
-    void tab_types_a_tab_and_shift_tab_leaves()
-    {
-        m_control->setMaxLength(5);
-        m_control->setFocus();
-        QTest::keyClick(Edit(), Qt::Key_Tab);
-        QCOMPARE(m_control->getText(), QStringLiteral("\t"));
-        QTest::keyClick(Edit(), Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(QApplication::focusWidget(), m_first);
-        m_first->setTabChangesFocus(true);
-        QTest::keyClick(m_first, Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), Edit()); // and no other stop between
-    }
-
-    // --- Lifetime and strange input ---
-
-    void a_megabyte_is_pasted_without_harm_data()
-    {
-        QTest::addColumn<QString>("megabyte");
-        QTest::newRow("words") << QStringLiteral("seven ").repeated((1 << 20) / 6);
-        QTest::newRow("emoji") << kEmoji.repeated((1 << 20) / 2);
-        QTest::newRow("newlines") << QStringLiteral("\n").repeated(1 << 15); // a megabyte takes Qt half a minute
-    }
-
-    void a_megabyte_is_pasted_without_harm()
-    {
-        QFETCH(QString, megabyte);
-        m_control->setMaxLength(10);
-        Paste(*Edit(), megabyte);
-        QCOMPARE(m_control->getText(), megabyte.left(10));
-        for (const int unlimited : {0, std::numeric_limits<int>::max()}) {
-            m_control->setMaxLength(unlimited);
-            Paste(*Edit(), megabyte);
-            QCOMPARE(m_control->getText().size(), megabyte.size());
-        }
-        QCOMPARE(CounterOf(*m_control)->text(), QString::number(std::numeric_limits<int>::max() - megabyte.size()));
-        m_control->grab();
-        m_control->setText(QString());
-        QCOMPARE(m_control->getText(), QString());
-    }
-
-    void a_word_of_a_megabyte_costs_nothing_if_it_is_cut()
-    {
-        m_control->setMaxLength(10);
-        const QString word(1 << 20, QLatin1Char('7')); // Qt would wrap it for minutes
-        Paste(*Edit(), word);
-        QCOMPARE(m_control->getText(), word.left(10));
-        m_control->setText(word);
-        QCOMPARE(m_control->getText(), word.left(10));
-    }
-
-    void a_document_of_the_host_is_limited_too()
-    {
-        m_control->setMaxLength(3);
-        Edit()->setDocument(new QTextDocument(Edit())); // owned by the edit
-        QTest::keyClicks(Edit(), QStringLiteral("abcd"));
-        QCOMPARE(m_control->getText(), QStringLiteral("abc"));
-    }
-
-    void a_host_may_delete_edit_and_counter_data()
-    {
-        QTest::addColumn<bool>("edit");
-        QTest::addColumn<bool>("counter");
-        QTest::newRow("edit") << true << false;
-        QTest::newRow("counter") << false << true;
-        QTest::newRow("both") << true << true;
-    }
-
-    void a_host_may_delete_edit_and_counter()
-    {
-        QFETCH(bool, edit);
-        QFETCH(bool, counter);
-        if (edit)
-            delete m_control->getTextEdit();
-        if (counter)
-            delete CounterOf(*m_control);
-        QCOMPARE(m_control->getTextEdit() == nullptr, edit);
-        m_window->windowHandle()->installEventFilter(m_control);
-        m_control->setMaxLength(5);
-        m_control->setText(QStringLiteral("text and more"));
-        m_control->setPlaceholderText(QStringLiteral("placeholder"));
-        QCOMPARE(m_control->getText(), edit ? QString() : QStringLiteral("text "));
-        m_control->resize(120, 80);
-        UseTable(Table::Dark);
-        MoveCursorOver(*m_control);
-        ClickAt(m_control->mapTo(m_window.get(), QPoint(3, 50)));
-        m_first->setFocus();
-        m_control->grab();
-        m_control->clear();
-        m_control->setMaxLength(0);
-    }
-
     void handlers_may_ask_for_the_deletion_of_the_field_data()
     {
-        QTest::addColumn<int>("which");
-        QTest::newRow("text changed") << 0;
-        QTest::newRow("keyboard got") << 1;
-        QTest::newRow("keyboard lost") << 2;
+        QTest::addColumn<bool>("isFocus");
+        QTest::newRow("text told") << false;
+        QTest::newRow("keyboard got") << true;
     }
 
     void handlers_may_ask_for_the_deletion_of_the_field()
     {
-        QFETCH(int, which);
+        QFETCH(bool, isFocus);
         m_control->setMaxLength(3);
         const QPointer<QcTextEditFrame> guard(m_control);
-        if (which == 0)
-            connect(m_control, &QcTextEditFrame::signalTextChanged, m_control, &QObject::deleteLater);
+        if (isFocus)
+            connect(m_control, &QcTextEditFrame::signalFocusIn, m_control, &QObject::deleteLater);
         else
-            connect(m_control, which == 1 ? &QcTextEditFrame::signalFocusIn : &QcTextEditFrame::signalFocusOut, m_control,
-                    &QObject::deleteLater);
+            connect(m_control, &QcTextEditFrame::signalTextChanged, m_control, &QObject::deleteLater);
         Paste(*Edit(), QStringLiteral("too long"));
-        if (which == 2)
-            m_first->setFocus();
         m_control = nullptr;
         DrainEvents();
         QVERIFY(!guard);
     }
 
-    void a_frame_that_dies_with_the_keyboard_hears_nothing_more()
-    {
-        m_control->setMaxLength(3);
-        m_control->setFocus();
-        QSignalSpy changes(m_control, &QcTextEditFrame::signalTextChanged);
-        QSignalSpy losses(m_control, &QcTextEditFrame::signalFocusOut);
-        const LastWords lastWords(*Edit());
-        delete std::exchange(m_control, nullptr);
-        QCOMPARE(lastWords.Left(), QStringLiteral("last words")); // which nobody cut
-        QCOMPARE(changes.count(), 0);
-        QCOMPARE(losses.count(), 0);
-        DrainEvents();
-    }
-
-    void a_theme_change_between_leaves_the_text_alone()
-    {
-        QTest::keyClicks(Edit(), QStringLiteral("one"));
-        UseTable(Table::Dark);
-        QTest::keyClicks(Edit(), QStringLiteral(" two"));
-        QCOMPARE(m_control->getText(), QStringLiteral("one two"));
-    }
-
     // --- Assistive technology ---
-
-    void assistive_technology_sees_a_named_text_of_many_lines()
-    {
-        QAccessibleInterface *frame = QAccessible::queryAccessibleInterface(m_control);
-        QAccessibleInterface *edit = QAccessible::queryAccessibleInterface(Edit());
-        QCOMPARE(frame->role(), QAccessible::Grouping);
-        QCOMPARE(edit->role(), QAccessible::EditableText);
-        QCOMPARE(edit->parent(), frame);
-        QVERIFY(edit->state().multiLine && edit->state().editable && edit->state().focusable && !edit->state().readOnly);
-        m_control->setPlaceholderText(QStringLiteral("placeholder"));
-        QCOMPARE(edit->text(QAccessible::Name), QStringLiteral("placeholder"));
-        QLabel label(QStringLiteral("&Buddy"), m_window.get());
-        label.setBuddy(m_control);
-        QCOMPARE(edit->text(QAccessible::Name), QStringLiteral("Buddy"));
-        m_control->setAccessibleName(QStringLiteral("Remarks"));
-        m_control->setAccessibleDescription(QStringLiteral("of the frame"));
-        QCOMPARE(edit->text(QAccessible::Name), QStringLiteral("Remarks"));
-        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("of the frame"));
-        Edit()->setAccessibleName(QStringLiteral("Own"));
-        QCOMPARE(edit->text(QAccessible::Name), QStringLiteral("Own"));
-        QCOMPARE(CounterOf(*m_control)->focusPolicy(), Qt::NoFocus);
-        Edit()->setReadOnly(true);
-        QVERIFY(edit->state().readOnly);
-    }
 
     void assistive_technology_reads_lines_words_and_letters()
     {

@@ -1,7 +1,6 @@
 #include "Kit.h"
 #include "Page.h"
 
-#include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSecondaryButton.h>
 #include <Velmora/QcStackedWidget.h>
@@ -11,7 +10,6 @@
 #include <QVBoxLayout>
 
 using namespace Gallery;
-using Velmora::QcLineEditFrame;
 using Velmora::QcPrimaryButton;
 using Velmora::QcSecondaryButton;
 using Velmora::QcStackedWidget;
@@ -81,7 +79,7 @@ private:
             QcLabel *label = MakeLabel(QLatin1String(name), QcLabel::Body);
             label->setFixedWidth(14 * kGrid);
             row->addWidget(label);
-            auto *field = new QcLineEditFrame;
+            auto *field = new Field;
             field->setAccessibleName(QStringLiteral("%1, %2").arg(QLatin1String(step.title), QLatin1String(name)));
             row->addWidget(field, 1);
             rows->addLayout(row);

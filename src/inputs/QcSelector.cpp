@@ -71,7 +71,9 @@ void QcSelector::SetUpPopup()
 
 void QcSelector::setEditable(bool editable)
 {
+    const Qt::ScrollBarPolicy policy = view()->verticalScrollBarPolicy();
     QComboBox::setEditable(editable);
+    view()->setVerticalScrollBarPolicy(policy); // before the stylesheet is on Qt brings back its own bar
     if (lineEdit())
         lineEdit()->setStyleSheet(QStringLiteral("padding-left: -2px;"));
 }

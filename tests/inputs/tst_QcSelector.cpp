@@ -299,6 +299,22 @@ private Q_SLOTS:
         QCOMPARE(RowRect(*m_control, 0).top(), -5);
     }
 
+    void a_selector_editable_before_it_has_a_place_scrolls_under_the_one_bar()
+    {
+        auto selector = std::make_unique<QcSelector>();
+        selector->setEditable(true);
+        for (int i = 0; i < 20; ++i)
+            selector->addItem(QString::number(i));
+        selector->setParent(m_window.get());
+        selector->show();
+        DrainEvents();
+        selector->showPopup();
+        QVERIFY(selector->view()->verticalScrollBar()->maximum() > 0);
+        QVERIFY(!selector->view()->verticalScrollBar()->isVisible());
+        QVERIFY(selector->view()->findChild<QcScrollBar *>()->isVisible());
+        selector->hidePopup();
+    }
+
     void few_items_need_no_scroll_bar()
     {
         Open();

@@ -4,13 +4,18 @@
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcDialog.h>
+#include <Velmora/QcDoubleSpinBox.h>
 #include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcMenuToolButton.h>
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcRadioButton.h>
 #include <Velmora/QcSelector.h>
+#include <Velmora/QcSpinBox.h>
+#include <Velmora/QcStackedWidget.h>
 #include <Velmora/QcSwitchButton.h>
+#include <Velmora/QcTextEditFrame.h>
+#include <Velmora/QcTextEditLimiter.h>
 #include <Velmora/QcToolButton.h>
 #include <Velmora/QcWindow.h>
 
@@ -18,12 +23,17 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDoubleSpinBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QTextEdit>
 #include <QToolButton>
 
 #include <utility>
@@ -179,6 +189,22 @@ std::unique_ptr<QWidget> MakePlainLineEdit(int index)
     return frame;
 }
 
+constexpr QSize kTextEditSize(160, 80);
+
+QString TextEditText(int index)
+{
+    return QStringLiteral("Text %1 of a field that takes more than one line").arg(index);
+}
+
+void Limit(Velmora::QcTextEditFrame &frame)
+{
+    frame.setMaxLength(100);
+}
+void Limit(Velmora::QcTextEditLimiter &limiter)
+{
+    limiter.setMaxNum(100);
+}
+
 template <typename Slider>
 std::unique_ptr<QWidget> MakeSlider(int index)
 {
@@ -220,6 +246,56 @@ std::unique_ptr<QWidget> MakePlainSplitTool(int index)
     return frame;
 }
 
+template <typename Field>
+std::unique_ptr<QWidget> MakeOurTextEdit(int index)
+{
+    auto field = Make<Field>(kTextEditSize);
+    Limit(*field);
+    field->setText(TextEditText(index));
+    return field;
+}
+
+/// The same children in plain Qt: an edit, a count, and the limiter's bar that lies on the edit until there is something to scroll.
+template <bool HasBar>
+std::unique_ptr<QWidget> MakePlainTextEdit(int index)
+{
+    auto frame = Make<QFrame>(kTextEditSize);
+    auto *column = new QVBoxLayout(frame.get());
+    auto *edit = new QTextEdit;
+    edit->setText(TextEditText(index));
+    column->addWidget(edit);
+    if (HasBar)
+        (new QScrollBar(edit))->hide();
+    column->addWidget(new QLabel(QStringLiteral("100")), 0, Qt::AlignRight);
+    return frame;
+}
+
+void Dress(QAbstractSpinBox & /*box*/) {}
+void Dress(Velmora::QcDoubleSpinBox &box)
+{
+    box.bSetBorder(true);
+}
+
+template <typename Box>
+std::unique_ptr<QWidget> MakeSpinBox(int index)
+{
+    auto box = Make<Box>(QSize(110, 28));
+    Dress(*box);
+    box->setValue(index % 100);
+    return box;
+}
+
+/// Three pages, of which the second shows.
+template <typename Stack>
+std::unique_ptr<QWidget> MakeStack(int index)
+{
+    auto stack = Make<Stack>(QSize(160, 60));
+    for (int page = 0; page < 3; ++page)
+        stack->addWidget(new QLabel(QStringLiteral("Page %1 of %2").arg(page).arg(index)));
+    stack->setCurrentIndex(1);
+    return stack;
+}
+
 constexpr const char *kToolSheet = "* { border: none; border-radius: 2px; background: transparent; }"
                                    "*:checked { background: <brand/brand>; }";
 constexpr const char *kTextButtonSheet = "* { border: none; border-radius: 4px; color: <text/text_primary>; }";
@@ -242,6 +318,19 @@ constexpr const char *kLineEditSheet =
     ".QFrame:disabled { border-color: <border/border_primary>; background: <bg/bg_box>; }"
     ".QFrame QLineEdit { border: none; padding-left: 0px; background: transparent; font-size: 12px; color: <text/text_primary>; }"
     ".QFrame QLineEdit:disabled { color: <border/border_primary>; }";
+
+constexpr const char *kTextEditSheet =
+    ".QFrame { border: 1px solid <border/border_primary>; border-radius: 4px; background-color: <bg/bg_box>; }"
+    ".QFrame:hover { border-color: <brand/brand>; }"
+    ".QFrame[focused=\"true\"] { border-color: <brand/brand>; }"
+    ".QFrame:disabled { border-color: <border/border_primary>; background: <bg/bg_box>; }"
+    ".QFrame QTextEdit { border: none; padding: 0px; background-color: transparent; font-size: 12px; color: <text/text_primary>; }"
+    ".QFrame QTextEdit:disabled { color: <border/border_primary>; }"
+    ".QFrame QLabel { font-size: 12px; color: <text/text_primary>; }";
+constexpr const char *kSpinBoxSheet = "* { border: 1px solid <border/border_primary>; border-radius: 2px; color: <text/text_primary>; }"
+                                      "*:hover, *:focus { border-color: <brand/brand>; }"
+                                      "*:disabled { border-color: <border/border_primary>; background: <bg/bg_box>; }";
+constexpr const char *kStackSheet = "* { color: <text/text_primary>; }";
 
 constexpr QSize kWindowSize(300, 200);
 
@@ -290,6 +379,11 @@ constexpr Pair kPairs[] = {
     {"menu_text_button", MakeTextButton<Velmora::QcMenuTextButton>, MakeTextButton<QPushButton>, kTextButtonSheet},
     {"slider", MakeSlider<Velmora::QCSlider>, MakeSlider<QSlider>, kSliderSheet, false},
     {"selector", MakeSelector<Velmora::QcSelector>, MakeSelector<QComboBox>, kSelectorSheet},
+    {"spin_box", MakeSpinBox<Velmora::QcSpinBox>, MakeSpinBox<QSpinBox>, kSpinBoxSheet},
+    {"double_spin_box", MakeSpinBox<Velmora::QcDoubleSpinBox>, MakeSpinBox<QDoubleSpinBox>, kSpinBoxSheet},
+    {"text_edit_frame", MakeOurTextEdit<Velmora::QcTextEditFrame>, MakePlainTextEdit<false>, kTextEditSheet},
+    {"text_edit_limiter", MakeOurTextEdit<Velmora::QcTextEditLimiter>, MakePlainTextEdit<true>, kTextEditSheet},
+    {"stack", MakeStack<Velmora::QcStackedWidget>, MakeStack<QStackedWidget>, kStackSheet, false},
     {"line_edit", MakeOurLineEdit, MakePlainLineEdit, kLineEditSheet, true, true},
     {"window", MakeTitled<Velmora::QcWindow>, MakePlainTitled<QFrame>, kWindowSheet, true, true},
     {"dialog", MakeTitled<Velmora::QcDialog>, MakePlainTitled<QDialog>, kWindowSheet},

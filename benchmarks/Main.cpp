@@ -28,6 +28,7 @@ int main(int argc, char **argv)
     Bench::RegisterButtonBenchmarks();
     Bench::RegisterControlBenchmarks();
     Bench::RegisterFeedbackBenchmarks();
+    Bench::RegisterScrollBarBenchmarks();
     Bench::RegisterSelectorBenchmarks();
     Bench::RegisterStackBenchmarks();
     Bench::RegisterTextEditBenchmarks();

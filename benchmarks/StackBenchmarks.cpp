@@ -76,8 +76,11 @@ template <typename Stack>
 void Register(const char *suffix)
 {
     const std::string name(suffix);
-    benchmark::RegisterBenchmark(("ResizeStack/" + name).c_str(), ResizeStack<Stack>)->Arg(100)->Arg(400)->Arg(1600);
-    benchmark::RegisterBenchmark(("RelayOutPage/" + name).c_str(), RelayOutPage<Stack>)->Arg(100)->Arg(400)->Arg(1600);
+    const auto addPages = [](const std::string &metric, void (*run)(benchmark::State &)) {
+        benchmark::RegisterBenchmark(metric.c_str(), run)->Arg(100)->Arg(400)->Arg(1600)->Repetitions(kFewRepetitions);
+    };
+    addPages("ResizeStack/" + name, ResizeStack<Stack>);
+    addPages("RelayOutPage/" + name, RelayOutPage<Stack>);
     benchmark::RegisterBenchmark(("SwitchPages/" + name).c_str(), SwitchPages<Stack>)->Arg(1000)->Unit(benchmark::kMillisecond);
 }
 

@@ -76,9 +76,13 @@ benchmark::internal::Benchmark *Register(const char *metric, Run run, const QStr
                                         [run, makeScene](benchmark::State &state) { run(state, makeScene); });
 }
 
-void ForMany(benchmark::internal::Benchmark *benchmark, int smallest)
+void RegisterMany(const char *metric, Run run, const QString &name, int smallest, const SceneMaker &makeScene)
 {
-    benchmark->Arg(smallest)->Arg(4 * smallest)->Arg(16 * smallest)->Unit(benchmark::kMillisecond);
+    for (const int count : {smallest, 4 * smallest, 16 * smallest}) {
+        auto *benchmark = Register(metric, run, name, makeScene)->Arg(count)->Unit(benchmark::kMillisecond);
+        if (count > 4 * smallest)
+            benchmark->Repetitions(kFewRepetitions);
+    }
 }
 
 } // namespace
@@ -90,12 +94,12 @@ void RegisterPaint(const QString &name, const SceneMaker &makeScene)
 
 void RegisterShow(const QString &name, int smallest, const SceneMaker &makeScene)
 {
-    ForMany(Register("ConstructAndShow", ConstructAndShow, name, makeScene), smallest);
+    RegisterMany("ConstructAndShow", ConstructAndShow, name, smallest, makeScene);
 }
 
 void RegisterSwitch(const QString &name, int smallest, const SceneMaker &makeScene)
 {
-    ForMany(Register("SwitchTheme", SwitchTheme, name, makeScene), smallest);
+    RegisterMany("SwitchTheme", SwitchTheme, name, smallest, makeScene);
 }
 
 } // namespace Bench

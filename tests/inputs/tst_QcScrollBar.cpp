@@ -370,6 +370,36 @@ private Q_SLOTS:
         }
     }
 
+    void the_handle_of_a_bar_below_is_thin_and_widens_as_well()
+    {
+        delete m_bar;
+        m_bar = new QcScrollBar(Qt::Horizontal, m_area);
+        m_area->resize(200, 120); // where the test's platform finds the cursor at each scale
+        Fill();
+        const QColor ground(40, 60, 90);
+        const QColor handle = Over(TokenOf(Table::Light, QStringLiteral("base/neutral/neutral-50")), ground);
+        QPalette palette;
+        palette.setColor(QPalette::Window, ground);
+        m_area->setPalette(palette);
+        m_area->setAutoFillBackground(true);
+        const int top = m_bar->y();
+        const auto look = [&] {
+            const QImage image = Render(*m_area);
+            return QVector<QColor>{PixelAt(image, QPointF(12, top + 1)), PixelAt(image, QPointF(12, top + 4)),
+                                   PixelAt(image, QPointF(12, top + 8))};
+        };
+        MoveCursorTo(QPoint(50, 100));
+        QVector<QColor> colors = look();
+        COMPARE_COLOR(colors[0], ground);
+        COMPARE_COLOR(colors[1], ground);
+        COMPARE_COLOR(colors[2], handle);
+        MoveCursorTo(QPoint(12, top + 8));
+        colors = look();
+        COMPARE_COLOR(colors[0], ground);
+        COMPARE_COLOR(colors[1], handle);
+        COMPARE_COLOR(colors[2], handle);
+    }
+
     void a_mode_of_always_shows_the_handle_from_the_next_event_on()
     {
         Fill();

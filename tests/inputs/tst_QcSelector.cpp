@@ -165,6 +165,13 @@ private Q_SLOTS:
         QCOMPARE(Bars().first()->parentWidget(), m_control->view());
     }
 
+    void its_stylesheet_ends_with_the_places_of_text_and_arrow()
+    {
+        const QString places = QStringLiteral("Velmora--QcSelector { padding-left: 8px; } Velmora--QcSelector::drop-down { width: 24px;}");
+        QVERIFY(m_control->styleSheet().endsWith(places));
+        QCOMPARE(m_control->styleSheet().count(QStringLiteral("combobox-popup")), 1);
+    }
+
     // --- The face ---
 
     void each_state_has_its_border_and_ground_data()
@@ -209,6 +216,7 @@ private Q_SLOTS:
 
     void the_text_has_its_token_in_all_states()
     {
+        QCOMPARE(m_control->font().pixelSize(), 12);
         m_control->setItemText(0, kBlocks);
         for (const Table table : {Table::Light, Table::Dark}) {
             UseTable(table);
@@ -363,6 +371,10 @@ private Q_SLOTS:
             MoveCursorAway();
             COMPARE_COLOR(GroundOfRow(*m_control, 2), PopupGround(table));
             const QImage popup = Render(*m_control->view());
+            const QColor line = PixelAt(popup, QPointF(0.2, m_control->view()->height() / 2.0));
+            const QColor border = TokenOf(table, QStringLiteral("border/border_tertairy"));
+            // Qt lets the ground reach under a part of the border.
+            QVERIFY2(IsBetween(line, Over(border), Over(border, PopupGround(table))), qPrintable(line.name()));
             const QRectF row = RowRect(*m_control, 1).translated(m_control->view()->viewport()->pos());
             COMPARE_COLOR(MainInk(Part(popup, row), PopupGround(table)),
                           Over(TokenOf(table, QStringLiteral("text/text_primary")), PopupGround(table)));
@@ -377,7 +389,29 @@ private Q_SLOTS:
         Open();
         const auto tick = [&](int row) { return InkBox(RowTick(row), RowTick(row).pixelColor(0, 0)); };
         QVERIFY(tick(0).isEmpty() && tick(2).isEmpty());
-        QVERIFY(tick(1).width() > 8);
+        // As the picture of 24 pixels has it, 4 from the row's edge.
+        const QImage row = Part(RowPicture(*m_control, 1), QRectF(4, 2, 24, 24));
+        QImage canvas(row.size(), QImage::Format_ARGB32_Premultiplied);
+        canvas.setDevicePixelRatio(row.devicePixelRatio());
+        canvas.fill(row.pixelColor(0, 0));
+        QPainter painter(&canvas);
+        ImageParams image;
+        image.path = QStringLiteral(":/images/select.svg");
+        image.color = QStringLiteral("text/text_primary");
+        PaintCrisply(painter, QRect(0, 0, 24, 24), image);
+        painter.end();
+        QVERIFY(IsLike(row, canvas));
+    }
+
+    void a_row_is_written_in_12_pixels()
+    {
+        m_control->setItemText(1, kBlocks);
+        Open();
+        QFont font = QcStyleManager::GetDefaultFont();
+        font.setPixelSize(12);
+        const QImage row = RowPicture(*m_control, 1);
+        const QRectF ink = InkBox(Part(row, QRectF(28, 0, 150, kRowHeight)), row.pixelColor(0, 0));
+        QVERIFY2(qAbs(ink.width() - QFontMetricsF(font).horizontalAdvance(kBlocks)) < 1.5, qPrintable(QString::number(ink.width())));
     }
 
     void an_icon_moves_the_text_of_all_rows_24_pixels_at_once()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFontMetrics>
 #include <QString>
 #include <QStringRef>
 
@@ -18,6 +19,12 @@ inline QString OneLine(const QStringRef &text)
             character = QLatin1Char(' ');
     }
     return line;
+}
+
+/// \a text on one line, elided to \a width pixels at a cost that does not grow with its length. Eliding alone keeps line breaks.
+inline QString ElidedLine(const QFontMetrics &metrics, const QString &text, int width)
+{
+    return metrics.elidedText(OneLine(text.midRef(0)), Qt::ElideRight, width);
 }
 
 } // namespace Velmora

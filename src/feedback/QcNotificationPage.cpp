@@ -56,8 +56,7 @@ void DrawElided(QLabel &label, const QString &colorCode)
     QPainter painter(&label);
     painter.setPen(TokenColor(colorCode));
     painter.setFont(label.font());
-    const QString text = label.text();
-    const QString elided = painter.fontMetrics().elidedText(OneLine(QStringRef(&text)), Qt::ElideRight, label.width());
+    const QString elided = ElidedLine(painter.fontMetrics(), label.text(), label.width());
     // The side is the language's, the order of the words the text's own.
     const Qt::Alignment side = QStyle::visualAlignment(label.layoutDirection(), Qt::AlignLeft);
     painter.drawText(label.rect(), int(side | Qt::AlignAbsolute | Qt::AlignVCenter), elided);

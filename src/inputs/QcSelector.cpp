@@ -206,7 +206,7 @@ void QcSelector::PaintText(QPainter &painter, const QString &currentText)
     const QRect place(contents.left(), 0, contents.width() - iconSize().width(), contents.height());
     const bool isPlaceholder = currentText.isEmpty();
     const QString text =
-        isPlaceholder ? OneLine(placeholderText().midRef(0)) : ElidedItemText(painter.fontMetrics(), currentText, place.width());
+        isPlaceholder ? OneLine(placeholderText().midRef(0)) : ElidedLine(painter.fontMetrics(), currentText, place.width());
     painter.setPen(TokenColor(isPlaceholder ? QStringLiteral("text/text_secondary") : QStringLiteral("text/text_primary")));
     painter.setLayoutDirection(layoutDirection()); // else it has that of the application
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), place), Qt::AlignLeft | Qt::AlignVCenter, text);

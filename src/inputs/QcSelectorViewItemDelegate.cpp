@@ -8,7 +8,6 @@
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
 
@@ -27,11 +26,6 @@ QIcon IconOf(const QModelIndex &index)
 }
 
 } // namespace
-
-QString ElidedItemText(const QFontMetrics &metrics, const QString &text, int width)
-{
-    return metrics.elidedText(OneLine(text.midRef(0)), Qt::ElideRight, width); // eliding keeps line breaks
-}
 
 QcSelectorViewItemDelegate::QcSelectorViewItemDelegate(QcSelector *selector)
     : QStyledItemDelegate(selector)
@@ -74,8 +68,7 @@ void QcSelectorViewItemDelegate::paint(QPainter *painter, const QStyleOptionView
     painter->setPen(TokenColor(QStringLiteral("text/text_primary")));
     const QString text = index.data(Qt::DisplayRole).toString();
     painter->setLayoutDirection(option.direction); // else it has that of the application
-    painter->drawText(mirrored(textPlace), Qt::AlignLeft | Qt::AlignVCenter,
-                      ElidedItemText(painter->fontMetrics(), text, textPlace.width()));
+    painter->drawText(mirrored(textPlace), Qt::AlignLeft | Qt::AlignVCenter, ElidedLine(painter->fontMetrics(), text, textPlace.width()));
     painter->restore();
 }
 

@@ -4,10 +4,6 @@
 #include <QSize>
 #include <QStyledItemDelegate>
 
-QT_BEGIN_NAMESPACE
-class QFontMetrics;
-QT_END_NAMESPACE
-
 namespace Velmora {
 
 class QcSelector;
@@ -31,8 +27,5 @@ private:
     int m_rightMargin = 8;
     QSize m_iconSize{24, 24};
 };
-
-/// \a text, elided to \a width pixels at a cost that does not grow with its length.
-QString ElidedItemText(const QFontMetrics &metrics, const QString &text, int width);
 
 } // namespace Velmora

@@ -3,7 +3,9 @@
 #include "support/TestCase.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -11,7 +13,21 @@
 #include <functional>
 #include <memory>
 
+Q_DECLARE_METATYPE(std::function<void(QWidget &)>)
+
 namespace VelmoraTest {
+
+/// What Qt says when a window that has been on the screen becomes a child of one that is.
+inline const QString kBecomesChild = QStringLiteral(".*Attempt to set a screen on a child window\\.");
+
+/// Hides \a dialog and lets go of its window on the offscreen platform, which cannot make it a child and says so.
+inline void ForgetNativeWindow(QWidget &dialog)
+{
+    dialog.show(); // so that it is the same whichever test came before
+    dialog.hide();
+    if (dialog.windowHandle())
+        dialog.windowHandle()->destroy();
+}
 
 /// How the parent of a dialog of the whole program may go.
 inline void AddDeaths()
@@ -55,6 +71,57 @@ inline void AddDeaths()
     }) << false;
 }
 
+/// That \a dialog, whose parent dies in the way of the present row, is left behind: a window without a parent, hidden.
+inline void CheckOutlivesItsParent(QWidget &dialog, LogGuard &log)
+{
+    QFETCH(std::function<void(QWidget &)>, dieWithParent);
+    QFETCH(bool, isParentShown);
+    ForgetNativeWindow(dialog);
+    if (isParentShown)
+        log.ExpectMatch(QtWarningMsg, kBecomesChild);
+    const QPointer<QWidget> alive(&dialog);
+    dieWithParent(dialog);
+    DrainEvents();
+    QVERIFY(alive);
+    QVERIFY(!dialog.parent());
+    QVERIFY(dialog.isHidden());
+    QVERIFY(dialog.isWindow());
+}
+
+/// That a parent which \a dialog has left does not take it out of the next one.
+inline void CheckStaysWithItsNextParent(QWidget &dialog)
+{
+    QWidget next;
+    {
+        QWidget first;
+        dialog.setParent(&first);
+        dialog.setParent(&next);
+    }
+    QCOMPARE(dialog.parentWidget(), &next);
+    dialog.setParent(nullptr);
+}
+
+/// That \a dialog, when it runs in front of a window that dies, ends rejected.
+inline void CheckEndsRejectedWithItsParent(QDialog &dialog)
+{
+    auto parent = std::make_unique<QWidget>();
+    parent->show();
+    static_cast<QWidget &>(dialog).setParent(parent.get(), dialog.windowFlags());
+    QTimer::singleShot(0, &dialog, [&parent] { parent.reset(); });
+    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    QVERIFY(dialog.isHidden());
+}
+
+inline void CheckEscapeHidesAndTells(QDialog &dialog)
+{
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    const QSignalSpy rejected(&dialog, &QDialog::rejected);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    QVERIFY(dialog.isHidden());
+    QCOMPARE(rejected.count(), 1);
+}
+
 /// Runs the main loop until the program ends by itself; false if it does not.
 inline bool EndsAfter(const std::function<void()> &act)
 {
@@ -83,18 +150,4 @@ inline void CheckLeavesTheProgramsEndToWindows(QWidget &dialog)
     dialog.hide();
 }
 
-/// What Qt says when a window that has been on the screen becomes a child of one that is.
-inline const QString kBecomesChild = QStringLiteral(".*Attempt to set a screen on a child window\\.");
-
-/// Hides \a dialog and lets go of its window on the offscreen platform, which cannot make it a child and says so.
-inline void ForgetNativeWindow(QWidget &dialog)
-{
-    dialog.show(); // so that it is the same whichever test came before
-    dialog.hide();
-    if (dialog.windowHandle())
-        dialog.windowHandle()->destroy();
-}
-
 } // namespace VelmoraTest
-
-Q_DECLARE_METATYPE(std::function<void(QWidget &)>)

@@ -10,7 +10,6 @@
 #include <QAccessible>
 #include <QFrame>
 #include <QLabel>
-#include <QSignalSpy>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -186,46 +185,17 @@ private Q_SLOTS:
     void a_dying_parent_leaves_it_behind_as_it_was_made_data() { AddDeaths(); }
     void a_dying_parent_leaves_it_behind_as_it_was_made()
     {
-        QFETCH(std::function<void(QWidget &)>, dieWithParent);
-        QFETCH(bool, isParentShown);
-        ForgetNativeWindow(*m_dialog);
-        if (isParentShown)
-            Log().ExpectMatch(QtWarningMsg, kBecomesChild);
-        const QPointer<QcLoadingDialog> alive(m_dialog);
         m_dialog->setText(QStringLiteral("Letters"));
-        dieWithParent(*m_dialog);
-        DrainEvents();
-        QVERIFY(alive);
-        QVERIFY(!alive->parent());
-        QVERIFY(alive->isHidden());
-        QVERIFY(alive->isWindow());
-        QCOMPARE(alive->windowFlags() & (Qt::WindowType_Mask | Qt::FramelessWindowHint), kFlags);
+        CheckOutlivesItsParent(*m_dialog, Log());
+        QCOMPARE(m_dialog->windowFlags() & (Qt::WindowType_Mask | Qt::FramelessWindowHint), kFlags);
         QCOMPARE(Label("m_textLabel")->text(), QStringLiteral("Letters"));
-        alive->show();
-        QVERIFY(alive->isVisible());
+        m_dialog->show();
+        QVERIFY(m_dialog->isVisible());
     }
 
-    void a_parent_that_it_left_does_not_take_it_out_of_the_next_one()
-    {
-        QWidget next;
-        {
-            QWidget first;
-            m_dialog->setParent(&first);
-            m_dialog->setParent(&next);
-        }
-        QCOMPARE(m_dialog->parentWidget(), &next);
-        m_dialog->setParent(nullptr);
-    }
+    void a_parent_that_it_left_does_not_take_it_out_of_the_next_one() { CheckStaysWithItsNextParent(*m_dialog); }
 
-    void a_dialog_that_runs_ends_rejected_with_its_parent()
-    {
-        auto parent = std::make_unique<QWidget>();
-        parent->show();
-        m_dialog->setParent(parent.get(), kFlags);
-        QTimer::singleShot(0, this, [&parent] { parent.reset(); });
-        QCOMPARE(m_dialog->exec(), int(QDialog::Rejected));
-        QVERIFY(m_dialog->isHidden());
-    }
+    void a_dialog_that_runs_ends_rejected_with_its_parent() { CheckEndsRejectedWithItsParent(*m_dialog); }
 
     void in_a_parent_it_is_a_child()
     {
@@ -240,15 +210,7 @@ private Q_SLOTS:
         QVERIFY(m_dialog->isVisible());
     }
 
-    void escape_hides_it_and_tells()
-    {
-        m_dialog->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_dialog));
-        const QSignalSpy rejected(m_dialog, &QDialog::rejected);
-        QTest::keyClick(m_dialog, Qt::Key_Escape);
-        QVERIFY(m_dialog->isHidden());
-        QCOMPARE(rejected.count(), 1);
-    }
+    void escape_hides_it_and_tells() { CheckEscapeHidesAndTells(*m_dialog); }
 
     void the_programs_end_is_left_to_windows() { CheckLeavesTheProgramsEndToWindows(*m_dialog); }
 

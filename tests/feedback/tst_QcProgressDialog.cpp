@@ -13,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSignalSpy>
 
 #include <limits>
 
@@ -293,23 +292,12 @@ private Q_SLOTS:
     void a_dying_parent_leaves_it_behind_data() { AddDeaths(); }
     void a_dying_parent_leaves_it_behind()
     {
-        QFETCH(std::function<void(QWidget &)>, dieWithParent);
-        QFETCH(bool, isParentShown);
-        ForgetNativeWindow(*m_dialog);
-        if (isParentShown)
-            Log().ExpectMatch(QtWarningMsg, kBecomesChild);
-        const QPointer<QcProgressDialog> alive(m_dialog);
         m_dialog->setValue(42);
         m_dialog->setText(QStringLiteral("Letters"));
-        dieWithParent(*m_dialog);
-        DrainEvents();
-        QVERIFY(alive);
-        QVERIFY(!alive->parent());
-        QVERIFY(alive->isHidden());
-        QVERIFY(alive->isWindow());
-        QCOMPARE(alive->value(), 42);
+        CheckOutlivesItsParent(*m_dialog, Log());
+        QCOMPARE(m_dialog->value(), 42);
         QCOMPARE(Tip(), QStringLiteral("Letters"));
-        alive->setWindowFlags(kFlags); // which a host takes away that calls QWidget's own setParent()
+        m_dialog->setWindowFlags(kFlags); // which a host takes away that calls QWidget's own setParent()
     }
 
     void a_dying_parent_leaves_it_its_flags()
@@ -326,15 +314,15 @@ private Q_SLOTS:
         QVERIFY(m_dialog->isVisible());
     }
 
-    void escape_hides_it_and_tells()
+    void a_parent_that_it_left_does_not_take_it_out_of_the_next_one()
     {
-        m_dialog->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_dialog));
-        const QSignalSpy rejected(m_dialog, &QDialog::rejected);
-        QTest::keyClick(m_dialog, Qt::Key_Escape);
-        QVERIFY(m_dialog->isHidden());
-        QCOMPARE(rejected.count(), 1);
+        CheckStaysWithItsNextParent(*m_dialog);
+        m_dialog->setWindowFlags(kFlags);
     }
+
+    void a_dialog_that_runs_ends_rejected_with_its_parent() { CheckEndsRejectedWithItsParent(*m_dialog); }
+
+    void escape_hides_it_and_tells() { CheckEscapeHidesAndTells(*m_dialog); }
 
     void the_programs_end_is_left_to_windows() { CheckLeavesTheProgramsEndToWindows(*m_dialog); }
 

@@ -37,7 +37,8 @@ class VELMORA_EXPORT QcSelector : public QComboBox
 public:
     explicit QcSelector(QWidget *parent = nullptr);
 
-    /// Hides the call of QComboBox, through which a text typed into the selector stands 2 pixels further right.
+    /// Hides the call of QComboBox, through which a text typed into the selector stands 2 pixels further right, and Qt's own scroll bar
+    /// may show in the list.
     void setEditable(bool editable);
 
     /// Whether any item has an icon.

@@ -46,7 +46,8 @@ private:
     {
         Card *card =
             AddSection(QStringLiteral("Loading"),
-                       QStringLiteral("The dialog has no ground of its own: it lies on a QcMaskFrame here, as it should on any window."));
+                       QStringLiteral("The dialog has no ground of its own: it lies on a QcMaskFrame here, as it should on any window. Its "
+                                      "caption is dark in the light table, where a host gives it another colour."));
         auto *veil = new Velmora::QcMaskFrame;
         veil->setFixedHeight(22 * kGrid);
         card->Body()->addWidget(veil);

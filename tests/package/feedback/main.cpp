@@ -43,6 +43,9 @@ void CheckBusy()
     window.show();
     const QWidget *veil = showBusy(&window, "Letters");
     Check(veil->isVisible() && loading->isVisible() && loading->parentWidget() == veil, "a veil with the dialog covers the window");
+    const auto *label = loading->findChild<QLabel *>(QStringLiteral("m_textLabel"));
+    Check(label->text() == QStringLiteral("Letters") && label->palette().color(QPalette::WindowText).lightness() > 250,
+          "the caption is light on the dark veil");
     delete veil;
     Check(!loading->parentWidget() && loading->isHidden(), "the dialog outlives its veil");
 }

@@ -12,6 +12,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QSpacerItem>
 #include <QVBoxLayout>
 
@@ -258,8 +259,10 @@ void QcNotification::ForgetPage(const QObject *child)
     if (wasCurrent) {
         m_currentPage = -1; // nothing slides out
         const int next = qMin(index, m_pages.size() - 1);
-        m_pages.at(next)->move(0, 0);
-        m_pages.at(next)->movePage(QPoint(0, 0), QcNotificationPage::FadeIn); // it had left or was leaving
+        const QPointer<QcNotificationPage> page(m_pages.at(next));
+        page->move(0, 0);
+        if (page)
+            page->movePage(QPoint(0, 0), QcNotificationPage::FadeIn); // it had left or was leaving
         setCurrentPage(next, SlideToLeft, false);
     } else {
         updatePageButtonsEnaled();
@@ -273,19 +276,25 @@ void QcNotification::setCurrentPage(int index, PageSlideDirection direction, boo
 {
     if (index < 0 || index >= m_pages.size())
         return; // a page button pressed by assistive technology, whose presses come late, when the pages have gone
-    QcNotificationPage *page = m_pages.at(index);
-    if (m_currentPage >= 0 && m_currentPage < m_pages.size()) {
-        QcNotificationPage *old = m_pages.at(m_currentPage);
+    const QPointer<QcNotificationPage> page(m_pages.at(index));
+    QcNotificationPage *old = m_pages.value(m_currentPage); // null behind the end, after a card was closed there
+    m_currentPage = index;
+    // Moves and shows run code of the host, who may close the card.
+    const auto isCurrent = [&] { return page && m_pages.value(m_currentPage) == page; };
+    if (old) {
         const int aside = direction == SlideToLeft ? old->width() : -old->width();
         old->movePage(QPoint(-aside, 0), QcNotificationPage::FadeOut);
-        m_currentPage = index;
-        page->move(aside, 0);
-        page->movePage(QPoint(0, 0), QcNotificationPage::FadeIn);
+        if (isCurrent())
+            page->move(aside, 0);
+        if (isCurrent())
+            page->movePage(QPoint(0, 0), QcNotificationPage::FadeIn);
     } else {
-        m_currentPage = index;
         page->move(0, 0);
     }
-    page->show();
+    if (isCurrent())
+        page->show();
+    if (!isCurrent())
+        return;
     updatePageButtonsEnaled();
     updatePageLabel();
     if (restartTimer && !m_isHovered)
@@ -327,8 +336,10 @@ void QcNotification::updatePageButtonsEnaled()
 
 void QcNotification::updatePageLabel()
 {
+    const QcNotificationPage *page = m_pages.value(m_currentPage);
+    if (!page)
+        return;
     ui->m_pageLabel->setText(QStringLiteral("%1/%2").arg(m_currentPage + 1).arg(m_pages.size()));
-    const QcNotificationPage *page = m_pages.at(m_currentPage);
     m_texts->name.PutInto<QWidget>(*this, &QWidget::accessibleName, &QWidget::setAccessibleName, page->accessibleName());
     m_texts->description.PutInto<QWidget>(*this, &QWidget::accessibleDescription, &QWidget::setAccessibleDescription,
                                           page->accessibleDescription());

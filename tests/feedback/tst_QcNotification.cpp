@@ -658,6 +658,33 @@ private Q_SLOTS:
         QCOMPARE(TitleOf(*taken), QStringLiteral("two"));
     }
 
+    void a_card_may_be_closed_as_a_page_of_it_shows_or_moves_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("isNext");
+        QTest::newRow("shows") << int(QEvent::Show) << false;
+        QTest::newRow("moves") << int(QEvent::Move) << false;
+        QTest::newRow("shows, with a message at once") << int(QEvent::Show) << true;
+    }
+    void a_card_may_be_closed_as_a_page_of_it_shows_or_moves()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, isNext);
+        ShowMessages({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+        PagesOf(*m_card).constFirst()->move(5, 5); // so that it moves as it comes
+        const CallAt closer(*PagesOf(*m_card).constFirst(), QEvent::Type(type), [this, isNext] {
+            RunOut(*m_card);
+            if (isNext)
+                ShowMessage(*m_card, QStringLiteral("next"));
+        });
+        Click("m_firstButton");
+        DrainEvents();
+        QCOMPARE(m_card->isVisible(), isNext);
+        QCOMPARE(PagesOf(*m_card).size(), isNext ? 1 : 0);
+        if (isNext)
+            QCOMPARE(PageNumberOf(*m_card), QStringLiteral("1/1"));
+    }
+
     void the_card_dies_at_any_state_without_a_word()
     {
         for (const int pages : {0, 1, 3}) {

@@ -409,8 +409,8 @@ bool QcNotification::eventFilter(QObject *watched, QEvent *event)
     if (watched == parentWidget() && isVisible() && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
         move(getShowPos(QRect()));
     if (watched == ui->m_pageFrame && event->type() == QEvent::Resize) {
-        for (QcNotificationPage *page : qAsConst(m_pages))
-            page->setFixedSize(ui->m_pageFrame->size());
+        for (int i = 0; i < m_pages.size(); ++i) // a host that sees it may show more
+            m_pages.at(i)->setFixedSize(ui->m_pageFrame->size());
     }
     if (watched == ui->m_pageFrame && event->type() == QEvent::ChildRemoved)
         ForgetPage(static_cast<QChildEvent *>(event)->child());

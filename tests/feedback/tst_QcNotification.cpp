@@ -314,6 +314,20 @@ private Q_SLOTS:
             QCOMPARE(page->width(), frame.width() + 80);
     }
 
+    void messages_may_come_as_pages_change_their_size()
+    {
+        ShowMessages({QStringLiteral("one"), QStringLiteral("two")});
+        const CallAt storm(*PagesOf(*m_card).constLast(), QEvent::Resize, [this] {
+            for (int i = 0; i < 100; ++i)
+                ShowMessage(*m_card, QString::number(i));
+        });
+        m_card->setFixedWidth(400);
+        DrainEvents();
+        QCOMPARE(PagesOf(*m_card).size(), 102);
+        for (const QcNotificationPage *page : PagesOf(*m_card))
+            QCOMPARE(page->size(), Part(*m_card, "m_pageFrame")->size());
+    }
+
     // --- Ten seconds ---
 
     void a_card_goes_with_all_its_pages_when_the_time_is_over()

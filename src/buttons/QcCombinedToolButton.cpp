@@ -61,7 +61,10 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
     halves->setSizeConstraint(QLayout::SetFixedSize);
     halves->addWidget(m_pMainButton);
     halves->addWidget(m_pArrowButton);
-    halves->activate(); // the tables are measured by the control, which may not have been shown by then
+    // What the layout will say: the tables are measured by the control, which may not have been shown by then. To activate the layout
+    // would style the halves before they have their sheet, and again with it.
+    setFixedSize(kWidth, kSide);
+    m_pArrowButton->move(kSide, 0);
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/CombinedToolButton.qss"));
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     connect(m_pMainButton, &QAbstractButton::toggled, this, &QcCombinedToolButton::onMainButtonToggled);

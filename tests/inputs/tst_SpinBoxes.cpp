@@ -112,7 +112,6 @@ private:
         const QImage image = Render(box, kBelow);
         const QColor ground = Painted(table, QLatin1String(look.ground), kBelow);
         COMPARE_COLOR(PixelAt(image, QPointF(70.5, 5.5)), ground);
-        COMPARE_COLOR(PixelAt(image, QRectF(ArrowUp(box)).center()), ground);
         if (look.border)
             COMPARE_COLOR(PixelAt(image, QPointF(60.5, 0.5)), Painted(table, QLatin1String(look.border), ground));
         const QColor text = MainInk(Part(image, QRectF(2, 4, 40, 24)), ground);

@@ -562,6 +562,19 @@ private Q_SLOTS:
         QVERIFY(!InkBox(PaintedAlone(QStringLiteral("Label"), m_menu.get()), hover).isEmpty());
     }
 
+    void an_item_is_disabled_by_its_menu_and_by_the_first_action_of_its_label()
+    {
+        QcAction *first = m_menu->addQcAction(QStringLiteral("Label"));
+        QcAction *second = m_menu->addQcAction(QStringLiteral("Label"));
+        Open();
+        CheckLabel(second, 12);
+        first->setEnabled(false);
+        CheckLabel(second, 12, false);
+        first->setEnabled(true);
+        m_menu->setEnabled(false);
+        CheckLabel(first, 12, false);
+    }
+
     void painting_an_item_leaves_the_painter_as_it_was_data()
     {
         QTest::addColumn<QStyleOptionMenuItem::MenuItemType>("type");

@@ -423,10 +423,9 @@ private Q_SLOTS:
         for (const bool isLong : {false, true}) {
             m_toast->setText(isLong ? LongText().repeated(60) : LongText());
             m_toast->showToast(true);
-            AnimationOf(*m_toast, "opacity")->setCurrentTime(125);
+            AnimationOf(*m_toast, "opacity")->pause(); // at once: on a busy machine it ends while events are handled
             DrainEvents();
             QCOMPARE(m_toast->height() > 4096, isLong);
-            AnimationOf(*m_toast, "opacity")->pause();
             m_toast->graphicsEffect()->setProperty("opacity", 0.5);
             QImage image(m_window->size(), QImage::Format_RGB32);
             image.fill(Qt::black);
@@ -441,9 +440,9 @@ private Q_SLOTS:
     {
         m_toast->setText(LongText().repeated(60));
         m_toast->showToast(true);
+        AnimationOf(*m_toast, "opacity")->pause();
         PaintedOn probe(*m_toast);
         for (const double opacity : {0.0, 0.5, 1.0}) {
-            AnimationOf(*m_toast, "opacity")->pause();
             m_toast->graphicsEffect()->setProperty("opacity", opacity);
             m_toast->update();
             DrainEvents();

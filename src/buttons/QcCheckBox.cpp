@@ -85,7 +85,10 @@ void QcCheckBox::paintEvent(QPaintEvent * /*event*/)
 
 void QcCheckBox::DrawIndicator(const QStyleOptionButton &option)
 {
-    PaintIndicator(*this, kParts, TableFor(checkState()), option, hitButton(mapFromGlobal(QCursor::pos())));
+    const QPoint cursor = mapFromGlobal(QCursor::pos());
+    // Qt lays the text out to tell where a press counts: not asked for the many that the cursor is far from.
+    const bool isHovered = rect().contains(cursor) && hitButton(cursor);
+    PaintIndicator(*this, kParts, TableFor(checkState()), option, isHovered);
 }
 
 void QcCheckBox::DrawText(const QStyleOptionButton &option)

@@ -41,6 +41,19 @@ constexpr IndicatorTable kChecked = {
     }},
 };
 
+/// Made from the surface, it has a text that stands out from it, in the same colour while disabled. Kept for the next of the same
+/// surface, since Qt derives a dozen colours.
+const QPalette &PaletteOn(const QColor &surface)
+{
+    static QColor color;
+    static QPalette palette;
+    if (color != surface) {
+        color = surface;
+        palette = QPalette(surface);
+    }
+    return palette;
+}
+
 } // namespace
 
 QcRadioButton::QcRadioButton(QWidget *parent)
@@ -86,14 +99,16 @@ void QcRadioButton::paintEvent(QPaintEvent * /*event*/)
 
 void QcRadioButton::DrawIndicator(const QStyleOptionButton &option)
 {
-    PaintIndicator(*this, kParts, isChecked() ? kChecked : kUnchecked, option, hitButton(mapFromGlobal(QCursor::pos())));
+    const QPoint cursor = mapFromGlobal(QCursor::pos());
+    // Qt lays the text out to tell where a press counts: not asked for the many that the cursor is far from.
+    const bool isHovered = rect().contains(cursor) && hitButton(cursor);
+    PaintIndicator(*this, kParts, isChecked() ? kChecked : kUnchecked, option, isHovered);
 }
 
 void QcRadioButton::DrawText(const QStyleOptionButton &option)
 {
     QStyleOptionButton label = option;
-    // Made from the surface, it has a text that stands out from it, in the same colour while disabled.
-    label.palette = QPalette(TokenColor(QStringLiteral("bg/bg_secondary")));
+    label.palette = PaletteOn(TokenColor(QStringLiteral("bg/bg_secondary")));
     QFont font(QStringLiteral("Open Sans"));
     font.setPixelSize(kFontPixels);
     QPainter painter(this);

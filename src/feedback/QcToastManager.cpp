@@ -105,8 +105,12 @@ void QcToastManager::removeToast(QcToast *toast, bool deleteIt)
     const QPointer<QcToast> alive(toast);
     TakeOut(toast);
     toast->hide();
-    if (alive && deleteIt)
+    if (alive && deleteIt) {
+        // Thousands may wait for their deletion, and sender() would look through the connections of all of them for each.
+        disconnect(toast, &QObject::destroyed, this, &QcToastManager::onToastDestroyed);
+        connect(toast, &QObject::destroyed, this, &QcToastManager::LoseDying);
         toast->deleteLater();
+    }
     updateToastsPosition(true, true);
 }
 
@@ -137,9 +141,14 @@ void QcToastManager::onToastHeightChanged()
     updateToastsPosition(true, true);
 }
 
-void QcToastManager::onToastDestroyed(QObject *toast)
+void QcToastManager::onToastDestroyed()
 {
-    // A widget says so as its last part dies: it still hides, but is no toast any more. Not sender(), which searches all connections.
+    LoseDying(sender());
+}
+
+void QcToastManager::LoseDying(QObject *toast)
+{
+    // A widget says so as its last part dies: it still hides, but is no toast any more.
     auto *widget = qobject_cast<QWidget *>(toast);
     if (!widget)
         return; // called by a host, by its name

@@ -41,7 +41,7 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void onToastHeightChanged();
-    void onToastDestroyed(QObject *toast);
+    void onToastDestroyed();
 
 private:
     QcToastManager();
@@ -51,6 +51,7 @@ private:
     void updateToastsPosition(bool animateFirst, bool animateLast);
     QcToast *Shown(int id) const;
     void TakeOut(const QObject *toast);
+    void LoseDying(QObject *toast);
 
     const int m_maximumCount = 3;
     const int m_spacing = 4;

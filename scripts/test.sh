@@ -10,6 +10,7 @@
 # Left out, because it takes long or must be looked at:
 #
 #   fuzzing           cmake --preset fuzz && cmake --build --preset fuzz, then as tests/fuzz/CMakeLists.txt says
+#   docking           VELMORA_MONKEY=100000 scripts/test.sh monkey: so many random operations, and damaged layouts, under the sanitizers
 #   coverage          cmake --preset coverage && cmake --build --preset coverage --target coverage
 #   clang-tidy        scripts/tidy.sh
 #   a fresh machine   scripts/try_fresh_machine.sh
@@ -27,6 +28,12 @@ build_and_test() {
 format() { scripts/format.sh --check; }
 dev() { build_and_test dev; }
 asan() { build_and_test asan; }
+monkey() {
+    cmake --preset asan --log-level=WARNING && cmake --build --preset asan --target tst_DockMonkey tst_DockMutations || return
+    export QTEST_FUNCTION_TIMEOUT=3600000 QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 VELMORA_MONKEY="${VELMORA_MONKEY:-100000}"
+    export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0" UBSAN_OPTIONS=print_stacktrace=1
+    build/asan/tests/dock/tst_DockMutations -maxwarnings 0 && build/asan/tests/dock/tst_DockMonkey -maxwarnings 0
+}
 tsan() { build_and_test tsan; }
 docs() { cmake --preset dev --log-level=WARNING && cmake --build --preset dev --target docs; }
 

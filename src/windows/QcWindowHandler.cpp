@@ -127,7 +127,10 @@ void QcWindowHandler::setTitleBar(QWidget *titleBar)
 
 void QcWindowHandler::setBorderWidth(int width)
 {
+    const bool hadEdges = m_borderWidth > 0;
     m_borderWidth = width;
+    if (m_widget && hadEdges && width <= 0)
+        ClearCursor();
     WatchWhileNeeded();
 }
 
@@ -200,9 +203,10 @@ void QcWindowHandler::ServeWidget(QEvent::Type type)
 
 void QcWindowHandler::ServeWindow(const QObject *window, const QEvent &event)
 {
-    if (event.type() == QEvent::MouseMove)
+    // At a press too: after a fast move out of the band none may have come, and a panel tells by its cursor whether a press resizes.
+    if (event.type() == QEvent::MouseMove || m_borderWidth > 0)
         UpdateCursor();
-    else if (event.type() == QEvent::MouseButtonPress && IsResizable())
+    if (event.type() == QEvent::MouseButtonPress && IsResizable())
         StartResize(window, event);
 }
 

@@ -27,7 +27,7 @@ public:
     void setWidget(QWidget *widget);
     /// The widget on which a press of any mouse button moves the window; none at first.
     void setTitleBar(QWidget *titleBar);
-    /// Width in pixels of the band along each edge that resizes; 0, the default, makes the window keep its size.
+    /// Width in pixels of the band along each edge that resizes; 0, the default, makes the window keep its size and its own cursor.
     void setBorderWidth(int width);
     /// Keeps the window in the system's care as if it had a frame, which is then not shown. Off at first; Windows only.
     void setNativeFrame(bool enabled);

@@ -4,6 +4,7 @@
 #include "Page.h"
 
 #include <Velmora/QcArrowTipGlobal.h>
+#include <Velmora/QcDockDragController.h>
 #include <Velmora/QcLoadingDialog.h>
 #include <Velmora/QcProgressDialog.h>
 
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void initTestCase() // what outlives each test
     {
         Velmora::QcArrowTipGlobal::instance();
+        Velmora::QcDockDragController::instance();
         Velmora::QcLoadingDialog::getInstance();
         Velmora::QcProgressDialog::getInstance();
     }

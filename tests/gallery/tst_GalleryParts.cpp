@@ -4,6 +4,7 @@
 #include "Page.h"
 
 #include <Velmora/QcArrowTipGlobal.h>
+#include <Velmora/QcDockDragController.h>
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcLoadingDialog.h>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void initTestCase() // what outlives each test
     {
         Velmora::QcArrowTipGlobal::instance();
+        Velmora::QcDockDragController::instance();
         Velmora::QcLoadingDialog::getInstance();
         Velmora::QcProgressDialog::getInstance();
     }

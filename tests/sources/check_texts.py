@@ -19,7 +19,7 @@ CALL = re.compile(r"(?:\bqApp\s*->\s*|(?<![\w.>]))(?:\w+::)*(?:translate|tr|QT_T
 # A text given as it stands to what shows it.
 UNTRANSLATED = re.compile(
     r"\bset(?:Text|Title|WindowTitle|ToolTip|StatusTip|WhatsThis|PlaceholderText|AccessibleName|AccessibleDescription)"
-    r"\s*\(\s*(?:\w+(?:::\w+)?\s*\(\s*)?\"[^\"]*[A-Za-z]")
+    r"\s*\(\s*(?:(?!(?:\w+::)?(?:tr|translate)\s*\()\w+(?:::\w+)?\s*\(\s*)?\"[^\"]*[A-Za-z]")
 
 
 def code_of(file):
@@ -71,6 +71,7 @@ PLANTED = [
     ('void planted(QLabel *label) { label->setAccessibleName("planted"); }', "not translated"),
     ('auto planted() { return QCoreApplication::translate("Planted", "found"); }', None),
     ('auto planted() { return qApp->translate("Planted", "found"); } // tr(nothing)', None),
+    ('void planted(QLabel *label) { label->setText(QCoreApplication::translate("Planted", "set at once")); }', None),
     ('void planted(QPainter *painter, QLabel *label) { painter->translate(1, 2); label->setText(QStringLiteral("1")); }', None),
 ]
 

@@ -201,6 +201,39 @@ private Q_SLOTS:
         QCOMPARE(stage.CursorAt(50, 50), Qt::ArrowCursor);
     }
 
+    void a_press_finds_the_cursor_of_where_it_is_after_a_move_that_nobody_saw()
+    {
+        Stage stage;
+        QVERIFY(stage.Show());
+        QCOMPARE(stage.CursorAt(0, 75), Qt::SizeHorCursor);
+        {
+            // As for a pointer that left the band within one of the window system's steps.
+            struct Deaf : QObject
+            {
+                bool eventFilter(QObject *, QEvent *event) override { return event->type() == QEvent::MouseMove; }
+            } deaf;
+            qApp->installEventFilter(&deaf);
+            QCursor::setPos(stage.window.mapToGlobal(QPoint(100, 75)));
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(stage.window.cursor().shape(), Qt::SizeHorCursor);
+        QTest::mousePress(stage.window.windowHandle(), Qt::LeftButton, {}, QPoint(100, 75));
+        QCOMPARE(stage.window.cursor().shape(), Qt::ArrowCursor);
+        QTest::mouseRelease(stage.window.windowHandle(), Qt::LeftButton, {}, QPoint(100, 75));
+    }
+
+    void a_window_that_keeps_its_size_from_now_on_has_its_own_cursor()
+    {
+        Stage stage;
+        QVERIFY(stage.Show());
+        QCOMPARE(stage.CursorAt(0, 75), Qt::SizeHorCursor);
+        stage.handler->setBorderWidth(0);
+        QCOMPARE(stage.window.cursor().shape(), Qt::ArrowCursor);
+        stage.window.setCursor(Qt::WaitCursor);
+        stage.handler->setBorderWidth(0); // there is nothing to take back
+        QCOMPARE(stage.window.cursor().shape(), Qt::WaitCursor);
+    }
+
     void a_widget_inside_takes_its_parents_cursor_again()
     {
         QWidget parent;

@@ -1,0 +1,313 @@
+#include <Velmora/QcDockDragController.h>
+
+#include "core/LiesIn_p.h"
+#include "dock/DockRegistry_p.h"
+#include "dock/DockTree_p.h"
+#include "dock/DropGeometry_p.h"
+
+#include <Velmora/QcDockArea.h>
+#include <Velmora/QcDockContainer.h>
+#include <Velmora/QcDockIndicator.h>
+#include <Velmora/QcDockMask.h>
+#include <Velmora/QcDockWidget.h>
+
+#include <QCursor>
+
+namespace Velmora {
+
+namespace {
+
+template <typename T>
+void DeleteEmptyUpward(QWidget *start)
+{
+    for (QWidget *widget = start; widget; widget = widget->parentWidget())
+        if (auto *node = qobject_cast<T *>(widget))
+            node->deleteLaterIfEmpty();
+}
+
+QRect GlobalRect(const QWidget &widget)
+{
+    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+}
+
+/// Shows \a window above those that have come since it was shown last, such as the dragged panel. True if it was hidden.
+bool ShowOnTop(QWidget &window)
+{
+    if (window.isVisible())
+        return false;
+    window.show();
+    window.raise();
+    return true;
+}
+
+bool Holds(const QWidget *ancestor, const QWidget *widget)
+{
+    return ancestor->isAncestorOf(widget);
+}
+
+} // namespace
+
+struct QcDockDragController::Private
+{
+    RegistryPlaces<QcDockArea> areas;
+    RegistryPlaces<QcDockContainer> containers;
+    /// What mapToGlobal() gives, which asks the window system's side of the window each time; a step asks hundreds of widgets.
+    QRect GlobalRect(const QWidget &widget)
+    {
+        QPoint corner;
+        const QWidget *at = &widget;
+        for (; !at->isWindow(); at = at->parentWidget())
+            corner += at->geometry().topLeft();
+        if (window != at) {
+            window = at;
+            windowCorner = at->mapToGlobal(QPoint(0, 0));
+        }
+        return {windowCorner + corner, widget.size()};
+    }
+
+    QPoint cursor;                   // that of the step, asked once
+    const QWidget *window = nullptr; // whose corner was asked last in this step
+    QPoint windowCorner;
+    QPointer<QWidget> dragged;
+    QMetaObject::Connection draggedDies;
+};
+
+QcDockDragController::QcDockDragController()
+    : m_private(std::make_unique<Private>())
+{
+    BeginStep(nullptr);
+}
+
+QcDockDragController::~QcDockDragController()
+{
+    delete m_dockIndicator;
+    delete m_dockMask;
+}
+
+QcDockDragController *QcDockDragController::instance()
+{
+    static auto *controller = new QcDockDragController; // widgets that die after the application still find it
+    return controller;
+}
+
+void QcDockDragController::addDockArea(QcDockArea *area)
+{
+    m_private->areas.Add(m_dockAreaList, area);
+}
+
+void QcDockDragController::removeDockArea(QcDockArea *area)
+{
+    m_private->areas.Remove(m_dockAreaList, area);
+}
+
+void QcDockDragController::addDockContainer(QcDockContainer *container)
+{
+    m_private->containers.Add(m_dockContainerList, container);
+}
+
+void QcDockDragController::removeDockContainer(QcDockContainer *container)
+{
+    m_private->containers.Remove(m_dockContainerList, container);
+}
+
+QList<QcDockArea *> DockRegistry::Areas()
+{
+    QList<QcDockArea *> areas = QcDockDragController::instance()->m_dockAreaList;
+    areas.removeAll(nullptr);
+    return areas;
+}
+
+QList<QcDockContainer *> DockRegistry::Containers()
+{
+    QList<QcDockContainer *> containers = QcDockDragController::instance()->m_dockContainerList;
+    containers.removeAll(nullptr);
+    return containers;
+}
+
+void QcDockDragController::deleteEmptyDockArea(QWidget *start)
+{
+    DeleteEmptyUpward<QcDockArea>(start);
+}
+
+void QcDockDragController::deleteEmptyDockContainer(QWidget *start)
+{
+    DeleteEmptyUpward<QcDockContainer>(start);
+}
+
+void QcDockDragController::processDockWidgetSwitchToFloating(QWidget *area)
+{
+    deleteEmptyDockArea(area);
+    deleteEmptyDockContainer(area);
+}
+
+void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
+{
+    if (!panel)
+        return;
+    const QPointer<QWidget> living(panel); // a host that hears of the panel's looks may delete it
+    BeginStep(panel);
+    panel->setDragingStyle(true);
+    QcDockArea *area = living ? getInnerMostDockAreaUnderMouse() : nullptr;
+    if (!area) {
+        HideFeedback();
+        if (living)
+            panel->SetDragTipVisible(true);
+        return;
+    }
+    const QRect areaRect = GlobalRect(*area);
+    ShowIndicatorOver(areaRect, getDockPostionList(panel, area));
+    const QcDockContainer *outer = getOuterMostDockContainerUnderMouse();
+    const DockPosition target = m_dockIndicator->TargetAt(m_private->cursor);
+    ShowMask(MaskRect(target, areaRect, outer ? GlobalRect(*outer) : QRect()));
+    if (living)
+        panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
+}
+
+void QcDockDragController::processDockWidgetDragFinished(QcDockWidget *panel)
+{
+    if (!panel)
+        return;
+    const QPointer<QWidget> living(panel);
+    BeginStep(panel);
+    const DockPosition target = m_dockIndicator->TargetAt(m_private->cursor);
+    panel->setDragingStyle(false);
+    if (living)
+        panel->SetDragTipVisible(false);
+    HideFeedback();
+    if (!living)
+        return;
+    if (target == NoPosition)
+        panel->setWindowStyle(true);
+    else
+        DockAt(panel, target, getInnerMostDockAreaUnderMouse(), getOuterMostDockContainerUnderMouse());
+}
+
+void QcDockDragController::DockAt(QcDockWidget *panel, DockPosition target, QcDockArea *area, QcDockContainer *outer)
+{
+    const QPointer<QWidget> living(panel);
+    const QPointer<QcDockArea> place(area);
+    const QPointer<QcDockContainer> whole(outer);
+    panel->setWindowStyle(false); // a host that hears of it may delete any of them
+    if (!living)
+        return;
+    if (IsOuter(target)) {
+        if (whole)
+            whole->addWidget(panel, nullptr, WithoutOuter(target));
+    } else if (QcDockContainer *container = place ? EnclosingContainer(place) : nullptr) {
+        container->addWidget(panel, place, target);
+    }
+    if (living)
+        panel->updateResizable();
+}
+
+void QcDockDragController::Preview(QcDockWidget *panel, QcDockArea *area, QcDockContainer *outer, DockPosition place, const QString &spoken)
+{
+    BeginStep(panel);
+    m_dockIndicator->Choose(place, spoken);
+    ShowIndicatorOver(GlobalRect(*area), getDockPostionList(panel, area));
+    ShowMask(MaskRect(place, GlobalRect(*area), GlobalRect(*outer)));
+}
+
+void QcDockDragController::EndPreview()
+{
+    HideFeedback();
+    if (!m_dockIndicator)
+        return;
+    m_dockIndicator->Choose(NoPosition, {});
+    m_dockIndicator->Offer({}); // no click on a title docks by what the keyboard has left
+}
+
+void QcDockDragController::CancelDrag(QcDockWidget *panel)
+{
+    const QPointer<QWidget> living(panel);
+    HideFeedback();
+    if (living)
+        panel->setDragingStyle(false);
+    if (living)
+        panel->SetDragTipVisible(false);
+    if (living && panel->isFloating())
+        panel->setWindowStyle(true);
+}
+
+/// Takes note of cursor and panel, and sees to indicator and mask, which a host may have deleted among all top-level windows.
+void QcDockDragController::BeginStep(QcDockWidget *panel)
+{
+    m_private->cursor = QCursor::pos();
+    m_private->window = nullptr;
+    if (m_private->dragged != panel) {
+        disconnect(m_private->draggedDies);
+        m_private->dragged = panel;
+        if (panel)
+            m_private->draggedDies = connect(panel, &QObject::destroyed, this, &QcDockDragController::HideFeedback);
+    }
+    if (!m_dockIndicator)
+        m_dockIndicator = new QcDockIndicator(nullptr); // deleted by the destructor
+    if (!m_dockMask)
+        m_dockMask = new QcDockMask(nullptr); // deleted by the destructor
+}
+
+void QcDockDragController::ShowIndicatorOver(const QRect &area, const QList<DockPosition> &offered)
+{
+    m_dockIndicator->Offer(offered);
+    m_dockIndicator->move(IndicatorTopLeft(area, m_dockIndicator->size()));
+    m_dockIndicator->RepaintChangedLabels(m_private->cursor);
+    ShowOnTop(*m_dockIndicator);
+}
+
+void QcDockDragController::ShowMask(const QRect &rect)
+{
+    if (rect.isNull()) {
+        m_dockMask->hide();
+        return;
+    }
+    m_dockMask->setGeometry(rect);
+    if (ShowOnTop(*m_dockMask))
+        m_dockIndicator->raise(); // its labels stay in sight
+}
+
+void QcDockDragController::HideFeedback()
+{
+    if (m_dockIndicator)
+        m_dockIndicator->hide();
+    if (m_dockMask)
+        m_dockMask->hide();
+}
+
+template <typename T>
+bool QcDockDragController::IsHit(T *entry) const
+{
+    if (!m_private->GlobalRect(*entry).contains(m_private->cursor))
+        return false;
+    return !IsDoomed(entry) && !(m_private->dragged && LiesIn(entry, m_private->dragged));
+}
+
+QcDockArea *QcDockDragController::getInnerMostDockAreaUnderMouse()
+{
+    return InnerMost(
+        m_dockAreaList, [this](QcDockArea *area) { return IsHit(area); }, Holds);
+}
+
+QcDockArea *QcDockDragController::GetOuterMostDockAreaUnderMouse()
+{
+    return OuterMost(
+        m_dockAreaList, [this](QcDockArea *area) { return IsHit(area); }, Holds);
+}
+
+QcDockContainer *QcDockDragController::getInnerMostDockContainerUnderMouse()
+{
+    return InnerMost(
+        m_dockContainerList, [this](QcDockContainer *container) { return IsHit(container); }, Holds);
+}
+
+QcDockContainer *QcDockDragController::getOuterMostDockContainerUnderMouse()
+{
+    return OuterMost(
+        m_dockContainerList, [this](QcDockContainer *container) { return IsHit(container); }, Holds);
+}
+
+QList<DockPosition> QcDockDragController::getDockPostionList(QcDockWidget *panel, QcDockArea *area)
+{
+    return OfferedPositions(area->isSupportType(panel->getType()), EnclosingArea(area), area->isEmpty());
+}
+
+} // namespace Velmora

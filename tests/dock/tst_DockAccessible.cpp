@@ -1,0 +1,145 @@
+#include <Velmora/QcIconButton.h>
+
+#include "TabStage.h"
+#include "support/AccessibleEvents.h"
+#include "support/TestMain.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLineEdit>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+QAccessibleInterface *Seen(QObject *object)
+{
+    return QAccessible::queryAccessibleInterface(object);
+}
+
+QString NameOf(QObject *object)
+{
+    return Seen(object)->text(QAccessible::Name);
+}
+
+} // namespace
+
+class TestDockAccessible : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void a_panel_is_a_pane_called_by_its_title()
+    {
+        QcDockWidget panel;
+        panel.setContentWidget(new Content(QStringLiteral("Map")));
+        QCOMPARE(Seen(&panel)->role(), QAccessible::Pane);
+        QCOMPARE(NameOf(&panel), QStringLiteral("Map"));
+        panel.getContentWidget()->setWindowTitle(QStringLiteral("Atlas"));
+        QCOMPARE(NameOf(&panel), QStringLiteral("Atlas"));
+        panel.setAccessibleName(QStringLiteral("The host's"));
+        QCOMPARE(NameOf(&panel), QStringLiteral("The host's"));
+    }
+
+    void a_row_is_a_list_of_tabs_called_by_their_whole_titles()
+    {
+        TabStage stage;
+        const QString title = QStringLiteral("A title that is much longer than its tab will ever be wide");
+        stage.Add(title);
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QCOMPARE(Seen(stage.Row())->role(), QAccessible::PageTabList);
+        QCOMPARE(Seen(stage.Row())->childCount(), 2);
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(Seen(stage.Row())->child(i)->role(), QAccessible::PageTab);
+        QCOMPARE(NameOf(stage.Tab(0)), title);
+        QVERIFY(Seen(stage.Tab(0))->state().selectable);
+        QVERIFY(!Seen(stage.Tab(0))->state().selected);
+        QVERIFY(Seen(stage.Tab(1))->state().selected);
+    }
+
+    void a_reader_selects_a_tab()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QAccessibleActionInterface *actions = Seen(stage.Tab(0))->actionInterface();
+        QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        QTRY_COMPARE(stage.Pages(), QStringLiteral("[A] B"));
+    }
+
+    void a_selection_and_a_new_title_are_told()
+    {
+        TabStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        AccessibleEvents told(*stage.Tab(0));
+        stage.frame->setCurrentIndex(0);
+        QVERIFY(told.Take().contains(QStringLiteral("Selection")));
+        panel->getContentWidget()->setWindowTitle(QStringLiteral("C"));
+        QCOMPARE(told.Take(), QStringList(QStringLiteral("NameChanged")));
+    }
+
+    void a_panels_new_title_is_told()
+    {
+        QcDockWidget panel;
+        panel.setContentWidget(new Content(QStringLiteral("Map")));
+        AccessibleEvents told(panel);
+        panel.getContentWidget()->setWindowTitle(QStringLiteral("Atlas"));
+        QCOMPARE(told.Take().count(QStringLiteral("NameChanged")), 1);
+    }
+
+    void the_small_buttons_have_names()
+    {
+        TabStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("Map"));
+        stage.Add(QStringLiteral("Atlas"));
+        QVERIFY(stage.Show());
+        QCOMPARE(NameOf(TitleRowOf(*panel)->findChild<QcIconButton *>()), QStringLiteral("Close Map"));
+        QCOMPARE(NameOf(PartOf(*stage.Tab(1), "m_closeButton")), QStringLiteral("Close Atlas"));
+        QCOMPARE(NameOf(PartOf(*stage.frame, "m_leftButton")), QStringLiteral("Previous tab"));
+        QCOMPARE(NameOf(PartOf(*stage.frame, "m_rightButton")), QStringLiteral("Next tab"));
+        panel->getContentWidget()->setWindowTitle(QStringLiteral("Plan"));
+        QCOMPARE(NameOf(PartOf(*stage.Tab(0), "m_closeButton")), QStringLiteral("Close Plan"));
+        QCOMPARE(NameOf(TitleRowOf(*panel)->findChild<QcIconButton *>()), QStringLiteral("Close Plan"));
+    }
+
+    void tab_reaches_every_part_of_the_row_and_the_page()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(1);
+        stage.frame->widget(1)->setFocus();
+        QSet<QWidget *> reached;
+        for (int i = 0; i < 12; ++i) {
+            reached.insert(QApplication::focusWidget());
+            QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &stage.window, Qt::Key_Tab);
+        }
+        QVERIFY(reached.contains(stage.Tab(1)));
+        QVERIFY(!reached.contains(stage.Tab(0))); // the arrow keys lead there
+        QVERIFY(reached.contains(PartOf(*stage.Tab(1), "m_closeButton")));
+        QVERIFY(reached.contains(PartOf(*stage.frame, "m_leftButton")));
+        QVERIFY(reached.contains(PartOf(*stage.frame, "m_rightButton")));
+        QVERIFY(reached.contains(static_cast<QcDockWidget *>(stage.frame->widget(1))->getContentWidget()));
+    }
+
+    void tab_reaches_the_close_button_of_a_title_row()
+    {
+        TabStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("A"));
+        QVERIFY(stage.Show());
+        auto *close = TitleRowOf(*panel)->findChild<QcIconButton *>();
+        for (int i = 0; i < 4 && QApplication::focusWidget() != close; ++i)
+            QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &stage.window, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), close);
+    }
+};
+
+VELMORA_TEST_MAIN(TestDockAccessible)
+#include "tst_DockAccessible.moc"

@@ -1,0 +1,434 @@
+#include "dock/DockMove_p.h"
+#include "dock/DockTestCase.h"
+#include "dock/DragStage.h"
+
+#include "support/AccessibleEvents.h"
+#include "support/TestMain.h"
+
+#include <Velmora/QcDockAreaTabBarButton.h>
+#include <Velmora/QcMenu.h>
+
+#include <QAccessible>
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+QMenu *OpenMenu()
+{
+    return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+}
+
+QStringList ItemsOf(const QMenu &menu)
+{
+    QStringList items;
+    const auto actions = menu.actions();
+    for (const QAction *action : actions)
+        items.append(action->isSeparator() ? QStringLiteral("-")
+                                           : action->text() + (action->isEnabled() ? QString() : QStringLiteral(" (off)")));
+    return items;
+}
+
+QAction *ItemOf(const QMenu &menu, const QString &text)
+{
+    const auto actions = menu.actions();
+    for (QAction *action : actions)
+        if (action->text() == text)
+            return action;
+    return nullptr;
+}
+
+/// Chooses an item as its user does.
+void Choose(QMenu &menu, const QString &text)
+{
+    menu.setActiveAction(ItemOf(menu, text));
+    QTest::keyClick(&menu, Qt::Key_Return);
+    DrainEvents();
+}
+
+QString SpokenChoice()
+{
+    const auto labels = DragStage::Indicator()->findChildren<QLabel *>();
+    for (QLabel *label : labels)
+        if (label->accessibleName().contains(QLatin1String(" of "), Qt::CaseSensitive)
+            && label->accessibleName().contains(QLatin1Char(',')))
+            return label->accessibleName();
+    return {};
+}
+
+struct Edit : QLineEdit
+{
+    using QLineEdit::QLineEdit;
+    int keys = 0;
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        ++keys;
+        QLineEdit::keyPressEvent(event);
+    }
+};
+
+} // namespace
+
+class TestDockMove : public DockTestCase
+{
+    Q_OBJECT
+
+protected:
+    void TearDown() override
+    {
+        DockTestCase::TearDown();
+        delete DragStage::Indicator();
+        delete DragStage::Mask();
+    }
+
+private Q_SLOTS:
+    void every_panel_can_float_move_and_close_by_its_menu()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        QcDockWidget *third = stage.Add(3, right, Center);
+        OpenDockMenu(right);
+        QVERIFY(OpenMenu());
+        QCOMPARE(ItemsOf(*OpenMenu()),
+                 QStringList({QStringLiteral("Float"), QStringLiteral("Move to"), QStringLiteral("Close"), QStringLiteral("-"),
+                              QStringLiteral("Type 2"), QStringLiteral("Type 3 (off)")}));
+        const QMenu *moves = ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu();
+        QCOMPARE(ItemsOf(*moves), QStringList({QStringLiteral("Type 1"), QStringLiteral("Type 3")}));
+        Choose(*OpenMenu(), QStringLiteral("Type 2"));
+        QVERIFY(right->isVisible());
+
+        OpenDockMenu(left);
+        QCOMPARE(ItemsOf(*OpenMenu()), QStringList({QStringLiteral("Float"), QStringLiteral("Move to"), QStringLiteral("Close")}));
+        QCOMPARE(ItemsOf(*ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu()), QStringList({QStringLiteral("Type 2")}));
+        OpenMenu()->close();
+        Q_UNUSED(third)
+    }
+
+    void the_menu_opens_by_its_keys_on_a_tab_a_title_row_and_in_the_contents()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        auto *edit = new Edit(stage.Add(2, left, Center)->getContentWidget());
+        edit->show();
+        stage.window.activateWindow();
+        QTRY_VERIFY(stage.window.isActiveWindow());
+
+        edit->setFocus();
+        QTest::keyClick(edit, Qt::Key_F10, Qt::AltModifier);
+        QVERIFY(!OpenMenu());
+        QTest::keyClick(edit, Qt::Key_F10, Qt::AltModifier | Qt::ShiftModifier);
+        QVERIFY(OpenMenu());
+        OpenMenu()->close();
+
+        auto *tab = stage.root->findChild<QcDockAreaTabBarButton *>();
+        tab->setFocus();
+        QTest::keyClick(tab, Qt::Key_F10, Qt::AltModifier | Qt::ShiftModifier);
+        QVERIFY(OpenMenu());
+        OpenMenu()->close();
+
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(1, 1));
+        QCoreApplication::sendEvent(tab, &byKey);
+        QVERIFY(OpenMenu());
+        OpenMenu()->close();
+        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(1, 1));
+        QCoreApplication::sendEvent(tab, &byMouse);
+        QVERIFY(!OpenMenu());
+
+        // A content's own menu is the content's.
+        QWidget plain(edit->parentWidget());
+        plain.setFocusPolicy(Qt::StrongFocus);
+        plain.show();
+        plain.setFocus();
+        stage.window.activateWindow();
+        QTRY_VERIFY(plain.hasFocus());
+        QCoreApplication::sendEvent(&plain, &byKey);
+        QVERIFY(!OpenMenu());
+
+        QcDockWidget *floating = stage.Float(3);
+        QTest::keyClick(floating, Qt::Key_F10, Qt::AltModifier | Qt::ShiftModifier);
+        QVERIFY(OpenMenu());
+        OpenMenu()->close();
+        QCoreApplication::sendEvent(floating, &byKey);
+        QVERIFY(OpenMenu());
+        OpenMenu()->close();
+        DrainEvents();
+    }
+
+    void floating_one_of_several_leaves_the_others_where_they_are()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *second = stage.Add(2, left, Center);
+        QcDockWidget *third = stage.Add(3, left, Center);
+        const QPoint corner = third->mapToGlobal(QPoint(0, 0));
+        OpenDockMenu(third);
+        Choose(*OpenMenu(), QStringLiteral("Float"));
+        QVERIFY(third->isFloating());
+        QVERIFY(third->isVisible());
+        QCOMPARE(third->pos(), corner);
+        QCOMPARE(third->property("window"), QVariant(true));
+        QCOMPARE(AreaOf(*left)->count(), 2);
+        QCOMPARE(AreaOf(*second), AreaOf(*left));
+        VERIFY_SETTLED();
+
+        OpenDockMenu(third);
+        QVERIFY(!ItemOf(*OpenMenu(), QStringLiteral("Float"))->isEnabled());
+        OpenMenu()->close();
+    }
+
+    void a_panel_closes_by_its_menu_if_its_title_row_lets_it()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        const QPointer<QcDockWidget> right = stage.Add(2, left, Right);
+        left->getContentWidget()->setProperty("dock_widget_close_forbidden", false);
+        OpenDockMenu(left);
+        QVERIFY(!ItemOf(*OpenMenu(), QStringLiteral("Close"))->isEnabled());
+        OpenMenu()->close();
+        OpenDockMenu(right);
+        Choose(*OpenMenu(), QStringLiteral("Close"));
+        QTRY_VERIFY(!right);
+        VERIFY_SETTLED();
+    }
+
+    void an_ampersand_in_a_title_is_read_as_it_stands()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        right->getContentWidget()->setWindowTitle(QStringLiteral("Find & replace"));
+        OpenDockMenu(left);
+        QCOMPARE(ItemsOf(*ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu()), QStringList({QStringLiteral("Find && replace")}));
+        OpenMenu()->close();
+    }
+
+    void arrows_choose_a_place_and_return_drops_there_data()
+    {
+        QTest::addColumn<QList<int>>("keys");
+        QTest::addColumn<int>("place");
+        QTest::newRow("centre") << QList<int>() << int(Center);
+        QTest::newRow("left") << QList<int>{Qt::Key_Left} << int(Left);
+        QTest::newRow("outer left") << QList<int>{Qt::Key_Left, Qt::Key_Left, Qt::Key_Left} << int(OuterLeft);
+        QTest::newRow("right") << QList<int>{Qt::Key_Right} << int(Right);
+        QTest::newRow("outer right") << QList<int>{Qt::Key_Right, Qt::Key_Right} << int(OuterRight);
+        QTest::newRow("top") << QList<int>{Qt::Key_Left, Qt::Key_Up} << int(Top);
+        QTest::newRow("outer top") << QList<int>{Qt::Key_Up, Qt::Key_Up} << int(OuterTop);
+        QTest::newRow("bottom") << QList<int>{Qt::Key_Down} << int(Bottom);
+        QTest::newRow("outer bottom") << QList<int>{Qt::Key_Backtab} << int(OuterBottom);
+        QTest::newRow("round") << QList<int>{Qt::Key_Backtab, Qt::Key_Tab, Qt::Key_Tab} << int(Left);
+    }
+
+    void arrows_choose_a_place_and_return_drops_there()
+    {
+        QFETCH(QList<int>, keys);
+        QFETCH(int, place);
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        QcDockWidget *moved = stage.Float(3);
+        BeginDockMove(moved, AreaOf(*left));
+        QVERIFY(stage.Indicator()->isVisible());
+        for (const int key : keys)
+            QTest::keyClick(&stage.window, static_cast<Qt::Key>(key));
+        const QRect promised = stage.Mask()->geometry();
+        QVERIFY(stage.Mask()->isVisible());
+        QTest::keyClick(&stage.window, Qt::Key_Return);
+        DrainEvents();
+        QVERIFY(stage.Indicator()->isHidden());
+        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(!moved->isFloating());
+        QCOMPARE(moved->property("window"), QVariant(false));
+        const QRect area = GlobalRect(*AreaOf(*moved));
+        QVERIFY((area.center() - promised.center()).manhattanLength() < 8);
+        QVERIFY(qAbs(area.width() - promised.width()) < 8 && qAbs(area.height() - promised.height()) < 8);
+        QCOMPARE(AreaOf(*moved) == AreaOf(*left), place == Center);
+        Q_UNUSED(right)
+        VERIFY_SETTLED();
+    }
+
+    void a_docked_panel_moves_too_and_what_it_left_empty_goes()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        BeginDockMove(left, AreaOf(*right));
+        QTest::keyClick(&stage.window, Qt::Key_Return);
+        DrainEvents();
+        QCOMPARE(AreaOf(*left), AreaOf(*right));
+        QCOMPARE(stage.root->getDockAreaList().size(), 1);
+        VERIFY_SETTLED();
+    }
+
+    void a_place_that_is_not_offered_is_passed_over()
+    {
+        QcDockArea::setSupportTypeList({{1}, {3}});
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *moved = stage.Float(3);
+        BeginDockMove(moved, AreaOf(*left));
+        QCOMPARE(SpokenChoice(), QStringLiteral("Left of Type 1, 1 of 8"));
+        QTest::keyClick(&stage.window, Qt::Key_Right);
+        QCOMPARE(SpokenChoice(), QStringLiteral("Right of Type 1, 2 of 8"));
+        QTest::keyClick(&stage.window, Qt::Key_Escape);
+        QcDockArea::setSupportTypeList({});
+    }
+
+    void a_tab_may_leave_its_own_area_for_a_side_but_not_for_the_centre()
+    {
+        DragStage stage;
+        QcDockWidget *first = stage.Add(1);
+        QcDockWidget *second = stage.Add(2, first, Center);
+        BeginDockMove(second, AreaOf(*second));
+        QCOMPARE(SpokenChoice(), QStringLiteral("Left of Type 2, 1 of 8"));
+        QTest::keyClick(&stage.window, Qt::Key_Return);
+        DrainEvents();
+        QVERIFY(AreaOf(*first) != AreaOf(*second));
+        QVERIFY(GlobalRect(*second).right() < GlobalRect(*first).left());
+        VERIFY_SETTLED();
+    }
+
+    void the_chosen_place_looks_hovered_wherever_the_cursor_is_and_is_spoken()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *moved = stage.Float(3);
+        stage.Step(moved, MiddleOf(*left));
+        stage.Drop(moved);
+        QVERIFY(!moved->isFloating());
+        QcDockWidget *other = stage.Float(4);
+        QCursor::setPos(MiddleOf(*stage.Label(Center)));
+
+        BeginDockMove(other, AreaOf(*left));
+        QLabel *right = stage.Label(Right);
+        AccessibleEvents told(*right);
+        const QImage normal = right->grab().toImage();
+        QTest::keyClick(&stage.window, Qt::Key_Right);
+        QCOMPARE(told.Take().last(), QStringLiteral("Focus"));
+        QVERIFY(right->grab().toImage() != normal);
+        QCOMPARE(QAccessible::queryAccessibleInterface(right)->text(QAccessible::Name), QStringLiteral("Right of Type 3, 3 of 9"));
+        QTest::keyClick(&stage.window, Qt::Key_Escape);
+        QCOMPARE(right->accessibleName(), QStringLiteral("Right"));
+    }
+
+    void escape_leaves_all_as_it_was()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        BeginDockMove(left, AreaOf(*right));
+        QTest::keyClick(&stage.window, Qt::Key_Down);
+        QTest::keyClick(&stage.window, Qt::Key_Escape);
+        DrainEvents();
+        QVERIFY(stage.Indicator()->isHidden());
+        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(AreaOf(*left) != AreaOf(*right));
+        QCOMPARE(stage.root->getDockAreaList().size(), 2);
+        QCOMPARE(stage.Offered(), QList<int>());
+        VERIFY_SETTLED();
+    }
+
+    void a_press_of_the_mouse_another_window_and_another_move_end_it()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        BeginDockMove(left, AreaOf(*right));
+        QTest::mouseClick(&stage.window, Qt::RightButton);
+        QVERIFY(stage.Indicator()->isHidden());
+
+        stage.window.activateWindow();
+        QTRY_VERIFY(stage.window.isActiveWindow());
+        BeginDockMove(left, AreaOf(*right));
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QTRY_VERIFY(stage.Indicator()->isHidden());
+
+        BeginDockMove(left, AreaOf(*right));
+        BeginDockMove(right, AreaOf(*left));
+        QTest::keyClick(&stage.window, Qt::Key_Escape);
+        QVERIFY(stage.Indicator()->isHidden());
+    }
+
+    void no_key_reaches_the_contents_meanwhile()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        auto *edit = new Edit(&stage.window);
+        edit->show();
+        edit->setFocus();
+        QShortcut shortcut(Qt::CTRL + Qt::Key_S, &stage.window);
+        QSignalSpy activated(&shortcut, &QShortcut::activated);
+        stage.window.activateWindow();
+        QTRY_VERIFY(edit->hasFocus());
+        BeginDockMove(left, AreaOf(*right));
+        QTest::keyClick(edit, Qt::Key_A);
+        QTest::keyClick(edit, Qt::Key_S, Qt::ControlModifier);
+        QTest::keyClick(edit, Qt::Key_Escape);
+        QCOMPARE(edit->keys, 0);
+        QCOMPARE(activated.count(), 0);
+        QTest::keyClick(edit, Qt::Key_A);
+        QCOMPARE(edit->keys, 1);
+    }
+
+    void it_ends_with_its_panel_or_its_area()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        stage.Add(4, right, Right); // so that the area of the others goes with them
+        auto *edit = new Edit(&stage.window);
+        edit->show();
+        BeginDockMove(left, AreaOf(*right));
+        QTest::keyClick(edit, Qt::Key_A);
+        QCOMPARE(edit->keys, 0);
+        delete left;
+        QVERIFY(stage.Indicator()->isHidden());
+        QTest::keyClick(edit, Qt::Key_A);
+        QCOMPARE(edit->keys, 1);
+
+        QcDockWidget *moved = stage.Float(3);
+        BeginDockMove(moved, AreaOf(*right));
+        delete right;
+        DrainEvents();
+        QVERIFY(stage.Indicator()->isHidden());
+        QTest::keyClick(&stage.window, Qt::Key_Return);
+        QVERIFY(moved->isFloating());
+    }
+
+    void a_panel_is_moved_to_areas_in_sight_only()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        DragStage other(QRect(1100, 100, 300, 300));
+        other.Add(2);
+        QCOMPARE(AreasToMoveTo(left), other.root->getDockAreaList());
+        other.window.hide();
+        QCOMPARE(AreasToMoveTo(left), QList<QcDockArea *>());
+    }
+
+    void a_panel_cannot_be_moved_into_itself()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *moved = stage.Float(3);
+        auto *inner = new QcDockContainer(moved);
+        moved->setContentWidget(inner);
+        DrainEvents();
+        QCOMPARE(AreasToMoveTo(moved), QList<QcDockArea *>({AreaOf(*left)}));
+        QCOMPARE(AreasToMoveTo(left), inner->getDockAreaList());
+    }
+};
+
+VELMORA_TEST_MAIN(TestDockMove)
+#include "tst_DockMove.moc"

@@ -1,0 +1,703 @@
+#include <Velmora/QcDockAreaTabStackedWidget.h>
+#include <Velmora/QcIconButton.h>
+
+#include "DockTestCase.h"
+#include "TabStage.h"
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTranslator>
+
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+/// Drags the tab at \a index by enough to tear it out, and holds the mouse.
+QcDockWidget *TearOut(TabStage &stage, Mouse &mouse, int index)
+{
+    const QPointer<QWidget> panel = stage.frame->widget(index);
+    mouse.PressAt(*stage.Tab(index), QPoint(20, 15));
+    mouse.MoveBy(0, QApplication::startDragDistance() + 1);
+    return qobject_cast<QcDockWidget *>(panel.data());
+}
+
+} // namespace
+
+class TestQcDockAreaTabFrame : public DockTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void is_built_of_named_parts()
+    {
+        TabStage stage;
+        auto *row = PartOf<QFrame>(*stage.frame, "m_topFrame");
+        auto *view = PartOf<QFrame>(*stage.frame, "m_tabBarFrame");
+        auto *navigation = PartOf<QFrame>(*stage.frame, "m_navigationFrame");
+        QCOMPARE(row->layout()->spacing(), 4);
+        QCOMPARE(row->layout()->contentsMargins(), QMargins(0, 0, 8, 1));
+        QCOMPARE(view->minimumHeight(), 30);
+        QCOMPARE(view->maximumHeight(), 30);
+        QCOMPARE(view->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred));
+        QVERIFY(!view->layout());
+        QCOMPARE(stage.Row()->parentWidget(), view);
+        QCOMPARE(stage.Row()->minimumHeight(), 30);
+        QCOMPARE(stage.Row()->maximumHeight(), 30);
+        QCOMPARE(navigation->layout()->spacing(), 8);
+        QCOMPARE(navigation->layout()->contentsMargins(), QMargins());
+        for (const char *name : {"m_leftButton", "m_rightButton"})
+            QCOMPARE(PartOf<QcIconButton>(*navigation, name)->maximumSize(), QSize(24, 24));
+        QVERIFY(PartOf<QcDockAreaTabStackedWidget>(*stage.frame, "m_stackedWidget"));
+        QCOMPARE(stage.frame->layout()->objectName(), QStringLiteral("m_layout"));
+        QCOMPARE(stage.frame->layout()->contentsMargins(), QMargins());
+        QCOMPARE(stage.frame->layout()->spacing(), 0);
+    }
+
+    void the_row_takes_the_room_left_of_the_arrows()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const QWidget *view = PartOf(*stage.frame, "m_tabBarFrame");
+        const QWidget *navigation = PartOf(*stage.frame, "m_navigationFrame");
+        for (const int width : {600, 300}) {
+            stage.window.resize(width, 400);
+            DrainEvents();
+            QCOMPARE(navigation->geometry().right(), width - 8 - 1);
+            QCOMPARE(navigation->width(), 24 + 8 + 24);
+            QCOMPARE(view->geometry().right() + 1 + 4, navigation->x());
+            QCOMPARE(stage.Row()->geometry(), QRect(0, 0, view->width(), 30));
+        }
+    }
+
+    void an_empty_frame_has_neither_row_nor_current_tab()
+    {
+        TabStage stage;
+        QVERIFY(stage.Show());
+        QCOMPARE(stage.frame->count(), 0);
+        QCOMPARE(stage.frame->currentIndex(), -1);
+        QCOMPARE(stage.frame->widget(0), nullptr);
+        QVERIFY(!PartOf(*stage.frame, "m_topFrame")->isVisible());
+    }
+
+    void two_pages_show_their_tabs_in_place_of_their_title_rows()
+    {
+        TabStage stage;
+        QcDockWidget *files = stage.Add(QStringLiteral("Files"));
+        QVERIFY(stage.Show());
+        QVERIFY(!PartOf(*stage.frame, "m_topFrame")->isVisible());
+        QVERIFY(TitleRowOf(*files)->isVisible());
+
+        QcDockWidget *outline = stage.Add(QStringLiteral("Outline"));
+        QVERIFY(PartOf(*stage.frame, "m_topFrame")->isVisible());
+        QVERIFY(!HasTitleRow(*files));
+        QVERIFY(!HasTitleRow(*outline));
+        QCOMPARE(stage.Tabs(), QStringLiteral("Files [Outline]"));
+        QCOMPARE(stage.Pages(), QStringLiteral("Files [Outline]"));
+
+        const auto removed = stage.frame->removeTab(1);
+        QCOMPARE(removed.second, outline);
+        delete removed.first;
+        delete removed.second;
+        QVERIFY(!PartOf(*stage.frame, "m_topFrame")->isVisible());
+        QVERIFY(TitleRowOf(*files)->isVisible());
+    }
+
+    void removing_a_tab_left_of_the_current_one_keeps_the_page_current()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C", "D"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(2);
+        const QSignalSpy changes(stage.Row(), &QcDockAreaTabBar::signalCurrentChanged);
+        const auto removed = stage.frame->removeTab(0);
+        delete removed.first;
+        delete removed.second;
+        QCOMPARE(stage.Tabs(), QStringLiteral("B [C] D"));
+        QCOMPARE(stage.Pages(), QStringLiteral("B [C] D"));
+        QCOMPARE(changes.count(), 0);
+    }
+
+    void removing_the_current_tab_shows_the_next_one_or_the_last_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("first") << 0 << QStringLiteral("[B] C");
+        QTest::newRow("middle") << 1 << QStringLiteral("A [C]");
+        QTest::newRow("last") << 2 << QStringLiteral("A [B]");
+    }
+    void removing_the_current_tab_shows_the_next_one_or_the_last()
+    {
+        QFETCH(int, index);
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(index);
+        const auto removed = stage.frame->removeTab(index);
+        delete removed.first;
+        delete removed.second;
+        QTEST(stage.Tabs(), "left");
+        QTEST(stage.Pages(), "left");
+    }
+
+    void a_removed_page_stays_a_hidden_child_until_it_is_moved()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const auto removed = stage.frame->removeTab(1);
+        QCOMPARE(removed.second, panel);
+        QVERIFY(!panel->isVisible());
+        QCOMPARE(panel->parentWidget(), PartOf(*stage.frame, "m_stackedWidget"));
+        QCOMPARE(stage.frame->removeTab(7),
+                 qMakePair(static_cast<QcDockAreaTabBarButton *>(nullptr), static_cast<QcDockWidget *>(nullptr)));
+        delete removed.first;
+        delete panel;
+    }
+
+    void a_page_that_is_no_panel_comes_back_without_its_page()
+    {
+        TabStage stage;
+        auto *page = new QWidget;
+        stage.frame->addTab(QStringLiteral("Page"), page);
+        const auto removed = stage.frame->removeTab(0);
+        QVERIFY(removed.first);
+        QVERIFY(!removed.second);
+        delete removed.first;
+        delete page;
+    }
+
+    void a_title_follows_the_content_through_panel_and_tab()
+    {
+        TabStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("Draft"));
+        stage.Add(QStringLiteral("Other"));
+        panel->getContentWidget()->setWindowTitle(QStringLiteral("Saved"));
+        QCOMPARE(panel->windowTitle(), QStringLiteral("Saved"));
+        QCOMPARE(stage.TitleOf(0), QStringLiteral("Saved"));
+        QCOMPARE(stage.TitleOf(1), QStringLiteral("Other"));
+    }
+
+    void a_title_of_a_panel_that_has_moved_on_renames_no_tab()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"));
+        delete stage.frame->removeTab(1).first;
+        panel->setParent(nullptr);
+        panel->setWindowTitle(QStringLiteral("Renamed"));
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+        delete panel;
+    }
+
+    // --- What a tab goes by ---
+
+    void a_tab_goes_with_its_page_when_a_host_deletes_it_data() { RowsOfEachIndex(); }
+    void a_tab_goes_with_its_page_when_a_host_deletes_it()
+    {
+        QFETCH(int, index);
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(1);
+        delete stage.frame->widget(index);
+        DrainEvents();
+        QTEST(stage.Tabs(), "left");
+        QTEST(stage.Pages(), "left");
+        QCOMPARE(stage.Row()->findChildren<QcDockAreaTabBarButton *>().size(), 2);
+    }
+
+    void a_tab_goes_with_its_page_when_a_host_takes_it_away_data() { RowsOfEachIndex(); }
+    void a_tab_goes_with_its_page_when_a_host_takes_it_away()
+    {
+        QFETCH(int, index);
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(1);
+        const std::unique_ptr<QWidget> page(stage.frame->widget(index));
+        page->setParent(nullptr);
+        QTEST(stage.Tabs(), "left");
+        QTEST(stage.Pages(), "left");
+    }
+
+    void the_tab_of_a_last_page_that_dies_stays_without_being_current()
+    {
+        TabStage stage;
+        delete stage.Add(QStringLiteral("Only"));
+        DrainEvents();
+        QCOMPARE(stage.frame->count(), 0);
+        QCOMPARE(stage.Tabs(), QStringLiteral("Only"));
+        QCOMPARE(stage.frame->currentIndex(), -1);
+        stage.frame->setCurrentIndex(0); // there is no such page
+        QCOMPARE(stage.frame->currentIndex(), -1);
+
+        stage.Add(QStringLiteral("Next"));
+        QCOMPARE(stage.Tabs(), QStringLiteral("[Next]"));
+        QCOMPARE(stage.frame->currentIndex(), 0);
+        stage.Add(QStringLiteral("Third"));
+        QCOMPARE(stage.Tabs(), QStringLiteral("Next [Third]"));
+    }
+
+    void nothing_is_added_for_a_null_or_for_what_holds_the_frame()
+    {
+        TabStage stage;
+        stage.frame->addTab(QStringLiteral("Nothing"), nullptr);
+        stage.frame->addTab(QStringLiteral("Window"), &stage.window);
+        stage.frame->addTab(QStringLiteral("Itself"), stage.frame);
+        QCOMPARE(stage.frame->count(), 0);
+        QCOMPARE(stage.Tabs(), QString());
+    }
+
+    void a_page_of_this_very_stack_becomes_current_and_no_more()
+    {
+        TabStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        stage.frame->addTab(QStringLiteral("Again"), panel);
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A] B"));
+        QCOMPARE(stage.frame->count(), 2);
+    }
+
+    void a_page_of_another_stack_leaves_that_with_its_tab()
+    {
+        TabStage from;
+        TabStage to;
+        from.Add(QStringLiteral("A"));
+        QcDockWidget *panel = from.Add(QStringLiteral("B"));
+        to.frame->addTab(panel->windowTitle(), panel);
+        QCOMPARE(from.Tabs(), QStringLiteral("[A]"));
+        QCOMPARE(to.Tabs(), QStringLiteral("[B]"));
+        QVERIFY(to.frame->isAncestorOf(panel));
+    }
+
+    // --- Navigation ---
+
+    void the_arrows_step_through_the_tabs_and_stop_at_the_ends()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        auto *left = PartOf<QcIconButton>(*stage.frame, "m_leftButton");
+        auto *right = PartOf<QcIconButton>(*stage.frame, "m_rightButton");
+        QVERIFY(left->isEnabled());
+        QVERIFY(!right->isEnabled());
+        left->click();
+        QCOMPARE(stage.Pages(), QStringLiteral("A [B] C"));
+        QVERIFY(left->isEnabled() && right->isEnabled());
+        left->click();
+        QVERIFY(!left->isEnabled());
+        right->click();
+        QCOMPARE(stage.Pages(), QStringLiteral("A [B] C"));
+
+        delete stage.frame->widget(2); // what lay at the right is gone, though nothing was selected
+        QVERIFY(!right->isEnabled());
+    }
+
+    void from_right_to_left_the_arrows_point_to_the_tabs_they_select()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        stage.frame->setCurrentIndex(1);
+        QVERIFY(stage.Show());
+        auto *left = PartOf<QcIconButton>(*stage.frame, "m_leftButton");
+        QcIconButton previous(nullptr);
+        previous.setFixedSize(24, 24);
+        previous.SetIconPath(QStringLiteral(":/images/dock/pre_normal.svg"));
+        DrainEvents();
+        const QImage ahead = Render(*left);
+        QCOMPARE(ahead, Render(previous));
+        stage.window.setLayoutDirection(Qt::RightToLeft);
+        DrainEvents();
+        auto *right = PartOf<QcIconButton>(*stage.frame, "m_rightButton");
+        QCOMPARE(Render(*right), ahead);
+        QVERIFY(Render(*left) != ahead);
+        QVERIFY(stage.Tab(0)->mapTo(&stage.window, QPoint()).x() > stage.Tab(1)->mapTo(&stage.window, QPoint()).x());
+    }
+
+    // --- Closing ---
+
+    void the_close_button_of_a_tab_closes_the_current_page()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        const QPointer<QWidget> panel = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+        DrainEvents();
+        QVERIFY(!panel);
+        QCOMPARE(stage.Row()->findChildren<QcDockAreaTabBarButton *>().size(), 1);
+    }
+
+    void a_refused_close_keeps_tab_and_page()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        ContentOf(panel)->refusesClose = true;
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        DrainEvents();
+        QCOMPARE(ContentOf(panel)->closes, 1);
+        QCOMPARE(stage.Tabs(), QStringLiteral("A [B]"));
+        QCOMPARE(stage.Pages(), QStringLiteral("A [B]"));
+    }
+
+    void a_panel_without_a_content_closes_by_its_tab()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        const QPointer<QWidget> empty = new QcDockWidget;
+        stage.frame->addTab(QStringLiteral("Empty"), empty);
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        DrainEvents();
+        QVERIFY(!empty);
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+    }
+
+    void the_tab_of_a_panel_that_forbids_closing_by_its_title_row_closes_it()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        auto *panel = new QcDockWidget;
+        auto *content = new Content(QStringLiteral("B"));
+        content->setProperty("dock_widget_close_forbidden", true);
+        panel->setContentWidget(content);
+        stage.frame->addTab(QStringLiteral("B"), panel);
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        DrainEvents();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+    }
+
+    void a_page_that_is_no_panel_is_not_closed()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.frame->addTab(QStringLiteral("Page"), new Content);
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        QCOMPARE(stage.frame->count(), 2);
+        QCOMPARE(static_cast<Content *>(stage.frame->widget(1))->closes, 0);
+    }
+
+    void the_tab_of_the_closed_panel_goes_whatever_became_current_meanwhile()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"));
+        stage.Add(QStringLiteral("C"));
+        stage.frame->setCurrentIndex(1);
+        ContentOf(panel)->whenAsked = [&stage] {
+            stage.frame->setCurrentIndex(2);
+            delete stage.frame->widget(0);
+        };
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        DrainEvents();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[C]"));
+    }
+
+    void closing_stops_when_panel_or_frame_die_in_the_question_data()
+    {
+        QTest::addColumn<bool>("frameDies");
+        QTest::newRow("panel") << false;
+        QTest::newRow("frame") << true;
+    }
+    void closing_stops_when_panel_or_frame_die_in_the_question()
+    {
+        QFETCH(bool, frameDies);
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"));
+        const QPointer<QWidget> frame = stage.frame;
+        // Qt itself touches a widget after its own close event: here what encloses the content dies.
+        QWidget outer;
+        ContentOf(panel)->whenAsked = [&] {
+            ContentOf(panel)->setParent(&outer);
+            if (frameDies)
+                delete frame;
+            else
+                delete panel;
+        };
+        QMetaObject::invokeMethod(stage.frame, "onCloseTab", Qt::DirectConnection);
+        QVERIFY(!panel);
+        QCOMPARE(frame.isNull(), frameDies);
+    }
+
+    // --- Dragging ---
+
+    void a_press_that_hardly_moves_only_selects()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.Tab(0), QPoint(20, 15));
+        mouse.MoveBy(QApplication::startDragDistance() - 1, 0);
+        mouse.Release();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A] B"));
+        QCOMPARE(stage.Pages(), QStringLiteral("[A] B"));
+        QVERIFY(!static_cast<QcDockWidget *>(stage.frame->widget(0))->isFloating());
+    }
+
+    void a_torn_tab_is_heard_to_its_release_wherever_it_was_pressed_data()
+    {
+        QTest::addColumn<int>("x");
+        QTest::addColumn<int>("tabs");
+        QTest::newRow("beside the title") << 4 << 2;
+        QTest::newRow("over the hidden close button") << 190 << 2;
+        QTest::newRow("on a narrow tab") << 15 << 17;
+    }
+    void a_torn_tab_is_heard_to_its_release_wherever_it_was_pressed()
+    {
+        QFETCH(int, x);
+        QFETCH(int, tabs);
+        TabStage stage;
+        for (int i = 0; i < tabs; ++i)
+            stage.Add(QString::number(i));
+        QVERIFY(stage.Show());
+        auto *panel = static_cast<QcDockWidget *>(stage.frame->widget(0));
+        const QPointer<QWidget> tab = stage.Tab(0);
+        Mouse mouse;
+        mouse.PressAt(*tab, QPoint(x, 15));
+        mouse.MoveBy(0, QApplication::startDragDistance() + 1);
+        QVERIFY(panel->isFloating());
+        QCOMPARE(stage.frame->count(), tabs - 1);
+        const QPoint corner = panel->pos();
+        for (int step = 0; step < 8; ++step)
+            mouse.MoveBy(2, 10);
+        QCOMPARE(panel->pos(), corner + QPoint(16, 80));
+        mouse.Release();
+        DrainEvents();
+        QVERIFY(!tab);
+        QCOMPARE(QWidget::mouseGrabber(), nullptr);
+        QVERIFY(panel->isFloating());
+        delete panel;
+    }
+
+    void a_torn_panel_appears_over_its_frame_with_its_title_row()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 1);
+        QVERIFY(panel->isFloating());
+        QVERIFY(panel->isVisible());
+        QVERIFY(HasTitleRow(*panel));
+        QCOMPARE(panel->pos(), stage.frame->mapToGlobal(QPoint(0, 0)));
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+        QVERIFY(!PartOf(*stage.frame, "m_topFrame")->isVisible());
+        mouse.Release();
+        QVERIFY(panel->property("window").toBool());
+        delete panel;
+    }
+
+    void a_page_that_is_no_panel_is_not_torn_out()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.frame->addTab(QStringLiteral("Page"), new QWidget);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        TearOut(stage, mouse, 1);
+        mouse.MoveBy(0, 30);
+        mouse.Release();
+        QCOMPARE(stage.Tabs(), QStringLiteral("A [Page]"));
+    }
+
+    void a_panel_that_dies_while_it_is_dragged_ends_the_drag()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const QPointer<QWidget> tab = stage.Tab(1);
+        Mouse mouse;
+        delete TearOut(stage, mouse, 1);
+        DrainEvents();
+        QVERIFY(!tab);
+        QCOMPARE(QWidget::mouseGrabber(), nullptr);
+        mouse.MoveBy(0, 20);
+        mouse.Release();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+    }
+
+    void a_frame_that_dies_in_a_drag_leaves_the_panel_floating()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const QPointer<QWidget> tab = stage.Tab(1);
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 1);
+        delete stage.frame;
+        DrainEvents();
+        QVERIFY(!tab);
+        QCOMPARE(QWidget::mouseGrabber(), nullptr);
+        QVERIFY(panel->isFloating());
+        QVERIFY(!panel->property("draging").toBool());
+        delete panel;
+    }
+
+    void a_release_that_was_lost_is_made_up_for_by_the_next_press()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 2);
+        mouse.MoveTo(stage.Tab(0)->mapToGlobal(QPoint(20, 15)));
+        const QPoint corner = panel->pos();
+        mouse.PressAt(*stage.Tab(0), QPoint(20, 15));
+        QCOMPARE(QWidget::mouseGrabber(), nullptr);
+        QVERIFY(panel->property("window").toBool());
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A] B")); // the press does what a press does
+        mouse.MoveBy(1, 1);
+        mouse.Release();
+        QCOMPARE(panel->pos(), corner);
+        delete panel;
+    }
+
+    void a_tab_whose_drag_was_cancelled_tears_out_no_other_one()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 2);
+        auto *tab = qobject_cast<QcDockAreaTabBarButton *>(QWidget::mouseGrabber());
+        QVERIFY(tab);
+        QTest::keyClick(&stage.window, Qt::Key_Escape);
+        // It waits for its deletion, and may still hear of the mouse.
+        QMouseEvent move(QEvent::MouseMove, QPointF(60, 60), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(tab, &move);
+        QCOMPARE(stage.Tabs(), QStringLiteral("A [B]"));
+        mouse.Release();
+        delete panel;
+    }
+
+    // --- Looks ---
+
+    void the_row_is_painted_in_its_token()
+    {
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            TabStage stage;
+            stage.Add(QStringLiteral("A"));
+            stage.Add(QStringLiteral("B"));
+            QVERIFY(stage.Show());
+            QWidget *row = PartOf(*stage.frame, "m_topFrame");
+            const QImage image = Render(*row, Qt::green);
+            const QColor expected = TokenOf(table, QStringLiteral("bg/bg_unselected"));
+            COMPARE_COLOR(PixelAt(image, QPointF(450.5, 15.5)), Over(expected, Qt::green));
+            // A line in red along the bottom is painted without a pen, so that it never shows.
+            COMPARE_COLOR(PixelAt(image, QPointF(450.5, row->height() - 0.5)), Over(expected, Qt::green));
+        }
+        UseTable(Table::Light);
+    }
+
+    void the_frame_is_clipped_to_round_corners()
+    {
+        TabStage stage;
+        QVERIFY(stage.Show());
+        QVERIFY(!stage.frame->mask().contains(QPoint(0, 0)));
+        QVERIFY(stage.frame->mask().contains(QPoint(300, 0)));
+        QVERIFY(stage.frame->mask().contains(QPoint(300, 398)));
+        stage.window.resize(700, 500);
+        DrainEvents();
+        QVERIFY(stage.frame->mask().contains(QPoint(690, 300)));
+    }
+
+    void a_title_row_that_was_never_hidden_is_not_polished_before_it_is_shown()
+    {
+        TabStage stage;
+        QcDockWidget *panel = NewPanel(QStringLiteral("A"));
+        EventCounter polishes(*TitleRowOf(*panel), QEvent::Polish);
+        panel->setTitleVisible(true);
+        QCOMPARE(polishes.Take(), 0);
+        delete panel;
+    }
+
+    void focus_goes_with_a_page_that_is_torn_out()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"));
+        auto *edits = new QWidget;
+        auto *first = new QLineEdit(edits);
+        auto *second = new QLineEdit(edits);
+        panel->setContentWidget(edits);
+        QVERIFY(stage.Show());
+        second->setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), second);
+        Mouse mouse;
+        TearOut(stage, mouse, 1);
+        mouse.Release();
+        QTRY_COMPARE(QApplication::focusWidget(), second);
+
+        stage.frame->addTab(panel->windowTitle(), panel);
+        QApplication::setActiveWindow(&stage.window);
+        QTRY_COMPARE(QApplication::focusWidget(), second);
+        QVERIFY(!first->hasFocus());
+    }
+
+    void buttons_are_named_in_the_language_of_the_program()
+    {
+        class Marking : public QTranslator
+        {
+        public:
+            bool isEmpty() const override { return false; }
+            QString translate(const char *, const char *source, const char *, int) const override
+            {
+                return QLatin1Char('<') + QLatin1String(source) + QLatin1Char('>');
+            }
+        };
+        TabStage stage;
+        stage.Add(QStringLiteral("Map"));
+        const QWidget *close = PartOf(*stage.Tab(0), "m_closeButton");
+        QCOMPARE(PartOf(*stage.frame, "m_leftButton")->accessibleName(), QStringLiteral("Previous tab"));
+        QCOMPARE(PartOf(*stage.frame, "m_rightButton")->accessibleName(), QStringLiteral("Next tab"));
+        QCOMPARE(close->accessibleName(), QStringLiteral("Close Map"));
+        Marking marking;
+        QCoreApplication::installTranslator(&marking);
+        DrainEvents();
+        QCOMPARE(PartOf(*stage.frame, "m_leftButton")->accessibleName(), QStringLiteral("<Previous tab>"));
+        QCOMPARE(PartOf(*stage.frame, "m_rightButton")->accessibleName(), QStringLiteral("<Next tab>"));
+        QCOMPARE(close->accessibleName(), QStringLiteral("<Close Map>"));
+        QCoreApplication::removeTranslator(&marking);
+        DrainEvents();
+    }
+
+private:
+    static void RowsOfEachIndex()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("left");
+        QTest::newRow("before the current one") << 0 << QStringLiteral("[B] C");
+        QTest::newRow("the current one") << 1 << QStringLiteral("A [C]");
+        QTest::newRow("behind the current one") << 2 << QStringLiteral("A [B]");
+    }
+};
+
+VELMORA_TEST_MAIN(TestQcDockAreaTabFrame)
+#include "tst_QcDockAreaTabFrame.moc"

@@ -1,0 +1,1108 @@
+#include <Velmora/QcDockArea.h>
+#include <Velmora/QcDockContainer.h>
+#include <Velmora/QcDockController.h>
+#include <Velmora/QcDockIndicator.h>
+#include <Velmora/QcIconButton.h>
+
+#include "DockTestCase.h"
+#include "TabStage.h"
+#include "dock/OnScreen_p.h"
+#include "support/EventCounter.h"
+#include "support/Pixels.h"
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTranslator>
+#include <QVBoxLayout>
+
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+constexpr char kForbidden[] = "dock_widget_close_forbidden";
+constexpr char kType[] = "dock_widget_content_type";
+
+QcIconButton *CloseButtonOf(const QcDockWidget &panel)
+{
+    return TitleRowOf(panel)->findChild<QcIconButton *>();
+}
+
+QString TitleOf(const QcDockWidget &panel)
+{
+    return PartOf<QLabel>(panel, "m_titleLabel")->text();
+}
+
+/// Where a window may stand so that the offscreen platform knows the cursor right, at any scale factor.
+QPoint Corner()
+{
+    return qApp->devicePixelRatio() == 1.0 ? QPoint(200, 150) : QPoint(0, 0);
+}
+
+/// A floating panel of 300 by 200 pixels, shown and active.
+class FloatingStage
+{
+public:
+    FloatingStage()
+        : panel(NewPanel(QStringLiteral("Map")))
+    {
+        panel->SetWindowFlags();
+        panel->setGeometry(QRect(Corner(), QSize(300, 200)));
+    }
+
+    ~FloatingStage() { delete panel; }
+
+    bool Show()
+    {
+        panel->show();
+        const bool isActive = QTest::qWaitForWindowActive(panel);
+        DrainEvents();
+        return isActive;
+    }
+
+    /// In the middle of the title row.
+    QPoint OnTitle() const { return {100, 15}; }
+
+    QPointer<QcDockWidget> panel;
+};
+
+/// A root container in a window, registered, with one panel in each of its areas.
+class DockStage
+{
+public:
+    DockStage()
+        : root(new QcDockContainer(&window))
+    {
+        auto *column = new QVBoxLayout(&window);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->addWidget(root);
+        root->setEmptyKeep(true);
+        QcDockController::instance()->setRootDockContainer(root);
+        window.setGeometry(QRect(Corner(), QSize(800, 500)));
+    }
+
+    QcDockWidget *Add(const QString &title, DockPosition position = Center)
+    {
+        QcDockWidget *panel = NewPanel(title);
+        root->addWidget(panel, nullptr, position);
+        return panel;
+    }
+
+    bool Show()
+    {
+        window.show();
+        const bool isActive = QTest::qWaitForWindowActive(&window);
+        DrainEvents();
+        return isActive;
+    }
+
+    QWidget window;
+    QPointer<QcDockContainer> root;
+};
+
+QcDockAreaTabFrame *FrameOf(const QWidget &page)
+{
+    for (QWidget *parent = page.parentWidget(); parent; parent = parent->parentWidget()) {
+        if (auto *frame = qobject_cast<QcDockAreaTabFrame *>(parent))
+            return frame;
+    }
+    return nullptr;
+}
+
+QStringList TitlesIn(const QcDockAreaTabFrame &frame)
+{
+    QStringList titles;
+    for (int i = 0; i < frame.count(); ++i)
+        titles.append(frame.widget(i)->windowTitle());
+    return titles;
+}
+
+} // namespace
+
+class TestQcDockWidget : public DockTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void is_built_of_named_parts()
+    {
+        const QcDockWidget panel;
+        QVERIFY(panel.testAttribute(Qt::WA_DeleteOnClose));
+        QCOMPARE(panel.layout()->contentsMargins(), QMargins(1, 1, 1, 1));
+        QCOMPARE(panel.layout()->spacing(), 0);
+        const QWidget *title = TitleRowOf(panel);
+        QCOMPARE(title->minimumHeight(), 30);
+        QCOMPARE(title->maximumHeight(), 30);
+        QCOMPARE(title->layout()->contentsMargins(), QMargins(8, 0, 8, 0));
+        QCOMPARE(title->layout()->spacing(), 5);
+        const auto *label = PartOf<QLabel>(*title, "m_titleLabel");
+        QCOMPARE(label->font().weight(), 75);
+        QCOMPARE(label->font().pixelSize(), 14);
+        QCOMPARE(label->font().families(), QStringList({QStringLiteral("Roboto"), QStringLiteral("Microsoft YaHei UI")}));
+        QCOMPARE(label->minimumWidth(), 1);
+        const QcIconButton *close = CloseButtonOf(panel);
+        QCOMPARE(close->objectName(), QString());
+        QCOMPARE(close->minimumSize(), QSize(24, 24));
+        QCOMPARE(close->maximumSize(), QSize(24, 24));
+        QCOMPARE(title->layout()->itemAt(0)->widget(), label);
+        QVERIFY(title->layout()->itemAt(1)->spacerItem());
+        QCOMPARE(title->layout()->itemAt(2)->widget(), close);
+        const QWidget *frame = PartOf(panel, "m_contentFrame");
+        QCOMPARE(panel.layout()->itemAt(0)->widget(), title);
+        QCOMPARE(panel.layout()->itemAt(1)->widget(), frame);
+        QCOMPARE(frame->sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding));
+        QCOMPARE(frame->layout()->contentsMargins(), QMargins());
+        QCOMPARE(frame->layout()->spacing(), 0);
+        const auto *tip = PartOf<QLabel>(panel, "m_dragTipLabel");
+        QCOMPARE(tip->text(), QStringLiteral("PleaseMoveToTheIMsg"));
+        QCOMPARE(tip->alignment(), Qt::AlignCenter);
+        QCOMPARE(tip->minimumHeight(), 30);
+        QCOMPARE(tip->maximumHeight(), 30);
+        QVERIFY(tip->isHidden());
+        QCOMPARE(tip->parentWidget(), &panel);
+    }
+
+    void a_new_panel_has_type_0_and_no_content()
+    {
+        QcDockWidget panel;
+        QCOMPARE(panel.getType(), 0);
+        QVERIFY(!panel.getContentWidget());
+        panel.setContentWidget(nullptr);
+        QVERIFY(!panel.getContentWidget());
+        panel.setType(-3);
+        QCOMPARE(panel.getType(), -3);
+    }
+
+    // --- Content ---
+
+    void a_content_brings_its_type_and_its_title()
+    {
+        QcDockWidget panel;
+        auto *content = new Content(QStringLiteral("Map"));
+        content->setProperty(kType, 7);
+        panel.setContentWidget(content);
+        QCOMPARE(panel.getContentWidget(), content);
+        QCOMPARE(panel.getType(), 7);
+        QCOMPARE(panel.windowTitle(), QStringLiteral("Map"));
+        QCOMPARE(TitleOf(panel), QStringLiteral("Map"));
+        QVERIFY(PartOf(panel, "m_contentFrame")->isAncestorOf(content));
+        content->setWindowTitle(QStringLiteral("Atlas"));
+        QCOMPARE(panel.windowTitle(), QStringLiteral("Atlas"));
+        QCOMPARE(TitleOf(panel), QStringLiteral("Atlas"));
+    }
+
+    void the_title_of_the_panel_does_not_rename_its_content()
+    {
+        QcDockWidget panel;
+        auto *content = new Content(QStringLiteral("Map"));
+        panel.setContentWidget(content);
+        panel.setWindowTitle(QStringLiteral("Other"));
+        QCOMPARE(TitleOf(panel), QStringLiteral("Other"));
+        QCOMPARE(content->windowTitle(), QStringLiteral("Map"));
+    }
+
+    void a_title_is_no_markup()
+    {
+        QcDockWidget panel;
+        panel.setWindowTitle(QStringLiteral("<b>x</b>"));
+        QCOMPARE(PartOf<QLabel>(panel, "m_titleLabel")->textFormat(), Qt::PlainText);
+    }
+
+    void a_second_content_schedules_the_deletion_of_the_first()
+    {
+        QcDockWidget panel;
+        const QPointer<Content> first = new Content(QStringLiteral("First"));
+        panel.setContentWidget(first);
+        auto *second = new Content(QStringLiteral("Second"));
+        panel.setContentWidget(second);
+        QVERIFY(first);
+        QCOMPARE(panel.getContentWidget(), second);
+        first->setWindowTitle(QStringLiteral("Ghost"));
+        QCOMPARE(panel.windowTitle(), QStringLiteral("Second"));
+        DrainEvents();
+        QVERIFY(!first);
+        QCOMPARE(panel.getContentWidget(), second);
+    }
+
+    void the_present_content_is_read_anew_and_not_deleted()
+    {
+        QcDockWidget panel;
+        const QPointer<Content> content = new Content(QStringLiteral("Map"));
+        panel.setContentWidget(content);
+        content->setProperty(kType, 5);
+        content->setProperty(kForbidden, true);
+        panel.setWindowTitle(QStringLiteral("Else"));
+        panel.setContentWidget(content);
+        DrainEvents();
+        QVERIFY(content);
+        QCOMPARE(panel.getContentWidget(), content.data());
+        QCOMPARE(panel.getType(), 5);
+        QCOMPARE(panel.windowTitle(), QStringLiteral("Map"));
+        QVERIFY(!CloseButtonOf(panel)->isEnabled());
+    }
+
+    void a_content_that_comes_back_in_the_same_turn_lives_data()
+    {
+        QTest::addColumn<bool>("sameConsumer");
+        QTest::newRow("to its panel") << true;
+        QTest::newRow("to another panel") << false;
+    }
+    void a_content_that_comes_back_in_the_same_turn_lives()
+    {
+        QFETCH(bool, sameConsumer);
+        QcDockWidget panel;
+        QcDockWidget other;
+        const QPointer<QWidget> first = new Content;
+        const QPointer<QWidget> second = new Content;
+        panel.setContentWidget(first);
+        panel.setContentWidget(second);
+        QcDockWidget &taker = sameConsumer ? panel : other;
+        taker.setContentWidget(first);
+        DrainEvents();
+        QVERIFY(first);
+        QCOMPARE(second.isNull(), sameConsumer);
+        QCOMPARE(taker.getContentWidget(), first.data());
+        first->deleteLater(); // and can still be deleted later
+        DrainEvents();
+        QVERIFY(!first);
+    }
+
+    void a_deletion_that_the_host_scheduled_is_not_taken_back()
+    {
+        QcDockWidget panel;
+        const QPointer<QWidget> content = new Content;
+        content->deleteLater();
+        panel.setContentWidget(content);
+        DrainEvents();
+        QVERIFY(!content);
+        QVERIFY(!panel.getContentWidget());
+    }
+
+    void a_content_that_its_host_takes_away_is_the_panels_no_longer()
+    {
+        const QPointer<QcDockWidget> panel = new QcDockWidget;
+        auto *content = new Content(QStringLiteral("Map"));
+        QWidget elsewhere;
+        panel->setContentWidget(content);
+        content->setParent(&elsewhere);
+        QVERIFY(!panel->getContentWidget());
+        content->setWindowTitle(QStringLiteral("Mine"));
+        QCOMPARE(panel->windowTitle(), QStringLiteral("Map"));
+        QVERIFY(panel->close());
+        DrainEvents();
+        QVERIFY(!panel);
+        QCOMPARE(content->closes, 0);
+    }
+
+    void a_content_that_another_panel_takes_leaves_the_first()
+    {
+        QcDockWidget first;
+        QcDockWidget second;
+        auto *content = new Content(QStringLiteral("Map"));
+        first.setContentWidget(content);
+        second.setContentWidget(content);
+        QVERIFY(!first.getContentWidget());
+        QCOMPARE(second.getContentWidget(), content);
+        first.setContentWidget(new Content);
+        DrainEvents();
+        QCOMPARE(second.getContentWidget(), content);
+    }
+
+    void a_content_that_its_host_deletes_is_forgotten()
+    {
+        QcDockWidget panel;
+        auto *content = new Content;
+        panel.setContentWidget(content);
+        delete content;
+        QVERIFY(!panel.getContentWidget());
+        QCloseEvent close;
+        QCoreApplication::sendEvent(&panel, &close);
+        QVERIFY(close.isAccepted());
+    }
+
+    void what_holds_the_panel_is_no_content_of_it()
+    {
+        QWidget outer;
+        auto *panel = new QcDockWidget(&outer);
+        panel->setContentWidget(&outer);
+        panel->setContentWidget(panel);
+        QVERIFY(!panel->getContentWidget());
+    }
+
+    void a_panel_that_dies_of_its_new_title_is_not_touched_again()
+    {
+        auto *panel = new QcDockWidget;
+        const QPointer<QWidget> guard = panel;
+        connect(panel, &QWidget::windowTitleChanged, panel, [panel] { delete panel; });
+        panel->setContentWidget(new Content(QStringLiteral("Map")));
+        QVERIFY(!guard);
+    }
+
+    // --- Closing ---
+
+    void a_content_forbids_closing_whatever_the_value_says_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("true") << QVariant(true);
+        QTest::newRow("false") << QVariant(false);
+        QTest::newRow("text") << QVariant(QString());
+    }
+    void a_content_forbids_closing_whatever_the_value_says()
+    {
+        QFETCH(QVariant, value);
+        QcDockWidget panel;
+        auto *content = new Content;
+        content->setProperty(kForbidden, value);
+        panel.setContentWidget(content);
+        QVERIFY(!CloseButtonOf(panel)->isEnabled());
+    }
+
+    void a_close_button_once_disabled_stays_so()
+    {
+        QcDockWidget panel;
+        auto *forbidding = new Content;
+        forbidding->setProperty(kForbidden, true);
+        panel.setContentWidget(forbidding);
+        forbidding->setProperty(kForbidden, QVariant());
+        panel.setContentWidget(forbidding);
+        QVERIFY(!CloseButtonOf(panel)->isEnabled());
+        panel.setContentWidget(new Content);
+        QVERIFY(!CloseButtonOf(panel)->isEnabled());
+        DrainEvents();
+    }
+
+    void closing_asks_the_content_and_destroys_the_panel()
+    {
+        const QPointer<QcDockWidget> panel = NewPanel(QStringLiteral("Map"));
+        Content *content = ContentOf(panel);
+        content->refusesClose = true;
+        CloseButtonOf(*panel)->click();
+        DrainEvents();
+        QVERIFY(panel);
+        QCOMPARE(content->closes, 1);
+        content->refusesClose = false;
+        CloseButtonOf(*panel)->click();
+        DrainEvents();
+        QVERIFY(!panel);
+    }
+
+    void a_panel_without_a_content_closes()
+    {
+        const QPointer<QWidget> panel = new QcDockWidget;
+        QVERIFY(panel->close());
+        DrainEvents();
+        QVERIFY(!panel);
+    }
+
+    void a_panel_that_goes_while_its_content_asks_is_not_touched_again()
+    {
+        const QPointer<QcDockWidget> panel = NewPanel(QStringLiteral("Map"));
+        QWidget keeper;
+        Content *content = ContentOf(panel);
+        content->whenAsked = [&] {
+            content->setParent(&keeper);
+            delete panel;
+        };
+        QVERIFY(panel->close());
+        QVERIFY(!panel);
+    }
+
+    void a_single_docked_panel_closed_by_its_title_leaves_its_tab_button()
+    {
+        TabStage stage;
+        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("Only"));
+        QVERIFY(stage.Show());
+        CloseButtonOf(*panel)->click();
+        DrainEvents();
+        QVERIFY(!panel);
+        QCOMPARE(stage.frame->count(), 0);
+        QCOMPARE(stage.Tabs(), QStringLiteral("Only"));
+        QCOMPARE(stage.frame->currentIndex(), -1);
+    }
+
+    void closing_the_last_panel_of_an_area_removes_the_area()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        QCOMPARE(stage.root->getDockAreaList().size(), 2);
+        CloseButtonOf(*panel)->click();
+        DrainEvents();
+        QCOMPARE(stage.root->getDockAreaList().size(), 1);
+        VERIFY_SETTLED();
+    }
+
+    void a_panel_of_several_that_its_host_closes_takes_its_tab_along()
+    {
+        TabStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QVERIFY(panel->close());
+        DrainEvents();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[B]"));
+        QVERIFY(HasTitleRow(*static_cast<QcDockWidget *>(stage.frame->widget(0))));
+    }
+
+    // --- Floating ---
+
+    void only_a_floating_panel_resizes_at_its_edges()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        QVERIFY(stage.panel->isFloating());
+        Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(299, 100)));
+        QCOMPARE(stage.panel->cursor().shape(), Qt::SizeHorCursor);
+        Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(291, 100)));
+        QCOMPARE(stage.panel->cursor().shape(), Qt::ArrowCursor);
+        Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(299, 100)));
+
+        TabStage tabs;
+        tabs.frame->addTab(QStringLiteral("Map"), stage.panel);
+        QVERIFY(tabs.Show());
+        QVERIFY(!stage.panel->isFloating());
+        QCOMPARE(stage.panel->cursor().shape(), Qt::ArrowCursor);
+        Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(stage.panel->width() - 1, 100)));
+        QCOMPARE(stage.panel->cursor().shape(), Qt::ArrowCursor);
+        stage.panel->setParent(nullptr);
+    }
+
+    void a_panel_floats_where_it_was_under_the_registered_root()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        const QRect place(panel->mapToGlobal(QPoint(0, 0)), panel->size());
+        panel->swichToFloating();
+        QVERIFY(panel->isFloating());
+        QVERIFY(panel->isVisible());
+        QCOMPARE(panel->parentWidget(), stage.root.data());
+        QCOMPARE(panel->windowFlags(), Qt::Window | Qt::FramelessWindowHint);
+        QCOMPARE(panel->geometry(), place);
+        DrainEvents();
+        QCOMPARE(stage.root->getDockAreaList().size(), 1);
+        QCOMPARE(stage.root->getDockWidgetWindow(), QList<QcDockWidget *>({panel}));
+        VERIFY_SETTLED();
+    }
+
+    void a_panel_floats_under_the_registered_root_whichever_it_came_from()
+    {
+        DockStage other;
+        QcDockWidget *panel = other.Add(QStringLiteral("A"));
+        DockStage registered;
+        QVERIFY(other.Show());
+        QVERIFY(registered.Show());
+        panel->swichToFloating();
+        QCOMPARE(panel->parentWidget(), registered.root.data());
+        VERIFY_SETTLED();
+    }
+
+    void a_panel_floats_without_a_parent_when_no_root_is_registered()
+    {
+        TabStage stage;
+        const std::unique_ptr<QcDockWidget> panel(stage.Add(QStringLiteral("A")));
+        QVERIFY(stage.Show());
+        QcDockController::instance()->setRootDockContainer(nullptr);
+        panel->swichToFloating();
+        QVERIFY(!panel->parentWidget());
+        QVERIFY(panel->isFloating());
+        QCOMPARE(stage.frame->count(), 0);
+        QCOMPARE(stage.Tabs(), QString());
+    }
+
+    void a_root_inside_of_the_panel_is_no_parent_for_it()
+    {
+        DockStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("Outer"));
+        auto *inner = new QcDockContainer(panel->getContentWidget());
+        QVERIFY(stage.Show());
+        QcDockController::instance()->setRootDockContainer(inner);
+        panel->swichToFloating();
+        QVERIFY(panel->isFloating());
+        QCOMPARE(panel->parentWidget(), stage.root.data());
+        VERIFY_SETTLED();
+    }
+
+    void a_root_in_what_floats_inside_of_the_panel_is_no_parent_for_it()
+    {
+        DockStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("Outer"));
+        auto *inner = new QcDockContainer(panel->getContentWidget());
+        auto *floating = new QcDockWidget(inner);
+        floating->SetWindowFlags();
+        QVERIFY(stage.Show());
+        QcDockController::instance()->setRootDockContainer(new QcDockContainer(floating));
+        panel->swichToFloating();
+        QVERIFY(panel->isFloating());
+        QCOMPARE(panel->parentWidget(), stage.root.data());
+        VERIFY_SETTLED();
+    }
+
+    void a_panel_torn_by_its_tab_with_the_root_inside_floats_under_what_it_came_from()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("Outer"));
+        auto *inner = new QcDockContainer(panel->getContentWidget());
+        QVERIFY(stage.Show());
+        QcDockController::instance()->setRootDockContainer(inner);
+        auto *tab = PartOf<QcDockAreaTabBar>(*FrameOf(*panel), "m_tabBar")->getTab(1);
+        Mouse mouse;
+        mouse.PressAt(*tab, QPoint(20, 15));
+        mouse.MoveBy(0, QApplication::startDragDistance() + 1);
+        QVERIFY(panel->isFloating());
+        QCOMPARE(panel->parentWidget(), stage.root.data());
+        mouse.Release();
+        VERIFY_SETTLED();
+    }
+
+    void floating_one_of_several_loses_nobody_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QStringList>("left");
+        QTest::newRow("first") << 0 << QStringList({QStringLiteral("B"), QStringLiteral("C")});
+        // The first tab is the one taken out, and comes back at the end.
+        QTest::newRow("second") << 1 << QStringList({QStringLiteral("C"), QStringLiteral("A")});
+        QTest::newRow("last") << 2 << QStringList({QStringLiteral("B"), QStringLiteral("A")});
+    }
+    void floating_one_of_several_loses_nobody()
+    {
+        QFETCH(int, index);
+        QFETCH(QStringList, left);
+        DockStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        auto *frame = stage.root->findChild<QcDockAreaTabFrame *>();
+        auto *panel = static_cast<QcDockWidget *>(frame->widget(index));
+        panel->swichToFloating();
+        DrainEvents();
+        QCOMPARE(TitlesIn(*frame), left);
+        QVERIFY(panel->isFloating());
+        QVERIFY(HasTitleRow(*panel));
+        auto *row = PartOf<QcDockAreaTabBar>(*frame, "m_tabBar");
+        QCOMPARE(row->findChildren<QcDockAreaTabBarButton *>().size(), 2);
+        QCOMPARE(frame->widget(row->currentIndex())->isVisible(), true);
+        VERIFY_SETTLED();
+    }
+
+    void a_panel_of_several_that_its_host_makes_a_window_has_its_title_row()
+    {
+        TabStage stage;
+        const std::unique_ptr<QcDockWidget> panel(stage.Add(QStringLiteral("A")));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QVERIFY(!HasTitleRow(*panel));
+        panel->setParent(nullptr);
+        panel->SetWindowFlags();
+        panel->show();
+        QVERIFY(HasTitleRow(*panel));
+        VERIFY_SETTLED();
+    }
+
+    void a_plain_page_before_the_floating_panel_stays_a_page()
+    {
+        TabStage stage;
+        auto *page = new QWidget;
+        page->setWindowTitle(QStringLiteral("Page"));
+        stage.frame->addTab(QStringLiteral("Page"), page);
+        const std::unique_ptr<QcDockWidget> panel(stage.Add(QStringLiteral("B")));
+        panel->swichToFloating();
+        DrainEvents();
+        QCOMPARE(TitlesIn(*stage.frame), QStringList(QStringLiteral("Page")));
+        QCOMPARE(stage.Tabs(), QStringLiteral("[Page]"));
+    }
+
+    void focus_goes_with_a_panel_that_floats()
+    {
+        DockStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("A"));
+        auto *edits = new QWidget;
+        new QLineEdit(edits); // which would get the focus of its own
+        auto *edit = new QLineEdit(edits);
+        panel->setContentWidget(edits);
+        QVERIFY(stage.Show());
+        edit->setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), edit);
+        panel->swichToFloating();
+        QTRY_COMPARE(QApplication::focusWidget(), edit);
+        VERIFY_SETTLED();
+    }
+
+    void focus_goes_with_a_panel_that_is_docked_data()
+    {
+        QTest::addColumn<int>("position");
+        QTest::newRow("as a tab") << int(Center);
+        QTest::newRow("beside") << int(Right);
+        QTest::newRow("across") << int(Bottom);
+    }
+    void focus_goes_with_a_panel_that_is_docked()
+    {
+        QFETCH(int, position);
+        DockStage stage;
+        QcDockWidget *target = stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"), Right);
+        QcDockWidget *panel = stage.Add(QStringLiteral("C"), Right);
+        auto *edit = new QLineEdit;
+        panel->setContentWidget(edit);
+        QVERIFY(stage.Show());
+        panel->swichToFloating();
+        DrainEvents();
+        edit->activateWindow();
+        edit->setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), edit);
+        stage.root->addWidget(panel, target, static_cast<DockPosition>(position));
+        stage.window.activateWindow();
+        QTRY_COMPARE(QApplication::focusWidget(), edit);
+        VERIFY_SETTLED();
+    }
+
+    void focus_elsewhere_is_left_alone_when_a_panel_floats()
+    {
+        DockStage stage;
+        QcDockWidget *panel = stage.Add(QStringLiteral("A"));
+        auto *edit = new QLineEdit(&stage.window);
+        QVERIFY(stage.Show());
+        edit->setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), edit);
+        panel->swichToFloating();
+        QApplication::setActiveWindow(&stage.window);
+        QTRY_COMPARE(QApplication::focusWidget(), edit);
+        VERIFY_SETTLED();
+    }
+
+    void a_docked_panel_has_neither_the_border_nor_the_window_of_a_floating_one()
+    {
+        FloatingStage stage;
+        stage.panel->setWindowStyle(true);
+        QVERIFY(stage.Show());
+        TabStage tabs;
+        QVERIFY(tabs.Show());
+        tabs.frame->addTab(QStringLiteral("Map"), stage.panel);
+        QVERIFY(!stage.panel->property("window").toBool());
+        QVERIFY(!stage.panel->windowHandle());
+        QVERIFY(stage.panel->isVisible());
+    }
+
+    void a_window_off_every_screen_is_brought_onto_the_nearest_data()
+    {
+        QTest::addColumn<QRect>("window");
+        QTest::addColumn<QPoint>("corner");
+        const QRect room(10, 20, 300, 200);
+        QTest::newRow("seen") << room << room.topLeft();
+        QTest::newRow("seen in part") << QRect(-290, -150, 300, 200) << QPoint(-290, -150);
+        QTest::newRow("left") << QRect(-900, 100, 300, 200) << QPoint(0, 100);
+        QTest::newRow("right of both") << QRect(9000, 2000, 300, 200) << QPoint(1700, 400);
+        QTest::newRow("above the second") << QRect(1500, -500, 300, 200) << QPoint(1500, 0);
+        QTest::newRow("larger than a screen") << QRect(9000, 0, 3000, 2000) << QPoint(1000, 0);
+        QTest::newRow("nothing of it") << QRect(50, 50, 0, 0) << QPoint(50, 50);
+        QTest::newRow("as far as numbers go") << QRect(-16777215, -16777215, 300, 200) << QPoint(0, 0);
+    }
+    void a_window_off_every_screen_is_brought_onto_the_nearest()
+    {
+        QFETCH(QRect, window);
+        const QVector<QRect> screens = {QRect(0, 0, 1000, 800), QRect(1000, 0, 1000, 600)};
+        QTEST(OntoScreens(window, screens), "corner");
+        QCOMPARE(OntoScreens(window, {}), window.topLeft());
+    }
+
+    void without_a_window_manager_a_panel_stays_where_it_was_put()
+    {
+        FloatingStage stage;
+        stage.panel->move(-5000, -5000);
+        stage.panel->show();
+        QCOMPARE(stage.panel->pos(), QPoint(-5000, -5000));
+    }
+
+    // --- Dragging ---
+
+    void dragging_a_floating_panel_moves_it_and_runs_the_feedback()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        const QPoint from = stage.panel->pos();
+        mouse.MoveBy(1, 0); // however little
+        QCOMPARE(stage.panel->pos(), from + QPoint(1, 0));
+        QVERIFY(stage.panel->property("draging").toBool());
+        mouse.MoveBy(20, 30);
+        QCOMPARE(stage.panel->pos(), from + QPoint(21, 30));
+        auto *tip = PartOf<QLabel>(*stage.panel, "m_dragTipLabel");
+        QTRY_VERIFY(tip->isVisible()); // posted: there is nothing to dock in under the mouse
+        mouse.Release();
+        QVERIFY(!stage.panel->property("draging").toBool());
+        QTRY_VERIFY(!tip->isVisible());
+        QVERIFY(stage.panel->property("window").toBool());
+        mouse.MoveBy(10, 10);
+        QCOMPARE(stage.panel->pos(), from + QPoint(21, 30));
+    }
+
+    void a_press_in_the_resize_band_neither_moves_nor_docks()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, QPoint(100, 3));
+        const QRect place = stage.panel->geometry();
+        mouse.MoveBy(0, 15);
+        QCOMPARE(stage.panel->geometry(), place);
+        QVERIFY(!stage.panel->property("draging").toBool());
+        mouse.Release();
+        DrainEvents();
+        QVERIFY(!stage.panel->property("window").toBool());
+    }
+
+    void a_panel_is_dragged_right_after_the_pointer_left_its_resize_band()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse::HoverAt(stage.panel->mapToGlobal(stage.OnTitle()));
+        stage.panel->setCursor(Qt::SizeVerCursor); // of the band, which no move has taken back
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        const QPoint from = stage.panel->pos();
+        mouse.MoveBy(4, 3);
+        QCOMPARE(stage.panel->pos(), from + QPoint(4, 3));
+        mouse.Release();
+        DrainEvents();
+    }
+
+    void a_press_below_the_title_row_drags_nothing()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, QPoint(100, 120));
+        const QPoint from = stage.panel->pos();
+        mouse.MoveBy(10, 10);
+        QCOMPARE(stage.panel->pos(), from);
+        mouse.Release();
+    }
+
+    void only_the_left_button_drags()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse(Qt::RightButton);
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        const QPoint from = stage.panel->pos();
+        mouse.MoveBy(10, 10);
+        QCOMPARE(stage.panel->pos(), from);
+        mouse.Release();
+    }
+
+    void a_press_at_the_screens_origin_counts_as_none()
+    {
+        FloatingStage stage;
+        stage.panel->move(-100, -15);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, QPoint(100, 15));
+        QCOMPARE(QCursor::pos(), QPoint(0, 0));
+        mouse.MoveBy(5, 5);
+        QCOMPARE(stage.panel->pos(), QPoint(-100, -15));
+        mouse.Release();
+        DrainEvents();
+        QVERIFY(!stage.panel->property("window").isValid()); // nor does its release drop anything
+    }
+
+    void a_click_on_a_floating_title_runs_the_drop()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        mouse.Release();
+        QTRY_VERIFY(stage.panel->property("window").toBool());
+    }
+
+    void dragging_a_docked_panel_by_its_title_tears_it_out()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        const QPoint from = panel->mapToGlobal(QPoint(0, 0));
+        mouse.MoveBy(0, 1);
+        QVERIFY(panel->isFloating());
+        QCOMPARE(panel->pos(), from + QPoint(0, 1));
+        mouse.MoveBy(-20, 5);
+        QCOMPARE(panel->pos(), from + QPoint(-20, 6));
+        DrainEvents();
+        QCOMPARE(stage.root->getDockAreaList().size(), 1);
+        QVERIFY(TopLevelIndicator()->isVisible());
+        CancelDrag(*panel);
+        mouse.Release();
+        VERIFY_SETTLED();
+    }
+
+    void escape_leaves_a_dragged_panel_where_it_is()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        mouse.MoveBy(0, 10);
+        const QPoint at = panel->pos();
+        CancelDrag(*panel);
+        QVERIFY(!panel->property("draging").toBool());
+        QVERIFY(panel->property("window").toBool());
+        mouse.MoveBy(10, 10);
+        mouse.Release();
+        DrainEvents();
+        QVERIFY(panel->isFloating());
+        QCOMPARE(panel->pos(), at);
+        QVERIFY(!TopLevelIndicator()->isVisible());
+        VERIFY_SETTLED();
+    }
+
+    void a_host_that_docks_the_dragged_panel_ends_its_drag()
+    {
+        DockStage stage;
+        QcDockWidget *other = stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        mouse.MoveBy(0, 10);
+        mouse.MoveTo(other->mapToGlobal(QPoint(100, 100)));
+        DrainEvents();
+        QVERIFY(TopLevelIndicator()->isVisible());
+        stage.root->addWidget(panel, other, Center);
+        QCOMPARE(Settled(), QString()); // nothing looks dragged, no indicator, no mask
+        mouse.MoveBy(30, 30);
+        mouse.Release();
+        VERIFY_SETTLED();
+        QCOMPARE(TitlesIn(*FrameOf(*panel)), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+    }
+
+    void a_title_drag_whose_release_was_lost_ends_at_the_next_press()
+    {
+        FloatingStage stage;
+        TabStage elsewhere;
+        QVERIFY(elsewhere.Show());
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        mouse.MoveBy(5, 5);
+        QVERIFY(stage.panel->property("draging").toBool());
+        QTest::mousePress(&elsewhere.window, Qt::LeftButton);
+        QVERIFY(!stage.panel->property("draging").toBool());
+        QVERIFY(stage.panel->property("window").toBool());
+        const QPoint at = stage.panel->pos();
+        mouse.MoveBy(5, 5);
+        QCOMPARE(stage.panel->pos(), at);
+        mouse.Release();
+        DrainEvents();
+    }
+
+    void a_panel_that_dies_in_its_drag_takes_the_posted_steps_along()
+    {
+        DockStage stage;
+        QcDockWidget *resident = stage.Add(QStringLiteral("A"));
+        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        MoveWithoutATurn(*panel, resident->mapToGlobal(QPoint(100, 100)));
+        QVERIFY(panel->property("draging").toBool()); // so its step is posted
+        delete panel;
+        mouse.Release();
+        VERIFY_SETTLED();
+        QVERIFY(!TopLevelIndicator()->isVisible());
+    }
+
+    void each_look_is_polished_only_when_it_changes()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        EventCounter changes(*stage.panel, QEvent::DynamicPropertyChange);
+        stage.panel->setDragingStyle(true);
+        stage.panel->setDragingStyle(true);
+        stage.panel->setWindowStyle(true);
+        stage.panel->setWindowStyle(true);
+        QCOMPARE(changes.Take(), 2);
+        stage.panel->setDragingStyle(false);
+        QCOMPARE(changes.Take(), 1);
+    }
+
+    void each_move_posts_a_step_of_its_own_and_the_release_comes_after_them()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        /// Takes back what each step does, so that the next one does it again.
+        struct Watch : QObject
+        {
+            bool eventFilter(QObject *watched, QEvent *event) override
+            {
+                if (event->type() == QEvent::ShowToParent) {
+                    ++steps;
+                    hasEnded = hasEnded || panel->property("window").isValid();
+                    static_cast<QWidget *>(watched)->hide();
+                }
+                return false;
+            }
+            QcDockWidget *panel = nullptr;
+            int steps = 0;
+            bool hasEnded = false;
+        } watch;
+        watch.panel = stage.panel;
+        PartOf(*stage.panel, "m_dragTipLabel")->installEventFilter(&watch);
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        const QPoint from = stage.panel->pos();
+        for (int i = 0; i < 3; ++i)
+            MoveWithoutATurn(*stage.panel, QCursor::pos() + QPoint(2, 0));
+        QCOMPARE(stage.panel->pos(), from + QPoint(6, 0));
+        QCOMPARE(watch.steps, 0);
+        mouse.Release();
+        DrainEvents();
+        QCOMPARE(watch.steps, 3);
+        QVERIFY(!watch.hasEnded);
+        QVERIFY(stage.panel->property("window").toBool());
+    }
+
+    void the_slot_beside_the_close_button_does_nothing()
+    {
+        const std::unique_ptr<QcDockWidget> panel(NewPanel(QStringLiteral("Map")));
+        QVERIFY(QMetaObject::invokeMethod(panel.get(), "OnCloseButtonClicked", Qt::DirectConnection));
+        DrainEvents();
+        QCOMPARE(ContentOf(panel.get())->closes, 0);
+    }
+
+    // --- The tip ---
+
+    void the_tip_stands_under_the_title_row()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        auto *tip = PartOf<QLabel>(*stage.panel, "m_dragTipLabel");
+        stage.panel->SetDragTipVisible(true);
+        QVERIFY(tip->isVisible());
+        QCOMPARE(tip->pos(), QPoint((300 - tip->width()) / 2, 36));
+        QCOMPARE(tip->height(), 30);
+        QVERIFY(tip->width() >= tip->sizeHint().width());
+
+        stage.panel->resize(60, 120); // narrower than the tip: the same arithmetic
+        stage.panel->SetDragTipVisible(true);
+        QCOMPARE(tip->x(), (stage.panel->width() - tip->width()) / 2);
+        stage.panel->SetDragTipVisible(false);
+        QVERIFY(!tip->isVisible());
+    }
+
+    void the_tip_and_the_close_button_follow_the_language()
+    {
+        class Wordy : public QTranslator
+        {
+        public:
+            bool isEmpty() const override { return false; }
+            QString translate(const char *, const char *source, const char *, int) const override
+            {
+                return QStringLiteral("much longer: ") + QLatin1String(source);
+            }
+        };
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        auto *tip = PartOf<QLabel>(*stage.panel, "m_dragTipLabel");
+        stage.panel->SetDragTipVisible(true);
+        const int narrow = tip->width();
+        Wordy wordy;
+        QCoreApplication::installTranslator(&wordy);
+        DrainEvents();
+        QCOMPARE(tip->text(), QStringLiteral("much longer: PleaseMoveToTheIMsg"));
+        QVERIFY(tip->width() > narrow);
+        QCOMPARE(tip->x(), (stage.panel->width() - tip->width()) / 2);
+        QCOMPARE(CloseButtonOf(*stage.panel)->accessibleName(), QStringLiteral("much longer: Close Map"));
+        QCoreApplication::removeTranslator(&wordy);
+        DrainEvents();
+        QCOMPARE(CloseButtonOf(*stage.panel)->accessibleName(), QStringLiteral("Close Map"));
+    }
+
+    // --- Looks ---
+
+    void the_title_row_and_the_borders_are_painted_in_their_tokens()
+    {
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            FloatingStage stage;
+            QVERIFY(stage.Show());
+            const auto token = [table](const char *name) { return TokenOf(table, QLatin1String(name)); };
+            QImage image = Render(*stage.panel, Qt::green);
+            COMPARE_COLOR(PixelAt(image, QPointF(150.5, 15.5)), Over(token("bg/bg_primary"), Qt::green));
+            COMPARE_COLOR(PixelAt(image, QPointF(0.5, 100.5)), token("bg/bg_float"));
+            COMPARE_COLOR(PixelAt(image, QPointF(150.5, 100.5)), token("bg/bg_float"));
+            const QColor line = token("border/border_tertairy");
+            const QColor under = PixelAt(image, QPointF(150.5, 30.5)); // the row's ground reaches below its line in part
+            QVERIFY(IsBetween(under, Over(line, token("bg/bg_float")), Over(line, token("bg/bg_primary"))));
+            stage.panel->setWindowStyle(true);
+            image = Render(*stage.panel, token("bg/bg_float")); // which covers a rounded edge only in part
+            COMPARE_COLOR(PixelAt(image, QPointF(0.5, 100.5)), Over(token("border/border_tertairy"), token("bg/bg_float")));
+            QVERIFY(PixelAt(image, QPointF(0.5, 0.5)) != PixelAt(image, QPointF(0.5, 100.5))); // its corners are round
+            stage.panel->setDragingStyle(true);
+            image = Render(*stage.panel, Qt::green);
+            COMPARE_COLOR(PixelAt(image, QPointF(0.5, 100.5)), token("brand/brand"));
+        }
+        UseTable(Table::Light);
+    }
+
+    void title_and_tip_are_painted_in_their_tokens()
+    {
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            FloatingStage stage;
+            const auto token = [table](const char *name) { return TokenOf(table, QLatin1String(name)); };
+            stage.panel->getContentWidget()->setWindowTitle(QString(8, QChar(0x2588)));
+            QVERIFY(stage.Show());
+            auto *label = PartOf<QLabel>(*stage.panel, "m_titleLabel");
+            COMPARE_COLOR(MainInk(Render(*label, Qt::green), Qt::green), Over(token("text/text_caption"), Qt::green));
+            stage.panel->SetDragTipVisible(true);
+            auto *tip = PartOf<QLabel>(*stage.panel, "m_dragTipLabel");
+            tip->setText(QString(4, QChar(0x2588)));
+            const QImage image = Render(*tip, Qt::green);
+            const QColor ground = Over(token("bg/bg_bottom"), Qt::green);
+            COMPARE_COLOR(PixelAt(image, QPointF(5.5, 15.5)), ground); // the text keeps 8 pixels from the edge
+            COMPARE_COLOR(PixelAt(image, QPointF(0.2, 0.2)), QColor(Qt::green));
+            COMPARE_COLOR(MainInk(Part(image, QRectF(20, 10, tip->width() - 40, 10)), ground), Over(token("text/text_primary"), ground));
+        }
+        UseTable(Table::Light);
+    }
+
+private:
+    /// A move that is heard at once, with no turn of the main loop.
+    static void MoveWithoutATurn(QcDockWidget &panel, const QPoint &to)
+    {
+        QCursor::setPos(to);
+        QMouseEvent move(QEvent::MouseMove, panel.mapFromGlobal(to), to, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&panel, &move);
+    }
+
+    static QWidget *TopLevelIndicator()
+    {
+        const QWidgetList widgets = QApplication::topLevelWidgets();
+        for (QWidget *widget : widgets) {
+            if (qobject_cast<QcDockIndicator *>(widget))
+                return widget;
+        }
+        return nullptr;
+    }
+
+    static void CancelDrag(QcDockWidget &panel)
+    {
+        QTest::keyClick(&panel, Qt::Key_Escape);
+        DrainEvents();
+    }
+};
+
+VELMORA_TEST_MAIN(TestQcDockWidget)
+#include "tst_QcDockWidget.moc"

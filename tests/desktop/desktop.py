@@ -9,12 +9,12 @@ import threading
 import time
 
 # No button binding for a window's inside: the window manager leaves a press there to the program, so
-# that a window which comes to the front has done so by itself. One key, by which the desktop maximises and restores.
+# that a window which comes to the front has done so by itself. Two keys, by which the desktop maximises and restores, and closes.
 OPENBOX_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
   <desktops><number>1</number><popupTime>0</popupTime></desktops>
-  <keyboard><keybind key="W-m"><action name="ToggleMaximize"/></keybind></keyboard>
+  <keyboard><keybind key="W-m"><action name="ToggleMaximize"/></keybind><keybind key="W-q"><action name="Close"/></keybind></keyboard>
   <mouse/>
 </openbox_config>
 """

@@ -27,6 +27,7 @@ int main(int argc, char **argv)
 
     Bench::RegisterButtonBenchmarks();
     Bench::RegisterControlBenchmarks();
+    Bench::RegisterDockBenchmarks();
     Bench::RegisterFeedbackBenchmarks();
     Bench::RegisterScrollBarBenchmarks();
     Bench::RegisterSelectorBenchmarks();

@@ -28,6 +28,7 @@ void RegisterResize(const QString &name, int smallest, const SceneMaker &makeSce
 /// Register what each file measures.
 void RegisterButtonBenchmarks();
 void RegisterControlBenchmarks();
+void RegisterDockBenchmarks();
 void RegisterFeedbackBenchmarks();
 void RegisterScrollBarBenchmarks();
 void RegisterSelectorBenchmarks();

@@ -69,6 +69,28 @@ COMPARISONS = [
     ("Paint a menu of 20 items", "PaintMenu/velmora", "PaintMenu/plain", 1.0, "`QMenu` with a stylesheet"),
 ]
 
+# Docking: metric, counter, largest ratios at 20, 100 and 400 panels.
+PANELS = (20, 100, 400)
+DOCKING = [
+    ("Build and show", "build", (1.3, 0.3, 0.06)),
+    ("Float and dock again", "float", (0.45, 0.15, 0.05)),
+    ("Save the layout of", "save", (None, None, None)),
+    ("Restore", "restore", (None, None, None)),
+    ("Switch the theme of", "switch", (None, None, None)),
+    ("Close", "close", (None, None, None)),
+]
+for metric, counter, aims in DOCKING:
+    for count, aim in zip(PANELS, aims):
+        COMPARISONS.append((f"{metric}, {count} panels", f"Docking/velmora/{count}#{counter}", f"Docking/plain/{count}#{counter}", aim, "`QDockWidget`"))
+
+for count in PANELS:
+    COMPARISONS.append((f"Restore, {count} panels", f"Docking/velmora/{count}#restore", f"Docking/velmora/{count}#build", 1.3, "their own building"))
+COMPARISONS += [
+    ("Build and show, 400 panels", "Docking/velmora/400#build", "Docking/velmora/100#build", 4.8, "100 panels"),
+    ("Restore, 400 panels", "Docking/velmora/400#restore", "Docking/velmora/100#restore", 5.0, "100 panels"),
+    ("A step of a drag among 400 panels", "DockDragStep/velmora/400", "DockDragStep/velmora/20", None, "20 panels"),
+]
+
 # Metric, repeated request (figure, requests in it), first request.
 REPEATS = [
     ("`GetPixmap` repeated to first, resource", "GetRepeated/resource/1000", 1000, "GetFirst/resource"),

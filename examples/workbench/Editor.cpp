@@ -59,6 +59,7 @@ bool Editor::MayClose()
     dialog.setCancelButtonText(tr("Go on editing"));
     auto *layout = new QVBoxLayout(dialog.getContentFrame());
     auto *label = new QcLabel;
+    label->setType(QcLabel::Body);
     label->setText(tr("%1 has changes that are not saved.").arg(QFileInfo(m_path).fileName()));
     layout->addWidget(label);
     dialog.resize(420, 180);

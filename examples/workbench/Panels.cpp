@@ -166,6 +166,7 @@ PropertiesPanel::PropertiesPanel(QWidget *parent)
     m_fontSize->setFixedHeight(32);
     m_wrap->setText(tr("Wrap lines"));
     auto *label = new QcLabel;
+    label->setType(QcLabel::Body);
     label->setText(tr("Font size"));
     label->setBuddy(m_fontSize);
     auto *layout = new QVBoxLayout(this);

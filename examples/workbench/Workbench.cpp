@@ -137,6 +137,7 @@ QWidget *Workbench::MakeToolRow()
     m_darkSwitch->setChecked(m_session.isDark);
     m_darkSwitch->setAccessibleName(tr("Dark"));
     auto *label = new QcLabel;
+    label->setType(QcLabel::Body);
     label->setText(tr("Dark"));
     label->setBuddy(m_darkSwitch);
     layout->addWidget(label);

@@ -18,7 +18,7 @@ namespace {
 
 /// An editable line. Its text is what the screen shows; a password is never read, not even where the screen shows it for as long
 /// as somebody types.
-class LineEditAccessible : public FramedEditAccessible, public QAccessibleTextInterface, public QAccessibleEditableTextInterface
+class LineEditAccessible : public FramedEditAccessible
 {
 public:
     explicit LineEditAccessible(QcLineEdit *edit)
@@ -26,15 +26,6 @@ public:
     {
         addControllingSignal(QStringLiteral("textChanged(const QString&)"));
         addControllingSignal(QStringLiteral("returnPressed()"));
-    }
-
-    void *interface_cast(QAccessible::InterfaceType type) override
-    {
-        if (type == QAccessible::TextInterface)
-            return static_cast<QAccessibleTextInterface *>(this);
-        if (type == QAccessible::EditableTextInterface)
-            return static_cast<QAccessibleEditableTextInterface *>(this);
-        return QAccessibleWidget::interface_cast(type);
     }
 
     QString text(QAccessible::Text kind) const override
@@ -99,7 +90,6 @@ public:
         *start = isSelected ? Edit()->selectionStart() : 0;
         *end = isSelected ? Edit()->selectionEnd() : 0;
     }
-    void addSelection(int start, int end) override { setSelection(0, start, end); }
     void removeSelection(int index) override
     {
         if (index == 0)
@@ -134,16 +124,8 @@ public:
 
     int offsetAtPoint(const QPoint &point) const override { return Edit()->cursorPositionAt(Edit()->mapFromGlobal(point)); }
 
-    QString attributes(int /*offset*/, int *start, int *end) const override
-    {
-        *start = *end = 0; // none: the text is plain
-        return QString();
-    }
-
     // --- Editing ---
 
-    void insertText(int offset, const QString &text) override { replaceText(offset, offset, text); }
-    void deleteText(int start, int end) override { replaceText(start, end, QString()); }
     void replaceText(int start, int end, const QString &text) override
     {
         const QString old = Edit()->text();

@@ -14,21 +14,12 @@ namespace Velmora {
 namespace {
 
 /// An editable text of many lines. Lines are those of the screen.
-class TextEditAccessible : public FramedEditAccessible, public QAccessibleTextInterface, public QAccessibleEditableTextInterface
+class TextEditAccessible : public FramedEditAccessible
 {
 public:
     explicit TextEditAccessible(TextEdit *edit)
         : FramedEditAccessible(edit)
     {
-    }
-
-    void *interface_cast(QAccessible::InterfaceType type) override
-    {
-        if (type == QAccessible::TextInterface)
-            return static_cast<QAccessibleTextInterface *>(this);
-        if (type == QAccessible::EditableTextInterface)
-            return static_cast<QAccessibleEditableTextInterface *>(this);
-        return QAccessibleWidget::interface_cast(type);
     }
 
     QString text(QAccessible::Text kind) const override
@@ -105,7 +96,6 @@ public:
         *start = isSelected ? cursor.selectionStart() : 0;
         *end = isSelected ? cursor.selectionEnd() : 0;
     }
-    void addSelection(int start, int end) override { setSelection(0, start, end); }
     void removeSelection(int index) override
     {
         if (index == 0)
@@ -134,16 +124,8 @@ public:
         return Edit()->cursorForPosition(Edit()->viewport()->mapFromGlobal(point)).position();
     }
 
-    QString attributes(int /*offset*/, int *start, int *end) const override
-    {
-        *start = *end = 0; // none: the text is plain
-        return QString();
-    }
-
     // --- Editing ---
 
-    void insertText(int offset, const QString &text) override { replaceText(offset, offset, text); }
-    void deleteText(int start, int end) override { replaceText(start, end, QString()); }
     void replaceText(int start, int end, const QString &text) override
     {
         if (!Edit()->isReadOnly())

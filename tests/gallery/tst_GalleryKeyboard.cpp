@@ -1,12 +1,8 @@
+#include "gallery/GalleryTestCase.h"
 #include "support/TestMain.h"
 
 #include "GalleryWindow.h"
 #include "Page.h"
-
-#include <Velmora/QcArrowTipGlobal.h>
-#include <Velmora/QcDockDragController.h>
-#include <Velmora/QcLoadingDialog.h>
-#include <Velmora/QcProgressDialog.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -39,19 +35,11 @@ QString Describe(const QWidget *widget)
 } // namespace
 
 /// The gallery without a mouse.
-class TestGalleryKeyboard : public TestCase
+class TestGalleryKeyboard : public GalleryTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() // what outlives each test
-    {
-        Velmora::QcArrowTipGlobal::instance();
-        Velmora::QcDockDragController::instance();
-        Velmora::QcLoadingDialog::getInstance();
-        Velmora::QcProgressDialog::getInstance();
-    }
-
     void tab_goes_round_every_page_and_enters_no_specimen_data()
     {
         QTest::addColumn<QString>("page");

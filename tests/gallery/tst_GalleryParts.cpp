@@ -1,14 +1,11 @@
+#include "gallery/GalleryTestCase.h"
 #include "support/TestMain.h"
 
 #include "GalleryWindow.h"
 #include "Page.h"
 
-#include <Velmora/QcArrowTipGlobal.h>
-#include <Velmora/QcDockDragController.h>
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcLineEditFrame.h>
-#include <Velmora/QcLoadingDialog.h>
-#include <Velmora/QcProgressDialog.h>
 
 #include <QSet>
 #include <QTableWidget>
@@ -40,19 +37,11 @@ bool IsPart(const QWidget *widget)
 } // namespace
 
 /// What the gallery is made of.
-class TestGalleryParts : public TestCase
+class TestGalleryParts : public GalleryTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() // what outlives each test
-    {
-        Velmora::QcArrowTipGlobal::instance();
-        Velmora::QcDockDragController::instance();
-        Velmora::QcLoadingDialog::getInstance();
-        Velmora::QcProgressDialog::getInstance();
-    }
-
     void a_page_shows_no_control_of_qt_that_the_kit_has_data()
     {
         QTest::addColumn<QString>("page");

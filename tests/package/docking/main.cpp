@@ -1,25 +1,15 @@
 #include "beside.h"
 #include "layouts.h"
 
+#include "../Check.h"
+
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QTemporaryDir>
 
-#include <cstdio>
-
 namespace {
-
-int failures = 0;
-
-void Check(bool condition, const char *what)
-{
-    if (condition)
-        return;
-    ++failures;
-    std::fprintf(stderr, "not so: %s\n", what);
-}
 
 QWidget *MakeContent(int type)
 {

@@ -2,25 +2,16 @@
 #include "count.h"
 #include "toasts.h"
 
+#include "../Check.h"
+
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QTimer>
 
-#include <cstdio>
 #include <thread>
 
 namespace {
-
-int failures = 0;
-
-void Check(bool condition, const char *what)
-{
-    if (condition)
-        return;
-    ++failures;
-    std::fprintf(stderr, "not so: %s\n", what);
-}
 
 void CheckToasts()
 {

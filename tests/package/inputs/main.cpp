@@ -6,25 +6,16 @@
 #include "scale.h"
 #include "wizard.h"
 
+#include "../Check.h"
+
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QScrollArea>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
-
-int failures = 0;
-
-void Check(bool condition, const char *what)
-{
-    if (condition)
-        return;
-    ++failures;
-    std::fprintf(stderr, "not so: %s\n", what);
-}
 
 void CheckRequired()
 {

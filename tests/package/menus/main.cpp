@@ -1,25 +1,15 @@
 #include "NoteField.h"
 #include "tool_menu.h"
 
+#include "../Check.h"
+
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QContextMenuEvent>
 
-#include <cstdio>
-
 namespace {
-
-int failures = 0;
-
-void Check(bool condition, const char *what)
-{
-    if (condition)
-        return;
-    ++failures;
-    std::fprintf(stderr, "not so: %s\n", what);
-}
 
 /// Lets its icon be seen.
 class ToolButton : public Velmora::QcCombinedToolButton

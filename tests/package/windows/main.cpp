@@ -2,25 +2,15 @@
 #include "ask.h"
 #include "corner_grip.h"
 
+#include "../Check.h"
+
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
 #include <QAbstractButton>
 #include <QTimer>
 
-#include <cstdio>
-
 namespace {
-
-int failures = 0;
-
-void Check(bool condition, const char *what)
-{
-    if (condition)
-        return;
-    ++failures;
-    std::fprintf(stderr, "not so: %s\n", what);
-}
 
 void CheckClosing()
 {

@@ -49,12 +49,11 @@ bool OpensMenu(const QKeyEvent &event)
 
 QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
     : QFrame(parent)
+    , m_pMainButton(MakeHalf(this, QSize(kSide, kSide)))
+    , m_pArrowButton(MakeHalf(this, QSize(kArrowWidth, kSide)))
+    , m_mainTracker(std::make_unique<ButtonStateTracker>(*m_pMainButton, *m_pMainButton, *this, m_mainState))
+    , m_arrowTracker(std::make_unique<ButtonStateTracker>(*m_pArrowButton, *m_pMainButton, *this, m_arrowState))
 {
-    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/CombinedToolButton.qss")); // first: Qt styles all children anew
-    m_pMainButton = MakeHalf(this, QSize(kSide, kSide));
-    m_pArrowButton = MakeHalf(this, QSize(kArrowWidth, kSide));
-    m_mainTracker = std::make_unique<ButtonStateTracker>(*m_pMainButton, *m_pMainButton, *this, m_mainState);
-    m_arrowTracker = std::make_unique<ButtonStateTracker>(*m_pArrowButton, *m_pMainButton, *this, m_arrowState);
     setAttribute(Qt::WA_MouseTracking);
     auto *halves = new QHBoxLayout(this);
     halves->setSpacing(0);
@@ -63,9 +62,10 @@ QcCombinedToolButton::QcCombinedToolButton(QWidget *parent)
     halves->addWidget(m_pMainButton);
     halves->addWidget(m_pArrowButton);
     // What the layout will say: the tables are measured by the control, which may not have been shown by then. To activate the layout
-    // would style the halves once more.
+    // would style the halves before they have their sheet, and again with it.
     setFixedSize(kWidth, kSide);
     m_pArrowButton->move(kSide, 0);
+    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/CombinedToolButton.qss"));
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     connect(m_pMainButton, &QAbstractButton::toggled, this, &QcCombinedToolButton::onMainButtonToggled);
     connect(m_pArrowButton, &QAbstractButton::toggled, this, &QcCombinedToolButton::onArrowButtonToggled);

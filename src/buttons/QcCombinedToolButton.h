@@ -97,8 +97,8 @@ private:
 
     QStyle::State m_mainState = QStyle::State_Enabled;
     QStyle::State m_arrowState = QStyle::State_Enabled;
-    QcToolButton *m_pMainButton = nullptr;
-    QcToolButton *m_pArrowButton = nullptr;
+    QcToolButton *m_pMainButton;
+    QcToolButton *m_pArrowButton;
     QString m_iconPath;
     int m_borderRadius = 2;
     QHash<QStyle::State, ImageParams> m_mainIconParams;

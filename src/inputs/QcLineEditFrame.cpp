@@ -91,12 +91,11 @@ QString ClampedDouble(const QString &text, const QDoubleValidator &range)
 
 QcLineEditFrame::QcLineEditFrame(QWidget *parent)
     : QFrame(parent)
+    , m_lineEdit(new QcLineEdit(this))
+    , m_unitLabel(new QcLabel(this))
+    , m_button(new QcGhostButton(this))
+    , m_warningTip(new WarningTip(this))
 {
-    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/LineEditFrame.qss")); // first: Qt styles all children anew
-    m_lineEdit = new QcLineEdit(this);
-    m_unitLabel = new QcLabel(this);
-    m_button = new QcGhostButton(this);
-    m_warningTip = new WarningTip(this);
     setFixedHeight(kHeight);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin, 0, kMargin, 0);
@@ -121,6 +120,8 @@ QcLineEditFrame::QcLineEditFrame(QWidget *parent)
     connect(m_button, &QAbstractButton::clicked, this, &QcLineEditFrame::signalButtonClicked);
     connect(m_lineEdit, &QLineEdit::editingFinished, this, &QcLineEditFrame::onEditingFinished);
     installEventFilter(this);
+
+    QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/LineEditFrame.qss"));
     FollowPlaceholderToken(m_lineEdit);
 }
 

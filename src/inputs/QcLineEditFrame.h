@@ -117,10 +117,10 @@ private:
     const char *m_warningProperty = "objectPropertyWarning";
     bool m_hasNumericValidator = false;
     QString m_lastAcceptedText;
-    QcLineEdit *m_lineEdit = nullptr;
-    QcLabel *m_unitLabel = nullptr;
-    QcGhostButton *m_button = nullptr;
-    QcArrowTip *m_warningTip = nullptr;
+    QcLineEdit *m_lineEdit;
+    QcLabel *m_unitLabel;
+    QcGhostButton *m_button;
+    QcArrowTip *m_warningTip;
     QString m_warningText;
 };
 

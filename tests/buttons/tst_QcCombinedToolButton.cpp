@@ -1,4 +1,5 @@
 #include "support/EventCounter.h"
+#include "support/PartsBeforeSheet.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
@@ -122,6 +123,14 @@ private Q_SLOTS:
         }
         QVERIFY(button.styleSheet().contains(QStringLiteral("Velmora--QcCombinedToolButton")));
         QCOMPARE(button.GetIconPath(), QString());
+    }
+
+    void the_sheet_comes_when_both_halves_are_there()
+    {
+        const PartsBeforeSheet halves("Velmora::QcCombinedToolButton");
+        const QcCombinedToolButton button;
+        QCOMPARE(halves.Before(), 2);
+        QCOMPARE(halves.After(), 0);
     }
 
     void it_keeps_its_size_in_a_layout()

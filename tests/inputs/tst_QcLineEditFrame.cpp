@@ -1,4 +1,5 @@
 #include "support/EventCounter.h"
+#include "support/PartsBeforeSheet.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
@@ -174,6 +175,15 @@ private Q_SLOTS:
         QVERIFY(!frame.property("objectPropertyWarning").isValid());
         QVERIFY(!frame.property("objectPropertyFocus").isValid());
         QVERIFY(!frame.getLineEdit()->validator());
+        DrainEvents();
+    }
+
+    void the_sheet_comes_when_the_parts_are_there()
+    {
+        const PartsBeforeSheet parts("Velmora::QcLineEditFrame");
+        const QcLineEditFrame frame;
+        QVERIFY(parts.Before() >= 4); // edit, unit, button, warning
+        QCOMPARE(parts.After(), 0);
         DrainEvents();
     }
 

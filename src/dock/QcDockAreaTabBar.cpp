@@ -163,7 +163,10 @@ bool QcDockAreaTabBar::eventFilter(QObject *watched, QEvent *event)
         if (event->type() == QEvent::KeyPress)
             return ServeKey(*tab, static_cast<QKeyEvent &>(*event));
         const QPointer<QWidget> self = this;
+        const QPointer<QWidget> living = tab;
         ServeMouse(*tab, *event);
+        if (!living)
+            return true; // nobody is left to get the event
         if (!self)
             return false;
     }

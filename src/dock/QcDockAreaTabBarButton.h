@@ -44,6 +44,8 @@ private Q_SLOTS:
     void onToggled();
 
 private:
+    friend class QcDockAreaTabFrame; // knows by it which tab goes with a page
+
     void NameCloseButton();
     QString Title() const;
     void PaintLabel();
@@ -53,6 +55,7 @@ private:
     QcIconButton *m_closeButton = nullptr;
     bool m_drawLine = false;
     static constexpr int GRADIENT_WIDTH = 16;
+    QWidget *m_page = nullptr; // may be dead: only compared
 };
 
 } // namespace Velmora

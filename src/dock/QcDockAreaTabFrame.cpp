@@ -15,6 +15,7 @@
 #include "theme/TokenPainting_p.h"
 
 #include <QApplication>
+#include <QButtonGroup>
 #include <QCursor>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -22,7 +23,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <QVariant>
 
@@ -157,6 +157,9 @@ void QcDockAreaTabFrame::addTab(const QString &title, QWidget *widget)
     DeleteTabOfLastPage();
     m_tabBar->addTab(title);
     const int index = m_stackedWidget->addWidget(widget);
+    if (!self || !page)
+        return;
+    m_tabBar->getTab(index)->m_page = widget;
     m_tabBar->getTab(index)->installEventFilter(this);
     m_tabBar->setCurrentIndex(index);
     if (!self || !page)
@@ -194,41 +197,68 @@ void QcDockAreaTabFrame::DeleteTabOfLastPage()
         return;
     while (QcDockAreaTabBarButton *tab = m_tabBar->getTab(0)) {
         m_tabBar->removeTab(0);
-        delete tab;
+        tab->hide();
+        tab->deleteLater(); // its close button may be on the stack: a content that is asked may bring another page
     }
 }
 
 QPair<QcDockAreaTabBarButton *, QcDockWidget *> QcDockAreaTabFrame::removeTab(int index)
 {
+    const QPointer<QWidget> self = this;
     const QPointer<QcDockAreaTabBarButton> tab = m_tabBar->getTab(index);
     const QPointer<QWidget> page = m_stackedWidget->widget(index);
-    {
-        const QScopedValueRollback<bool> removing(m_isRemovingTab, true);
-        if (tab)
-            m_tabBar->removeTab(index);
-        if (page)
-            m_stackedWidget->removeWidget(page);
+    if (tab)
+        m_tabBar->removeTab(index);
+    if (self && page)
+        m_stackedWidget->removeWidget(page);
+    if (self) {
+        adjustTabBarAndTitleVisible();
+        adjustNavigationButtonEnable();
     }
-    adjustTabBarAndTitleVisible();
-    adjustNavigationButtonEnable();
     return {tab, qobject_cast<QcDockWidget *>(page)};
 }
 
-void QcDockAreaTabFrame::OnPageRemoved(int index)
+/// By whatever road. More than one may be missing: a host that hears of the selection that follows may take away others.
+void QcDockAreaTabFrame::OnPageRemoved()
 {
-    if (m_isRemovingTab)
-        return;
-    if (m_stackedWidget->count() == 0) {
-        m_tabBar->UncheckCurrent(); // the tab of the last page stays in the hidden row until another page comes
-    } else if (QcDockAreaTabBarButton *tab = m_tabBar->getTab(index)) {
-        const QPointer<QWidget> self = this;
+    const QPointer<QWidget> self = this;
+    for (int index = TabWithoutPage(); index >= 0; index = TabWithoutPage()) {
+        const QPointer<QWidget> tab = m_tabBar->getTab(index);
         m_tabBar->removeTab(index);
-        tab->deleteLater();
+        if (tab)
+            tab->deleteLater();
         if (!self)
             return;
     }
+    if (count() == 0)
+        m_tabBar->UncheckCurrent();
+    else if (m_tabBar->Count() == count()) // otherwise the page of a tab that has gone is about to
+        m_tabBar->setCurrentIndex(m_stackedWidget->currentIndex());
+    if (!self)
+        return;
     adjustTabBarAndTitleVisible();
     adjustNavigationButtonEnable();
+}
+
+/// The index of a tab that is to follow its page; -1 if there is none. The tab of a last page stays in the hidden row until another page
+/// comes.
+int QcDockAreaTabFrame::TabWithoutPage() const
+{
+    const auto tabs = m_tabBar->m_buttonGroup->buttons();
+    if (count() == 0 && tabs.size() == 1)
+        return -1;
+    int page = 0;
+    for (int i = 0; i < tabs.size(); ++i) {
+        QWidget *expected = static_cast<QcDockAreaTabBarButton *>(tabs[i])->m_page;
+        if (!expected) // its page is on the way
+            continue;
+        if (widget(page) != expected)
+            page = m_stackedWidget->indexOf(expected);
+        if (page < 0)
+            return i;
+        ++page;
+    }
+    return -1;
 }
 
 QWidget *QcDockAreaTabFrame::widget(int index) const
@@ -269,8 +299,10 @@ void QcDockAreaTabFrame::adjustNavigationButtonEnable()
 
 void QcDockAreaTabFrame::onTabChanged(int index)
 {
+    const QPointer<QWidget> self = this;
     m_stackedWidget->setCurrentIndex(index);
-    adjustNavigationButtonEnable();
+    if (self)
+        adjustNavigationButtonEnable();
 }
 
 void QcDockAreaTabFrame::onLeftButtonClicked()
@@ -425,8 +457,9 @@ bool QcDockAreaTabFrame::eventFilter(QObject *watched, QEvent *event)
         if (event->type() == QEvent::Resize)
             m_tabBar->setFixedWidth(m_tabBarFrame->width());
     } else if (auto *tab = qobject_cast<QcDockAreaTabBarButton *>(watched)) {
+        const QPointer<QWidget> living = tab;
         CloseOnMiddleClick(*tab, *event);
-        return false;
+        return !living; // nobody is left to get the event
     } else if (auto *panel = qobject_cast<QcDockWidget *>(watched)) {
         if (event->type() == QEvent::WindowTitleChange)
             FollowTitleOf(*panel);

@@ -75,7 +75,8 @@ private:
     void PointNavigation();
     QWidget *LeavePresentPlace(QWidget &widget);
     void DeleteTabOfLastPage();
-    void OnPageRemoved(int index);
+    void OnPageRemoved();
+    int TabWithoutPage() const;
     void FollowTitleOf(QcDockWidget &panel);
     void CloseTab(int index);
     void CloseOnMiddleClick(QcDockAreaTabBarButton &tab, QEvent &event);
@@ -97,7 +98,6 @@ private:
     QPointer<QcDockWidget> m_dragDockWidget;
     QPoint m_dragOffset;
     QPointer<QWidget> m_middlePressedTab;
-    bool m_isRemovingTab = false;
     QSize m_maskSize;
 };
 

@@ -4,7 +4,9 @@
 #include <Velmora/QcDockAreaTabBarButton.h>
 #include <Velmora/QcDockAreaTabFrame.h>
 #include <Velmora/QcDockWidget.h>
+#include <Velmora/QcIconButton.h>
 
+#include "support/Pixels.h"
 #include "support/TestCase.h"
 
 #include <QApplication>
@@ -95,6 +97,15 @@ template <typename T = QWidget>
 T *PartOf(const QWidget &widget, const char *name)
 {
     return widget.findChild<T *>(QLatin1String(name));
+}
+
+/// What an enabled button of 24 by 24 pixels with the icon at \a iconPath shows.
+inline QImage PictureOf(const QString &iconPath)
+{
+    Velmora::QcIconButton button(nullptr);
+    button.SetIconPath(iconPath);
+    DrainEvents();
+    return Render(button);
 }
 
 inline Content *ContentOf(Velmora::QcDockWidget *panel)

@@ -28,7 +28,29 @@ QcDockWidget *TearOut(TabStage &stage, Mouse &mouse, int index)
     return qobject_cast<QcDockWidget *>(panel.data());
 }
 
+/// Does \a work once, in the midst of the next selection: as soon as another page is shown.
+void WhenSelectionChanges(TabStage &stage, const std::function<void()> &work)
+{
+    auto *stack = PartOf<QcDockAreaTabStackedWidget>(*stage.frame, "m_stackedWidget");
+    auto *once = new QObject(stack);
+    QObject::connect(stack, &QStackedWidget::currentChanged, once, [once, work = work] {
+        const std::function<void()> copy = work;
+        delete once;
+        copy();
+    });
+}
+
+QWidget *PageCalled(const QcDockAreaTabFrame &frame, const QString &title)
+{
+    for (int i = 0; i < frame.count(); ++i)
+        if (frame.widget(i)->windowTitle() == title)
+            return frame.widget(i);
+    return nullptr;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(VelmoraTest::TabStage &)>)
 
 class TestQcDockAreaTabFrame : public DockTestCase
 {
@@ -58,6 +80,20 @@ private Q_SLOTS:
         QCOMPARE(stage.frame->layout()->objectName(), QStringLiteral("m_layout"));
         QCOMPARE(stage.frame->layout()->contentsMargins(), QMargins());
         QCOMPARE(stage.frame->layout()->spacing(), 0);
+    }
+
+    void the_arrows_show_their_icons()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        stage.frame->setCurrentIndex(1);
+        QVERIFY(stage.Show());
+        const QImage previous = PictureOf(QStringLiteral(":/images/dock/pre_normal.svg"));
+        const QImage next = PictureOf(QStringLiteral(":/images/dock/next_normal.svg"));
+        QVERIFY(previous != next);
+        QCOMPARE(Render(*PartOf(*stage.frame, "m_leftButton")), previous);
+        QCOMPARE(Render(*PartOf(*stage.frame, "m_rightButton")), next);
     }
 
     void the_row_takes_the_room_left_of_the_arrows()
@@ -252,6 +288,104 @@ private Q_SLOTS:
         QCOMPARE(stage.Tabs(), QStringLiteral("Next [Third]"));
     }
 
+    void pages_that_a_host_deletes_while_another_one_goes_take_their_tabs_along_data()
+    {
+        QTest::addColumn<bool>("byHost");
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("deleted");
+        QTest::addColumn<QString>("left");
+        for (const bool byHost : {false, true}) {
+            const char *road = byHost ? "deleted" : "removed";
+            const auto row = [byHost, road](int index, const char *deleted, const char *left) {
+                QTest::addRow("%s %d, then %s", road, index, deleted) << byHost << index << QString(deleted) << QString(left);
+            };
+            row(1, "A", "[C] D");
+            row(1, "C", "A [D]");
+            row(1, "D", "A [C]");
+            row(1, "AD", "[C]");
+            row(1, "CD", "[A]");
+            row(3, "A", "B [C]");
+            row(3, "C", "A [B]");
+            row(3, "BC", "[A]");
+        }
+    }
+    void pages_that_a_host_deletes_while_another_one_goes_take_their_tabs_along()
+    {
+        QFETCH(bool, byHost);
+        QFETCH(int, index);
+        QFETCH(QString, deleted);
+        TabStage stage;
+        for (const char *title : {"A", "B", "C", "D"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(index);
+        WhenSelectionChanges(stage, [&deleted, &stage] {
+            for (const QChar title : qAsConst(deleted))
+                delete PageCalled(*stage.frame, title);
+        });
+        if (byHost) {
+            delete stage.frame->widget(index);
+        } else {
+            const auto removed = stage.frame->removeTab(index);
+            delete removed.first;
+            delete removed.second;
+        }
+        DrainEvents();
+        QTEST(stage.Tabs(), "left");
+        QTEST(stage.Pages(), "left");
+    }
+
+    void a_page_that_comes_while_the_last_one_dies_has_the_only_tab()
+    {
+        TabStage stage;
+        QcDockWidget *last = stage.Add(QStringLiteral("A"));
+        QVERIFY(stage.Show());
+        WhenSelectionChanges(stage, [&stage] { stage.Add(QStringLiteral("B")); });
+        delete last;
+        DrainEvents();
+        QCOMPARE(stage.Tabs(), QStringLiteral("[B]"));
+        QCOMPARE(stage.Pages(), QStringLiteral("[B]"));
+    }
+
+    void the_frame_may_die_in_a_selection_data()
+    {
+        QTest::addColumn<std::function<void(TabStage &)>>("select");
+        const auto row = [](const char *name, const std::function<void(TabStage &)> &select) { QTest::newRow(name) << select; };
+        row("by its host", [](TabStage &stage) { stage.frame->setCurrentIndex(0); });
+        row("by an arrow", [](TabStage &stage) { PartOf<QcIconButton>(*stage.frame, "m_leftButton")->click(); });
+        row("by a press", [](TabStage &stage) { QTest::mousePress(stage.Tab(0), Qt::LeftButton); });
+        row("by a key on a tab", [](TabStage &stage) { QTest::keyClick(stage.Tab(2), Qt::Key_Left); });
+        row("by a key in the page", [](TabStage &stage) { QTest::keyClick(stage.frame->widget(2), Qt::Key_PageUp, Qt::ControlModifier); });
+        row("by a new page", [](TabStage &stage) { stage.Add(QStringLiteral("D")); });
+        row("by a page that goes", [](TabStage &stage) { stage.frame->removeTab(2); });
+        row("by a page that is closed", [](TabStage &stage) { PartOf<QcIconButton>(*stage.Tab(2), "m_closeButton")->click(); });
+        row("by a page that is torn out", [](TabStage &stage) {
+            Mouse mouse;
+            TearOut(stage, mouse, 2);
+            mouse.Release();
+        });
+    }
+    void the_frame_may_die_in_a_selection()
+    {
+        QFETCH(std::function<void(TabStage &)>, select);
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        const QPointer<QWidget> frame = stage.frame;
+        stage.Tab(2)->setFocus();
+        QWidget keeper; // Qt itself touches a button after it was checked
+        WhenSelectionChanges(stage, [&] {
+            const auto tabs = stage.frame->findChildren<QcDockAreaTabBarButton *>();
+            for (QWidget *tab : tabs)
+                tab->setParent(&keeper);
+            delete frame;
+        });
+        select(stage);
+        QVERIFY(!frame);
+        DrainEvents();
+    }
+
     void nothing_is_added_for_a_null_or_for_what_holds_the_frame()
     {
         TabStage stage;
@@ -316,17 +450,11 @@ private Q_SLOTS:
         stage.frame->setCurrentIndex(1);
         QVERIFY(stage.Show());
         auto *left = PartOf<QcIconButton>(*stage.frame, "m_leftButton");
-        QcIconButton previous(nullptr);
-        previous.setFixedSize(24, 24);
-        previous.SetIconPath(QStringLiteral(":/images/dock/pre_normal.svg"));
-        DrainEvents();
-        const QImage ahead = Render(*left);
-        QCOMPARE(ahead, Render(previous));
         stage.window.setLayoutDirection(Qt::RightToLeft);
         DrainEvents();
         auto *right = PartOf<QcIconButton>(*stage.frame, "m_rightButton");
-        QCOMPARE(Render(*right), ahead);
-        QVERIFY(Render(*left) != ahead);
+        QCOMPARE(Render(*left), PictureOf(QStringLiteral(":/images/dock/next_normal.svg")));
+        QCOMPARE(Render(*right), PictureOf(QStringLiteral(":/images/dock/pre_normal.svg")));
         QVERIFY(stage.Tab(0)->mapTo(&stage.window, QPoint()).x() > stage.Tab(1)->mapTo(&stage.window, QPoint()).x());
     }
 
@@ -383,6 +511,30 @@ private Q_SLOTS:
         PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
         DrainEvents();
         QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+    }
+
+    void the_last_page_may_be_exchanged_for_another_in_the_question()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QWidget keeper;
+        ContentOf(panel)->whenAsked = [&] {
+            ContentOf(panel)->setParent(&keeper);
+            delete stage.frame->widget(0);
+            delete panel;
+            stage.Add(QStringLiteral("C"));
+        };
+        const QPointer<QWidget> close = PartOf(*stage.Tab(1), "m_closeButton");
+        bool isHeardToItsEnd = false;
+        connect(static_cast<QAbstractButton *>(close.data()), &QAbstractButton::clicked, &keeper, [&] { isHeardToItsEnd = close; });
+        QTest::mouseClick(close, Qt::LeftButton);
+        QVERIFY(isHeardToItsEnd);
+        QCOMPARE(stage.Tabs(), QStringLiteral("[C]"));
+        DrainEvents();
+        QVERIFY(!close);
+        QCOMPARE(stage.Row()->findChildren<QcDockAreaTabBarButton *>().size(), 1);
     }
 
     void a_page_that_is_no_panel_is_not_closed()
@@ -574,6 +726,26 @@ private Q_SLOTS:
         mouse.MoveBy(1, 1);
         mouse.Release();
         QCOMPARE(panel->pos(), corner);
+        delete panel;
+    }
+
+    void a_drag_whose_tab_a_host_deletes_ends_at_the_next_press()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 2);
+        mouse.MoveBy(0, 20);
+        delete QWidget::mouseGrabber();
+        mouse.MoveBy(0, 20);
+        mouse.Release();
+        QVERIFY(panel->property("draging").toBool()); // nobody has heard of the release
+        mouse.PressAt(*stage.Tab(0), QPoint(20, 15));
+        mouse.Release();
+        QVERIFY(!panel->property("draging").toBool());
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A] B"));
         delete panel;
     }
 

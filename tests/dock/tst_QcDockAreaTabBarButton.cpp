@@ -5,6 +5,7 @@
 #include "support/TestMain.h"
 
 #include <QHelpEvent>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QToolTip>
 
@@ -52,6 +53,15 @@ private Q_SLOTS:
         QCOMPARE(part.tab.getTabIndex(), -1);
         QCOMPARE(part.Close()->maximumSize(), QSize(24, 24));
         QVERIFY(part.Close()->isHidden());
+    }
+
+    void the_close_button_shows_its_icon()
+    {
+        const TabPart part;
+        DrainEvents();
+        const QImage picture = PictureOf(QStringLiteral(":/images/dock/tab_close.svg"));
+        QVERIFY(picture != PictureOf(QString()));
+        QCOMPARE(Render(*part.Close()), picture);
     }
 
     void the_title_is_that_of_the_label()
@@ -131,6 +141,34 @@ private Q_SLOTS:
         UseTable(Table::Light);
     }
 
+    void a_title_is_painted_in_its_font_from_the_left_and_amid_its_height_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::newRow("from left to right") << QStringLiteral("Quite bold");
+        QTest::newRow("from right to left") << QString::fromUtf8("שלום");
+    }
+    void a_title_is_painted_in_its_font_from_the_left_and_amid_its_height()
+    {
+        QFETCH(QString, title);
+        TabPart part;
+        part.tab.setText(title);
+        part.tab.show();
+        QFont font;
+        font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Microsoft YaHei UI")});
+        font.setWeight(75);
+        font.setPixelSize(14);
+        QImage expected = Canvas(*part.Label());
+        {
+            QPainter painter(&expected);
+            painter.setFont(font);
+            painter.setPen(TokenOf(Table::Light, QStringLiteral("text/text_secondary")));
+            painter.drawText(QRect(0, 0, 164, 30), Qt::AlignLeft | Qt::AlignVCenter, title);
+        }
+        QVERIFY(!InkBox(expected, Qt::white).isEmpty());
+        const QRectF unfaded(0, 0, 164 - 16, 30);
+        QCOMPARE(Part(Render(*part.Label()), unfaded), Part(expected, unfaded));
+    }
+
     void a_line_parts_a_tab_from_the_next()
     {
         TabPart part;
@@ -149,15 +187,24 @@ private Q_SLOTS:
 
     void the_tab_with_the_focus_has_a_ring()
     {
-        TabPart part;
-        part.tab.setChecked(true);
-        part.tab.show();
-        QVERIFY(QTest::qWaitForWindowActive(&part.tab));
-        part.tab.clearFocus();
-        const QColor ring = TokenOf(Table::Light, QStringLiteral("brand/brand"));
-        QVERIFY(!VelmoraTest::Close(PixelAt(Render(part.tab), QPointF(100.5, 0.5)), ring));
-        part.tab.setFocus(Qt::TabFocusReason);
-        COMPARE_COLOR(PixelAt(Render(part.tab), QPointF(100.5, 0.5)), ring);
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            TabPart part;
+            part.tab.setChecked(true);
+            part.tab.show();
+            QVERIFY(QTest::qWaitForWindowActive(&part.tab));
+            part.tab.clearFocus();
+            const QColor ring = Over(TokenOf(table, QStringLiteral("brand/brand")), TokenOf(table, QStringLiteral("bg/bg_primary")));
+            const QImage plain = Render(part.tab);
+            part.tab.setFocus(Qt::TabFocusReason);
+            const QImage focused = Render(part.tab);
+            for (const QPointF &edge : {QPointF(100.5, 0.5), QPointF(100.5, 29.5), QPointF(0.5, 15.5), QPointF(199.5, 15.5)}) {
+                QVERIFY(!VelmoraTest::Close(PixelAt(plain, edge), ring));
+                COMPARE_COLOR(PixelAt(focused, edge), ring);
+            }
+            COMPARE_COLOR(PixelAt(focused, QPointF(3.5, 3.5)), PixelAt(plain, QPointF(3.5, 3.5)));
+        }
+        UseTable(Table::Light);
     }
 
     void a_click_leaves_the_focus_where_it_was()

@@ -150,12 +150,13 @@ void QcDockAreaTabFrame::addTab(const QString &title, QWidget *widget)
     }
     const QPointer<QWidget> self = this;
     const QPointer<QWidget> page = widget;
+    const bool isOwnTitle = title == widget->windowTitle(); // which a host may change when it hears of the new place
     FocusKeeper focus(*widget);
     const QPointer<QWidget> area = LeavePresentPlace(*widget);
     if (!self || !page)
         return;
     DeleteTabOfLastPage();
-    m_tabBar->addTab(title);
+    m_tabBar->addTab(isOwnTitle ? widget->windowTitle() : title);
     const int index = m_stackedWidget->addWidget(widget);
     if (!self || !page)
         return;
@@ -417,10 +418,10 @@ void QcDockAreaTabFrame::onTabDraging()
 {
     if (!m_dragDockWidget)
         return;
-    const QPointer<QcDockWidget> panel = m_dragDockWidget;
-    panel->move(QCursor::pos() - m_dragOffset);
-    if (panel)
-        QcDockDragController::instance()->processDockWidgetDraging(panel);
+    const QPointer<QWidget> self = this;
+    m_dragDockWidget->move(QCursor::pos() - m_dragOffset);
+    if (self && m_dragDockWidget) // a host that hears of the move may end the drag
+        QcDockDragController::instance()->processDockWidgetDraging(m_dragDockWidget);
 }
 
 void QcDockAreaTabFrame::onTabDragFinished()

@@ -12,6 +12,7 @@
 #include <Velmora/QcDockWidget.h>
 
 #include <QCursor>
+#include <QVariant>
 
 namespace Velmora {
 
@@ -144,14 +145,16 @@ void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
 {
     if (!panel)
         return;
-    const QPointer<QWidget> living(panel); // a host that hears of the panel's looks may delete it
-    BeginStep(panel);
+    // A host that hears of the panel's looks may delete it, or run a loop in which the drag ends.
+    const QPointer<QWidget> living(panel);
     panel->setDragingStyle(true);
-    QcDockArea *area = living ? getInnerMostDockAreaUnderMouse() : nullptr;
+    if (!living || !panel->property("draging").toBool())
+        return;
+    BeginStep(panel);
+    QcDockArea *area = getInnerMostDockAreaUnderMouse();
     if (!area) {
         HideFeedback();
-        if (living)
-            panel->SetDragTipVisible(true);
+        panel->SetDragTipVisible(true);
         return;
     }
     const QRect areaRect = GlobalRect(*area);
@@ -159,8 +162,7 @@ void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
     const QcDockContainer *outer = getOuterMostDockContainerUnderMouse();
     const DockPosition target = m_dockIndicator->TargetAt(m_private->cursor);
     ShowMask(MaskRect(target, areaRect, outer ? GlobalRect(*outer) : QRect()));
-    if (living)
-        panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
+    panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
 }
 
 void QcDockDragController::processDockWidgetDragFinished(QcDockWidget *panel)

@@ -449,12 +449,12 @@ void QcDockWidget::DragTo(const QPoint &cursor)
     }
     if (!isWindow())
         swichToFloating();
-    if (self)
+    const auto goesOn = [this, &self] { return self && m_private->isDragging; }; // a host may end it wherever it hears of it
+    if (goesOn())
         setDragingStyle(true);
-    if (!self)
-        return;
-    move(pos() + delta);
-    if (!self || !m_private->isDragging)
+    if (goesOn())
+        move(pos() + delta);
+    if (!goesOn())
         return;
     m_lastGlobalPos = cursor;
     DockDrag::PostStep(this);

@@ -3,6 +3,8 @@
 
 #include "DockTestCase.h"
 #include "TabStage.h"
+#include "dock/DockDrag_p.h"
+#include "support/CallAt.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
@@ -590,6 +592,18 @@ private Q_SLOTS:
         QCOMPARE(frame.isNull(), frameDies);
     }
 
+    void a_page_that_is_renamed_on_its_way_has_its_new_title_on_the_tab()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = NewPanel(QStringLiteral("B"));
+        panel->setWindowStyle(true);
+        panel->SetWindowFlags();
+        const CallAt listener(*panel, QEvent::DynamicPropertyChange, [panel] { panel->setWindowTitle(QStringLiteral("New")); });
+        stage.frame->addTab(panel->windowTitle(), panel);
+        QCOMPARE(stage.Tabs(), QStringLiteral("A [New]"));
+    }
+
     // --- Dragging ---
 
     void a_press_that_hardly_moves_only_selects()
@@ -689,6 +703,42 @@ private Q_SLOTS:
         mouse.MoveBy(0, 20);
         mouse.Release();
         QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+    }
+
+    void a_host_may_end_the_drag_when_it_hears_of_a_move()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 1);
+        const CallAt listener(*panel, QEvent::Move, [] { DockDrag::Cancel(); });
+        mouse.MoveBy(10, 10);
+        QVERIFY(!panel->property("draging").toBool());
+        QVERIFY(PartOf(*panel, "m_dragTipLabel")->isHidden());
+        mouse.Release();
+        delete panel;
+    }
+
+    void a_tab_that_dies_while_it_hears_of_the_mouse_is_not_touched_again()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const QPointer<QWidget> tab = stage.Tab(1);
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 1);
+        const CallAt listener(*panel, QEvent::Move, [] {
+            DockDrag::Cancel();
+            DrainEvents(); // a host that runs a loop of its own
+        });
+        mouse.MoveBy(10, 10);
+        QVERIFY(!tab);
+        QVERIFY(panel->isFloating());
+        mouse.Release();
+        delete panel;
     }
 
     void a_frame_that_dies_in_a_drag_leaves_the_panel_floating()

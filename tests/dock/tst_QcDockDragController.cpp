@@ -3,6 +3,7 @@
 #include "dock/DockTestCase.h"
 #include "dock/DragStage.h"
 
+#include "support/CallAt.h"
 #include "support/EventCounter.h"
 #include "support/TestMain.h"
 
@@ -750,9 +751,8 @@ private Q_SLOTS:
         VERIFY_SETTLED();
     }
 
-    void a_program_that_ends_in_a_drag_ends_quietly()
+    void a_window_that_goes_with_a_running_drag_takes_panel_steps_and_drop_along()
     {
-        // What a test program can see of it: the stage goes with a drag running and steps posted, as it does before its application.
         auto stage = std::make_unique<DragStage>();
         const QcDockWidget *resident = stage->Add(1);
         QcDockWidget *dragged = stage->Float(2);
@@ -805,6 +805,36 @@ private Q_SLOTS:
         QCOMPARE(dragged.isNull(), isPanel);
         QVERIFY(isPanel || dragged->isFloating());
         VERIFY_SETTLED();
+    }
+
+    void a_host_may_end_the_drag_when_it_hears_of_a_step()
+    {
+        DragStage stage;
+        const QcDockWidget *resident = stage.Add(1);
+        QcDockWidget *dragged = stage.Float(2);
+        DockDrag::Begin(dragged, dragged, [] {});
+        const CallAt listener(*dragged, QEvent::DynamicPropertyChange, [] { DockDrag::Cancel(); });
+        stage.Step(dragged, MiddleOf(*resident));
+        QVERIFY(stage.Indicator()->isHidden());
+        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.TipOf(*dragged)->isHidden());
+        VERIFY_SETTLED();
+    }
+
+    void a_host_may_delete_indicator_and_mask_when_it_hears_of_a_step()
+    {
+        DragStage stage;
+        const QcDockWidget *resident = stage.Add(1);
+        QcDockWidget *dragged = stage.Float(2);
+        const CallAt listener(*dragged, QEvent::DynamicPropertyChange, [] {
+            delete DragStage::Indicator();
+            delete DragStage::Mask();
+        });
+        stage.Step(dragged, MiddleOf(*resident));
+        QVERIFY(stage.Indicator()->isVisible());
+        QVERIFY(stage.Mask()->isVisible());
+        stage.Drop(dragged);
+        QCOMPARE(AreaOf(*dragged), AreaOf(*resident));
     }
 
     // --- Cost ---

@@ -6,7 +6,9 @@
 
 #include "DockTestCase.h"
 #include "TabStage.h"
+#include "dock/DockDrag_p.h"
 #include "dock/OnScreen_p.h"
+#include "support/CallAt.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
@@ -905,6 +907,22 @@ private Q_SLOTS:
         QCOMPARE(stage.panel->pos(), at);
         mouse.Release();
         DrainEvents();
+    }
+
+    void a_host_may_end_the_drag_when_it_hears_that_the_panel_floats()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        const CallAt listener(*panel, QEvent::Show, [] { DockDrag::Cancel(); });
+        Mouse mouse;
+        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        mouse.MoveBy(0, 10);
+        QVERIFY(panel->isFloating());
+        QVERIFY(!panel->property("draging").toBool());
+        mouse.Release();
+        VERIFY_SETTLED();
     }
 
     void a_panel_that_dies_in_its_drag_takes_the_posted_steps_along()

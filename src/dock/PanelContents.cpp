@@ -1,8 +1,7 @@
 #include "dock/PanelContents_p.h"
 
-#include "dock/DockTree_p.h"
-
 #include <Velmora/QcDockContainer.h>
+#include <Velmora/QcDockWidget.h>
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -25,6 +24,19 @@ bool LiesInMainWindow(const QWidget &widget)
 {
     const QWidget *window = widget.window();
     return window != &widget && window->isVisible() && !window->parentWidget() && window->testAttribute(Qt::WA_QuitOnClose);
+}
+
+/// The outer-most container or panel around \a panel in its window. Something of ours, since a host's window may make something of its
+/// children; and in no content that could be taken, too.
+QWidget &OuterMostOfOurs(QWidget &panel)
+{
+    QWidget *outerMost = &panel;
+    for (QWidget *widget = &panel; !widget->isWindow();) {
+        widget = widget->parentWidget();
+        if (qobject_cast<QcDockContainer *>(widget) || qobject_cast<QcDockWidget *>(widget))
+            outerMost = widget;
+    }
+    return *outerMost;
 }
 
 } // namespace
@@ -72,11 +84,8 @@ ContentsOnTheMove::~ContentsOnTheMove()
 void ContentsOnTheMove::Take(QWidget &content, QWidget &panel)
 {
     QPointer<QWidget> &carrier = m_carriers[content.window()];
-    if (!carrier) {
-        // A child of something of ours: a host's window may make something of its children.
-        QWidget *container = panel.isWindow() ? nullptr : EnclosingContainer(&panel);
-        carrier = new QWidget(container ? container : &panel);
-    }
+    if (!carrier)
+        carrier = new QWidget(&OuterMostOfOurs(panel));
     content.setParent(carrier);
 }
 

@@ -883,6 +883,37 @@ private Q_SLOTS:
         QVERIFY(floating->isVisible());
     }
 
+    void a_content_and_one_inside_of_it_are_dealt_to_different_panels_data()
+    {
+        QTest::addColumn<bool>("isInnerFirst");
+        QTest::newRow("the outer one first") << false;
+        QTest::newRow("the inner one first") << true;
+    }
+
+    void a_content_and_one_inside_of_it_are_dealt_to_different_panels()
+    {
+        QFETCH(bool, isInnerFirst);
+        Row row({7});
+        QWidget *outer = row.panels.at(0)->getContentWidget();
+        auto *inside = new QcDockContainer(outer);
+        inside->addDockWidgetContent(NewContent(8), Left);
+        QcDockWidget *insidePanel = inside->findChild<QcDockWidget *>();
+        QWidget *inner = insidePanel->getContentWidget();
+        QcDockContainer other(nullptr);
+        for (const int type : {isInnerFirst ? 7 : 8, isInnerFirst ? 8 : 7}) { // found in the order of stacking, the last one first
+            auto *frame = new QcDockWidget(nullptr);                          // the container takes it
+            frame->setType(type);
+            other.addWidget(frame, nullptr, Right);
+        }
+        const auto frames = other.findChildren<QcDockWidget *>();
+        QCOMPARE(frames.first()->getType(), isInnerFirst ? 8 : 7);
+        other.setDockWidgetContentList({outer, inner});
+        QCOMPARE(frames.at(isInnerFirst ? 1 : 0)->getContentWidget(), outer);
+        QCOMPARE(frames.at(isInnerFirst ? 0 : 1)->getContentWidget(), inner);
+        QVERIFY(!insidePanel->getContentWidget());
+        VERIFY_SETTLED();
+    }
+
     void what_encloses_the_container_is_dealt_to_nobody()
     {
         QWidget window;

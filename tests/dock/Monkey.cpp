@@ -1,5 +1,6 @@
 #include "dock/Monkey.h"
 
+#include "dock/DockMove_p.h"
 #include "support/DockInvariants.h"
 
 #include <Velmora/QcDockAreaTabBar.h>
@@ -10,7 +11,10 @@
 #include <Velmora/QcDockWidget.h>
 #include <Velmora/QcIconButton.h>
 
+#include <QAction>
 #include <QEventLoop>
+#include <QMenu>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -36,11 +40,38 @@ QList<T *> LivingOf(const Pointers &pointers)
     return living;
 }
 
+constexpr int kLeastFloat = 60;
+
 bool IsTracing()
 {
     static const bool isTracing = qEnvironmentVariableIsSet("VELMORA_MONKEY_TRACE");
     return isTracing;
 }
+
+/// Calls a function when a panel takes on the look of being dragged or of a window, or loses it.
+class Ear : public QObject
+{
+public:
+    explicit Ear(std::function<void()> function)
+        : m_function(std::move(function))
+    {
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::DynamicPropertyChange)
+            return false;
+        const QByteArray name = static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName();
+        if (name != "draging" && name != "window")
+            return false;
+        const QPointer<QObject> living(watched);
+        m_function();
+        return !living; // Qt goes on with one that lives
+    }
+
+private:
+    const std::function<void()> m_function;
+};
 
 bool CanBePressed(const QWidget *widget)
 {
@@ -51,6 +82,7 @@ bool CanBePressed(const QWidget *widget)
 
 Monkey::Monkey(quint32 seed)
     : m_random(seed)
+    , m_ear(std::make_unique<Ear>([this] { WhenPanelLooksOtherwise(); }))
 {
     for (int i = 0; i < 2; ++i) {
         auto *column = new QVBoxLayout(&m_windows[i]);
@@ -68,12 +100,14 @@ Monkey::Monkey(quint32 seed)
 
 Monkey::~Monkey()
 {
+    m_ear.reset();
     for (int i = 0; i < 2; ++i)
         delete m_roots[i];
     for (const auto &panel : qAsConst(m_panels))
         delete panel;
     for (const auto &content : qAsConst(m_contents))
         delete content;
+    DeleteFeedback();
     Controller().setDockAreaSupportTypeList({});
     QApplication::setLayoutDirection(Qt::LeftToRight);
     UseTable(Table::Light);
@@ -90,6 +124,9 @@ const std::vector<Monkey::Operation> &Monkey::Operations()
         {"drag a title", 14, false, &Monkey::DragTitle},
         {"drag a tab", 14, false, &Monkey::DragTab},
         {"click a floating title", 2, false, &Monkey::ClickTitle},
+        {"move by keys", 4, false, &Monkey::MoveByKeys},
+        {"press a key", 3, true, &Monkey::PressKey},
+        {"choose from a menu", 2, true, &Monkey::ChooseFromMenu},
         {"float", 5, false, &Monkey::Float},
         {"dock", 7, false, &Monkey::Dock},
         {"select", 3, false, &Monkey::Select},
@@ -112,8 +149,11 @@ const std::vector<Monkey::Operation> &Monkey::Operations()
         {"delete a content", 1, true, &Monkey::DeleteContent},
         {"delete an area", 2, true, &Monkey::DeleteArea},
         {"delete a container", 1, true, &Monkey::DeleteContainer},
+        {"delete indicator and mask", 1, false, &Monkey::DeleteFeedback},
         {"deal", 3, true, &Monkey::Deal},
         {"save and load", 2, true, &Monkey::SaveAndLoad},
+        {"load a broken file", 1, false, &Monkey::LoadRefused},
+        {"save and compare", 1, false, &Monkey::SaveAndCompare},
         {"list areas", 2, true, &Monkey::ListAreas},
         {"dock inside", 1, false, &Monkey::DockInside},
         {"start anew", 1, true, &Monkey::StartAnew},
@@ -128,12 +168,13 @@ QStringList Monkey::Step()
     if (IsTracing())
         fprintf(stderr, "%s\n", qPrintable(Trees().join(QLatin1Char('\n'))));
     m_mayLose = false;
+    m_faults.clear();
     const QSet<QString> before = Living();
     for (int i = Chance(30) ? 1 + Below(3) : 1; i > 0; --i)
         RunOne(false);
     DrainEvents();
     FindNewPanels();
-    QStringList faults = DockViolations();
+    QStringList faults = m_faults + DockViolations();
     for (const QString &name : m_mayLose ? QSet<QString>() : before - Living())
         faults.append(QStringLiteral("%1 was lost").arg(name));
     return faults;
@@ -165,11 +206,12 @@ void Monkey::RunOne(bool inTheMiddle)
         while (ticket >= all[index].weight)
             ticket -= all[index++].weight;
         const Operation &operation = all[index];
-        const bool isDrag =
-            operation.run == &Monkey::DragTitle || operation.run == &Monkey::DragTab || operation.run == &Monkey::ClickTitle;
+        const bool isDrag = operation.run == &Monkey::DragTitle || operation.run == &Monkey::DragTab || operation.run == &Monkey::ClickTitle
+            || operation.run == &Monkey::ChooseFromMenu;
         const bool adds = operation.run == &Monkey::AddAtLeaf || operation.run == &Monkey::AddAtEdge || operation.run == &Monkey::AddContent
             || operation.run == &Monkey::DockInside;
-        if ((inTheMiddle && isDrag) || (isCrowded && adds))
+        const bool isWhole = operation.run == &Monkey::SaveAndCompare;
+        if ((m_isMousePressed && isDrag) || (inTheMiddle && isWhole) || (isCrowded && adds))
             continue;
         Note(QStringLiteral("%1%2").arg(QString(m_depth * 2, QLatin1Char('>')), QLatin1String(operation.name)));
         m_mayLose = m_mayLose || operation.mayLose;
@@ -185,6 +227,46 @@ void Monkey::Interfere()
 {
     if (m_depth < 3)
         RunOne(true);
+}
+
+/// The same in a loop of its own, as a dialog runs one.
+void Monkey::InLoop()
+{
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, [this, &loop] {
+        Interfere();
+        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+    });
+    loop.exec();
+}
+
+void Monkey::WhileClosing()
+{
+    m_mayLose = true;
+    const QScopedValueRollback<int> onStack(m_onStack, m_onStack + 1);
+    InLoop();
+}
+
+/// The kit is in the middle of a drag, or of a panel's way to its place.
+void Monkey::WhenPanelLooksOtherwise()
+{
+    if (m_depth == 0 || m_depth > 2 || !Chance(6))
+        return;
+    const QScopedValueRollback<int> onStack(m_onStack, m_onStack + 1);
+    Note(QStringLiteral("hears"));
+    if (Chance(50))
+        Interfere();
+    else
+        InLoop();
+}
+
+/// At once, unless a call of the kit waits for the host: then Qt may be in the middle of \a widget.
+void Monkey::Delete(QWidget *widget)
+{
+    if (m_onStack == 0 && Chance(50))
+        delete widget;
+    else if (widget)
+        widget->deleteLater();
 }
 
 // --- Chance ---
@@ -230,8 +312,7 @@ void Monkey::FindNewPanels()
 {
     const auto visit = [this](QWidget *widget) {
         if (auto *panel = qobject_cast<QcDockWidget *>(widget)) {
-            if (!m_panels.contains(panel))
-                m_panels.append(panel);
+            Adopt(panel);
         }
         return false;
     };
@@ -284,10 +365,18 @@ QcDockContainer *Monkey::AnyRoot()
     return root ? root : OneOf(Containers());
 }
 
+void Monkey::Adopt(QcDockWidget *panel)
+{
+    if (m_panels.contains(panel))
+        return;
+    m_panels.append(panel);
+    panel->installEventFilter(m_ear.get());
+}
+
 QcDockWidget *Monkey::NewPanel()
 {
     auto *panel = new QcDockWidget(nullptr); // the destructor finds it, if nobody else does
-    m_panels.append(panel);
+    Adopt(panel);
     if (Chance(80))
         panel->setContentWidget(NewContent());
     panel->setType(Below(4));
@@ -396,8 +485,7 @@ void Monkey::AddContent()
     container->addDockWidgetContent(content, position);
     for (QWidget *parent = content->parentWidget(); parent; parent = parent->parentWidget())
         if (auto *panel = qobject_cast<QcDockWidget *>(parent)) {
-            if (!m_panels.contains(panel))
-                m_panels.append(panel); // also where it was placed nowhere
+            Adopt(panel); // also where it was placed nowhere
             break;
         }
 }
@@ -476,6 +564,7 @@ void Monkey::ClickTitle()
 
 void Monkey::Drag(QWidget &pressed, const QPoint &at)
 {
+    const QScopedValueRollback<bool> isPressed(m_isMousePressed, true);
     Mouse mouse;
     mouse.PressAt(pressed, at);
     for (int steps = 1 + Below(5); steps > 0; --steps) {
@@ -484,6 +573,8 @@ void Monkey::Drag(QWidget &pressed, const QPoint &at)
             DrainEvents();
         if (Chance(8))
             Interfere();
+        else if (Chance(4))
+            InLoop();
     }
     switch (Below(10)) {
     case 0:
@@ -503,6 +594,75 @@ void Monkey::Drag(QWidget &pressed, const QPoint &at)
         if (Chance(8))
             Interfere(); // before a posted drop
     }
+}
+
+/// The keyboard moves a panel while hosts go on.
+void Monkey::MoveByKeys()
+{
+    QcDockWidget *panel = OneOf(Panels());
+    QcDockArea *area = panel ? OneOf(AreasToMoveTo(panel)) : nullptr;
+    Note(QStringLiteral("%1 to %2").arg(NameOf(panel), NameOf(area)));
+    if (!area)
+        return;
+    BeginDockMove(panel, area);
+    const QList<Qt::Key> keys{Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_X};
+    for (int steps = Below(5); steps > 0; --steps) {
+        QTest::keyClick(&m_elsewhere, OneOf(keys));
+        if (Chance(10))
+            Interfere();
+        if (Chance(50))
+            DrainEvents();
+    }
+    if (Chance(75))
+        QTest::keyClick(&m_elsewhere, Qt::Key_Return);
+    if (Chance(20))
+        Interfere();
+    QTest::keyClick(&m_elsewhere, Qt::Key_Escape);
+}
+
+void Monkey::PressKey()
+{
+    const QList<QPair<Qt::Key, Qt::KeyboardModifiers>> keys{
+        {Qt::Key_W, Qt::ControlModifier},        {Qt::Key_Tab, Qt::ControlModifier}, {Qt::Key_PageUp, Qt::ControlModifier},
+        {Qt::Key_PageDown, Qt::ControlModifier}, {Qt::Key_Delete, Qt::NoModifier},   {Qt::Key_Left, Qt::NoModifier},
+        {Qt::Key_End, Qt::NoModifier},           {Qt::Key_F6, Qt::NoModifier},       {Qt::Key_F6, Qt::ShiftModifier},
+        {Qt::Key_Tab, Qt::NoModifier},
+    };
+    QList<QWidget *> places;
+    for (QcDockArea *area : Areas()) {
+        auto *tab = PartOf<QcDockAreaTabBar>(*area, "m_tabBar")->getTab(area->currentIndex());
+        for (QWidget *place : {static_cast<QWidget *>(tab), area->widget(area->currentIndex())})
+            if (place && place->isVisible())
+                places.append(place);
+    }
+    QWidget *place = OneOf(places);
+    const auto [key, modifiers] = OneOf(keys);
+    Note(QStringLiteral("%1 in %2").arg(key).arg(NameOf(place)));
+    if (!place)
+        return;
+    place->setFocus();
+    QTest::keyClick(place, key, modifiers);
+}
+
+void Monkey::ChooseFromMenu()
+{
+    QcDockWidget *panel = OneOf(Panels());
+    Note(NameOf(panel));
+    if (!panel)
+        return;
+    OpenDockMenu(panel);
+    const QPointer<QMenu> menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    if (menu && Chance(20))
+        Interfere();
+    const QPointer<QAction> action = menu ? OneOf(menu->actions()) : nullptr;
+    if (action) {
+        Note(action->text());
+        const QScopedValueRollback<int> onStack(m_onStack, m_onStack + 1);
+        action->trigger();
+    }
+    if (menu)
+        menu->close();
+    QTest::keyClick(&m_elsewhere, Qt::Key_Escape); // no move by keys goes on
 }
 
 void Monkey::MoveSomewhere(Mouse &mouse)
@@ -650,17 +810,6 @@ void Monkey::MoveContent()
 
 // --- Closing and deleting ---
 
-void Monkey::WhileClosing()
-{
-    m_mayLose = true;
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, [this, &loop] {
-        Interfere();
-        QTimer::singleShot(0, &loop, &QEventLoop::quit);
-    });
-    loop.exec();
-}
-
 void Monkey::ClosePanel()
 {
     QcDockWidget *panel = OneOf(Panels());
@@ -695,41 +844,34 @@ void Monkey::DeletePanel()
 {
     QcDockWidget *panel = OneOf(Panels());
     Note(NameOf(panel));
-    if (!panel)
-        return;
-    if (m_depth == 1 && Chance(50))
-        delete panel;
-    else
-        panel->deleteLater();
+    Delete(panel);
 }
 
 void Monkey::DeleteContent()
 {
-    QWidget *content = OneOf(Contents());
-    if (m_depth == 1 && Chance(50))
-        delete content;
-    else if (content)
-        content->deleteLater();
+    Delete(OneOf(Contents()));
 }
 
 void Monkey::DeleteArea()
 {
     QcDockArea *area = OneOf(Areas());
     Note(NameOf(area));
-    if (m_depth == 1 && Chance(50))
-        delete area;
-    else if (area)
-        area->deleteLater();
+    Delete(area);
 }
 
 void Monkey::DeleteContainer()
 {
     QcDockContainer *container = OneOf(Containers());
     Note(NameOf(container));
-    if (m_depth == 1 && Chance(50))
-        delete container;
-    else if (container)
-        container->deleteLater();
+    Delete(container);
+}
+
+/// A host that deletes all top-level windows deletes these, too.
+void Monkey::DeleteFeedback()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (qobject_cast<QcDockIndicator *>(widget) || qobject_cast<QcDockMask *>(widget))
+            delete widget;
 }
 
 void Monkey::Deal()
@@ -760,13 +902,36 @@ void Monkey::SaveAndLoad()
         root->setDockWidgetContentList(Contents().mid(0, 10));
     if (Chance(50))
         DrainEvents();
-    if (m_depth == 1 && Chance(50))
-        delete old;
-    else if (old)
-        old->deleteLater();
+    Delete(old);
     PutIntoWindow(window, root);
     if (registered && registered != old && Chance(50))
         Controller().setRootDockContainer(registered);
+}
+
+void Monkey::LoadRefused()
+{
+    const QString path = m_folder.filePath(QStringLiteral("broken.json"));
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write("{\"children\":[{\"dockWidgetList\":[{\"type\":1}");
+    file.close();
+    const QcDockContainer *before = Controller().getRootDockContainer();
+    const int widgets = QApplication::allWidgets().size();
+    if (Controller().loadFromJson(path) != before || QApplication::allWidgets().size() != widgets)
+        m_faults.append(QStringLiteral("a broken file that changes something"));
+}
+
+/// What is saved comes back the same. Contents have a least size, which an empty frame has not.
+void Monkey::SaveAndCompare()
+{
+    QcDockContainer *root = AnyRoot();
+    DrainEvents();
+    if (!root || !root->isVisible())
+        return;
+    for (const QcDockWidget *panel : FloatingPanels())
+        if (panel->height() < kLeastFloat || panel->width() < kLeastFloat)
+            return; // Qt makes windows larger that cannot hold their title row
+    m_faults += RoundTripViolations(*root);
 }
 
 void Monkey::ListAreas()
@@ -795,11 +960,7 @@ void Monkey::ListAreas()
 /// Nothing ever flattens a tree, so once in a while the monkey gets a new one.
 void Monkey::StartAnew()
 {
-    const int window = Below(2);
-    if (m_depth == 1)
-        delete m_roots[window];
-    else if (m_roots[window])
-        m_roots[window]->deleteLater();
+    Delete(m_roots[Below(2)]);
 }
 
 } // namespace VelmoraTest

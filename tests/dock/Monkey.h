@@ -68,6 +68,7 @@ private:
     QList<Velmora::QcDockContainer *> Containers() const;
     QList<QWidget *> Contents() const;
     Velmora::QcDockContainer *AnyRoot();
+    void Adopt(Velmora::QcDockWidget *panel);
     Velmora::QcDockWidget *NewPanel();
     Content *NewContent();
     void PutIntoWindow(int window, Velmora::QcDockContainer *root);
@@ -82,7 +83,10 @@ private:
     void Interfere();
     void Drag(QWidget &pressed, const QPoint &at);
     void MoveSomewhere(Mouse &mouse);
+    void InLoop();
     void WhileClosing();
+    void WhenPanelLooksOtherwise();
+    void Delete(QWidget *widget);
 
     void AddAtLeaf();
     void AddAtEdge();
@@ -91,6 +95,9 @@ private:
     void DragTitle();
     void DragTab();
     void ClickTitle();
+    void MoveByKeys();
+    void PressKey();
+    void ChooseFromMenu();
     void Float();
     void Dock();
     void Select();
@@ -113,8 +120,11 @@ private:
     void DeleteContent();
     void DeleteArea();
     void DeleteContainer();
+    void DeleteFeedback();
     void Deal();
     void SaveAndLoad();
+    void LoadRefused();
+    void SaveAndCompare();
     void ListAreas();
     void DockInside();
     void StartAnew();
@@ -128,7 +138,11 @@ private:
     QVector<QPointer<QWidget>> m_contents;
     QStringList m_steps;
     bool m_mayLose = false;
-    int m_depth = 0; ///< of operations in each other
+    int m_depth = 0;   ///< of operations in each other
+    int m_onStack = 0; ///< calls of the kit that wait for a host to return
+    bool m_isMousePressed = false;
+    QStringList m_faults;           ///< found in the middle of a step
+    std::unique_ptr<QObject> m_ear; ///< hears how panels look
 };
 
 } // namespace VelmoraTest

@@ -55,9 +55,10 @@ bool Editor::MayClose()
     dialog.setTitle(tr("Unsaved changes"));
     dialog.setWindowTitle(tr("Unsaved changes"));
     dialog.setBottomFrameVisible(true);
-    dialog.setOkButtonText(tr("Throw away"));
-    dialog.setCancelButtonText(tr("Go on editing"));
+    dialog.setOkButtonText(tr("Discard"));
+    dialog.setCancelButtonText(tr("Cancel"));
     auto *layout = new QVBoxLayout(dialog.getContentFrame());
+    layout->setContentsMargins(15, 9, 15, 9); // in line with the title
     auto *label = new QcLabel;
     label->setType(QcLabel::Body);
     label->setText(tr("%1 has changes that are not saved.").arg(QFileInfo(m_path).fileName()));

@@ -49,6 +49,11 @@ void SetUpView(QAbstractScrollArea *view)
     QcStyleManager::GetInstance()->RegisterStyleSheet(view, QStringLiteral(R"(
         QAbstractScrollArea { border: none; background: ${bg/bg_primary}; color: ${text/text_primary};
                               selection-background-color: ${brand/brand_bg}; selection-color: ${text/text_primary}; }
+        QAbstractItemView { border: 1px solid transparent; padding: 3px 0; show-decoration-selected: 1; outline: none; }
+        QAbstractItemView:focus { border-color: ${brand/brand}; }
+        QAbstractItemView::item { border: none; padding: 3px 4px; }
+        QAbstractItemView::item:hover { background: ${bg/bg_transluent_subtle_hover}; }
+        QAbstractItemView::item:selected { background: ${brand/brand_bg}; color: ${text/text_primary}; }
         Velmora--QcScrollBar[objectPropertyHover=true]::handle { background: ${border/border_secondary}; }
         Velmora--QcScrollBar::handle:hover, Velmora--QcScrollBar::handle:pressed { background: ${border/border_secondary_press}; })"));
 }
@@ -149,7 +154,7 @@ OutputPanel::OutputPanel(QWidget *parent)
 {
     SetUpContent(this, OutputType, tr("Output"));
     SetUpView(this);
-    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard); // read only, yet with a caret to go by
     setMaximumBlockCount(1000);
     setProperty("dock_widget_close_forbidden", true); // its panel has a disabled close button
 }
@@ -157,11 +162,12 @@ OutputPanel::OutputPanel(QWidget *parent)
 // --- Properties ---
 
 PropertiesPanel::PropertiesPanel(QWidget *parent)
-    : QWidget(parent)
+    : QcFrame(parent)
     , m_fontSize(new QcSpinBox(this))
     , m_wrap(new QcCheckBox(this))
 {
     SetUpContent(this, PropertiesType, tr("Properties"));
+    setBackgroundColorParams(QStringLiteral("bg/bg_primary"));
     m_fontSize->setRange(6, 40);
     m_fontSize->setFixedHeight(32);
     m_wrap->setText(tr("Wrap lines"));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Velmora/QcFrame.h>
+
 #include <QListWidget>
 #include <QMap>
 #include <QPlainTextEdit>
@@ -76,7 +78,7 @@ public:
 };
 
 /// How a text is shown.
-class PropertiesPanel : public QWidget
+class PropertiesPanel : public Velmora::QcFrame
 {
     Q_OBJECT
 

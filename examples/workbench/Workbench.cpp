@@ -3,6 +3,7 @@
 #include "Editor.h"
 #include "Panels.h"
 
+#include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockContainer.h>
 #include <Velmora/QcDockController.h>
 #include <Velmora/QcDockWidget.h>
@@ -50,18 +51,28 @@ bool IsBelow(const QWidget *widget, const QWidget *root)
     return widget;
 }
 
-QcDockContainer *ContainerOf(QWidget *widget)
+template <typename T>
+T *Enclosing(QWidget *widget)
 {
-    while (widget && !qobject_cast<QcDockContainer *>(widget))
+    while (widget && !qobject_cast<T *>(widget))
         widget = widget->parentWidget();
-    return static_cast<QcDockContainer *>(widget);
+    return static_cast<T *>(widget);
 }
 
-QcDockWidget *PanelOf(QWidget *content)
+/// Shows the panel of \a content, whose tab may be behind others and whose window behind the workbench, and gives the content the
+/// keyboard: setFocus() by itself would leave it to a page that nobody sees.
+void BringForward(QWidget *content)
 {
-    while (content && !qobject_cast<QcDockWidget *>(content))
-        content = content->parentWidget();
-    return static_cast<QcDockWidget *>(content);
+    auto *panel = Enclosing<QcDockWidget>(content);
+    if (auto *area = panel ? Enclosing<QcDockArea>(panel) : nullptr) {
+        for (int i = 0; i < area->count(); ++i) {
+            if (area->widget(i) == panel)
+                area->setCurrentIndex(i);
+        }
+    }
+    content->window()->raise();
+    content->window()->activateWindow();
+    content->setFocus();
 }
 
 template <typename T>
@@ -99,6 +110,7 @@ Workbench::Workbench(const QString &folder, const QString &stateFolder, QWidget 
         MakeEditor(it.key(), it.value());
     QcDockContainer *last = QFileInfo::exists(LayoutOfLastRun(stateFolder)) ? controller->loadFromJson(QString()) : nullptr;
     Use(last ? last : MakeFirstLayout());
+    FocusShownEditor();
 
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { FollowFocus(now); });
     new QShortcut(QKeySequence::Save, this, this, &Workbench::SaveText);
@@ -124,6 +136,7 @@ QWidget *Workbench::MakeToolRow()
         button->setText(text);
         button->setObjectName(name);
         button->setFixedHeight(28);
+        button->setMinimumWidth(112);
         connect(button, &QAbstractButton::clicked, this, slot);
         layout->addWidget(button);
     };
@@ -212,29 +225,38 @@ int Workbench::FreeEditorType() const
 void Workbench::Open(const QString &path)
 {
     for (Editor *editor : Editors()) {
-        if (editor->Path() == path) {
-            editor->setFocus();
-            return;
-        }
+        if (editor->Path() == path)
+            return BringForward(editor);
     }
     const int type = FreeEditorType();
     if (type > LastEditorType)
         return Say(tr("Too many files are open."));
     Editor *editor = MakeEditor(type, path);
     Place(editor);
-    editor->setFocus();
+    BringForward(editor);
     Say(tr("Opened %1.").arg(path));
 }
 
 void Workbench::Place(Editor *editor)
 {
-    QcDockWidget *output = m_output ? PanelOf(m_output) : nullptr;
+    QcDockWidget *output = m_output ? Enclosing<QcDockWidget>(m_output) : nullptr;
     const auto types = m_root->getDockWidgetTypeList();
     const bool isFirst = std::all_of(types.begin(), types.end(), [](int type) { return type < FirstEditorType; });
     if (isFirst && output && !output->isFloating() && IsBelow(output, m_root))
         m_root->addWidget(MakePanel(editor), output, DockPosition::Top);
     else
         m_root->addDockWidgetContent(editor, DockPosition::Right); // joins the first area with editors
+}
+
+// Outline and properties have an editor to follow from the start.
+void Workbench::FocusShownEditor()
+{
+    const QList<Editor *> editors = Editors();
+    for (Editor *editor : editors) {
+        const auto *area = Enclosing<QcDockArea>(editor);
+        if (area && area->widget(area->currentIndex()) == Enclosing<QcDockWidget>(editor))
+            return editor->setFocus();
+    }
 }
 
 void Workbench::SaveText()
@@ -284,7 +306,7 @@ QcDockContainer *Workbench::MakeFirstLayout()
     }
     root->setSizes({220, 660, 220});
     if (firstEditor)
-        ContainerOf(output)->setSizes({470, 180});
+        Enclosing<QcDockContainer>(output)->setSizes({470, 180});
     root->resetAllTabFramesToFirstTab();
     return root;
 }

@@ -58,6 +58,7 @@ private:
     Velmora::QcDockContainer *MakeFirstLayout();
     void Use(Velmora::QcDockContainer *root);
     void PlaceTheRest();
+    void FocusShownEditor();
     void FollowFocus(QWidget *focus);
     void Say(const QString &text);
     void SetDark(bool isDark);

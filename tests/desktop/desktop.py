@@ -156,6 +156,17 @@ class Desktop:
 
     # --- Acting ---
 
+    def place(self, window, x, y, size=None):
+        """Has the window manager put a window somewhere, and waits until it is there: "--sync" waits for any change. It depends on
+        the window's gravity whether its frame or its inside goes to x, y."""
+        left, _, top, _ = (int(number) for number in self.property(window, "_NET_FRAME_EXTENTS").split(","))
+        width, height = size or self.geometry(window)[2:]
+        if size:
+            self.run("xdotool", "windowsize", window, str(width), str(height))
+        self.run("xdotool", "windowmove", window, str(x), str(y))
+        expected = ((x, y, width, height), (x + left, y + top, width, height))
+        wait_for(lambda: self.geometry(window) in expected, f"the window at {x}, {y}")
+
     def point_at(self, x, y):
         # Not "--sync", which waits for ever if the mouse is there already.
         self.run("xdotool", "mousemove", str(x), str(y))
@@ -291,8 +302,7 @@ class Program:
         return self.desktop.pixel(x + width - 20, y + height - 20)
 
     def move_to(self, x, y):
-        self.desktop.run("xdotool", "windowmove", self.window, str(x), str(y))
-        wait_for(lambda: abs(self.desktop.geometry(self.window)[0] - x) < 40, "the window to move")
+        self.desktop.place(self.window, x, y)
 
     def wait_for_end(self):
         code = self.process.wait(TIMEOUT)

@@ -9,6 +9,7 @@ from desktop import EXPECTED_MESSAGE, MESSAGE, TIMEOUT, Desktop, wait_for
 
 PROGRAM = os.environ["WORKBENCH_PROGRAM"]
 FILES, OUTLINE, OUTPUT, PROPERTIES, FIRST_EDITOR = 1, 2, 3, 4, 100
+DRAGGED = "#336fff" # the border of a panel that is being dragged: brand/brand of the light table
 
 
 def areas_of(layout):
@@ -16,6 +17,13 @@ def areas_of(layout):
     if "dockWidgetList" in layout:
         return [[panel["type"] for panel in layout["dockWidgetList"]]]
     return [area for child in layout["children"] for area in areas_of(child)]
+
+
+def current_types(layout):
+    """The type of the panel in front in each area."""
+    if "dockWidgetList" in layout:
+        return [layout["dockWidgetList"][layout["currentIndex"]]["type"]]
+    return [shown for child in layout["children"] for shown in current_types(child)]
 
 
 class WorkbenchTest(unittest.TestCase):
@@ -61,6 +69,7 @@ class WorkbenchTest(unittest.TestCase):
         raise AssertionError(f"waited in vain for {what}")
 
     def finish(self):
+        self.desktop.release()
         if self.process.poll() is None:
             self.process.terminate()
             self.process.wait(TIMEOUT)
@@ -84,7 +93,7 @@ class WorkbenchTest(unittest.TestCase):
         path = os.path.join(self.state, "saved-layout.json")
         if os.path.exists(path):
             os.remove(path)
-        self.desktop.click(*self.at(45, 18))
+        self.desktop.click(*self.at(*self.SAVE))
         wait_for(lambda: os.path.exists(path), "the saved layout")
         with open(path, encoding="utf-8") as file:
             return json.load(file)
@@ -92,22 +101,50 @@ class WorkbenchTest(unittest.TestCase):
     def areas(self):
         return areas_of(self.layout())
 
-    def drag(self, start, end):
-        """Slowly at both ends: what is dragged follows in steps of its own."""
+    def drag(self, title, start, end):
+        """Until the panel has come: it goes where the mouse is when the program hears of a press or a move, not where it was then."""
         self.desktop.point_at(*start)
         self.desktop.press()
+        wait_for(lambda: self.is_torn(title, start), "the panel to be torn out")
         for step in range(1, 11):
             self.desktop.point_at(*(a + (b - a) * step // 10 for a, b in zip(start, end)))
+        wait_for(lambda: self.is_under(title, end), "the panel under the mouse")
 
-    def drop(self):
-        self.desktop.release()
+    def is_torn(self, title, start):
+        """If not, the hand goes on moving: what came before the program heard of the press is no move of the drag."""
+        for dx in (4, 8):
+            self.desktop.point_at(start[0] + dx, start[1])
+        return self.titled(title)
+
+    def is_under(self, title, at):
+        """Whether a floating panel's title row is at a place."""
+        x, y, width, _ = self.floating(title) or (0, 0, 0, 0)
+        return x <= at[0] < x + width and y <= at[1] < y + 30
+
+    def floating(self, title):
+        window = self.titled(title)
+        return window and self.desktop.geometry(window)
+
+    def border(self, title):
+        x, y, _, _ = self.floating(title) or (0, 0, 0, 0)
+        return self.desktop.pixel(x, y + 60)
+
+    def drop(self, title, docks):
+        """The mouse stays until it is over, since the drop is where the mouse is when the program hears of it."""
+        if docks:
+            self.desktop.release()
+            wait_for(lambda: not self.titled(title), "the drop")
+        else:
+            wait_for(lambda: self.border(title) == DRAGGED, "the border of a dragged panel")
+            self.desktop.release()
+            wait_for(lambda: self.border(title) != DRAGGED, "the drop")
 
     def wait_for_layout(self, is_right, what):
         return wait_for(lambda: (layout := self.layout()) and is_right(layout) and layout, what)
 
     def picture(self):
         """The window's inside without a caret."""
-        self.desktop.click(*self.at(100, 300)) # the keyboard is in the list of files
+        self.desktop.click(*self.at(100, 600)) # the keyboard is in the outline
         self.desktop.point_at(1270, 890)
         x, y, width, height = self.desktop.geometry(self.window)
         with tempfile.NamedTemporaryFile(suffix=".rgb") as file:
@@ -116,17 +153,37 @@ class WorkbenchTest(unittest.TestCase):
             return file.read()
 
     FIRST = [[FILES], [OUTLINE], [FIRST_EDITOR, FIRST_EDITOR + 1], [OUTPUT], [PROPERTIES]]
+    SAVE, LOAD, RESET, SECOND_WINDOW = ((64 + 120 * column, 18) for column in range(4)) # the tool row's buttons
     PROPERTIES_TITLE = (950, 52)
     FILES_CENTRE = (140, 201) # once the properties have left
+
+    def drag_to_files(self):
+        self.drag("Properties", self.at(*self.PROPERTIES_TITLE), self.at(*self.FILES_CENTRE))
+        wait_for(lambda: self.desktop.pixel(*self.at(40, 150)) != "#ffffff", "the preview over the files")
+        self.drop("Properties", docks=True)
 
     def test_the_first_layout(self):
         self.assertEqual(self.areas(), self.FIRST)
 
+    def test_what_is_typed_at_the_start_goes_into_the_editor_in_front(self):
+        self.desktop.type("More. ")
+        self.desktop.keys("ctrl+s")
+
+        def is_saved():
+            with open(os.path.join(self.folder, "texts", "apples.md"), encoding="utf-8") as file:
+                return file.read().startswith("More. # Apples")
+
+        wait_for(is_saved, "the saved text")
+
+    def test_a_file_that_is_open_behind_another_comes_forward_when_it_is_chosen(self):
+        self.assertEqual(current_types(self.layout())[2], FIRST_EDITOR)
+        self.desktop.click(*self.at(40, 104)) # the second file
+        self.desktop.keys("Return")
+        self.wait_for_layout(lambda layout: current_types(layout)[2] == FIRST_EDITOR + 1, "the other editor in front")
+        self.assertEqual(self.areas(), self.FIRST)
+
     def test_a_panel_dropped_on_another_is_a_tab_beside_it_also_after_the_next_start(self):
-        self.drag(self.at(*self.PROPERTIES_TITLE), self.at(*self.FILES_CENTRE))
-        wait_for(lambda: self.desktop.pixel(*self.at(40, 150)) != "#ffffff", "the preview over the files")
-        self.drop()
-        wait_for(lambda: not self.titled("Properties"), "the drop")
+        self.drag_to_files()
         before = self.picture()
         self.close()
         self.start()
@@ -134,8 +191,8 @@ class WorkbenchTest(unittest.TestCase):
         self.assertEqual(self.areas(), [[FILES, PROPERTIES]] + self.FIRST[1:4])
 
     def test_a_panel_torn_out_stays_where_it_was_dropped_also_after_the_next_start(self):
-        self.drag(self.at(*self.PROPERTIES_TITLE), self.at(900, -60))
-        self.drop()
+        self.drag("Properties", self.at(*self.PROPERTIES_TITLE), self.at(900, -60))
+        self.drop("Properties", docks=False)
         layout = self.wait_for_layout(lambda layout: "floatingWidgets" in layout, "a floating panel")
         self.assertEqual(areas_of(layout), self.FIRST[:4])
         place = layout["floatingWidgets"]
@@ -146,10 +203,8 @@ class WorkbenchTest(unittest.TestCase):
 
     def test_a_saved_layout_comes_back_after_another_one(self):
         before = self.layout()
-        self.drag(self.at(*self.PROPERTIES_TITLE), self.at(*self.FILES_CENTRE))
-        self.drop()
-        wait_for(lambda: not self.titled("Properties"), "the drop")
-        self.desktop.click(*self.at(130, 18))
+        self.drag_to_files()
+        self.desktop.click(*self.at(*self.LOAD))
         self.assertEqual(areas_of(self.wait_for_layout(lambda layout: areas_of(layout) == self.FIRST, "the first layout")), areas_of(before))
 
     def test_an_editor_with_changes_asks_before_it_closes(self):
@@ -169,14 +224,16 @@ class WorkbenchTest(unittest.TestCase):
 
     def test_what_a_second_window_held_comes_back_when_it_closes(self):
         # Side by side: where windows overlap, an area of the older one takes the panel.
-        self.desktop.run("xdotool", "windowsize", "--sync", self.window, "700", "700", "windowmove", "--sync", self.window, "10", "100")
-        self.desktop.click(*self.at(323, 18))
+        self.desktop.place(self.window, 10, 100, size=(700, 700))
+        self.desktop.click(*self.at(*self.SECOND_WINDOW))
         second = wait_for(lambda: self.titled("Second window"), "the second window")
         wait_for(lambda: self.desktop.active_window() == second, "it to be active")
-        self.desktop.run("xdotool", "windowmove", "--sync", second, "760", "300")
+        self.desktop.place(second, 760, 300)
         x, y, width, height = self.desktop.geometry(second)
-        self.drag(self.at(580, 52), (x + width // 2, y + height // 2))
-        self.drop()
+        ground = wait_for(lambda: (pixel := self.desktop.pixel(x + 20, y + 100)) not in ("#000000", "#ffffff") and pixel, "the second window's ground")
+        self.drag("Properties", self.at(580, 52), (x + width // 2, y + height // 2))
+        wait_for(lambda: self.desktop.pixel(x + 20, y + 100) != ground, "the preview over the second window")
+        self.drop("Properties", docks=True)
         self.desktop.run("xdotool", "windowactivate", self.window)
         self.wait_for_layout(lambda layout: areas_of(layout) == self.FIRST[:4] and "floatingWidgets" not in layout, "a panel in the second window")
         self.desktop.run("xdotool", "windowactivate", second)
@@ -185,12 +242,12 @@ class WorkbenchTest(unittest.TestCase):
         self.wait_for_layout(lambda layout: PROPERTIES in sum(areas_of(layout), []), "the panel to be back")
 
     def test_where_no_layout_was_saved_a_load_leaves_the_second_window(self):
-        self.desktop.run("xdotool", "windowsize", "--sync", self.window, "700", "700", "windowmove", "--sync", self.window, "10", "100")
-        self.desktop.click(*self.at(323, 18))
+        self.desktop.place(self.window, 10, 100, size=(700, 700))
+        self.desktop.click(*self.at(*self.SECOND_WINDOW))
         second = wait_for(lambda: self.titled("Second window"), "the second window")
         wait_for(lambda: self.desktop.active_window() == second, "it to be active")
-        self.desktop.run("xdotool", "windowmove", "--sync", second, "760", "300")
-        self.desktop.click(*self.at(130, 18))
+        self.desktop.place(second, 760, 300)
+        self.desktop.click(*self.at(*self.LOAD))
         self.assertEqual(self.areas(), self.FIRST) # the next click, so the load is over
         self.assertEqual(self.titled("Second window"), second)
 

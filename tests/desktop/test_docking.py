@@ -130,10 +130,16 @@ class DockingTest(unittest.TestCase):
         for step in range(1, steps + 1):
             self.desktop.point_at(*(start[axis] + (end[axis] - start[axis]) * step // steps for axis in (0, 1)))
 
-    def take(self, stage, name, at):
-        """Presses at a title or tab and moves until the panel has been torn out."""
+    def press(self, stage, at):
+        """A drag begins where the mouse is when the program hears of the press."""
+        presses = stage.state["presses"]
         self.desktop.point_at(*at)
         self.desktop.press()
+        wait_for(lambda: stage.state["presses"] > presses, "the press")
+
+    def take(self, stage, name, at):
+        """Presses at a title or tab and moves until the panel has been torn out."""
+        self.press(stage, at)
         end = (at[0] + 25, at[1] + 25)
         self.glide(at, end)
         wait_for(lambda: stage.panel(name)["floating"] and stage.panel(name)["visible"], f"{name} to float")
@@ -156,7 +162,7 @@ class DockingTest(unittest.TestCase):
         wait_for(lambda: stage.state["presses"] > presses, "a click")
 
     def wait_for_drop(self, stage, name, floating):
-        wait_for(lambda: stage.panel(name)["floating"] == floating and not stage.panel(name)["draging"]
+        wait_for(lambda: stage.panel(name)["floating"] == stage.panel(name)["window"] == floating and not stage.panel(name)["draging"]
                  and not stage.is_shown("indicator") and not stage.is_shown("mask"), "the drop")
 
     # --- Tearing off ---
@@ -284,9 +290,7 @@ class DockingTest(unittest.TestCase):
         area = stage.area_of("Output")
         x, y = centre(area)
         grip = stage.title_of("Files")
-        self.desktop.point_at(*grip)
-        self.desktop.press()
-        wait_for(lambda: stage.state["presses"] == 1, "the press")
+        self.press(stage, grip)
         # All in one go, faster than the program can follow.
         jumps = ((grip[0] + 200, grip[1] + 50), (700, 300), (x - 150, y), (x, y - 38))
         self.desktop.run("xdotool", *(str(word) for jump in jumps for word in ("mousemove", *jump)))
@@ -316,8 +320,7 @@ class DockingTest(unittest.TestCase):
         self.assertTrue(stage.panel(name)["floating"])
         # And the next drag works.
         grip = stage.title_of(name)
-        self.desktop.point_at(*grip)
-        self.desktop.press()
+        self.press(stage, grip)
         self.glide(grip, (grip[0] + 40, grip[1] + 300))
         wait_for(lambda: stage.panel(name)["place"][1] == place[1] + 300, "the panel under the mouse")
         self.desktop.release()
@@ -430,18 +433,20 @@ class DockingTest(unittest.TestCase):
         wait_for(lambda: tuple(stage.panel("Files")["place"]) == (x, y, width + 80, height), "the new size")
         grip = stage.title_of("Files")
 
-        def is_dragged():
+        def is_pressed():
             """The window manager of a busy machine may still hold the pointer, and take the press for itself."""
+            presses = stage.state["presses"]
             self.desktop.point_at(*grip)
             self.desktop.press()
-            self.glide(grip, (grip[0] + 100, grip[1] - 40))
             try:
-                return wait_for(lambda: tuple(stage.panel("Files")["place"]) == (x + 100, y - 40, width + 80, height), "the panel", 6)
+                return wait_for(lambda: stage.state["presses"] > presses, "the press", 3)
             except AssertionError:
                 self.desktop.release()
                 return False
 
-        wait_for(is_dragged, "the panel under the mouse")
+        wait_for(is_pressed, "the press to reach the panel")
+        self.glide(grip, (grip[0] + 100, grip[1] - 40))
+        wait_for(lambda: tuple(stage.panel("Files")["place"]) == (x + 100, y - 40, width + 80, height), "the panel under the mouse")
         self.desktop.release()
         self.wait_for_drop(stage, "Files", True)
 

@@ -5,17 +5,16 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QSet>
 #include <QWidget>
 
 namespace Velmora {
 
 namespace {
 
-/// Contents whose deletion is scheduled, and by a panel.
-QSet<const QObject *> &GivenUp()
+/// Contents whose deletion is scheduled, and by a panel, each with what hears of its end.
+QHash<const QObject *, QMetaObject::Connection> &GivenUp()
 {
-    static QSet<const QObject *> contents;
+    static QHash<const QObject *, QMetaObject::Connection> contents;
     return contents;
 }
 
@@ -45,15 +44,17 @@ void DeleteContentLater(QWidget *content)
 {
     if (GivenUp().contains(content))
         return;
-    GivenUp().insert(content);
-    QObject::connect(content, &QObject::destroyed, [](const QObject *gone) { GivenUp().remove(gone); });
+    const auto forget = [](const QObject *gone) { GivenUp().remove(gone); };
+    GivenUp().insert(content, QObject::connect(content, &QObject::destroyed, forget));
     content->deleteLater();
 }
 
 void KeepAfterAll(QWidget *content)
 {
-    if (GivenUp().remove(content))
-        QCoreApplication::removePostedEvents(content, QEvent::DeferredDelete);
+    if (!GivenUp().contains(content))
+        return;
+    QObject::disconnect(GivenUp().take(content));
+    QCoreApplication::removePostedEvents(content, QEvent::DeferredDelete);
 }
 
 bool CloseContent(QWidget &content)

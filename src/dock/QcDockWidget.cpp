@@ -219,6 +219,10 @@ void QcDockWidget::ReadContent()
     setWindowTitle(content->windowTitle());
     if (!self || !content || content != m_contentWidget)
         return;
+    if (content->parentWidget() != m_contentFrame) { // its host, hearing of the title, took it away
+        ForgetContent();
+        return;
+    }
     if (content->property(kCloseForbiddenProperty).isValid())
         m_closeButton->setEnabled(false);
     content->installEventFilter(this);
@@ -384,10 +388,13 @@ bool QcDockWidget::event(QEvent *event)
 bool QcDockWidget::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_contentWidget) {
+        const QPointer<QWidget> self = this;
         if (event->type() == QEvent::WindowTitleChange)
             setWindowTitle(m_contentWidget->windowTitle());
         else if (event->type() == QEvent::ParentChange && m_contentWidget->parentWidget() != m_contentFrame)
             ForgetContent();
+        if (!self)
+            return false;
     }
     return QObject::eventFilter(watched, event);
 }

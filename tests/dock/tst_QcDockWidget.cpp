@@ -168,6 +168,15 @@ private Q_SLOTS:
         QCOMPARE(tip->parentWidget(), &panel);
     }
 
+    void the_close_button_shows_its_icon()
+    {
+        QcDockWidget panel;
+        DrainEvents();
+        const QImage picture = PictureOf(QStringLiteral(":/images/dock/tab_close.svg"));
+        QVERIFY(picture != PictureOf(QString()));
+        QCOMPARE(Render(*CloseButtonOf(panel)), picture);
+    }
+
     void a_new_panel_has_type_0_and_no_content()
     {
         QcDockWidget panel;
@@ -342,6 +351,68 @@ private Q_SLOTS:
         connect(panel, &QWidget::windowTitleChanged, panel, [panel] { delete panel; });
         panel->setContentWidget(new Content(QStringLiteral("Map")));
         QVERIFY(!guard);
+    }
+
+    void a_content_that_a_host_takes_away_for_its_title_is_not_kept_data()
+    {
+        QTest::addColumn<bool>("dies");
+        QTest::newRow("deletes") << true;
+        QTest::newRow("gives another parent") << false;
+    }
+    void a_content_that_a_host_takes_away_for_its_title_is_not_kept()
+    {
+        QFETCH(bool, dies);
+        QcDockWidget panel;
+        QWidget keeper;
+        const QPointer<Content> content = new Content(QStringLiteral("Map"));
+        content->setProperty(kForbidden, true);
+        connect(&panel, &QWidget::windowTitleChanged, &keeper, [&] {
+            if (dies)
+                delete content;
+            else
+                content->setParent(&keeper);
+        });
+        panel.setContentWidget(content);
+        QCOMPARE(content.isNull(), dies);
+        QVERIFY(!panel.getContentWidget());
+        QVERIFY(CloseButtonOf(panel)->isEnabled());
+        if (content)
+            content->setWindowTitle(QStringLiteral("Atlas"));
+        QCOMPARE(panel.windowTitle(), QStringLiteral("Map"));
+    }
+
+    void a_panel_may_die_of_a_new_title_of_its_content()
+    {
+        const QPointer<QcDockWidget> panel = NewPanel(QStringLiteral("Map"));
+        QWidget keeper;
+        Content *content = ContentOf(panel);
+        connect(panel, &QWidget::windowTitleChanged, &keeper, [&] {
+            content->setParent(&keeper);
+            delete panel;
+        });
+        content->setWindowTitle(QStringLiteral("Atlas"));
+        QVERIFY(!panel);
+        QCOMPARE(content->windowTitle(), QStringLiteral("Atlas"));
+    }
+
+    void a_content_that_is_given_up_and_taken_back_often_is_watched_once()
+    {
+        struct Watched : QWidget
+        {
+            int Watchers() const { return receivers(SIGNAL(destroyed(QObject *))); }
+        };
+        QcDockWidget panel;
+        auto *first = new Watched;
+        auto *second = new Watched;
+        panel.setContentWidget(first);
+        const int watchers = first->Watchers();
+        for (int i = 0; i < 5; ++i) {
+            panel.setContentWidget(second);
+            panel.setContentWidget(first);
+        }
+        QCOMPARE(first->Watchers(), watchers);
+        DrainEvents();
+        QCOMPARE(panel.getContentWidget(), first);
     }
 
     // --- Closing ---
@@ -606,6 +677,86 @@ private Q_SLOTS:
         panel->show();
         QVERIFY(HasTitleRow(*panel));
         VERIFY_SETTLED();
+    }
+
+    void a_panel_torn_by_its_tab_floats_again_without_the_frame_that_it_came_from()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QcDockController::instance()->setRootDockContainer(new QcDockContainer(panel->getContentWidget())); // no parent for it
+        Mouse mouse;
+        mouse.PressAt(*stage.Tab(1), QPoint(20, 15));
+        mouse.MoveBy(0, QApplication::startDragDistance() + 1);
+        mouse.Release();
+        delete stage.frame;
+        panel->swichToFloating();
+        QVERIFY(panel->isFloating());
+        QVERIFY(!panel->parentWidget());
+        delete panel;
+    }
+
+    void a_host_may_delete_what_a_panel_leaves_when_it_hears_of_that_data()
+    {
+        QTest::addColumn<QString>("what");
+        for (const char *what : {"area", "focus widget"})
+            QTest::newRow(what) << QString(what);
+    }
+    void a_host_may_delete_what_a_panel_leaves_when_it_hears_of_that()
+    {
+        QFETCH(QString, what);
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        const QPointer<QLineEdit> edit = new QLineEdit(panel->getContentWidget());
+        QVERIFY(stage.Show());
+        edit->setFocus();
+        const QPointer<QWidget> area = stage.root->getDockAreaList().constLast();
+        QVERIFY(area->isAncestorOf(panel));
+        const CallAt listener(*panel, QEvent::ParentChange, [&] {
+            if (what == QLatin1String("area"))
+                delete area;
+            else
+                delete edit;
+        });
+        panel->swichToFloating();
+        QVERIFY(panel->isFloating());
+        VERIFY_SETTLED();
+        QCOMPARE(stage.root->getDockAreaList().size(), 1);
+    }
+
+    void a_panel_may_die_of_its_look_data()
+    {
+        QTest::addColumn<QString>("when");
+        for (const char *when : {"dragged", "released", "docked", "cancelled"})
+            QTest::newRow(when) << QString(when);
+    }
+    void a_panel_may_die_of_its_look()
+    {
+        QFETCH(QString, when);
+        FloatingStage stage;
+        TabStage tabs;
+        QVERIFY(tabs.Show());
+        QVERIFY(stage.Show());
+        const auto die = [&stage] { delete stage.panel; };
+        Mouse mouse;
+        std::unique_ptr<CallAt> listener;
+        const auto listen = [&] { listener = std::make_unique<CallAt>(*stage.panel, QEvent::DynamicPropertyChange, die); };
+        if (when == QLatin1String("dragged"))
+            listen();
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        mouse.MoveBy(5, 5);
+        if (stage.panel)
+            listen();
+        if (when == QLatin1String("docked"))
+            tabs.frame->addTab(QStringLiteral("Map"), stage.panel);
+        else if (when == QLatin1String("cancelled"))
+            QTest::keyClick(&tabs.window, Qt::Key_Escape);
+        mouse.Release();
+        DrainEvents();
+        QVERIFY(!stage.panel);
+        QCOMPARE(tabs.frame->count(), 0);
     }
 
     void a_plain_page_before_the_floating_panel_stays_a_page()

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 #include <utility>
@@ -20,11 +21,12 @@ public:
     }
 
 protected:
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
+        const QPointer<QObject> living(watched);
         if (event->type() == m_type && m_function)
             std::exchange(m_function, nullptr)();
-        return false;
+        return !living; // nobody is left to get the event
     }
 
 private:

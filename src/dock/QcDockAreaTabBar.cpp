@@ -209,7 +209,7 @@ void QcDockAreaTabBar::ServeMouse(QcDockAreaTabBarButton &tab, QEvent &event)
 bool QcDockAreaTabBar::ServeKey(QcDockAreaTabBarButton &tab, const QKeyEvent &event)
 {
     const int index = m_buttonGroup->id(&tab);
-    if (index < 0 || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+    if (index < 0 || !tab.hasFocus() || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
         return false;
     const int toTheRight = isRightToLeft() ? -1 : 1;
     int other = 0;

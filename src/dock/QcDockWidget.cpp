@@ -188,6 +188,23 @@ void QcDockWidget::PutContentFirst()
     QWidget *last = m_contentWidget;
     while (m_contentWidget->isAncestorOf(last->nextInFocusChain()))
         last = last->nextInFocusChain();
+    PutCloseButtonBehind(last);
+}
+
+/// The same for what the content got later: in a window all but the title row is the content's.
+void QcDockWidget::PutCloseButtonLast()
+{
+    if (!isWindow())
+        return;
+    QWidget *last = previousInFocusChain();
+    while (last != m_closeButton && last != this && !(last->focusPolicy() & Qt::TabFocus))
+        last = last->previousInFocusChain();
+    if (last != m_closeButton && last != this)
+        PutCloseButtonBehind(last);
+}
+
+void QcDockWidget::PutCloseButtonBehind(QWidget *last)
+{
     // In a ring of two Qt sees each behind the other already. The panel makes three.
     const Qt::FocusPolicy policy = focusPolicy();
     setFocusPolicy(Qt::TabFocus);
@@ -378,6 +395,7 @@ bool QcDockWidget::event(QEvent *event)
         break;
     case QEvent::Show:
         KeepOnScreen();
+        PutCloseButtonLast();
         break;
     default:
         break;
@@ -421,6 +439,12 @@ void QcDockWidget::keyPressEvent(QKeyEvent *event)
     const int steps = isWindow() ? AreaStepsOf(*event) : 0;
     if (steps == 0 || !FocusOtherArea(*this, steps))
         QFrame::keyPressEvent(event);
+}
+
+bool QcDockWidget::focusNextPrevChild(bool next)
+{
+    PutCloseButtonLast();
+    return QFrame::focusNextPrevChild(next);
 }
 
 void QcDockWidget::mousePressEvent(QMouseEvent *event)

@@ -74,6 +74,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -92,6 +93,8 @@ private:
     void FollowTitle();
     void NameCloseButton();
     void PutContentFirst();
+    void PutCloseButtonLast();
+    void PutCloseButtonBehind(QWidget *last);
     void EmptyContentLayout();
     void ForgetContent();
     void ReadContent();

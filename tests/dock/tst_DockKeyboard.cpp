@@ -145,6 +145,20 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), stage.Tab(1));
     }
 
+    void keys_on_the_close_button_of_a_tab_are_not_the_tabs()
+    {
+        ThreeTabs stage;
+        QVERIFY(stage.Show());
+        QWidget *close = PartOf(*stage.Tab(1), "m_closeButton");
+        for (const int key : {Qt::Key_Delete, Qt::Key_Home, Qt::Key_End}) {
+            close->setFocus();
+            Press(key);
+            QCOMPARE(stage.ContentAt(1)->closes, 0);
+            QCOMPARE(stage.Tabs(), QStringLiteral("A [B] C"));
+            QCOMPARE(QApplication::focusWidget(), close);
+        }
+    }
+
     void delete_in_the_page_closes_nothing()
     {
         ThreeTabs stage;
@@ -300,6 +314,47 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), first);
     }
 
+    void what_is_put_into_a_content_later_comes_before_the_close_button_too()
+    {
+        QcDockWidget panel;
+        auto *content = new QWidget;
+        panel.setContentWidget(content);
+        auto *first = new QLineEdit(content);
+        new QLabel(content);
+        panel.SetWindowFlags();
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QCOMPARE(QApplication::focusWidget(), first);
+        auto *second = new QLineEdit(content);
+        second->show();
+        QWidget *close = PartOf(panel, "m_titleFrame")->findChild<QcIconButton *>();
+        for (QWidget *next : {static_cast<QWidget *>(second), close, static_cast<QWidget *>(first)}) {
+            Press(Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), next);
+        }
+        for (QWidget *next : {close, static_cast<QWidget *>(second)}) {
+            Press(Qt::Key_Backtab, Qt::ShiftModifier);
+            QCOMPARE(QApplication::focusWidget(), next);
+        }
+    }
+
+    void f6_finds_what_was_clicked_though_it_came_later()
+    {
+        Tree tree;
+        QVERIFY(tree.Show());
+        auto *late = new QLineEdit(tree.right->getContentWidget());
+        late->show();
+        QTest::mouseClick(late, Qt::LeftButton);
+        QCOMPARE(QApplication::focusWidget(), late);
+        Press(Qt::Key_F6, Qt::ShiftModifier);
+        QTRY_COMPARE(QApplication::focusWidget(), tree.left->getContentWidget());
+        Press(Qt::Key_F6);
+        QTRY_COMPARE(QApplication::focusWidget(), late);
+        tree.right->swichToFloating();
+        QTRY_COMPARE(QApplication::focusWidget(), late);
+        VERIFY_SETTLED();
+    }
+
     // --- The middle button ---
 
     void a_middle_click_closes_any_tab_and_asks_its_content()
@@ -323,6 +378,17 @@ private Q_SLOTS:
         QTest::mouseRelease(stage.Tab(0), Qt::MiddleButton, Qt::NoModifier, QPoint(20, 300));
         QTest::mouseRelease(stage.Tab(1), Qt::MiddleButton, Qt::NoModifier, QPoint(20, 15));
         QCOMPARE(stage.Tabs(), QStringLiteral("A [B] C"));
+    }
+
+    void a_tab_that_goes_between_press_and_release_leaves_the_next_one_open()
+    {
+        ThreeTabs stage;
+        QVERIFY(stage.Show());
+        QTest::mousePress(stage.Tab(0), Qt::MiddleButton, Qt::NoModifier, QPoint(20, 15));
+        delete stage.frame->widget(0);
+        DrainEvents();
+        QTest::mouseRelease(stage.Tab(0), Qt::MiddleButton, Qt::NoModifier, QPoint(20, 15));
+        QCOMPARE(stage.Tabs(), QStringLiteral("[B] C"));
     }
 };
 

@@ -6,10 +6,12 @@
 #include <Velmora/QcAction.h>
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockWidget.h>
+#include <Velmora/QcIconButton.h>
 #include <Velmora/QcMenu.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QFrame>
 #include <QKeyEvent>
 #include <QPointer>
 
@@ -49,7 +51,8 @@ void FloatPanel(QcDockWidget *panel)
         return;
     panel->move(corner);
     panel->setWindowStyle(true);
-    FocusPage(*panel);
+    if (living)
+        FocusPage(*panel);
 }
 
 void AddMoves(QcMenu &menu, QcDockWidget *panel)
@@ -84,8 +87,10 @@ void AddTabs(QcMenu &menu, QcDockArea *area)
 /// A tab closes also where the title row's close button is disabled.
 bool MayClose(QcDockWidget *panel, const QcDockArea *area)
 {
-    const QWidget *content = panel->getContentWidget();
-    return (area && area->count() > 1) || !content || !content->property("dock_widget_close_forbidden").isValid();
+    if (area && area->count() > 1)
+        return true;
+    const auto *title = panel->findChild<QFrame *>(QStringLiteral("m_titleFrame"), Qt::FindDirectChildrenOnly);
+    return title->findChild<QcIconButton *>()->isEnabledTo(panel);
 }
 
 } // namespace

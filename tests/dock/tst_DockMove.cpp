@@ -3,6 +3,7 @@
 #include "dock/DragStage.h"
 
 #include "support/AccessibleEvents.h"
+#include "support/CallAt.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcDockAreaTabBarButton.h>
@@ -191,12 +192,75 @@ private Q_SLOTS:
         QcDockWidget *left = stage.Add(1);
         const QPointer<QcDockWidget> right = stage.Add(2, left, Right);
         left->getContentWidget()->setProperty("dock_widget_close_forbidden", false);
+        left->setContentWidget(left->getContentWidget()); // is read anew
         OpenDockMenu(left);
         QVERIFY(!ItemOf(*OpenMenu(), QStringLiteral("Close"))->isEnabled());
         OpenMenu()->close();
         OpenDockMenu(right);
         Choose(*OpenMenu(), QStringLiteral("Close"));
         QTRY_VERIFY(!right);
+        VERIFY_SETTLED();
+    }
+
+    void a_close_button_that_stays_disabled_says_so_in_the_menu_too()
+    {
+        DragStage stage;
+        QcDockWidget *panel = stage.Add(1);
+        panel->getContentWidget()->setProperty("dock_widget_close_forbidden", true);
+        panel->setContentWidget(panel->getContentWidget());
+        panel->setContentWidget(new QWidget);
+        OpenDockMenu(panel);
+        QVERIFY(!ItemOf(*OpenMenu(), QStringLiteral("Close"))->isEnabled());
+        OpenMenu()->close();
+    }
+
+    void a_menu_goes_with_its_panel()
+    {
+        DragStage stage;
+        QcDockWidget *panel = stage.Add(1);
+        OpenDockMenu(panel);
+        const QPointer<QWidget> menu = OpenMenu();
+        delete panel;
+        QVERIFY(!menu);
+        QVERIFY(!OpenMenu());
+        VERIFY_SETTLED();
+    }
+
+    void what_a_menu_names_may_be_gone_when_it_is_chosen_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::newRow("a tab") << QStringLiteral("Type 1");
+        QTest::newRow("an area to move to") << QStringLiteral("Type 3");
+    }
+    void what_a_menu_names_may_be_gone_when_it_is_chosen()
+    {
+        QFETCH(QString, item);
+        DragStage stage;
+        QcDockWidget *first = stage.Add(1);
+        QcDockWidget *second = stage.Add(2, first, Center);
+        QcDockWidget *third = stage.Add(3, first, Right);
+        OpenDockMenu(second);
+        QMenu *menu = OpenMenu();
+        QMenu *moves = ItemOf(*menu, QStringLiteral("Move to"))->menu();
+        QAction *chosen = ItemOf(item == QLatin1String("Type 1") ? *menu : *moves, item);
+        delete AreaOf(*third);
+        delete first;
+        chosen->trigger();
+        menu->close();
+        QVERIFY(second->isVisible());
+        QVERIFY(!DragStage::Indicator()->isVisible());
+        VERIFY_SETTLED();
+    }
+
+    void a_panel_may_die_of_the_look_of_a_window()
+    {
+        DragStage stage;
+        stage.Add(1);
+        const QPointer<QcDockWidget> panel = stage.Add(2);
+        OpenDockMenu(panel);
+        const CallAt listener(*panel, QEvent::DynamicPropertyChange, [panel] { delete panel; });
+        ItemOf(*OpenMenu(), QStringLiteral("Float"))->trigger();
+        QVERIFY(!panel);
         VERIFY_SETTLED();
     }
 

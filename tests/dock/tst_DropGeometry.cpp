@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <type_traits>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -45,6 +46,18 @@ class TestDropGeometry : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void a_place_is_a_number_by_its_name_alone_and_by_that_of_its_enum()
+    {
+        static_assert(std::is_convertible<DockPosition, int>::value, "a host writes it into a file, or keeps it in a property");
+        const QList<int> alone = {Velmora::Left,      Velmora::Right,      Velmora::Top,      Velmora::Bottom,      Velmora::Center,
+                                  Velmora::OuterLeft, Velmora::OuterRight, Velmora::OuterTop, Velmora::OuterBottom, Velmora::NoPosition};
+        const QList<int> scoped = {DockPosition::Left,        DockPosition::Right,     DockPosition::Top,        DockPosition::Bottom,
+                                   DockPosition::Center,      DockPosition::OuterLeft, DockPosition::OuterRight, DockPosition::OuterTop,
+                                   DockPosition::OuterBottom, DockPosition::NoPosition};
+        QCOMPARE(alone, QList<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+        QCOMPARE(scoped, alone);
+    }
+
     void a_drop_takes_the_told_part_of_its_area_data()
     {
         QTest::addColumn<int>("position");

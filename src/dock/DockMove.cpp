@@ -105,6 +105,8 @@ void DockMove::Show()
         End();
     else
         Controller().Preview(m_panel, m_area, Outer(), m_place, Spoken());
+    if (!TheMove()) // a window that is shown may have another one learn that it is active no more
+        Controller().EndPreview();
 }
 
 void DockMove::End()

@@ -84,9 +84,9 @@ QcDockArea *QcDockContainer::InsertNewArea(int index)
 
 QcDockArea *QcDockContainer::wrapWidgetWithDockArea(QWidget *widget)
 {
-    auto *area = new QcDockArea(m_splitter);
+    const QPointer<QcDockArea> area(new QcDockArea(m_splitter));
     area->addWidget(widget);
-    return area;
+    return area; // null if a host took all of it away when it heard of the page's way
 }
 
 void QcDockContainer::addWidget(QWidget *widget, QWidget *target, DockPosition position)
@@ -441,6 +441,10 @@ void QcDockContainer::childEvent(QChildEvent *event)
     // A panel that floats here would die with a container that is about to go for want of one.
     if (!event->removed() && qobject_cast<QcDockWidget *>(event->child()))
         DockTree::Revive(this);
+    // The last one that floated under a nested container may leave nothing in it. One that dies is no panel any more.
+    if (event->removed() && !qobject_cast<QSplitter *>(event->child()) && !IsRoot(this))
+        QMetaObject::invokeMethod(
+            this, [this] { WalkEmpties(this); }, Qt::QueuedConnection);
 }
 
 } // namespace Velmora

@@ -145,10 +145,11 @@ void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
 {
     if (!panel)
         return;
-    // A host that hears of the panel's looks may delete it, or run a loop in which the drag ends.
+    // A host that hears of the panel's looks, or of a window that is shown, may delete the panel or end its drag.
     const QPointer<QWidget> living(panel);
+    const auto goesOn = [&living] { return living && living->property("draging").toBool(); };
     panel->setDragingStyle(true);
-    if (!living || !panel->property("draging").toBool())
+    if (!goesOn())
         return;
     BeginStep(panel);
     QcDockArea *area = getInnerMostDockAreaUnderMouse();
@@ -162,6 +163,8 @@ void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
     const QcDockContainer *outer = getOuterMostDockContainerUnderMouse();
     const DockPosition target = m_dockIndicator->TargetAt(m_private->cursor);
     ShowMask(MaskRect(target, areaRect, outer ? GlobalRect(*outer) : QRect()));
+    if (!goesOn())
+        return HideFeedback();
     panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
 }
 

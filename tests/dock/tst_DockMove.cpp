@@ -423,6 +423,21 @@ private Q_SLOTS:
         QVERIFY(stage.Indicator()->isHidden());
     }
 
+    void a_window_that_learns_that_it_is_active_no_more_as_the_indicator_shows_ends_it()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        const CallAt listener(*stage.Indicator(), QEvent::Show, [&stage] {
+            QEvent deactivate(QEvent::WindowDeactivate);
+            QCoreApplication::sendEvent(&stage.window, &deactivate);
+        });
+        BeginDockMove(left, AreaOf(*right));
+        QVERIFY(stage.Indicator()->isHidden());
+        QVERIFY(stage.Mask()->isHidden());
+        VERIFY_SETTLED();
+    }
+
     void no_key_reaches_the_contents_meanwhile()
     {
         DragStage stage;

@@ -1,6 +1,7 @@
 #include "DockTestCase.h"
 #include "DragStage.h"
 
+#include "support/CallAt.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcDockAreaTabFrame.h>
@@ -1224,6 +1225,49 @@ private Q_SLOTS:
         row.root.show();
         QCOMPARE(row.root.getDockWidgetWindow().size(), 1);
         VERIFY_SETTLED();
+    }
+
+    void a_nested_container_goes_with_the_last_panel_that_floated_under_it_data()
+    {
+        QTest::addColumn<bool>("dies");
+        QTest::newRow("docked elsewhere") << false;
+        QTest::newRow("deleted") << true;
+    }
+
+    void a_nested_container_goes_with_the_last_panel_that_floated_under_it()
+    {
+        QFETCH(bool, dies);
+        Row row({1, 2});
+        QcDockWidget *panel = row.panels.at(1);
+        QcDockWidget *below = NewPanel(3);
+        row.root.addWidget(below, panel, Bottom);
+        DrainEvents();
+        QCOMPARE(Shape(row.root), QStringLiteral("(1 | (2 / 3))"));
+        QcDockContainer *nested = EnclosingContainer(AreaOf(*panel));
+        QcDockController::instance()->setRootDockContainer(nested);
+        panel->swichToFloating();
+        delete below;
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(row.root), QStringLiteral("(1 | ())"));
+        if (dies)
+            delete panel;
+        else
+            row.Area(0)->addWidget(panel);
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(row.root), dies ? QStringLiteral("(1)") : QStringLiteral("(1,2)"));
+    }
+
+    void a_host_may_delete_the_container_when_it_hears_that_a_panel_comes()
+    {
+        auto *root = new QcDockContainer(nullptr);
+        root->addWidget(NewPanel(1), nullptr, Center);
+        const QPointer<QcDockWidget> panel = NewPanel(2);
+        panel->SetWindowFlags();
+        panel->setWindowStyle(true);
+        const CallAt listener(*panel, QEvent::DynamicPropertyChange, [root] { delete root; });
+        root->addWidget(panel, nullptr, Right);
+        QVERIFY(panel);
+        delete panel;
     }
 
     // --- The keyboard ---

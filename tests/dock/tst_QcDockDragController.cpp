@@ -821,6 +821,19 @@ private Q_SLOTS:
         VERIFY_SETTLED();
     }
 
+    void a_drag_that_ends_as_the_indicator_shows_leaves_neither_it_nor_the_mask()
+    {
+        DragStage stage;
+        const QcDockWidget *resident = stage.Add(1);
+        QcDockWidget *dragged = stage.Float(2);
+        DockDrag::Begin(dragged, dragged, [] {});
+        const CallAt listener(*stage.Indicator(), QEvent::Show, [] { DockDrag::Cancel(); });
+        stage.Step(dragged, MiddleOf(*resident));
+        QVERIFY(stage.Indicator()->isHidden());
+        QVERIFY(stage.Mask()->isHidden());
+        VERIFY_SETTLED();
+    }
+
     void a_host_may_delete_indicator_and_mask_when_it_hears_of_a_step()
     {
         DragStage stage;

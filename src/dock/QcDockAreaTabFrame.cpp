@@ -233,8 +233,8 @@ void QcDockAreaTabFrame::OnPageRemoved()
     }
     if (count() == 0)
         m_tabBar->UncheckCurrent();
-    else if (m_tabBar->Count() == count()) // otherwise the page of a tab that has gone is about to
-        m_tabBar->setCurrentIndex(m_stackedWidget->currentIndex());
+    else
+        m_tabBar->setCurrentIndex(m_stackedWidget->currentIndex()); // a host may have selected one while they did not correspond
     if (!self)
         return;
     adjustTabBarAndTitleVisible();
@@ -401,11 +401,10 @@ void QcDockAreaTabFrame::TearOut(QcDockAreaTabBarButton &tab, QcDockWidget &pane
     const QPointer<QWidget> torn = &panel;
     tab.setParent(nullptr);
     tab.grabMouse(); // without its window Qt would forget that it was pressed
-    panel.setParent(nullptr);
-    if (!self || !torn)
-        return;
     panel.m_cameFrom = this;
-    panel.swichToFloating();
+    panel.setParent(nullptr);
+    if (torn)
+        panel.swichToFloating(); // also where a host that heard of it has deleted the frame
     if (!self || !torn)
         return;
     panel.setTitleVisible(true);

@@ -20,6 +20,7 @@
 #include <QWindow>
 
 #include <functional>
+#include <initializer_list>
 
 namespace VelmoraTest {
 
@@ -113,11 +114,11 @@ inline Content *ContentOf(Velmora::QcDockWidget *panel)
     return static_cast<Content *>(panel->getContentWidget());
 }
 
-/// A window with a row of tabs over its pages, 600 by 400 pixels.
+/// A window with a row of tabs over its pages, 600 by 400 pixels, with a panel for each of the first titles.
 class TabStage
 {
 public:
-    TabStage()
+    explicit TabStage(std::initializer_list<const char *> titles = {})
         : frame(new Velmora::QcDockAreaTabFrame(&window))
     {
         auto *layout = new QHBoxLayout(&window);
@@ -126,6 +127,8 @@ public:
         // At other scale factors the offscreen platform knows the cursor right only for windows at (0, 0).
         const int corner = qApp->devicePixelRatio() == 1.0 ? 100 : 0;
         window.setGeometry(corner, corner, 600, 400);
+        for (const char *title : titles)
+            Add(QLatin1String(title));
     }
 
     Velmora::QcDockWidget *Add(const QString &title)

@@ -61,14 +61,27 @@ private Q_SLOTS:
 
     void a_reader_selects_a_tab()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         QAccessibleActionInterface *actions = Seen(stage.Tab(0))->actionInterface();
         QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
         actions->doAction(QAccessibleActionInterface::pressAction());
         QTRY_COMPARE(stage.Pages(), QStringLiteral("[A] B"));
+    }
+
+    void a_tab_that_goes_before_its_turn_selects_nothing()
+    {
+        TabStage stage;
+        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        stage.Add(QStringLiteral("C"));
+        QVERIFY(stage.Show());
+        Seen(stage.Tab(0))->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        const auto removed = stage.frame->removeTab(0);
+        delete removed.first;
+        delete removed.second;
+        DrainEvents();
+        QCOMPARE(stage.Pages(), QStringLiteral("B [C]"));
     }
 
     void a_selection_and_a_new_title_are_told()
@@ -110,9 +123,7 @@ private Q_SLOTS:
 
     void tab_reaches_every_part_of_the_row_and_the_page()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         stage.frame->setCurrentIndex(1);
         stage.frame->widget(1)->setFocus();

@@ -23,9 +23,8 @@ class ThreeTabs : public TabStage
 {
 public:
     ThreeTabs()
+        : TabStage({"A", "B", "C"})
     {
-        for (const char *title : {"A", "B", "C"})
-            Add(QLatin1String(title));
         frame->setCurrentIndex(1);
     }
 
@@ -214,6 +213,32 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), stage.ContentAt(1));
     }
 
+    void a_key_that_the_content_uses_is_not_taken()
+    {
+        struct Greedy : QWidget
+        {
+            QList<int> keys;
+            void keyPressEvent(QKeyEvent *event) override
+            {
+                if (event->key() != Qt::Key_Control)
+                    keys.append(event->key());
+            }
+        };
+        ThreeTabs stage;
+        QVERIFY(stage.Show());
+        auto *greedy = new Greedy;
+        greedy->setFocusPolicy(Qt::StrongFocus);
+        static_cast<QcDockWidget *>(stage.frame->widget(1))->setContentWidget(greedy);
+        greedy->show();
+        greedy->setFocus();
+        const QList<int> keys = {Qt::Key_W, Qt::Key_PageUp, Qt::Key_PageDown};
+        for (const int key : keys)
+            Press(key, Qt::ControlModifier);
+        QCOMPARE(greedy->keys, keys);
+        QCOMPARE(stage.frame->count(), 3);
+        QCOMPARE(stage.frame->currentIndex(), 1);
+    }
+
     void a_key_that_the_host_uses_is_not_taken()
     {
         ThreeTabs stage;
@@ -368,6 +393,20 @@ private Q_SLOTS:
         stage.ContentAt(0)->refusesClose = false;
         QTest::mouseClick(stage.Tab(0), Qt::MiddleButton);
         QCOMPARE(stage.Tabs(), QStringLiteral("[B] C"));
+    }
+
+    void a_frame_may_die_when_a_middle_click_asks_a_content()
+    {
+        ThreeTabs stage;
+        QVERIFY(stage.Show());
+        QWidget keeper;
+        Content *content = stage.ContentAt(0);
+        content->whenAsked = [&] {
+            content->setParent(&keeper);
+            delete stage.frame;
+        };
+        QTest::mouseClick(stage.Tab(0), Qt::MiddleButton);
+        QCOMPARE(content->closes, 1);
     }
 
     void a_middle_button_released_elsewhere_closes_nothing()

@@ -205,6 +205,16 @@ private Q_SLOTS:
         QTRY_COMPARE(stage.row.getTab(0)->minimumWidth(), 50);
     }
 
+    void a_row_may_go_before_its_tabs_have_followed()
+    {
+        auto *row = new QcDockAreaTabBar;
+        row->addTab(QStringLiteral("A"));
+        row->show();
+        row->resize(300, 30);
+        delete row;
+        DrainEvents();
+    }
+
     void many_resizes_in_a_turn_are_followed_once()
     {
         RowStage stage(2);

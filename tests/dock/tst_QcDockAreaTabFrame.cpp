@@ -86,9 +86,7 @@ private Q_SLOTS:
 
     void the_arrows_show_their_icons()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         stage.frame->setCurrentIndex(1);
         QVERIFY(stage.Show());
         const QImage previous = PictureOf(QStringLiteral(":/images/dock/pre_normal.svg"));
@@ -100,9 +98,7 @@ private Q_SLOTS:
 
     void the_row_takes_the_room_left_of_the_arrows()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         const QWidget *view = PartOf(*stage.frame, "m_tabBarFrame");
         const QWidget *navigation = PartOf(*stage.frame, "m_navigationFrame");
@@ -151,9 +147,7 @@ private Q_SLOTS:
 
     void removing_a_tab_left_of_the_current_one_keeps_the_page_current()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C", "D"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C", "D"});
         QVERIFY(stage.Show());
         stage.frame->setCurrentIndex(2);
         const QSignalSpy changes(stage.Row(), &QcDockAreaTabBar::signalCurrentChanged);
@@ -176,9 +170,7 @@ private Q_SLOTS:
     void removing_the_current_tab_shows_the_next_one_or_the_last()
     {
         QFETCH(int, index);
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         stage.frame->setCurrentIndex(index);
         const auto removed = stage.frame->removeTab(index);
@@ -190,8 +182,7 @@ private Q_SLOTS:
 
     void a_removed_page_stays_a_hidden_child_until_it_is_moved()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         QcDockWidget *panel = stage.Add(QStringLiteral("B"));
         QVERIFY(stage.Show());
         const auto removed = stage.frame->removeTab(1);
@@ -229,8 +220,7 @@ private Q_SLOTS:
 
     void a_title_of_a_panel_that_has_moved_on_renames_no_tab()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         QcDockWidget *panel = stage.Add(QStringLiteral("B"));
         delete stage.frame->removeTab(1).first;
         panel->setParent(nullptr);
@@ -245,9 +235,7 @@ private Q_SLOTS:
     void a_tab_goes_with_its_page_when_a_host_deletes_it()
     {
         QFETCH(int, index);
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         stage.frame->setCurrentIndex(1);
         delete stage.frame->widget(index);
@@ -261,9 +249,7 @@ private Q_SLOTS:
     void a_tab_goes_with_its_page_when_a_host_takes_it_away()
     {
         QFETCH(int, index);
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         stage.frame->setCurrentIndex(1);
         const std::unique_ptr<QWidget> page(stage.frame->widget(index));
@@ -316,9 +302,7 @@ private Q_SLOTS:
         QFETCH(bool, byHost);
         QFETCH(int, index);
         QFETCH(QString, deleted);
-        TabStage stage;
-        for (const char *title : {"A", "B", "C", "D"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C", "D"});
         QVERIFY(stage.Show());
         stage.frame->setCurrentIndex(index);
         WhenSelectionChanges(stage, [&deleted, &stage] {
@@ -335,6 +319,31 @@ private Q_SLOTS:
         DrainEvents();
         QTEST(stage.Tabs(), "left");
         QTEST(stage.Pages(), "left");
+    }
+
+    void a_tab_that_a_host_selects_while_a_page_goes_shows_its_own_page()
+    {
+        TabStage stage({"A", "B", "C", "D"});
+        QVERIFY(stage.Show());
+        stage.frame->setCurrentIndex(1);
+        WhenSelectionChanges(stage, [&stage] { stage.frame->setCurrentIndex(2); });
+        delete stage.frame->widget(1);
+        DrainEvents();
+        QCOMPARE(stage.Tabs(), stage.Pages());
+        QCOMPARE(stage.frame->count(), 3);
+    }
+
+    void a_first_page_that_dies_of_being_shown_leaves_no_current_tab()
+    {
+        TabStage stage;
+        QVERIFY(stage.Show());
+        const QPointer<QWidget> page = NewPanel(QStringLiteral("A"));
+        WhenSelectionChanges(stage, [page] { delete page; });
+        stage.frame->addTab(QStringLiteral("A"), page);
+        QVERIFY(!page);
+        QCOMPARE(stage.frame->currentIndex(), -1);
+        stage.Add(QStringLiteral("B"));
+        QCOMPARE(stage.Tabs(), QStringLiteral("[B]"));
     }
 
     void a_page_that_comes_while_the_last_one_dies_has_the_only_tab()
@@ -370,9 +379,7 @@ private Q_SLOTS:
     void the_frame_may_die_in_a_selection()
     {
         QFETCH(std::function<void(TabStage &)>, select);
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         const QPointer<QWidget> frame = stage.frame;
         stage.Tab(2)->setFocus();
@@ -381,6 +388,8 @@ private Q_SLOTS:
             const auto tabs = stage.frame->findChildren<QcDockAreaTabBarButton *>();
             for (QWidget *tab : tabs)
                 tab->setParent(&keeper);
+            if (QWidget *last = stage.frame->widget(stage.frame->count() - 1))
+                last->setParent(&keeper); // nor does all else go with the frame
             delete frame;
         });
         select(stage);
@@ -424,9 +433,7 @@ private Q_SLOTS:
 
     void the_arrows_step_through_the_tabs_and_stop_at_the_ends()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         auto *left = PartOf<QcIconButton>(*stage.frame, "m_leftButton");
         auto *right = PartOf<QcIconButton>(*stage.frame, "m_rightButton");
@@ -444,11 +451,16 @@ private Q_SLOTS:
         QVERIFY(!right->isEnabled());
     }
 
+    void the_arrows_of_a_single_page_lead_nowhere()
+    {
+        TabStage stage({"A"});
+        QVERIFY(!PartOf(*stage.frame, "m_leftButton")->isEnabled());
+        QVERIFY(!PartOf(*stage.frame, "m_rightButton")->isEnabled());
+    }
+
     void from_right_to_left_the_arrows_point_to_the_tabs_they_select()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         stage.frame->setCurrentIndex(1);
         QVERIFY(stage.Show());
         auto *left = PartOf<QcIconButton>(*stage.frame, "m_leftButton");
@@ -464,8 +476,7 @@ private Q_SLOTS:
 
     void the_close_button_of_a_tab_closes_the_current_page()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         const QPointer<QWidget> panel = stage.Add(QStringLiteral("B"));
         QVERIFY(stage.Show());
         PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
@@ -477,8 +488,7 @@ private Q_SLOTS:
 
     void a_refused_close_keeps_tab_and_page()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         QcDockWidget *panel = stage.Add(QStringLiteral("B"));
         QVERIFY(stage.Show());
         ContentOf(panel)->refusesClose = true;
@@ -491,8 +501,7 @@ private Q_SLOTS:
 
     void a_panel_without_a_content_closes_by_its_tab()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         const QPointer<QWidget> empty = new QcDockWidget;
         stage.frame->addTab(QStringLiteral("Empty"), empty);
         PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
@@ -503,8 +512,7 @@ private Q_SLOTS:
 
     void the_tab_of_a_panel_that_forbids_closing_by_its_title_row_closes_it()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         auto *panel = new QcDockWidget;
         auto *content = new Content(QStringLiteral("B"));
         content->setProperty("dock_widget_close_forbidden", true);
@@ -517,8 +525,7 @@ private Q_SLOTS:
 
     void the_last_page_may_be_exchanged_for_another_in_the_question()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"));
         QVERIFY(stage.Show());
         QWidget keeper;
@@ -533,6 +540,7 @@ private Q_SLOTS:
         connect(static_cast<QAbstractButton *>(close.data()), &QAbstractButton::clicked, &keeper, [&] { isHeardToItsEnd = close; });
         QTest::mouseClick(close, Qt::LeftButton);
         QVERIFY(isHeardToItsEnd);
+        QVERIFY(!close->isVisible());
         QCOMPARE(stage.Tabs(), QStringLiteral("[C]"));
         DrainEvents();
         QVERIFY(!close);
@@ -541,8 +549,7 @@ private Q_SLOTS:
 
     void a_page_that_is_no_panel_is_not_closed()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         stage.frame->addTab(QStringLiteral("Page"), new Content);
         PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
         QCOMPARE(stage.frame->count(), 2);
@@ -551,8 +558,7 @@ private Q_SLOTS:
 
     void the_tab_of_the_closed_panel_goes_whatever_became_current_meanwhile()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         QcDockWidget *panel = stage.Add(QStringLiteral("B"));
         stage.Add(QStringLiteral("C"));
         stage.frame->setCurrentIndex(1);
@@ -574,8 +580,7 @@ private Q_SLOTS:
     void closing_stops_when_panel_or_frame_die_in_the_question()
     {
         QFETCH(bool, frameDies);
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"));
         const QPointer<QWidget> frame = stage.frame;
         // Qt itself touches a widget after its own close event: here what encloses the content dies.
@@ -594,8 +599,7 @@ private Q_SLOTS:
 
     void a_page_that_is_renamed_on_its_way_has_its_new_title_on_the_tab()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         QcDockWidget *panel = NewPanel(QStringLiteral("B"));
         panel->setWindowStyle(true);
         panel->SetWindowFlags();
@@ -608,9 +612,7 @@ private Q_SLOTS:
 
     void a_press_that_hardly_moves_only_selects()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         Mouse mouse;
         mouse.PressAt(*stage.Tab(0), QPoint(20, 15));
@@ -658,9 +660,7 @@ private Q_SLOTS:
 
     void a_torn_panel_appears_over_its_frame_with_its_title_row()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         Mouse mouse;
         QcDockWidget *panel = TearOut(stage, mouse, 1);
@@ -677,8 +677,7 @@ private Q_SLOTS:
 
     void a_page_that_is_no_panel_is_not_torn_out()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         stage.frame->addTab(QStringLiteral("Page"), new QWidget);
         QVERIFY(stage.Show());
         Mouse mouse;
@@ -690,9 +689,7 @@ private Q_SLOTS:
 
     void a_panel_that_dies_while_it_is_dragged_ends_the_drag()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         const QPointer<QWidget> tab = stage.Tab(1);
         Mouse mouse;
@@ -707,9 +704,7 @@ private Q_SLOTS:
 
     void a_host_may_end_the_drag_when_it_hears_of_a_move()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         Mouse mouse;
         QcDockWidget *panel = TearOut(stage, mouse, 1);
@@ -723,9 +718,7 @@ private Q_SLOTS:
 
     void a_tab_that_dies_while_it_hears_of_the_mouse_is_not_touched_again()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         const QPointer<QWidget> tab = stage.Tab(1);
         Mouse mouse;
@@ -743,9 +736,7 @@ private Q_SLOTS:
 
     void a_frame_that_dies_in_a_drag_leaves_the_panel_floating()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         const QPointer<QWidget> tab = stage.Tab(1);
         Mouse mouse;
@@ -759,11 +750,34 @@ private Q_SLOTS:
         delete panel;
     }
 
+    void a_frame_that_dies_as_a_panel_leaves_it_leaves_the_panel_floating_data()
+    {
+        QTest::addColumn<int>("event");
+        QTest::newRow("without a parent") << int(QEvent::ParentChange);
+        QTest::newRow("without a window") << int(QEvent::Show);
+    }
+    void a_frame_that_dies_as_a_panel_leaves_it_leaves_the_panel_floating()
+    {
+        QFETCH(int, event);
+        TabStage stage({"A", "B"});
+        QVERIFY(stage.Show());
+        const std::unique_ptr<QcDockWidget> panel(static_cast<QcDockWidget *>(stage.frame->widget(1)));
+        const QPointer<QWidget> tab = stage.Tab(1);
+        const CallAt listener(*panel, static_cast<QEvent::Type>(event), [&stage] { delete stage.frame; });
+        Mouse mouse;
+        mouse.PressAt(*tab, QPoint(20, 15));
+        mouse.MoveBy(0, QApplication::startDragDistance() + 1);
+        DrainEvents();
+        QVERIFY(panel->isFloating());
+        QVERIFY(panel->isVisible());
+        QVERIFY(!tab);
+        QCOMPARE(QWidget::mouseGrabber(), nullptr);
+        mouse.Release();
+    }
+
     void a_release_that_was_lost_is_made_up_for_by_the_next_press()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         Mouse mouse;
         QcDockWidget *panel = TearOut(stage, mouse, 2);
@@ -781,9 +795,7 @@ private Q_SLOTS:
 
     void a_drag_whose_tab_a_host_deletes_ends_at_the_next_press()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         Mouse mouse;
         QcDockWidget *panel = TearOut(stage, mouse, 2);
@@ -801,9 +813,7 @@ private Q_SLOTS:
 
     void a_tab_whose_drag_was_cancelled_tears_out_no_other_one()
     {
-        TabStage stage;
-        for (const char *title : {"A", "B", "C"})
-            stage.Add(QLatin1String(title));
+        TabStage stage({"A", "B", "C"});
         QVERIFY(stage.Show());
         Mouse mouse;
         QcDockWidget *panel = TearOut(stage, mouse, 2);
@@ -862,8 +872,7 @@ private Q_SLOTS:
 
     void focus_goes_with_a_page_that_is_torn_out()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         QcDockWidget *panel = stage.Add(QStringLiteral("B"));
         auto *edits = new QWidget;
         auto *first = new QLineEdit(edits);
@@ -894,8 +903,7 @@ private Q_SLOTS:
                 return QLatin1Char('<') + QLatin1String(source) + QLatin1Char('>');
             }
         };
-        TabStage stage;
-        stage.Add(QStringLiteral("Map"));
+        TabStage stage({"Map"});
         const QWidget *close = PartOf(*stage.Tab(0), "m_closeButton");
         QCOMPARE(PartOf(*stage.frame, "m_leftButton")->accessibleName(), QStringLiteral("Previous tab"));
         QCOMPARE(PartOf(*stage.frame, "m_rightButton")->accessibleName(), QStringLiteral("Next tab"));

@@ -510,6 +510,18 @@ private Q_SLOTS:
         VERIFY_SETTLED();
     }
 
+    void a_panel_that_a_frame_of_the_hosts_takes_leaves_no_empty_area()
+    {
+        DockStage stage;
+        stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        TabStage taker;
+        taker.frame->addTab(panel->windowTitle(), panel);
+        QCOMPARE(stage.root->getDockAreaList().size(), 1); // at once: it waits for its deletion
+        VERIFY_SETTLED();
+        QCOMPARE(taker.Tabs(), QStringLiteral("[B]"));
+    }
+
     void a_panel_of_several_that_its_host_closes_takes_its_tab_along()
     {
         TabStage stage;
@@ -681,8 +693,7 @@ private Q_SLOTS:
 
     void a_panel_torn_by_its_tab_floats_again_without_the_frame_that_it_came_from()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
+        TabStage stage({"A"});
         const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"));
         QVERIFY(stage.Show());
         QcDockController::instance()->setRootDockContainer(new QcDockContainer(panel->getContentWidget())); // no parent for it

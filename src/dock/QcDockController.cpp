@@ -155,8 +155,11 @@ QJsonObject QcDockController::serializeDockWidget(QcDockWidget *panel)
 
 QcDockContainer *QcDockController::deserializeDockContainer(const QJsonObject &object)
 {
-    const std::optional<Layout> layout = ReadLayout(object);
-    return layout ? Build(*layout) : nullptr;
+    std::optional<Layout> layout = ReadLayout(object);
+    if (!layout)
+        return nullptr;
+    layout->floating.clear(); // they are the root's alone
+    return Build(*layout);
 }
 
 QcDockWidget *QcDockController::deserializeDockWidget(const QJsonObject &object)

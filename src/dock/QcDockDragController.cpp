@@ -154,18 +154,19 @@ void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
     BeginStep(panel);
     QcDockArea *area = getInnerMostDockAreaUnderMouse();
     if (!area) {
-        HideFeedback();
         panel->SetDragTipVisible(true);
+        HideFeedback();
         return;
     }
     const QRect areaRect = GlobalRect(*area);
     ShowIndicatorOver(areaRect, getDockPostionList(panel, area));
     const QcDockContainer *outer = getOuterMostDockContainerUnderMouse();
     const DockPosition target = m_dockIndicator->TargetAt(m_private->cursor);
+    if (goesOn())
+        panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
     ShowMask(MaskRect(target, areaRect, outer ? GlobalRect(*outer) : QRect()));
     if (!goesOn())
-        return HideFeedback();
-    panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
+        HideFeedback();
 }
 
 void QcDockDragController::processDockWidgetDragFinished(QcDockWidget *panel)

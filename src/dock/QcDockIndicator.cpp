@@ -1,6 +1,7 @@
 #include <Velmora/QcDockIndicator.h>
 
 #include "theme/ThemedPixmap_p.h"
+#include "theme/TokenPainting_p.h"
 
 #include <Velmora/ImageParams.h>
 #include <Velmora/QcStyleManager.h>
@@ -138,6 +139,7 @@ void QcDockIndicator::Choose(DockPosition position, const QString &spoken)
 {
     NameLabels();
     m_chosen = position;
+    update();
     QLabel *label = m_labelMap.value(position);
     if (!label)
         return;
@@ -197,6 +199,8 @@ void QcDockIndicator::paintEvent(QPaintEvent * /*event*/)
     cross.color = ColorParams(QStringLiteral("base/neutral/neutral-80"));
     cross.size = size();
     DrawPixmap(painter, rect(), PixmapFor(painter, cross));
+    if (const QLabel *chosen = m_labelMap.value(m_chosen)) // around it: its picture has the ring's colour
+        OutlineRounded(painter, QRectF(chosen->geometry()).adjusted(-1.5, -1.5, 1.5, 1.5), 5.0, QStringLiteral("brand/brand"));
 }
 
 void QcDockIndicator::changeEvent(QEvent *event)

@@ -4,6 +4,7 @@
 
 #include "support/AccessibleEvents.h"
 #include "support/CallAt.h"
+#include "support/Pixels.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcDockAreaTabBarButton.h>
@@ -381,6 +382,40 @@ private Q_SLOTS:
         QCOMPARE(QAccessible::queryAccessibleInterface(right)->text(QAccessible::Name), QStringLiteral("Right of Type 3, 3 of 9"));
         QTest::keyClick(&stage.window, Qt::Key_Escape);
         QCOMPARE(right->accessibleName(), QStringLiteral("Right"));
+    }
+
+    void the_chosen_place_has_a_ring_and_loses_it_to_the_next_one()
+    {
+        for (const Table table : {Table::Light, Table::Dark}) {
+            UseTable(table);
+            DragStage stage;
+            QcDockWidget *left = stage.Add(1);
+            BeginDockMove(stage.Float(3), AreaOf(*left));
+            const QColor ring = TokenOf(table, QStringLiteral("brand/brand"));
+            const auto beside = [](DockPosition position) { // one pixel off the label
+                const QRectF label = DragStage::Label(position)->geometry();
+                return PixelAt(Render(*DragStage::Indicator()), QPointF(label.left() - 1.5, label.center().y()));
+            };
+            COMPARE_COLOR(beside(Center), Over(ring));
+            QTest::keyClick(&stage.window, Qt::Key_Left);
+            COMPARE_COLOR(beside(Left), Over(ring));
+            QVERIFY(beside(Center) != Over(ring));
+            QTest::keyClick(&stage.window, Qt::Key_Escape);
+            QVERIFY(beside(Left) != Over(ring));
+        }
+        UseTable(Table::Light);
+    }
+
+    void a_drag_by_the_mouse_puts_no_ring_around_its_target()
+    {
+        DragStage stage;
+        const QcDockWidget *resident = stage.Add(1);
+        QcDockWidget *dragged = stage.Float(2);
+        stage.Step(dragged, MiddleOf(*resident));
+        const QRectF label = stage.Label(Center)->geometry();
+        const QColor beside = PixelAt(Render(*stage.Indicator()), QPointF(label.left() - 1.5, label.center().y()));
+        QVERIFY(beside != Over(TokenOf(Table::Light, QStringLiteral("brand/brand"))));
+        stage.Drop(dragged);
     }
 
     void escape_leaves_all_as_it_was()

@@ -40,6 +40,56 @@ QcDockController &Controller()
     return *QcDockController::instance();
 }
 
+/// Names one of the controller's own functions. An explicit instantiation may name what is private.
+template <typename Function>
+struct Named
+{
+    using Type = Function;
+};
+struct FromJson : Named<QcDockContainer *(QcDockController::*)(const QString &)>
+{
+    friend Type Reach(FromJson);
+};
+struct SerializeContainer : Named<QJsonObject (QcDockController::*)(QcDockContainer *)>
+{
+    friend Type Reach(SerializeContainer);
+};
+struct SerializeArea : Named<QJsonObject (QcDockController::*)(QcDockArea *)>
+{
+    friend Type Reach(SerializeArea);
+};
+struct SerializeWidget : Named<QJsonObject (QcDockController::*)(QcDockWidget *)>
+{
+    friend Type Reach(SerializeWidget);
+};
+struct DeserializeContainer : Named<QcDockContainer *(QcDockController::*)(const QJsonObject &)>
+{
+    friend Type Reach(DeserializeContainer);
+};
+struct DeserializeWidget : Named<QcDockWidget *(QcDockController::*)(const QJsonObject &)>
+{
+    friend Type Reach(DeserializeWidget);
+};
+
+template <typename Name, typename Name::Type member>
+struct Opener
+{
+    friend typename Name::Type Reach(Name) { return member; }
+};
+template struct Opener<FromJson, &QcDockController::fromJson>;
+template struct Opener<SerializeContainer, &QcDockController::serializeDockContainer>;
+template struct Opener<SerializeArea, &QcDockController::serializeDockArea>;
+template struct Opener<SerializeWidget, &QcDockController::serializeDockWidget>;
+template struct Opener<DeserializeContainer, &QcDockController::deserializeDockContainer>;
+template struct Opener<DeserializeWidget, &QcDockController::deserializeDockWidget>;
+
+/// Calls it.
+template <typename Name, typename Argument>
+auto Part(const Argument &argument)
+{
+    return (Controller().*Reach(Name()))(argument);
+}
+
 /// A host's window, of one size in every test.
 class Host : public QWidget
 {
@@ -296,6 +346,22 @@ private Q_SLOTS:
         QCOMPARE(QApplication::allWidgets().size(), widgets);
         QCOMPARE(Controller().getRootDockContainer().data(), &root);
     }
+
+    void an_empty_object_is_a_root_with_its_default_area()
+    {
+        QcDockContainer *root = Load("{}");
+        QCOMPARE(Shape(*root), QStringLiteral("([])"));
+        QCOMPARE(root->getDockAreaList().constFirst()->count(), 0);
+    }
+
+#ifdef Q_OS_LINUX
+    void a_file_without_end_is_read_no_further_than_a_layout_may_be_long()
+    {
+        QcDockContainer root;
+        Controller().setRootDockContainer(&root);
+        QCOMPARE(Controller().loadFromJson(QStringLiteral("/dev/zero")), &root);
+    }
+#endif
 
     void a_mark_is_skipped_and_broken_characters_are_replaced()
     {
@@ -568,9 +634,12 @@ private Q_SLOTS:
         QWidget *one = Content(7, QStringLiteral("One"));
         QWidget *two = Content(7, QStringLiteral("Two"));
         root->setDockWidgetContentList({one, two});
-        QVERIFY((first->getContentWidget() == one && second->getContentWidget() == two)
-                || (first->getContentWidget() == two && second->getContentWidget() == one));
+        const auto panels = root->findChildren<QcDockWidget *>();
+        QCOMPARE(panels.size(), 2);
+        QCOMPARE(panels.first()->getContentWidget(), one); // in their order
+        QCOMPARE(panels.last()->getContentWidget(), two);
         QCOMPARE(first->windowTitle(), first->getContentWidget()->windowTitle());
+        QCOMPARE(second->windowTitle(), second->getContentWidget()->windowTitle());
     }
 
     void a_layout_comes_back_the_same_data()
@@ -595,6 +664,74 @@ private Q_SLOTS:
         Host host(second);
         host.ShowSettled();
         QCOMPARE(WithoutDockedGeometry(Controller().toJson(second)), WithoutDockedGeometry(saved));
+    }
+
+    // --- Its parts, which nothing else calls ---
+
+    void a_text_is_read_into_the_root()
+    {
+        QcDockContainer *root = Part<FromJson>(QStringLiteral(R"({"children":[{"dockWidgetList":[{"type":4}]}]})"));
+        QVERIFY(root);
+        QCOMPARE(Controller().getRootDockContainer().data(), root);
+        QCOMPARE(Shape(*root), QStringLiteral("([4])"));
+        QVERIFY(!Part<FromJson>(QStringLiteral("[]")));
+        QCOMPARE(Controller().getRootDockContainer().data(), root);
+    }
+
+    void a_container_is_written_with_its_four_keys_and_read_back()
+    {
+        QcDockContainer *root = Load(R"({"orientation":2,"sizes":[150,446],"floatingWidgets":[{"type":8}],
+            "children":[{"dockWidgetList":[{"type":4}]},{"orientation":1,"children":[{},{}]}]})");
+        const QJsonObject object = Part<SerializeContainer>(root);
+        QCOMPARE(object.keys(),
+                 QStringList({QStringLiteral("children"), QStringLiteral("nodeType"), QStringLiteral("orientation"),
+                              QStringLiteral("sizes")})); // those that float are the file's
+        QCOMPARE(object.value(QLatin1String("nodeType")).toString(), QStringLiteral("dockContainer"));
+        QCOMPARE(object.value(QLatin1String("orientation")).toInt(), 2);
+        QCOMPARE(object.value(QLatin1String("sizes")).toArray(), (QJsonArray{150, 446}));
+        QCOMPARE(object.value(QLatin1String("children")).toArray(),
+                 (QJsonArray{Part<SerializeArea>(root->getDockAreaList().at(0)), Part<SerializeArea>(root->getDockAreaList().at(1))}));
+
+        QcDockContainer *read = Part<DeserializeContainer>(object);
+        QVERIFY(!read->parent());
+        QCOMPARE(Shape(*read), Shape(*root));
+        QCOMPARE(Controller().getRootDockContainer().data(), root);
+        Host host(read);
+        host.ShowSettled();
+        QCOMPARE(read->getSizes(), (QList<int>{150, 446}));
+    }
+
+    void what_floats_is_read_from_the_file_alone()
+    {
+        const QScopedPointer<QcDockContainer> read(
+            Part<DeserializeContainer>(QJsonObject{{QStringLiteral("floatingWidgets"), QJsonArray{QJsonObject{{"type", 8}}}}}));
+        QVERIFY(read->getDockWidgetWindow().isEmpty());
+    }
+
+    void an_area_is_written_with_its_panels_and_a_wrapper_as_what_is_in_it()
+    {
+        QcDockContainer *root = Load(R"({"children":[{"currentIndex":0,"dockWidgetList":[{"type":4},{"type":5}]},{"orientation":2}]})");
+        const auto areas = root->getDockAreaList();
+        const QJsonObject area = Part<SerializeArea>(areas.at(0));
+        QCOMPARE(area.keys(), QStringList({QStringLiteral("currentIndex"), QStringLiteral("dockWidgetList"), QStringLiteral("nodeType")}));
+        QCOMPARE(area.value(QLatin1String("nodeType")).toString(), QStringLiteral("dockArea"));
+        QCOMPARE(area.value(QLatin1String("currentIndex")).toInt(), 0);
+        auto *panel = qobject_cast<QcDockWidget *>(areas.at(0)->widget(1));
+        QCOMPARE(area.value(QLatin1String("dockWidgetList")).toArray().at(1).toObject(), Part<SerializeWidget>(panel));
+        QCOMPARE(Part<SerializeArea>(areas.at(1)), Part<SerializeContainer>(qobject_cast<QcDockContainer *>(areas.at(1)->widget(0))));
+    }
+
+    void a_panel_is_written_with_its_type_and_geometry_and_read_as_an_empty_frame()
+    {
+        QcDockWidget panel(nullptr);
+        panel.setType(-7);
+        panel.setGeometry(1, 2, 300, 400);
+        const QJsonObject object = Part<SerializeWidget>(&panel);
+        QCOMPARE(object, (QJsonObject{{"nodeType", "dockWidget"}, {"type", -7}, {"x", 1}, {"y", 2}, {"width", 300}, {"height", 400}}));
+        const QScopedPointer<QcDockWidget> read(Part<DeserializeWidget>(object));
+        QCOMPARE(read->getType(), -7);
+        QVERIFY(!read->parent() && !read->getContentWidget());
+        QVERIFY(!Part<DeserializeWidget>(QJsonObject{{"x", 1}}));
     }
 
     // --- Sizes ---

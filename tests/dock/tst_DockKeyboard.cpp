@@ -1,17 +1,14 @@
 #include <Velmora/QcDockArea.h>
-#include <Velmora/QcDockContainer.h>
-#include <Velmora/QcDockController.h>
 #include <Velmora/QcIconButton.h>
 
+#include "DockStage.h"
 #include "DockTestCase.h"
-#include "TabStage.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -32,34 +29,23 @@ public:
 };
 
 /// A registered root of two areas, the right one split once more across, and a floating panel.
-class Tree
+class Tree : public DockStage
 {
 public:
     Tree()
-        : root(new QcDockContainer(&window))
+        : left(Add(QStringLiteral("Left")))
+        , right(Add(QStringLiteral("Right"), Right))
+        , below(NewPanel(QStringLiteral("Below")))
+        , floating(NewPanel(QStringLiteral("Floating")))
     {
-        auto *column = new QVBoxLayout(&window);
-        column->setContentsMargins(0, 0, 0, 0);
-        column->addWidget(root);
-        root->setEmptyKeep(true);
-        QcDockController::instance()->setRootDockContainer(root);
-        window.setGeometry(0, 0, 800, 500);
-        left = NewPanel(QStringLiteral("Left"));
-        root->addWidget(left, nullptr, Center);
-        right = NewPanel(QStringLiteral("Right"));
-        root->addWidget(right, nullptr, Right);
-        below = NewPanel(QStringLiteral("Below"));
         root->addWidget(below, right, Bottom);
-        floating = NewPanel(QStringLiteral("Floating"));
         root->addWidget(floating, left, Center);
     }
 
     bool Show()
     {
-        window.show();
-        if (!QTest::qWaitForWindowActive(&window))
+        if (!DockStage::Show())
             return false;
-        DrainEvents();
         floating->swichToFloating();
         DrainEvents();
         QApplication::setActiveWindow(&window);
@@ -68,12 +54,10 @@ public:
         return QApplication::focusWidget() == left->getContentWidget();
     }
 
-    QWidget window;
-    QcDockContainer *root;
-    QcDockWidget *left;
-    QcDockWidget *right;
-    QcDockWidget *below;
-    QcDockWidget *floating;
+    QcDockWidget *const left;
+    QcDockWidget *const right;
+    QcDockWidget *const below;
+    QcDockWidget *const floating;
 };
 
 void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)

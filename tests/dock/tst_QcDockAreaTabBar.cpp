@@ -310,6 +310,19 @@ private Q_SLOTS:
         QCOMPARE(ends.count(), 1);
     }
 
+    void a_press_begins_anew_where_a_release_was_lost()
+    {
+        RowStage stage(2);
+        const QSignalSpy starts(&stage.row, &QcDockAreaTabBar::signalTabDragStart);
+        const QSignalSpy steps(&stage.row, &QcDockAreaTabBar::signalTabDraging);
+        for (int i = 1; i <= 2; ++i) {
+            stage.Send(0, QEvent::MouseButtonPress, QPoint(5, 5));
+            stage.Send(0, QEvent::MouseMove, QPoint(90, 5));
+            QCOMPARE(starts.count(), i);
+            QCOMPARE(steps.count(), 0);
+        }
+    }
+
     void a_move_without_the_left_button_drags_nothing()
     {
         RowStage stage(2);

@@ -523,6 +523,17 @@ private Q_SLOTS:
         QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
     }
 
+    void a_content_may_delete_itself_when_it_is_asked()
+    {
+        TabStage stage({"A", "B"});
+        QVERIFY(stage.Show());
+        const QPointer<Content> content = ContentOf(static_cast<QcDockWidget *>(stage.frame->widget(1)));
+        content->whenAsked = [content] { delete content; };
+        PartOf<QcIconButton>(*stage.Tab(1), "m_closeButton")->click();
+        QVERIFY(!content);
+        QCOMPARE(stage.Tabs(), QStringLiteral("[A]"));
+    }
+
     void the_last_page_may_be_exchanged_for_another_in_the_question()
     {
         TabStage stage({"A"});

@@ -4,6 +4,7 @@
 #include <Velmora/QcDockIndicator.h>
 #include <Velmora/QcIconButton.h>
 
+#include "DockStage.h"
 #include "DockTestCase.h"
 #include "TabStage.h"
 #include "dock/DockDrag_p.h"
@@ -39,12 +40,6 @@ QString TitleOf(const QcDockWidget &panel)
     return PartOf<QLabel>(panel, "m_titleLabel")->text();
 }
 
-/// Where a window may stand so that the offscreen platform knows the cursor right, at any scale factor.
-QPoint Corner()
-{
-    return qApp->devicePixelRatio() == 1.0 ? QPoint(200, 150) : QPoint(0, 0);
-}
-
 /// A floating panel of 300 by 200 pixels, shown and active.
 class FloatingStage
 {
@@ -70,40 +65,6 @@ public:
     QPoint OnTitle() const { return {100, 15}; }
 
     QPointer<QcDockWidget> panel;
-};
-
-/// A root container in a window, registered, with one panel in each of its areas.
-class DockStage
-{
-public:
-    DockStage()
-        : root(new QcDockContainer(&window))
-    {
-        auto *column = new QVBoxLayout(&window);
-        column->setContentsMargins(0, 0, 0, 0);
-        column->addWidget(root);
-        root->setEmptyKeep(true);
-        QcDockController::instance()->setRootDockContainer(root);
-        window.setGeometry(QRect(Corner(), QSize(800, 500)));
-    }
-
-    QcDockWidget *Add(const QString &title, DockPosition position = Center)
-    {
-        QcDockWidget *panel = NewPanel(title);
-        root->addWidget(panel, nullptr, position);
-        return panel;
-    }
-
-    bool Show()
-    {
-        window.show();
-        const bool isActive = QTest::qWaitForWindowActive(&window);
-        DrainEvents();
-        return isActive;
-    }
-
-    QWidget window;
-    QPointer<QcDockContainer> root;
 };
 
 QcDockAreaTabFrame *FrameOf(const QWidget &page)
@@ -379,6 +340,24 @@ private Q_SLOTS:
         if (content)
             content->setWindowTitle(QStringLiteral("Atlas"));
         QCOMPARE(panel.windowTitle(), QStringLiteral("Map"));
+    }
+
+    void a_content_that_a_host_replaces_for_its_title_forbids_nothing()
+    {
+        QcDockWidget panel;
+        auto *second = new Content;
+        auto *first = new Content(QStringLiteral("Map"));
+        first->setProperty(kForbidden, true);
+        QObject once;
+        connect(&panel, &QWidget::windowTitleChanged, &once, [&] {
+            panel.disconnect(&once);
+            panel.setContentWidget(second);
+        });
+        panel.setContentWidget(first);
+        QCOMPARE(panel.getContentWidget(), second);
+        QVERIFY(CloseButtonOf(panel)->isEnabled());
+        DrainEvents();
+        QCOMPARE(panel.getContentWidget(), second);
     }
 
     void a_panel_may_die_of_a_new_title_of_its_content()
@@ -737,6 +716,41 @@ private Q_SLOTS:
         QCOMPARE(stage.root->getDockAreaList().size(), 1);
     }
 
+    void a_panel_may_die_of_what_happens_to_the_tabs_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how : {"floats", "torn out", "others come back"})
+            QTest::newRow(how) << QString(how);
+    }
+    void a_panel_may_die_of_what_happens_to_the_tabs()
+    {
+        QFETCH(QString, how);
+        TabStage stage({"A", "B"});
+        QVERIFY(stage.Show());
+        const bool isOther = how == QLatin1String("others come back");
+        stage.frame->setCurrentIndex(isOther ? 1 : 0);
+        const QPointer<QcDockWidget> panel = static_cast<QcDockWidget *>(stage.frame->widget(stage.frame->currentIndex()));
+        if (isOther) // the first one goes and comes, since the one that floats is taken for it
+            connect(PartOf<QStackedWidget>(*stage.frame, "m_stackedWidget"), &QStackedWidget::currentChanged, panel, [&panel](int index) {
+                if (index == 0)
+                    delete panel;
+            });
+        else
+            connect(stage.Row(), &QcDockAreaTabBar::signalCurrentChanged, panel, [&panel] { delete panel; });
+        Mouse mouse;
+        if (how == QLatin1String("torn out")) {
+            mouse.PressAt(*stage.Tab(0), QPoint(20, 15));
+            mouse.MoveBy(0, QApplication::startDragDistance() + 1);
+            mouse.Release();
+        } else {
+            panel->swichToFloating();
+        }
+        DrainEvents();
+        QVERIFY(!panel);
+        QCOMPARE(stage.Tabs(), isOther ? QStringLiteral("[A]") : QStringLiteral("[B]"));
+        QCOMPARE(stage.Pages(), stage.Tabs());
+    }
+
     void a_panel_may_die_of_its_look_data()
     {
         QTest::addColumn<QString>("when");
@@ -1049,6 +1063,26 @@ private Q_SLOTS:
         mouse.Release();
         VERIFY_SETTLED();
         QCOMPARE(TitlesIn(*FrameOf(*panel)), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+    }
+
+    void a_host_that_takes_the_dragged_panel_out_of_its_window_ends_its_drag_with_the_release()
+    {
+        DockStage stage;
+        QcDockWidget *other = stage.Add(QStringLiteral("A"));
+        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        mouse.MoveBy(0, 10);
+        mouse.MoveTo(other->mapToGlobal(QPoint(100, 100)));
+        DrainEvents();
+        QVERIFY(TopLevelIndicator()->isVisible());
+        panel->setParent(&stage.window);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPoint(60, 15), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(panel, &release);
+        QVERIFY(!TopLevelIndicator()->isVisible());
+        VERIFY_SETTLED();
+        QVERIFY(!panel->isFloating());
     }
 
     void a_title_drag_whose_release_was_lost_ends_at_the_next_press()

@@ -41,9 +41,9 @@ def wait_for(condition, what, timeout=TIMEOUT):
 
 
 class Desktop:
-    """An X server on a free display number and openbox; close() ends all that was started on it."""
+    """An X server on a free display number, with screens side by side, and openbox; close() ends all that was started on it."""
 
-    def __init__(self, width, height):
+    def __init__(self, width, height, screens=1):
         self.folder = tempfile.mkdtemp(prefix="desktop-")
         self.processes = []
         runtime = os.path.join(self.folder, "runtime")
@@ -58,25 +58,33 @@ class Desktop:
                                 QT_MESSAGE_PATTERN=MESSAGE_PATTERN,
                                 XDG_CONFIG_HOME=self.folder, XDG_CACHE_HOME=self.folder, NO_AT_BRIDGE="1")
         try:
-            self._start_server(width, height)
+            self._start_server("Xvfb", "-screen", "0", f"{screens * width}x{height}x24")
+            if screens > 1:
+                self._start_screens(width, height, screens)
             self._start_window_manager()
         except BaseException:
             self.close()
             raise
 
-    def _start_server(self, width, height):
+    def _start_server(self, *command):
         # The server picks a free number itself and writes it to the pipe once it takes connections.
         reader, writer = os.pipe()
+        log = f"{command[0]}.log"
         try:
-            self.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24",
-                        "-nolisten", "tcp", "-noreset"], pass_fds=[writer], log="xvfb.log")
+            self.start([command[0], "-displayfd", str(writer), *command[1:], "-nolisten", "tcp", "-noreset"], pass_fds=[writer], log=log)
         finally:
             os.close(writer)
         with os.fdopen(reader) as pipe:
             number = pipe.readline().strip()
         if not number:
-            raise AssertionError("the X server did not start: " + self.log("xvfb.log"))
+            raise AssertionError("the X server did not start: " + self.log(log))
         self.environment["DISPLAY"] = f":{number}"
+
+    def _start_screens(self, width, height, count):
+        """Side by side, in a server inside of the other one, which would lay them over each other. Without the extension that says
+        there is but one screen."""
+        screens = (("-origin", f"{number * width},0", "-screen", f"{width}x{height}") for number in range(count))
+        self._start_server("Xephyr", "+xinerama", "-extension", "RANDR", *(word for screen in screens for word in screen))
 
     def _start_window_manager(self):
         config = os.path.join(self.folder, "rc.xml")

@@ -3,6 +3,7 @@
 import json
 import os
 import re
+import shutil
 import subprocess
 import threading
 import unittest
@@ -105,14 +106,18 @@ class Stage:
         return found + MESSAGE.sub("", log).splitlines()
 
 
-class DockingTest(unittest.TestCase):
+class Hand:
+    """What a hand does with stages on a desktop, and what is to be seen then."""
+
+    WIDTH, HEIGHT, SCREENS = 1280, 900, 1
+
     @classmethod
     def setUpClass(cls):
-        cls.desktop = Desktop(1280, 900)
+        cls.desktop = Desktop(cls.WIDTH, cls.HEIGHT, cls.SCREENS)
         cls.addClassCleanup(cls.desktop.close)
 
     def show(self, *places, **how):
-        self.desktop.point_at(1270, 890) # off all windows
+        self.desktop.point_at(self.WIDTH - 10, self.HEIGHT - 10) # off all windows
         stage = Stage(self.desktop, *(places or (PLACE,)), **how)
         self.addCleanup(self.finish, stage)
         return stage
@@ -123,6 +128,10 @@ class DockingTest(unittest.TestCase):
             stage.process.terminate()
             stage.process.wait(TIMEOUT)
         self.assertEqual(stage.complaints(), [])
+
+    def window(self, stage, title):
+        return next(window for window in self.desktop.windows_of(stage.process)
+                    if self.desktop.property(window, "_NET_WM_NAME") == f'"{title}"')
 
     # --- A hand ---
 
@@ -165,6 +174,32 @@ class DockingTest(unittest.TestCase):
         wait_for(lambda: stage.panel(name)["floating"] == stage.panel(name)["window"] == floating and not stage.panel(name)["draging"]
                  and not stage.is_shown("indicator") and not stage.is_shown("mask"), "the drop")
 
+    # --- An eye ---
+
+    def expected_place(self, stage, position, area, window="window"):
+        x, y, width, height = stage.state["windows"][window] if position >= OUTER_LEFT else area
+        wide, high = width // 2, height // 2
+        if position in (LEFT, OUTER_LEFT):
+            return x, y, wide, height
+        if position in (RIGHT, OUTER_RIGHT):
+            return x + width - wide, y, wide, height
+        if position in (TOP, OUTER_TOP):
+            return x, y, width, high
+        if position in (BOTTOM, OUTER_BOTTOM):
+            return x, y + height - high, width, high
+        return x, y, width, height
+
+    def check_mask_on_screen(self, stage, position):
+        """Its tint lies over the dragged panel and everything, and the labels over it. Without a compositor it lies on black."""
+        x, y, width, height = stage.state["mask"]["place"]
+        tint = tint_on_black("brand/brand_bg")
+        for corner in ((x + 8, y + 8), (x + width - 8, y + 8), (x + 8, y + height - 8), (x + width - 8, y + height - 8)):
+            wait_for(lambda at=corner: self.desktop.pixel(*at) == tint, f"the mask's tint at {corner}")
+        left, top, _, _ = stage.state["indicator"]["labels"][str(position)]
+        wait_for(lambda: self.desktop.pixel(left + 2, top + 8) == HOVERED, "the label to look hovered")
+
+
+class DockingTest(Hand, unittest.TestCase):
     # --- Tearing off ---
 
     def test_a_panel_torn_off_by_its_title_follows_the_mouse_and_stays_a_window(self):
@@ -203,34 +238,12 @@ class DockingTest(unittest.TestCase):
 
     # --- Dropping ---
 
-    def expected_place(self, stage, position, area):
-        x, y, width, height = stage.state["windows"]["window"] if position >= OUTER_LEFT else area
-        wide, high = width // 2, height // 2
-        if position in (LEFT, OUTER_LEFT):
-            return x, y, wide, height
-        if position in (RIGHT, OUTER_RIGHT):
-            return x + width - wide, y, wide, height
-        if position in (TOP, OUTER_TOP):
-            return x, y, width, high
-        if position in (BOTTOM, OUTER_BOTTOM):
-            return x, y + height - high, width, high
-        return x, y, width, height
-
     def test_a_drop_on_each_place_puts_the_panel_where_the_mask_was(self):
         for position in range(9):
             with self.subTest(position=position):
                 stage = self.show()
                 self.check_drop(stage, position)
                 self.finish(stage)
-
-    def check_mask_on_screen(self, stage, position):
-        """Its tint lies over the dragged panel and everything, and the labels over it. Without a compositor it lies on black."""
-        x, y, width, height = stage.state["mask"]["place"]
-        tint = tint_on_black("brand/brand_bg")
-        for corner in ((x + 8, y + 8), (x + width - 8, y + 8), (x + 8, y + height - 8), (x + width - 8, y + height - 8)):
-            wait_for(lambda at=corner: self.desktop.pixel(*at) == tint, f"the mask's tint at {corner}")
-        left, top, _, _ = stage.state["indicator"]["labels"][str(position)]
-        wait_for(lambda: self.desktop.pixel(left + 2, top + 8) == HOVERED, "the label to look hovered")
 
     def check_drop(self, stage, position):
         area = stage.area_of("Files")
@@ -351,8 +364,7 @@ class DockingTest(unittest.TestCase):
         stage = self.show(PLACE, OTHER_PLACE)
         area = stage.area_of("Output")
         at = self.take(stage, "Two", stage.tab_of("Two"))
-        other = next(window for window in self.desktop.windows_of(stage.process)
-                     if self.desktop.property(window, "_NET_WM_NAME") == '"window2"')
+        other = self.window(stage, "window2")
         self.desktop.run("xdotool", "windowactivate", other)
         wait_for(lambda: self.desktop.active_window() == other, "the other window to be active")
         self.carry(stage, at, area)
@@ -362,7 +374,46 @@ class DockingTest(unittest.TestCase):
         expected = self.expected_place(stage, BOTTOM, area)
         wait_for(lambda: are_near(stage.area_of("Two"), expected), f"the panel at {expected}")
 
-    def test_floating_panels_go_and_come_with_their_minimised_root(self):
+    def test_a_drag_goes_on_when_another_program_becomes_active(self):
+        other = self.show(OTHER_PLACE)
+        stage = self.show()
+        area = stage.area_of("Files")
+        at = self.take(stage, "Two", stage.tab_of("Two"))
+        window = self.window(other, "window")
+        self.desktop.run("xdotool", "windowactivate", window)
+        wait_for(lambda: self.desktop.active_window() == window, "the other program to be active")
+        self.carry(stage, at, area)
+        self.carry_to_label(stage, BOTTOM)
+        self.check_mask_on_screen(stage, BOTTOM)
+        self.desktop.release()
+        self.wait_for_drop(stage, "Two", False)
+        expected = self.expected_place(stage, BOTTOM, area)
+        wait_for(lambda: are_near(stage.area_of("Two"), expected), f"the panel at {expected}")
+
+    def test_a_panel_dropped_over_another_program_or_at_the_edge_of_the_screen_stays_a_window(self):
+        other = self.show(OTHER_PLACE)
+        stage = self.show()
+        for name, grip, end in (("Files", stage.title_of, centre(OTHER_PLACE)), ("Two", stage.tab_of, (1279, 899))):
+            at = self.take(stage, name, grip(name))
+            self.glide(at, end)
+            wait_for(lambda: not stage.is_shown("indicator") and stage.panel(name)["tip"], "the tip instead of the indicator")
+            self.desktop.release()
+            self.wait_for_drop(stage, name, True)
+        self.assertFalse(any(panel["floating"] for panel in other.state["panels"].values()))
+
+    def test_a_floating_panel_goes_by_its_close_button(self):
+        stage = self.show()
+        self.take(stage, "Files", stage.title_of("Files"))
+        self.desktop.point_at(400, 700)
+        wait_for(lambda: stage.panel("Files")["place"][1] > 600, "the panel under the mouse")
+        self.desktop.release()
+        self.wait_for_drop(stage, "Files", True)
+        x, y, width, height = stage.panel("Files")["title"]
+        self.desktop.click(x + width - 20, y + height // 2)
+        wait_for(lambda: "Files" not in stage.state["panels"], "the panel to go")
+        self.assertEqual(sorted(stage.state["tabs"]), ["One", "Two"])
+
+    def test_floating_panels_stay_where_they_are_when_their_root_is_minimised_and_restored(self):
         stage = self.show()
         grip = stage.title_of("Files")
         self.take(stage, "Files", grip)
@@ -370,12 +421,13 @@ class DockingTest(unittest.TestCase):
         self.desktop.release()
         self.wait_for_drop(stage, "Files", True)
         place = stage.panel("Files")["place"]
-        root = next(window for window in self.desktop.windows_of(stage.process)
-                    if self.desktop.property(window, "_NET_WM_NAME") == '"window"')
+        root, files = self.window(stage, "window"), self.window(stage, "Files")
         self.desktop.run("xdotool", "windowminimize", root)
         wait_for(lambda: root not in self.desktop.windows_of(stage.process), "the root to be minimised")
+        self.assertIn(files, self.desktop.windows_of(stage.process))
         self.desktop.run("xdotool", "windowmap", root)
-        wait_for(lambda: root in self.desktop.windows_of(stage.process) and stage.panel("Files")["visible"], "both to come back")
+        wait_for(lambda: root in self.desktop.windows_of(stage.process), "the root to come back")
+        self.assertIn(files, self.desktop.windows_of(stage.process))
         self.assertEqual(stage.panel("Files")["place"], place)
         self.assertTrue(stage.panel("Files")["floating"])
 
@@ -449,6 +501,37 @@ class DockingTest(unittest.TestCase):
         wait_for(lambda: tuple(stage.panel("Files")["place"]) == (x + 100, y - 40, width + 80, height), "the panel under the mouse")
         self.desktop.release()
         self.wait_for_drop(stage, "Files", True)
+
+
+@unittest.skipUnless(shutil.which("Xephyr"), "two screens need the package xserver-xephyr")
+class TwoScreensTest(Hand, unittest.TestCase):
+    WIDTH, HEIGHT, SCREENS = 800, 620, 2
+
+    def test_a_panel_goes_from_one_screen_to_the_other_and_docks_there(self):
+        for position in (LEFT, OUTER_BOTTOM):
+            with self.subTest(position=position):
+                stage = self.show((100, 60, 500, 400), (900, 60, 400, 400))
+                area = stage.area_of("Output")
+                at = self.take(stage, "Two", stage.tab_of("Two"))
+                self.carry(stage, at, area)
+                self.carry_to_label(stage, position)
+                expected = self.expected_place(stage, position, area, "window2")
+                wait_for(lambda: are_near(stage.state["mask"]["place"], expected), f"the mask at {expected}")
+                self.check_mask_on_screen(stage, position)
+                self.desktop.release()
+                self.wait_for_drop(stage, "Two", False)
+                wait_for(lambda: are_near(stage.area_of("Two"), expected), f"the panel at {expected}")
+                self.finish(stage)
+
+    def test_a_panel_may_stay_a_window_across_both_screens(self):
+        stage = self.show((100, 60, 500, 400))
+        at = self.take(stage, "Files", stage.title_of("Files"))
+        self.glide(at, (790, 520))
+        wait_for(lambda: stage.panel("Files")["place"][0] > 700, "the panel under the mouse")
+        self.desktop.release()
+        self.wait_for_drop(stage, "Files", True)
+        left, _, width, _ = stage.panel("Files")["place"]
+        self.assertTrue(left < 800 < left + width, (left, width))
 
 
 if __name__ == "__main__":

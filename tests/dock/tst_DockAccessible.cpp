@@ -1,12 +1,14 @@
+#include <Velmora/QcDockContainer.h>
 #include <Velmora/QcIconButton.h>
+#include <Velmora/QcSplitter.h>
 
+#include "DockTestCase.h"
 #include "TabStage.h"
 #include "support/AccessibleEvents.h"
 #include "support/TestMain.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QLineEdit>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -25,7 +27,7 @@ QString NameOf(QObject *object)
 
 } // namespace
 
-class TestDockAccessible : public TestCase
+class TestDockAccessible : public DockTestCase
 {
     Q_OBJECT
 
@@ -97,6 +99,83 @@ private Q_SLOTS:
         QCOMPARE(told.Take(), QStringList(QStringLiteral("NameChanged")));
     }
 
+    void the_tab_that_is_left_is_told_to_have_changed_too()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        AccessibleEvents told(*stage.Tab(1));
+        stage.frame->setCurrentIndex(0);
+        const QStringList events = told.Take();
+        QVERIFY(events.contains(QStringLiteral("StateChanged")));
+        QVERIFY(!events.contains(QStringLiteral("Selection")));
+        QVERIFY(!Seen(stage.Tab(1))->state().selected);
+    }
+
+    void a_row_has_its_tabs_in_their_order_whatever_comes_and_goes()
+    {
+        TabStage stage;
+        for (const char *title : {"A", "B", "C"})
+            stage.Add(QLatin1String(title));
+        QVERIFY(stage.Show());
+        const auto names = [&stage] {
+            QStringList found;
+            for (int i = 0; i < Seen(stage.Row())->childCount(); ++i)
+                found.append(Seen(stage.Row())->child(i)->text(QAccessible::Name));
+            return found;
+        };
+        QCOMPARE(names(), QStringList({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+        delete stage.frame->widget(1);
+        DrainEvents();
+        stage.Add(QStringLiteral("D"));
+        DrainEvents();
+        QCOMPARE(names(), QStringList({QStringLiteral("A"), QStringLiteral("C"), QStringLiteral("D")}));
+    }
+
+    void only_the_selected_tab_and_page_are_seen_and_only_that_tab_takes_the_focus()
+    {
+        TabStage stage;
+        QcDockWidget *first = stage.Add(QStringLiteral("A"));
+        QcDockWidget *second = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        QVERIFY(Seen(first)->state().invisible);
+        QVERIFY(!Seen(second)->state().invisible);
+        QVERIFY(Seen(PartOf(*stage.Tab(0), "m_closeButton"))->state().invisible);
+        QVERIFY(!Seen(PartOf(*stage.Tab(1), "m_closeButton"))->state().invisible);
+        QVERIFY(!Seen(stage.Tab(0))->state().focusable);
+        QVERIFY(Seen(stage.Tab(1))->state().focusable);
+        QVERIFY(!Seen(stage.Tab(1))->state().focused);
+        stage.Tab(1)->setFocus(Qt::TabFocusReason);
+        QVERIFY(Seen(stage.Tab(1))->state().focused);
+    }
+
+    void a_reader_steps_through_the_tabs_and_closes_them()
+    {
+        TabStage stage;
+        QPointer<QcDockWidget> first = stage.Add(QStringLiteral("A"));
+        QPointer<QcDockWidget> second = stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const auto press = [](QWidget *button) { Seen(button)->actionInterface()->doAction(QAccessibleActionInterface::pressAction()); };
+        QVERIFY(Seen(PartOf(*stage.frame, "m_rightButton"))->state().disabled);
+        press(PartOf(*stage.frame, "m_leftButton"));
+        QTRY_COMPARE(stage.Tabs(), QStringLiteral("[A] B"));
+        QVERIFY(Seen(PartOf(*stage.frame, "m_leftButton"))->state().disabled);
+        press(PartOf(*stage.Tab(0), "m_closeButton"));
+        QTRY_VERIFY(!first);
+        press(TitleRowOf(*second)->findChild<QcIconButton *>());
+        QTRY_VERIFY(!second);
+    }
+
+    void a_close_button_that_is_forbidden_says_so()
+    {
+        QcDockWidget panel;
+        auto *content = new Content(QStringLiteral("Map"));
+        content->setProperty("dock_widget_close_forbidden", true);
+        panel.setContentWidget(content);
+        QVERIFY(Seen(TitleRowOf(panel)->findChild<QcIconButton *>())->state().disabled);
+    }
+
     void a_panels_new_title_is_told()
     {
         QcDockWidget panel;
@@ -138,6 +217,39 @@ private Q_SLOTS:
         QVERIFY(reached.contains(PartOf(*stage.frame, "m_leftButton")));
         QVERIFY(reached.contains(PartOf(*stage.frame, "m_rightButton")));
         QVERIFY(reached.contains(static_cast<QcDockWidget *>(stage.frame->widget(1))->getContentWidget()));
+    }
+
+    void tab_reaches_every_panel_close_button_and_handle_of_a_container_and_comes_round()
+    {
+        QWidget window;
+        auto *root = new QcDockContainer(&window);
+        auto *layout = new QHBoxLayout(&window);
+        layout->addWidget(root);
+        QcDockWidget *files = NewPanel(QStringLiteral("Files"));
+        QcDockWidget *output = NewPanel(QStringLiteral("Output"));
+        QcDockWidget *map = NewPanel(QStringLiteral("Map"));
+        root->addWidget(files, nullptr, Center);
+        root->addWidget(map, files, Right);
+        root->addWidget(output, map, Bottom);
+        window.resize(600, 400);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QSet<QWidget *> expected;
+        for (QcDockWidget *panel : {files, output, map})
+            expected << panel->getContentWidget() << TitleRowOf(*panel)->findChild<QcIconButton *>();
+        const auto splitters = root->findChildren<QcSplitter *>();
+        QCOMPARE(splitters.size(), 2);
+        for (QcSplitter *splitter : splitters)
+            expected << splitter->handle(1);
+
+        files->getContentWidget()->setFocus();
+        QSet<QWidget *> reached;
+        do {
+            reached.insert(QApplication::focusWidget());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        } while (QApplication::focusWidget() != files->getContentWidget() && reached.size() <= expected.size());
+        QCOMPARE(QApplication::focusWidget(), files->getContentWidget());
+        QCOMPARE(reached, expected);
     }
 
     void tab_reaches_the_close_button_of_a_title_row()

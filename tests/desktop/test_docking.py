@@ -189,6 +189,10 @@ class Hand:
             return x, y + height - high, width, high
         return x, y, width, height
 
+    def check_mask(self, stage, position, expected):
+        wait_for(lambda: are_near(stage.state["mask"]["place"], expected), f"the mask at {expected}")
+        self.check_mask_on_screen(stage, position)
+
     def check_mask_on_screen(self, stage, position):
         """Its tint lies over the dragged panel and everything, and the labels over it. Without a compositor it lies on black."""
         x, y, width, height = stage.state["mask"]["place"]
@@ -252,8 +256,7 @@ class DockingTest(Hand, unittest.TestCase):
         self.carry(stage, at, area)
         self.carry_to_label(stage, position)
         expected = self.expected_place(stage, position, area)
-        wait_for(lambda: are_near(stage.state["mask"]["place"], expected), f"the mask at {expected}")
-        self.check_mask_on_screen(stage, position)
+        self.check_mask(stage, position, expected)
         self.desktop.release()
         self.wait_for_drop(stage, "Two", False)
         wait_for(lambda: are_near(stage.area_of("Two"), expected), f"the panel at {expected}")
@@ -384,10 +387,10 @@ class DockingTest(Hand, unittest.TestCase):
         wait_for(lambda: self.desktop.active_window() == window, "the other program to be active")
         self.carry(stage, at, area)
         self.carry_to_label(stage, BOTTOM)
-        self.check_mask_on_screen(stage, BOTTOM)
+        expected = self.expected_place(stage, BOTTOM, area)
+        self.check_mask(stage, BOTTOM, expected)
         self.desktop.release()
         self.wait_for_drop(stage, "Two", False)
-        expected = self.expected_place(stage, BOTTOM, area)
         wait_for(lambda: are_near(stage.area_of("Two"), expected), f"the panel at {expected}")
 
     def test_a_panel_dropped_over_another_program_or_at_the_edge_of_the_screen_stays_a_window(self):
@@ -516,8 +519,7 @@ class TwoScreensTest(Hand, unittest.TestCase):
                 self.carry(stage, at, area)
                 self.carry_to_label(stage, position)
                 expected = self.expected_place(stage, position, area, "window2")
-                wait_for(lambda: are_near(stage.state["mask"]["place"], expected), f"the mask at {expected}")
-                self.check_mask_on_screen(stage, position)
+                self.check_mask(stage, position, expected)
                 self.desktop.release()
                 self.wait_for_drop(stage, "Two", False)
                 wait_for(lambda: are_near(stage.area_of("Two"), expected), f"the panel at {expected}")

@@ -155,6 +155,7 @@ class WorkbenchTest(unittest.TestCase):
     FIRST = [[FILES], [OUTLINE], [FIRST_EDITOR, FIRST_EDITOR + 1], [OUTPUT], [PROPERTIES]]
     SAVE, LOAD, RESET, SECOND_WINDOW = ((64 + 120 * column, 18) for column in range(4)) # the tool row's buttons
     PROPERTIES_TITLE = (950, 52)
+    BEFORE_PROPERTIES = (876, 400) # the splitter's handle
     FILES_CENTRE = (140, 201) # once the properties have left
 
     def drag_to_files(self):
@@ -204,7 +205,9 @@ class WorkbenchTest(unittest.TestCase):
     def test_a_saved_layout_comes_back_after_another_one(self):
         before = self.layout()
         self.drag_to_files()
+        self.assertEqual(self.desktop.pixel(*self.at(*self.BEFORE_PROPERTIES)), "#ffffff")
         self.desktop.click(*self.at(*self.LOAD))
+        wait_for(lambda: self.desktop.pixel(*self.at(*self.BEFORE_PROPERTIES)) != "#ffffff", "the loaded layout") # before the next save
         self.assertEqual(areas_of(self.wait_for_layout(lambda layout: areas_of(layout) == self.FIRST, "the first layout")), areas_of(before))
 
     def test_an_editor_with_changes_asks_before_it_closes(self):

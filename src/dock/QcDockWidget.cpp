@@ -83,6 +83,7 @@ struct QcDockWidget::Private
     bool isTipMeasured = false;
     bool isDragging = false;
     bool wasShownAsWindow = false;
+    QPoint place; // where a drag or a host has put the window; pos() may say where the window system had it before
 };
 
 QcDockWidget::QcDockWidget(QWidget *parent)
@@ -393,6 +394,10 @@ bool QcDockWidget::event(QEvent *event)
         if (isWindow())
             setTitleVisible(true); // a tab that stood for it has stayed behind
         break;
+    case QEvent::Move:
+        if (!event->spontaneous())
+            m_private->place = pos();
+        break;
     case QEvent::Show:
         KeepOnScreen();
         PutCloseButtonLast();
@@ -476,15 +481,19 @@ void QcDockWidget::DragTo(const QPoint &cursor)
     const QPointer<QWidget> self = this;
     if (!m_private->isDragging) {
         m_private->isDragging = true;
+        m_private->place = pos();
         DockDrag::Begin(this, this, [this] { ForgetPress(); });
     }
-    if (!isWindow())
+    if (!isWindow()) {
         swichToFloating();
+        if (self)
+            m_private->place = pos();
+    }
     const auto goesOn = [this, &self] { return self && m_private->isDragging; }; // a host may end it wherever it hears of it
     if (goesOn())
         setDragingStyle(true);
     if (goesOn())
-        move(pos() + delta);
+        move(m_private->place + delta);
     if (!goesOn())
         return;
     m_lastGlobalPos = cursor;

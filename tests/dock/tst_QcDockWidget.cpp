@@ -20,6 +20,8 @@
 #include <QTranslator>
 #include <QVBoxLayout>
 
+#include <qpa/qwindowsysteminterface.h>
+
 #include <memory>
 
 using namespace Velmora;
@@ -920,6 +922,37 @@ private Q_SLOTS:
         QVERIFY(stage.panel->property("window").toBool());
         mouse.MoveBy(10, 10);
         QCOMPARE(stage.panel->pos(), from + QPoint(21, 30));
+    }
+
+    void a_dragged_panel_keeps_up_with_the_mouse_when_the_window_system_reports_late_where_it_was()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        const QPoint from = stage.panel->pos();
+        mouse.MoveBy(20, 30);
+        QWindowSystemInterface::handleGeometryChange(stage.panel->windowHandle(), QRect(from, stage.panel->size()));
+        QWindowSystemInterface::flushWindowSystemEvents();
+        QCOMPARE(stage.panel->pos(), from);
+        mouse.MoveBy(1, 0);
+        QCOMPARE(stage.panel->pos(), from + QPoint(21, 30));
+        mouse.Release();
+        DrainEvents();
+    }
+
+    void a_dragged_panel_that_its_host_moves_goes_on_from_there()
+    {
+        FloatingStage stage;
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        mouse.PressAt(*stage.panel, stage.OnTitle());
+        mouse.MoveBy(20, 30);
+        stage.panel->move(50, 60);
+        mouse.MoveBy(1, 0);
+        QCOMPARE(stage.panel->pos(), QPoint(51, 60));
+        mouse.Release();
+        DrainEvents();
     }
 
     void a_press_in_the_resize_band_neither_moves_nor_docks()

@@ -48,10 +48,16 @@ class MenusTest(unittest.TestCase):
         x, y, _, _ = place
         return x + 30, y + 1 + ITEM * number + ITEM // 2
 
-    def hover(self, x, y):
-        """In two steps: a menu does not count the first move after it has opened."""
-        self.desktop.point_at(x + 2, y)
-        self.desktop.point_at(x, y)
+    def hover(self, place, shows, what):
+        """Until it shows: a menu does not count the first move after it has opened, and a busy program hears several moves as one."""
+        x, y = place
+
+        def moves_on():
+            self.desktop.point_at(x + 2, y)
+            self.desktop.point_at(x, y)
+            return shows()
+
+        wait_for(moves_on, what)
 
     def wait_for_said(self, stage, what):
         wait_for(lambda: what in stage.said, what)
@@ -72,9 +78,8 @@ class MenusTest(unittest.TestCase):
         x, y, width, _ = place
         looks = {True: token("bg/bg_transluent_subtle_hover"), False: token("bg/bg_float")}
         for number in (0, 1, 0):
-            self.hover(*self.item(place, number))
-            for other in (0, 1):
-                wait_for(lambda: self.desktop.pixel(x + 5, y + 1 + ITEM * other + 4) == looks[other == number], "the fill")
+            self.hover(self.item(place, number), lambda: all(
+                self.desktop.pixel(x + 5, y + 1 + ITEM * other + 4) == looks[other == number] for other in (0, 1)), "the fill")
 
     def test_a_press_outside_closes_the_menu_and_chooses_nothing(self):
         stage = self.show()
@@ -103,7 +108,7 @@ class MenusTest(unittest.TestCase):
         stage = self.show()
         place = self.open(stage)
         self.assertEqual(place[2], 320)
-        self.hover(*self.item(place, 2))
+        self.hover(self.item(place, 2), lambda: any(what.startswith("submenu@") for what in stage.said), "the submenu")
         inner = self.place(stage, "submenu")
         self.assertLessEqual(abs(inner[0] - (place[0] + place[2])), 1)
         self.wait_for_panel(inner)
@@ -135,8 +140,7 @@ class MenusTest(unittest.TestCase):
         above, below = y + 3, y + height - 4
         self.assertTrue(tip_of_arrow(below))
         self.assertFalse(tip_of_arrow(above))
-        self.hover(x + 30, y + height - 5)
-        wait_for(lambda: tip_of_arrow(above), "an arrow at the other end")
+        self.hover((x + 30, y + height - 5), lambda: tip_of_arrow(above), "an arrow at the other end")
         wait_for(lambda: not tip_of_arrow(below), "the end")
         self.desktop.click(x + 30, y + height - 1 - ITEM // 2)
         self.wait_for_said(stage, "chosen-60")

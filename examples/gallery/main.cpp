@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QStyleFactory>
 #include <QTextStream>
+#include <QTranslator>
 
 #include <algorithm>
 
@@ -50,6 +51,17 @@ bool ChoosePlatform(int argc, char **argv)
     return HasDisplay();
 }
 
+/// The kit's tip under the title of a dragged panel is a key: its wording is the program's.
+class Texts : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return qstrcmp(text, "PleaseMoveToTheIMsg") == 0 ? QStringLiteral("Drop it on a place of the cross") : QString();
+    }
+};
+
 void SetUpLook()
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion"))); // the same ground everywhere
@@ -85,6 +97,8 @@ int main(int argc, char *argv[])
     }
 
     Velmora::QcApplication app(argc, argv);
+    Texts texts;
+    QCoreApplication::installTranslator(&texts);
     QCoreApplication::setApplicationName(QStringLiteral("gallery"));
     QCoreApplication::setApplicationVersion(QStringLiteral(GALLERY_VERSION));
 

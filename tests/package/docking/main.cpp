@@ -1,5 +1,7 @@
 #include "beside.h"
+#include "forward.h"
 #include "layouts.h"
+#include "texts.h"
 
 #include "../Check.h"
 
@@ -7,6 +9,7 @@
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcStyleManager.h>
 
+#include <QLabel>
 #include <QTemporaryDir>
 
 namespace {
@@ -46,6 +49,26 @@ void CheckBesideAndLayouts()
     delete second;
 }
 
+void CheckTextsAndForward()
+{
+    DockingTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    Velmora::QcDockContainer root;
+    auto *behind = new Velmora::QcDockWidget(nullptr);
+    behind->setContentWidget(MakeContent(1));
+    root.addWidget(behind, nullptr, Velmora::Center);
+    auto *inFront = new Velmora::QcDockWidget(nullptr);
+    inFront->setContentWidget(MakeContent(1));
+    root.addWidget(inFront, behind, Velmora::Center);
+    root.show();
+    Check(!behind->isVisible(), "a panel may be behind another");
+    bringForward(behind);
+    Check(behind->isVisible(), "and is brought forward");
+    const auto *tip = behind->findChild<QLabel *>(QStringLiteral("m_dragTipLabel"));
+    Check(tip && tip->text() == QLatin1String("Drop it on a place of the cross"), "the tip of a dragged panel has the program's wording");
+    QCoreApplication::removeTranslator(&texts);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -54,5 +77,6 @@ int main(int argc, char **argv)
     Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
     app.Initialize();
     CheckBesideAndLayouts();
+    CheckTextsAndForward();
     return failures;
 }

@@ -101,7 +101,7 @@ DockMove::DockMove(QcDockWidget *panel, QcDockArea *area)
 
 void DockMove::Show()
 {
-    if (!m_panel || !m_area || IsDoomed(m_area))
+    if (!m_panel || !m_area || IsDoomed(m_area) || !Outer())
         End();
     else
         Controller().Preview(m_panel, m_area, Outer(), m_place, Spoken());

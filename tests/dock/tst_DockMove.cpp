@@ -520,6 +520,19 @@ private Q_SLOTS:
         QVERIFY(moved->isFloating());
     }
 
+    void it_ends_when_its_area_is_taken_out_of_the_tree()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        const QPointer<QcDockArea> area = AreaOf(*stage.Add(2, left, Right));
+        BeginDockMove(stage.Float(3), area);
+        area->setParent(nullptr);
+        QTest::keyClick(&stage.window, Qt::Key_Left);
+        QVERIFY(stage.Indicator()->isHidden());
+        QVERIFY(stage.Mask()->isHidden());
+        delete area;
+    }
+
     void a_panel_is_moved_to_areas_in_sight_only()
     {
         DragStage stage;

@@ -76,6 +76,18 @@ private Q_SLOTS:
         QTest::newRow("none") << int(NoPosition) << QRect();
     }
 
+    void a_screen_left_of_and_above_the_first_changes_no_halves()
+    {
+        const QRect area(-901, -301, 201, 101);
+        const QRect outer(-951, -401, 401, 301); // ends on the screen at the right
+        QCOMPARE(MaskRect(Right, area, outer), QRect(-801, -301, 100, 101));
+        QCOMPARE(MaskRect(Bottom, area, outer), QRect(-901, -251, 201, 50));
+        QCOMPARE(MaskRect(OuterRight, area, outer), QRect(-750, -401, 200, 301));
+        QCOMPARE(MaskRect(OuterBottom, area, outer), QRect(-951, -250, 401, 150));
+        QCOMPARE(IndicatorTopLeft(area, QSize(184, 191)), QPoint(-893, -346));
+        QCOMPARE(IndicatorTopLeft(QRect(-200, 0, 401, 301), QSize(184, 191)), QPoint(-92, 55)); // across both
+    }
+
     void a_drop_takes_the_told_part_of_its_area()
     {
         QFETCH(int, position);

@@ -1,6 +1,7 @@
 #include "dock/DockTestCase.h"
 #include "dock/DragStage.h"
 #include "dock/RandomLayout.h"
+#include "dock/TabStage.h"
 #include "support/TestMain.h"
 #include "theme/TestFiles.h"
 
@@ -971,6 +972,44 @@ private Q_SLOTS:
         QVERIFY(qAbs(indicator->geometry().center().y() - other.geometry().center().y()) < 5);
         drag->processDockWidgetDragFinished(panel);
         QCOMPARE(Shape(*second), QStringLiteral("([2 1])"));
+    }
+
+    void a_layout_that_is_loaded_while_the_mouse_drags_takes_part_in_the_drag_data()
+    {
+        QTest::addColumn<bool>("goes");
+        QTest::newRow("the earlier root stays") << false;
+        QTest::newRow("the earlier root goes, and with it what floats under it") << true;
+    }
+    void a_layout_that_is_loaded_while_the_mouse_drags_takes_part_in_the_drag()
+    {
+        QFETCH(bool, goes);
+        QcDockContainer *first = Load(R"({"children":[{"dockWidgetList":[{"type":1}]},{"dockWidgetList":[{"type":2}]}]})");
+        Host host(first);
+        host.setGeometry(0, 0, 400, 250);
+        host.ShowSettled();
+        const QPointer<QWidget> panel = first->getDockAreaList().constFirst()->widget(0);
+        VelmoraTest::Mouse mouse;
+        mouse.PressAt(*panel, QPoint(60, 15));
+        mouse.MoveBy(0, 10);
+        mouse.MoveTo(host.geometry().center());
+        DrainEvents();
+        const auto *indicator = VelmoraTest::TopLevel<QcDockIndicator>();
+        QVERIFY(indicator->isVisible());
+
+        QcDockContainer *second = Load(R"({"children":[{"dockWidgetList":[{"type":3}]}]})");
+        Host other(second);
+        other.setGeometry(0, 270, 400, 250);
+        other.ShowSettled();
+        if (goes)
+            delete first;
+        QCOMPARE(panel.isNull(), goes);
+        QCOMPARE(indicator->isVisible(), !goes);
+        mouse.MoveTo(other.geometry().center());
+        DrainEvents();
+        QCOMPARE(indicator->isVisible(), !goes);
+        mouse.Release();
+        QCOMPARE(Settled(), QString());
+        QCOMPARE(Shape(*second), goes ? QStringLiteral("([3])") : QStringLiteral("([3 1])"));
     }
 
     void a_refused_second_load_leaves_the_first_root()

@@ -879,6 +879,8 @@ private Q_SLOTS:
         QTest::newRow("seen in part") << QRect(-290, -150, 300, 200) << QPoint(-290, -150);
         QTest::newRow("left") << QRect(-900, 100, 300, 200) << QPoint(0, 100);
         QTest::newRow("right of both") << QRect(9000, 2000, 300, 200) << QPoint(1700, 400);
+        QTest::newRow("below the second, beside the first") << QRect(1500, 650, 300, 150) << QPoint(1500, 450);
+        QTest::newRow("across both") << QRect(900, 500, 300, 200) << QPoint(900, 500);
         QTest::newRow("above the second") << QRect(1500, -500, 300, 200) << QPoint(1500, 0);
         QTest::newRow("larger than a screen") << QRect(9000, 0, 3000, 2000) << QPoint(1000, 0);
         QTest::newRow("nothing of it") << QRect(50, 50, 0, 0) << QPoint(50, 50);

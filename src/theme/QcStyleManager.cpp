@@ -5,6 +5,7 @@
 
 #include "theme/ColorTable_p.h"
 #include "theme/ImageCache_p.h"
+#include "theme/StyleSheetAlone_p.h"
 #include "theme/SvgRecoloring_p.h"
 #include "theme/WholeRepaint_p.h"
 
@@ -297,7 +298,7 @@ void QcStyleManager::UpdateWidgetStyleSheet(QPointer<QWidget> widget)
     if (styledAs == widget->metaObject() && widget->styleSheet() == resolved)
         widget->update();
     else
-        widget->setStyleSheet(resolved);
+        SetStyleSheetAlone(widget, resolved);
 }
 
 /// Widgets of one class mostly have one text.

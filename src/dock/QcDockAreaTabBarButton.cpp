@@ -166,7 +166,7 @@ void QcDockAreaTabBarButton::PaintLabel()
     painter.setPen(TokenColor(isChecked() ? QStringLiteral("text/text_caption") : QStringLiteral("text/text_secondary ")));
     // A title's own direction orders its words; its beginning is at the left, since its end fades out at the right.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(m_textLabel->rect(), Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter, Title());
+    painter.drawText(m_textLabel->rect(), Qt::AlignLeft | Qt::AlignVCenter, Title());
     PaintFade(painter, QRect(m_textLabel->width() - GRADIENT_WIDTH, 0, GRADIENT_WIDTH, height()), TokenColor(GroundOf(*this)));
 }
 

@@ -28,6 +28,7 @@ namespace Velmora {
 
 namespace {
 
+constexpr int kRowEnd = 8; // between the buttons and the area's edge
 constexpr int kRowHeight = 30;
 constexpr int kNavigationSize = 24;
 constexpr double kCornerRadius = 4.0;
@@ -76,7 +77,6 @@ void QcDockAreaTabFrame::MakeTopRow()
     m_topFrame = Named(new QFrame(this), "m_topFrame");
     auto *row = new QHBoxLayout(m_topFrame);
     row->setSpacing(4);
-    row->setContentsMargins(0, 0, 8, 1);
     m_tabBarFrame = Named(new QFrame(m_topFrame), "m_tabBarFrame");
     m_tabBarFrame->setFixedHeight(kRowHeight);
     m_tabBarFrame->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -96,7 +96,7 @@ void QcDockAreaTabFrame::MakeTopRow()
     m_rightButton = makeButton("m_rightButton");
     row->addWidget(m_tabBarFrame);
     row->addWidget(m_navigationFrame, 0, Qt::AlignRight);
-    PointNavigation();
+    FollowDirection();
     NameNavigation();
 }
 
@@ -127,13 +127,14 @@ void QcDockAreaTabFrame::NameNavigation()
     m_rightButton->setAccessibleName(next);
 }
 
-void QcDockAreaTabFrame::PointNavigation()
+void QcDockAreaTabFrame::FollowDirection()
 {
     // From right to left the previous tab lies at the right, and so does its button.
     const QString left = QStringLiteral(":/images/dock/pre_normal.svg");
     const QString right = QStringLiteral(":/images/dock/next_normal.svg");
     m_leftButton->SetIconPath(isRightToLeft() ? right : left);
     m_rightButton->SetIconPath(isRightToLeft() ? left : right);
+    m_topFrame->layout()->setContentsMargins(isRightToLeft() ? kRowEnd : 0, 0, isRightToLeft() ? 0 : kRowEnd, 1);
 }
 
 // --- Pages ---
@@ -404,7 +405,7 @@ void QcDockAreaTabFrame::FollowTitleOf(QcDockWidget &panel)
 void QcDockAreaTabFrame::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LayoutDirectionChange)
-        PointNavigation();
+        FollowDirection();
     else if (event->type() == QEvent::LanguageChange)
         NameNavigation();
     QFrame::changeEvent(event);

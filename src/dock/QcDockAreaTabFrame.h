@@ -72,7 +72,7 @@ private:
     void MakeTopRow();
     void ConnectParts();
     void NameNavigation();
-    void PointNavigation();
+    void FollowDirection();
     QWidget *LeavePresentPlace(QWidget &widget);
     void DeleteTabOfLastPage();
     void OnPageRemoved();

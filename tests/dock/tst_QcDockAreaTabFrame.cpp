@@ -472,6 +472,21 @@ private Q_SLOTS:
         QVERIFY(stage.Tab(0)->mapTo(&stage.window, QPoint()).x() > stage.Tab(1)->mapTo(&stage.window, QPoint()).x());
     }
 
+    void the_first_tab_lies_at_the_edge_where_reading_begins_and_the_arrows_keep_off_the_other()
+    {
+        TabStage stage({"A", "B"});
+        QVERIFY(stage.Show());
+        const auto inWindow = [&stage](const QWidget *part) { return QRect(part->mapTo(&stage.window, QPoint()), part->size()); };
+        const auto *navigation = PartOf(*stage.frame, "m_navigationFrame");
+        const int width = stage.window.width();
+        QCOMPARE(inWindow(stage.Tab(0)).left(), 0);
+        QCOMPARE(inWindow(navigation).right(), width - 1 - 8);
+        stage.window.setLayoutDirection(Qt::RightToLeft);
+        DrainEvents();
+        QCOMPARE(inWindow(stage.Tab(0)).right(), width - 1);
+        QCOMPARE(inWindow(navigation).left(), 8);
+    }
+
     // --- Closing ---
 
     void the_close_button_of_a_tab_closes_the_current_page()

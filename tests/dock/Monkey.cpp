@@ -924,8 +924,8 @@ void Monkey::LoadRefused()
 /// What is saved comes back the same. Contents have a least size, which an empty frame has not.
 void Monkey::SaveAndCompare()
 {
-    QcDockContainer *root = AnyRoot();
     DrainEvents();
+    QcDockContainer *root = AnyRoot();
     if (!root || !root->isVisible())
         return;
     for (const QcDockWidget *panel : FloatingPanels())

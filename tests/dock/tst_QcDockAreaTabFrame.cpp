@@ -760,6 +760,26 @@ private Q_SLOTS:
         delete panel;
     }
 
+    void a_frame_may_die_when_its_host_hears_of_the_release()
+    {
+        TabStage stage;
+        stage.Add(QStringLiteral("A"));
+        stage.Add(QStringLiteral("B"));
+        QVERIFY(stage.Show());
+        const QPointer<QWidget> frame = stage.frame;
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 1);
+        mouse.MoveBy(0, 10);
+        QVERIFY(panel->property("draging").toBool());
+        const CallAt listener(*panel, QEvent::DynamicPropertyChange, [&frame] { delete frame; });
+        mouse.Release();
+        DrainEvents();
+        QVERIFY(!frame);
+        QVERIFY(panel->isFloating());
+        QVERIFY(panel->property("window").toBool());
+        delete panel;
+    }
+
     void a_frame_that_dies_in_a_drag_leaves_the_panel_floating()
     {
         TabStage stage({"A", "B"});

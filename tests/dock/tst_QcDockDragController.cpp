@@ -2,6 +2,7 @@
 #include "dock/DockRegistry_p.h"
 #include "dock/DockTestCase.h"
 #include "dock/DragStage.h"
+#include "dock/TabStage.h"
 
 #include "support/CallAt.h"
 #include "support/EventCounter.h"
@@ -353,6 +354,26 @@ private Q_SLOTS:
         QCursor::setPos(MiddleOf(*stage.Label(Center)));
         stage.Drop(dragged);
         QCOMPARE(AreaOf(*dragged), AreaOf(*resident));
+    }
+
+    void a_click_on_a_title_row_over_a_hidden_offered_label_docks()
+    {
+        DragStage stage(QRect(0, 0, 400, 300));
+        const QcDockWidget *resident = stage.Add(1);
+        QcDockWidget *clicked = stage.Float(2);
+        stage.Step(clicked, MiddleOf(*resident));
+        stage.Step(clicked, GlobalRect(*resident).topLeft() + QPoint(2, 2));
+        stage.Drop(clicked);
+        QVERIFY(clicked->isFloating());
+        clicked->move(MiddleOf(*stage.Label(Center)) - QPoint(60, 15));
+        DrainEvents();
+        Mouse mouse;
+        mouse.PressAt(*clicked, QPoint(60, 15));
+        QVERIFY(clicked->isFloating());
+        mouse.Release();
+        DrainEvents();
+        QCOMPARE(AreaOf(*clicked), AreaOf(*resident));
+        QVERIFY(stage.Indicator()->isHidden());
     }
 
     void a_drop_does_not_ask_again_whether_the_type_may_join()
@@ -848,6 +869,42 @@ private Q_SLOTS:
         QVERIFY(stage.Mask()->isVisible());
         stage.Drop(dragged);
         QCOMPARE(AreaOf(*dragged), AreaOf(*resident));
+    }
+
+    void a_panel_may_die_when_its_host_hears_of_the_release_data()
+    {
+        QTest::addColumn<bool>("isPosted");
+        QTest::newRow("of the mouse") << false;
+        QTest::newRow("of the posted drop") << true;
+    }
+
+    void a_panel_may_die_when_its_host_hears_of_the_release()
+    {
+        QFETCH(bool, isPosted);
+        DragStage stage(QRect(0, 0, 400, 300));
+        const QcDockWidget *resident = stage.Add(1);
+        const QPointer<QcDockWidget> dragged = stage.Float(2);
+        std::unique_ptr<CallAt> listener;
+        const auto listen = [&] {
+            listener = std::make_unique<CallAt>(*dragged, QEvent::DynamicPropertyChange, [&dragged] { delete dragged; });
+        };
+        Mouse mouse;
+        mouse.PressAt(*dragged, QPoint(60, 15));
+        mouse.MoveTo(MiddleOf(*resident));
+        DrainEvents();
+        QVERIFY(stage.Mask()->isVisible());
+        if (isPosted)
+            DockDrag::PostEnd(dragged);
+        listen();
+        if (isPosted)
+            DrainEvents();
+        else
+            mouse.Release();
+        QVERIFY(!dragged);
+        QCOMPARE(Settled(), QString());
+        QCOMPARE(AreaOf(*resident)->count(), 1);
+        if (isPosted)
+            mouse.Release();
     }
 
     // --- Cost ---

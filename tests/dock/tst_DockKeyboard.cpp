@@ -393,6 +393,15 @@ private Q_SLOTS:
         QCOMPARE(content->closes, 1);
     }
 
+    void a_middle_click_on_the_close_button_is_not_the_tabs()
+    {
+        ThreeTabs stage;
+        QVERIFY(stage.Show());
+        QTest::mouseClick(PartOf(*stage.Tab(1), "m_closeButton"), Qt::MiddleButton);
+        QCOMPARE(stage.ContentAt(1)->closes, 0);
+        QCOMPARE(stage.Tabs(), QStringLiteral("A [B] C"));
+    }
+
     void a_middle_button_released_elsewhere_closes_nothing()
     {
         ThreeTabs stage;

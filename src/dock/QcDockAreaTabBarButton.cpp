@@ -126,7 +126,6 @@ void QcDockAreaTabBarButton::onToggled()
 {
     m_closeButton->setVisible(isChecked());
     setFocusPolicy(isChecked() ? Qt::TabFocus : Qt::NoFocus); // a click leaves the focus in the page
-    m_textLabel->update();
     QAccessible::State selected;
     selected.selected = true;
     QAccessibleStateChangeEvent changed(this, selected);

@@ -1,10 +1,13 @@
 #include <Velmora/QcIconButton.h>
 
 #include "TabStage.h"
+#include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
+#include <QDialog>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QToolTip>
@@ -183,6 +186,42 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(image, QPointF(199.5, 7.2)), QColor(Qt::black));
         COMPARE_COLOR(PixelAt(image, QPointF(199.5, 23.8)), QColor(Qt::black));
         COMPARE_COLOR(PixelAt(image, QPointF(198.2, 15)), QColor(Qt::black));
+    }
+
+    void what_has_changed_is_painted_anew_and_nothing_else()
+    {
+        TabPart part;
+        part.tab.show();
+        DrainEvents();
+        EventCounter titles(*part.Label(), QEvent::Paint);
+        EventCounter tabs(part.tab, QEvent::Paint);
+        part.tab.setDrawLine(true);
+        DrainEvents();
+        QCOMPARE(tabs.Take(), 1);
+        part.tab.setText(QStringLiteral("Map"));
+        DrainEvents();
+        QCOMPARE(tabs.Take(), 1);
+        titles.Take();
+        part.tab.setChecked(true);
+        DrainEvents();
+        QCOMPARE(titles.Take(), 1); // in another colour
+        tabs.Take();
+        part.tab.setDrawLine(true);
+        part.tab.setText(QStringLiteral("Map"));
+        DrainEvents();
+        QCOMPARE(tabs.Take(), 0);
+    }
+
+    void enter_in_a_dialog_selects_no_tab()
+    {
+        QDialog dialog;
+        auto *edit = new QLineEdit(&dialog);
+        auto *tab = new QcDockAreaTabBarButton(&dialog);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        edit->setFocus();
+        QTest::keyClick(edit, Qt::Key_Return);
+        QVERIFY(!tab->isChecked());
     }
 
     void the_tab_with_the_focus_has_a_ring()

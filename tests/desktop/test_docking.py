@@ -3,7 +3,6 @@
 import json
 import os
 import re
-import shutil
 import subprocess
 import threading
 import unittest
@@ -506,7 +505,6 @@ class DockingTest(Hand, unittest.TestCase):
         self.wait_for_drop(stage, "Files", True)
 
 
-@unittest.skipUnless(shutil.which("Xephyr"), "two screens need the package xserver-xephyr")
 class TwoScreensTest(Hand, unittest.TestCase):
     WIDTH, HEIGHT, SCREENS = 800, 620, 2
 

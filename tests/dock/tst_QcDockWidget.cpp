@@ -526,6 +526,10 @@ private Q_SLOTS:
         QCOMPARE(stage.panel->cursor().shape(), Qt::SizeHorCursor);
         Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(291, 100)));
         QCOMPARE(stage.panel->cursor().shape(), Qt::ArrowCursor);
+        Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(7, 100))); // 8 pixels wide
+        QCOMPARE(stage.panel->cursor().shape(), Qt::SizeHorCursor);
+        Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(8, 100)));
+        QCOMPARE(stage.panel->cursor().shape(), Qt::ArrowCursor);
         Mouse::HoverAt(stage.panel->mapToGlobal(QPoint(299, 100)));
 
         TabStage tabs;

@@ -30,6 +30,7 @@ public:
     ///
     /// A page of another area leaves that one; one of this area becomes current. A wrapper hands it on to the first area inside. Types
     /// are not asked. Nothing happens with null, an area, a widget that encloses this area, or a container where there is a page already.
+    /// An area that empties takes back its own deletion when it is given a page; a host's deleteLater() stands, and takes the page along.
     void addWidget(QWidget *widget);
     /// The page at \a index, null beyond the last.
     QWidget *widget(int index) const;

@@ -376,6 +376,61 @@ private Q_SLOTS:
         QCOMPARE(root.getDockAreaList().size(), 1);
     }
 
+    void a_hosts_own_deletion_of_an_area_stands_data()
+    {
+        QTest::addColumn<bool>("isAcross");
+        QTest::addColumn<int>("position");
+        QTest::addColumn<bool>("panelLives");
+        QTest::newRow("given a tab") << false << int(NoPosition) << false;
+        QTest::newRow("given a tab by its container") << false << int(Center) << false;
+        QTest::newRow("given a neighbour along") << false << int(Right) << true;
+        QTest::newRow("given a neighbour across") << true << int(Right) << true;
+    }
+
+    void a_hosts_own_deletion_of_an_area_stands()
+    {
+        QFETCH(bool, isAcross);
+        QFETCH(int, position);
+        QFETCH(bool, panelLives);
+        QcDockContainer root(nullptr);
+        root.setEmptyKeep(true);
+        root.addWidget(NewPanel(1), nullptr, Center);
+        for (int i = 0; i < 2; ++i)
+            root.addWidget(NewPanel(2), nullptr, isAcross ? Bottom : Right);
+        const QPointer<QcDockArea> area = root.getDockAreaList().first();
+        area->deleteLater();
+        const QPointer<QcDockWidget> panel = NewPanel(3);
+        if (position == NoPosition)
+            area->addWidget(panel);
+        else
+            root.addWidget(panel, area, DockPosition(position));
+        VERIFY_SETTLED();
+        QVERIFY(!area);
+        QCOMPARE(bool(panel), panelLives);
+        QCOMPARE(root.getDockWidgetCount(3), panelLives ? 1 : 0);
+    }
+
+    void a_page_that_comes_and_goes_is_watched_once_by_each_area()
+    {
+        struct Panel : QcDockWidget
+        {
+            using QcDockWidget::QcDockWidget;
+            int Watchers() const { return receivers(SIGNAL(destroyed(QObject *))); }
+        };
+        QcDockContainer root(nullptr);
+        root.addWidget(NewPanel(1), nullptr, Center);
+        root.addWidget(NewPanel(2), nullptr, Right);
+        auto *panel = new Panel(nullptr); // goes from one to the other
+        const QList<QcDockArea *> areas = root.getDockAreaList();
+        for (QcDockArea *area : areas)
+            area->addWidget(panel);
+        const int watchers = panel->Watchers();
+        for (int i = 0; i < 10; ++i)
+            areas.at(i % 2)->addWidget(panel);
+        QCOMPARE(panel->Watchers(), watchers);
+        VERIFY_SETTLED();
+    }
+
     // --- Looks ---
 
     void the_outline_follows_the_colour_table()

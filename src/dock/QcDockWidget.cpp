@@ -15,6 +15,7 @@
 #include "dock/DockDrag_p.h"
 #include "dock/DockFocus_p.h"
 #include "dock/DockMove_p.h"
+#include "dock/DockTree_p.h"
 #include "dock/OnScreen_p.h"
 #include "theme/StyleProperty_p.h"
 #include "windows/QcWindowHandler_p.h"
@@ -100,6 +101,9 @@ QcDockWidget::QcDockWidget(QWidget *parent)
     m_windowHandler = new QcWindowHandler(this);
     m_windowHandler->setWidget(this);
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/DockWidget.qss"));
+    // The container has heard of a new child when that was no panel yet.
+    if (auto *container = qobject_cast<QcDockContainer *>(parent))
+        DockTree::Revive(container);
 }
 
 QcDockWidget::~QcDockWidget() = default;

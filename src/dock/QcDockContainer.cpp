@@ -17,6 +17,7 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace Velmora {
@@ -136,7 +137,7 @@ void QcDockContainer::PlaceBeside(QWidget *widget, QcDockArea *area, DockPositio
 {
     if (!isDifferentOrientation(position)) {
         addWidgetSameOrientation(widget, area, position);
-    } else if (GoesTooDeep(area)) {
+    } else if (GoesTooDeep(*widget, area)) {
         addWidgetSameOrientation(widget, area, Along(getOrientation(), position));
     } else {
         FocusKeeper sinks(*this); // what goes one level down gets another parent
@@ -152,10 +153,16 @@ bool QcDockContainer::isDifferentOrientation(DockPosition position)
     return IsSide(position) && OrientationOf(position) != getOrientation();
 }
 
-bool QcDockContainer::GoesTooDeep(const QcDockArea *area) const
+/// Whether a placement across would nest containers deeper than one along. A container that a host places may bring others.
+bool QcDockContainer::GoesTooDeep(const QWidget &newcomer, const QcDockArea *area) const
 {
-    const int depth = DepthOf(this);
-    return depth + 1 + (depth + 1 > kDeepestNesting ? 0 : NestingBelow(area ? static_cast<const QWidget *>(area) : this)) > kDeepestNesting;
+    const int room = kDeepestNesting - (DepthOf(this) + 1); // below the container that is to be made
+    if (room < 0)
+        return true;
+    if (!area)
+        return NestingBelow(this) > room; // the newcomer stays on this level
+    const int brought = qobject_cast<const QcDockContainer *>(&newcomer) ? 1 + NestingBelow(&newcomer) : 0;
+    return std::max(NestingBelow(area), brought) > room;
 }
 
 void QcDockContainer::addWidgetSameOrientation(QWidget *widget, QcDockArea *area, DockPosition position)

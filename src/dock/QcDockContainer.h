@@ -52,8 +52,9 @@ public:
     /// positions are taken as those sides. Types are not asked.
     ///
     /// A panel that is docked leaves its old place first; beside itself there is none, and joining its own area selects its tab. Null,
-    /// NoPosition, an area, what encloses this container, and a target inside of \a widget or of no container are ignored. Containers are
-    /// nested at most 128 deep: beyond, a placement across goes along.
+    /// NoPosition, an area, what encloses this container, and a target inside of \a widget or of no container are ignored. Where
+    /// containers would come to lie more than 128 deep, a placement across goes along. What a host itself nests deeper is shown, but
+    /// no layout file takes it back.
     void addWidget(QWidget *widget, QWidget *target, DockPosition position);
     /// Replaces the first area, which is deleted at once with what is in it, by \a areas in their order and owns them from then on. Others
     /// stay before them. The first area is not deleted if it is in the list, nor is what of the list lies inside of it. Nulls are skipped,
@@ -128,7 +129,7 @@ private:
     void PlaceBeside(QWidget *widget, QcDockArea *area, DockPosition position);
     QcDockContainer *NestInPlaceOf(QcDockArea *area, int index);
     void SinkContent();
-    bool GoesTooDeep(const QcDockArea *area) const;
+    bool GoesTooDeep(const QWidget &newcomer, const QcDockArea *area) const;
     void SettleShares();
     void ForgetShare(const QObject *pane);
     void RefillLater();

@@ -3,15 +3,19 @@
 
 #include "support/CallAt.h"
 #include "support/TestMain.h"
+#include "support/Tokens.h"
 
 #include <Velmora/QcDockAreaTabFrame.h>
 
+#include <QEventLoop>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QKeyEvent>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QToolTip>
 
 using namespace Velmora;
@@ -132,6 +136,21 @@ private Q_SLOTS:
         QCOMPARE(root.getOrientation(), Qt::Vertical);
         root.setOrientation(Qt::Orientation(3));
         QCOMPARE(root.getOrientation(), Qt::Horizontal);
+    }
+
+    void its_stylesheet_is_that_of_the_theme()
+    {
+        QcDockContainer root(nullptr);
+        root.show();
+        DrainEvents();
+        root.setStyleSheet(QStringLiteral("QFrame { color: red; }"));
+        UseTable(Table::Dark); // whose sheet of the theme is applied anew
+        DrainEvents();
+        const QString themed = root.styleSheet();
+        UseTable(Table::Light);
+        QFile sheet(QStringLiteral(":/qss/DockContainer.qss"));
+        QVERIFY(sheet.open(QIODevice::ReadOnly));
+        QCOMPARE(themed, QString::fromUtf8(sheet.readAll()));
     }
 
     // --- Placing ---
@@ -587,6 +606,33 @@ private Q_SLOTS:
         QVERIFY(root);
         QVERIFY(!root->isEmpty()); // floating panels count
         delete root;
+    }
+
+    void a_panel_made_under_a_root_that_is_about_to_go_keeps_it()
+    {
+        const QPointer<QcDockContainer> root(new QcDockContainer(nullptr)); // deleted below
+        QcDockWidget *last = NewPanel(1);
+        root->addWidget(last, nullptr, Center);
+        DrainEvents(); // so that the deletion is the first of what is posted, before the panel's polishing
+        delete last;
+        const QPointer<QcDockWidget> panel(new QcDockWidget(root));
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+        loop.exec();
+        QVERIFY(root);
+        QVERIFY(panel);
+        VERIFY_SETTLED();
+        QVERIFY(!root->isEmpty());
+        delete root;
+    }
+
+    void a_panel_made_under_a_root_that_its_host_deletes_later_goes_with_it()
+    {
+        const QPointer<QcDockContainer> root(new QcDockContainer(nullptr)); // deleted by its host
+        root->deleteLater();
+        const QPointer<QcDockWidget> panel(new QcDockWidget(root));
+        VERIFY_SETTLED();
+        QVERIFY(!root && !panel);
     }
 
     void a_hosts_own_deletion_is_not_revoked()
@@ -1163,6 +1209,46 @@ private Q_SLOTS:
         QCOMPARE(NestingBelow(&root) + 1, 128);
         QCOMPARE(root.getOrientation(), Qt::Horizontal);
         QCOMPARE(root.getDockAreaList().size(), 4);
+        VERIFY_SETTLED();
+    }
+
+    void a_container_that_a_host_places_counts_with_all_that_it_brings()
+    {
+        QcDockContainer root(nullptr);
+        QcDockWidget *last = NewPanel(1);
+        root.addWidget(last, nullptr, Center);
+        root.addWidget(NewPanel(2), nullptr, Right);
+        const auto across = [](QcDockContainer &container) { return container.getOrientation() == Qt::Horizontal ? Bottom : Right; };
+        const auto splitDownTo = [&](int depth) {
+            while (DepthOf(EnclosingContainer(AreaOf(*last))) < depth) {
+                QcDockWidget *next = NewPanel(3);
+                root.addWidget(next, AreaOf(*last), across(*EnclosingContainer(AreaOf(*last))));
+                last = next;
+            }
+            return EnclosingContainer(AreaOf(*last));
+        };
+        const auto newThreeLevels = [] {
+            auto *brought = new QcDockContainer(nullptr); // whoever is given it owns it
+            QcDockWidget *deepest = NewPanel(4);
+            brought->addWidget(deepest, nullptr, Center);
+            brought->addWidget(NewPanel(5), nullptr, Right);
+            brought->addWidget(NewPanel(5), AreaOf(*deepest), Bottom);
+            brought->addWidget(NewPanel(5), AreaOf(*deepest), Right);
+            return brought;
+        };
+        QcDockContainer *container = splitDownTo(124); // one is made inside of it, and three come into that
+        QcDockArea *place = AreaOf(*last);
+        root.addWidget(newThreeLevels(), place, across(*container));
+        QCOMPARE(DepthOf(EnclosingContainer(place)), 125);
+        QCOMPARE(NestingBelow(&root) + 1, 128);
+
+        container = splitDownTo(125);
+        place = AreaOf(*last);
+        const Qt::Orientation orientation = container->getOrientation();
+        root.addWidget(newThreeLevels(), place, across(*container));
+        QCOMPARE(EnclosingContainer(place), container); // along: nothing was made
+        QCOMPARE(container->getOrientation(), orientation);
+        QCOMPARE(NestingBelow(&root) + 1, 128);
         VERIFY_SETTLED();
     }
 

@@ -12,6 +12,7 @@
 #include <Velmora/QcDockWidget.h>
 
 #include <QCursor>
+#include <QHash>
 #include <QVariant>
 
 namespace Velmora {
@@ -52,23 +53,36 @@ struct QcDockDragController::Private
 {
     RegistryPlaces<QcDockArea> areas;
     RegistryPlaces<QcDockContainer> containers;
-    /// What mapToGlobal() gives, which asks the window system's side of the window each time; a step asks hundreds of widgets.
-    QRect GlobalRect(const QWidget &widget)
+    /// Says of each entry of a registry, in one walk over them, whether it is what the cursor hits.
+    template <typename T>
+    auto HitTest()
     {
-        QPoint corner;
-        const QWidget *at = &widget;
-        for (; !at->isWindow(); at = at->parentWidget())
-            corner += at->geometry().topLeft();
-        if (window != at) {
-            window = at;
-            windowCorner = at->mapToGlobal(QPoint(0, 0));
-        }
-        return {windowCorner + corner, widget.size()};
+        corners.clear();
+        return [this](T *entry) { return GlobalRect(*entry).contains(cursor) && !IsDoomed(entry) && !(dragged && LiesIn(entry, dragged)); };
     }
 
-    QPoint cursor;                   // that of the step, asked once
-    const QWidget *window = nullptr; // whose corner was asked last in this step
-    QPoint windowCorner;
+    QRect GlobalRect(const QWidget &widget)
+    {
+        return {widget.isWindow() ? widget.mapToGlobal(QPoint(0, 0)) : CornerOf(*widget.parentWidget()) + widget.pos(), widget.size()};
+    }
+
+    /// What mapToGlobal() gives, which goes up to the window each time, and asks the window system's side of it. A walk asks for hundreds
+    /// of widgets, most of which lie in the same ones.
+    QPoint CornerOf(const QWidget &holder)
+    {
+        QPoint corner;
+        const QWidget *at = &holder;
+        for (; !at->isWindow() && !corners.contains(at); at = at->parentWidget())
+            corner += at->pos();
+        if (!corners.contains(at))
+            corners.insert(at, at->mapToGlobal(QPoint(0, 0)));
+        corner += corners.value(at);
+        corners.insert(&holder, corner);
+        return corner;
+    }
+
+    QPoint cursor;                          // that of the step, asked once
+    QHash<const QWidget *, QPoint> corners; // of what the entries of a walk lie in, on the screen
     QPointer<QWidget> dragged;
     QMetaObject::Connection draggedDies;
 };
@@ -239,7 +253,6 @@ void QcDockDragController::CancelDrag(QcDockWidget *panel)
 void QcDockDragController::BeginStep(QcDockWidget *panel)
 {
     m_private->cursor = QCursor::pos();
-    m_private->window = nullptr;
     if (m_private->dragged != panel) {
         disconnect(m_private->draggedDies);
         m_private->dragged = panel;
@@ -279,36 +292,24 @@ void QcDockDragController::HideFeedback()
         m_dockMask->hide();
 }
 
-template <typename T>
-bool QcDockDragController::IsHit(T *entry) const
-{
-    if (!m_private->GlobalRect(*entry).contains(m_private->cursor))
-        return false;
-    return !IsDoomed(entry) && !(m_private->dragged && LiesIn(entry, m_private->dragged));
-}
-
 QcDockArea *QcDockDragController::getInnerMostDockAreaUnderMouse()
 {
-    return InnerMost(
-        m_dockAreaList, [this](QcDockArea *area) { return IsHit(area); }, Holds);
+    return InnerMost(m_dockAreaList, m_private->HitTest<QcDockArea>(), Holds);
 }
 
 QcDockArea *QcDockDragController::GetOuterMostDockAreaUnderMouse()
 {
-    return OuterMost(
-        m_dockAreaList, [this](QcDockArea *area) { return IsHit(area); }, Holds);
+    return OuterMost(m_dockAreaList, m_private->HitTest<QcDockArea>(), Holds);
 }
 
 QcDockContainer *QcDockDragController::getInnerMostDockContainerUnderMouse()
 {
-    return InnerMost(
-        m_dockContainerList, [this](QcDockContainer *container) { return IsHit(container); }, Holds);
+    return InnerMost(m_dockContainerList, m_private->HitTest<QcDockContainer>(), Holds);
 }
 
 QcDockContainer *QcDockDragController::getOuterMostDockContainerUnderMouse()
 {
-    return OuterMost(
-        m_dockContainerList, [this](QcDockContainer *container) { return IsHit(container); }, Holds);
+    return OuterMost(m_dockContainerList, m_private->HitTest<QcDockContainer>(), Holds);
 }
 
 QList<DockPosition> QcDockDragController::getDockPostionList(QcDockWidget *panel, QcDockArea *area)

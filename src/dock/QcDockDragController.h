@@ -80,8 +80,6 @@ private:
     void DockAt(QcDockWidget *panel, DockPosition target, QcDockArea *area, QcDockContainer *outer);
     void Preview(QcDockWidget *panel, QcDockArea *area, QcDockContainer *outer, DockPosition place, const QString &spoken);
     void EndPreview();
-    template <typename T>
-    bool IsHit(T *entry) const;
 
     QPointer<QcDockIndicator> m_dockIndicator;
     QPointer<QcDockMask> m_dockMask;

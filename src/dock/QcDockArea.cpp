@@ -1,7 +1,6 @@
 #include <Velmora/QcDockArea.h>
 
 #include "core/LiesIn_p.h"
-#include "dock/DockFocus_p.h"
 #include "dock/DockMove_p.h"
 #include "dock/DockSplitter_p.h"
 #include "dock/DockTree_p.h"
@@ -73,21 +72,14 @@ void QcDockArea::addWidget(QWidget *widget)
     }
     const QPointer<QcDockArea> self(this);
     const QPointer<QWidget> page(widget);
-    FocusKeeper focus(*widget);
-    if (AreaOfPage(widget) != this)
-        LeavePlace(widget);
-    if (!self || !page)
-        return;
-    const QList<QcDockArea *> revived = DockTree::Revive(this);
+    QList<QcDockArea *> revived = DockTree::Revive(this);
     m_record->isLeftover = false;
     m_record->hadPage = true;
     m_tabFrame->addTab(page->windowTitle(), page);
     if (!self || !page)
         return;
     WatchPage(page);
-    focus.GiveBack();
-    if (!self)
-        return;
+    revived += DockTree::Revive(this); // a host may have emptied what encloses this meanwhile
     for (QcDockArea *area : revived)
         DockTree::SweepLeftovers(area);
 }

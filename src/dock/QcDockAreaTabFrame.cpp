@@ -152,8 +152,11 @@ void QcDockAreaTabFrame::addTab(const QString &title, QWidget *widget)
     const bool isOwnTitle = title == widget->windowTitle(); // which a host may change when it hears of the new place
     FocusKeeper focus(*widget);
     const QPointer<QWidget> area = LeavePresentPlace(*widget);
-    if (!self || !page)
+    if (!self || !page) {
+        if (auto *old = page ? qobject_cast<QcDockArea *>(area.data()) : nullptr)
+            old->addWidget(page); // a host took the new place away: it stays where it was
         return;
+    }
     DeleteTabOfLastPage();
     m_tabBar->addTab(isOwnTitle ? widget->windowTitle() : title);
     const int index = m_stackedWidget->addWidget(widget);

@@ -122,10 +122,14 @@ void QcDockContainer::Place(QWidget *widget, QcDockArea *area, DockPosition posi
     const QPointer<QcDockContainer> guard(container);
     const QPointer<QcDockArea> target(area);
     const bool hadTarget = area;
+    const QPointer<QcDockArea> old(AreaOfPage(widget));
     FocusKeeper goes(*widget);
     LeavePlace(widget);
-    if (!page || !guard || (hadTarget && !target))
+    if (!page || !guard || (hadTarget && !target)) {
+        if (page && old)
+            old->addWidget(page); // a host took the new place away: it stays where it was
         return;
+    }
     if (position == Center)
         target->addWidget(page);
     else

@@ -18,6 +18,8 @@
 #include <QTimer>
 #include <QToolTip>
 
+#include <algorithm>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -265,6 +267,18 @@ private Q_SLOTS:
         QCOMPARE(Shape(row.root), QStringLiteral("(4 | (3))"));
     }
 
+    void what_sinks_before_the_first_show_keeps_the_sizes_that_it_was_given()
+    {
+        Row row({1, 2});
+        row.root.setSizes({100, 800});
+        row.root.addWidget(NewPanel(3), nullptr, Bottom);
+        QCOMPARE(DockTree::SizesToKeep(NestedIn(row.root, 0)), (QList<int>{100, 800})); // as its host gave them
+        QCOMPARE(DockTree::SizesToKeep(&row.root), row.root.getSizes());
+        row.Show();
+        QVERIFY(qAbs(NestedIn(row.root, 0)->getSizes().at(0) - 100) <= 2);
+        QCOMPARE(row.root.getSizes(), (QList<int>{298, 298}));
+    }
+
     void outer_positions_are_edges_of_the_whole()
     {
         Row row({1, 2});
@@ -506,6 +520,182 @@ private Q_SLOTS:
         QCOMPARE(Shape(row.root), QStringLiteral("((1) | 2)"));
     }
 
+    // --- Hosts that delete in the middle ---
+
+    void a_host_may_delete_the_place_when_it_hears_that_a_panel_is_docked_data()
+    {
+        QTest::addColumn<int>("position");
+        QTest::addColumn<bool>("isAtEdge");
+        QTest::addColumn<QString>("victim");
+        for (const char *victim : {"target", "root"}) {
+            QTest::addRow("a tab, %s", victim) << int(Center) << false << QString::fromLatin1(victim);
+            QTest::addRow("along, %s", victim) << int(Right) << false << QString::fromLatin1(victim);
+            QTest::addRow("across, %s", victim) << int(Bottom) << false << QString::fromLatin1(victim);
+            QTest::addRow("along the edge, %s", victim) << int(Left) << true << QString::fromLatin1(victim);
+            QTest::addRow("across the edge, %s", victim) << int(Top) << true << QString::fromLatin1(victim);
+        }
+    }
+
+    void a_host_may_delete_the_place_when_it_hears_that_a_panel_is_docked()
+    {
+        QFETCH(int, position);
+        QFETCH(bool, isAtEdge);
+        QFETCH(QString, victim);
+        const QPointer<QcDockContainer> root(new QcDockContainer(nullptr)); // deleted below, or by the host
+        root->addWidget(NewPanel(1), nullptr, Center);
+        root->addWidget(NewPanel(2), nullptr, Right);
+        root->show();
+        const QPointer<QcDockArea> target = root->getDockAreaList().first();
+        const QPointer<QcDockWidget> panel = NewPanel(3);
+        panel->SetWindowFlags();
+        panel->setWindowStyle(true);
+        panel->show();
+        DrainEvents();
+        const CallAt listener(*panel, QEvent::DynamicPropertyChange, [&] { // it looks like a window no longer
+            if (victim == QLatin1String("target"))
+                delete target;
+            else
+                delete root;
+        });
+        root->addWidget(panel, isAtEdge ? nullptr : target.data(), DockPosition(position));
+        VERIFY_SETTLED();
+        QVERIFY(!target);
+        QCOMPARE(bool(root), victim != QLatin1String("root"));
+        if (root && position != Center)
+            QCOMPARE(root->getDockWidgetCount(3), 1);
+        delete panel;
+        delete root;
+    }
+
+    void a_panel_whose_new_place_its_host_deletes_stays_where_it_was_data()
+    {
+        QTest::addColumn<QString>("victim");
+        QTest::addColumn<bool>("isByArea");
+        for (const char *victim : {"target", "root", "panel"}) {
+            QTest::addRow("%s, by the container", victim) << QString::fromLatin1(victim) << false;
+            QTest::addRow("%s, by the area", victim) << QString::fromLatin1(victim) << true;
+        }
+    }
+
+    void a_panel_whose_new_place_its_host_deletes_stays_where_it_was()
+    {
+        QFETCH(QString, victim);
+        QFETCH(bool, isByArea);
+        Row row({1});
+        QcDockWidget *stays = row.panels.at(0);
+        const QPointer<QcDockWidget> leaves = NewPanel(2);
+        row.root.addWidget(leaves, row.Area(0), Center);
+        row.Show();
+        const QPointer<QcDockContainer> other(new QcDockContainer(nullptr)); // deleted below, or by the host
+        other->addWidget(NewPanel(3), nullptr, Center);
+        const QPointer<QcDockArea> target = other->getDockAreaList().first();
+        const CallAt listener(*stays, QEvent::Show, [&] { // the tab beside it has gone
+            if (victim == QLatin1String("target"))
+                delete target;
+            else if (victim == QLatin1String("root"))
+                delete other;
+            else
+                delete leaves;
+        });
+        if (isByArea)
+            target->addWidget(leaves);
+        else
+            other->addWidget(leaves, target, Right);
+        VERIFY_SETTLED();
+        QCOMPARE(bool(leaves), victim != QLatin1String("panel"));
+        QCOMPARE(Shape(row.root), leaves ? QStringLiteral("(1,2)") : QStringLiteral("(1)"));
+        QCOMPARE(bool(target), !leaves);
+        delete other;
+    }
+
+    void a_host_may_delete_the_root_when_it_hears_of_a_new_panels_title_data()
+    {
+        QTest::addColumn<bool>("isTaken");
+        QTest::newRow("that an area takes") << true;
+        QTest::newRow("that no area takes") << false;
+    }
+
+    void a_host_may_delete_the_root_when_it_hears_of_a_new_panels_title()
+    {
+        QFETCH(bool, isTaken);
+        struct Deleter : QObject
+        {
+            bool eventFilter(QObject *watched, QEvent *event) override
+            {
+                auto *panel = event->type() == QEvent::WindowTitleChange ? qobject_cast<QcDockWidget *>(watched) : nullptr;
+                if (panel)
+                    connect(panel, &QWidget::windowTitleChanged, this, [this] { delete root; }); // the signal comes next
+                return false;
+            }
+            QPointer<QcDockContainer> root;
+        } deleter;
+        deleter.root = new QcDockContainer(nullptr); // deleted by the host
+        deleter.root->addWidget(NewPanel(1), nullptr, Center);
+        const QPointer<QWidget> content(NewContent(isTaken ? 1 : 2));
+        QcDockArea::setSupportTypeList({{1}, {2}});
+        QCoreApplication::instance()->installEventFilter(&deleter);
+        deleter.root->addDockWidgetContent(content, Left);
+        QCoreApplication::instance()->removeEventFilter(&deleter);
+        QcDockArea::setSupportTypeList({});
+        VERIFY_SETTLED();
+        QVERIFY(!deleter.root);
+        QCOMPARE(bool(content), !isTaken);
+        if (content)
+            delete content->window(); // its panel, which nobody has placed
+    }
+
+    void a_host_may_delete_panels_or_the_root_while_contents_are_dealt_data()
+    {
+        QTest::addColumn<bool>("isRoot");
+        QTest::newRow("the next panel") << false;
+        QTest::newRow("the root") << true;
+    }
+
+    void a_host_may_delete_panels_or_the_root_while_contents_are_dealt()
+    {
+        QFETCH(bool, isRoot);
+        const QPointer<QcDockContainer> root(new QcDockContainer(nullptr)); // deleted below, or by the host
+        const QPointer<QcDockWidget> first(new QcDockWidget(nullptr));      // the root takes both
+        const QPointer<QcDockWidget> second(new QcDockWidget(nullptr));
+        root->addWidget(first, nullptr, Center);
+        root->addWidget(second, nullptr, Right);
+        QWidget *contents[] = {NewContent(0), NewContent(0)};
+        connect(first, &QWidget::windowTitleChanged, this, [&] { delete (isRoot ? root.data() : static_cast<QWidget *>(second)); });
+        connect(second, &QWidget::windowTitleChanged, this, [&] { delete (isRoot ? root.data() : static_cast<QWidget *>(first)); });
+        root->setDockWidgetContentList({contents[0], contents[1]});
+        VERIFY_SETTLED();
+        QVERIFY(!contents[1]->parentWidget()); // nobody was left to take it
+        QCOMPARE(bool(root), !isRoot);
+        delete contents[1];
+        delete root;
+    }
+
+    void a_host_may_delete_an_area_while_all_return_to_their_first_tab()
+    {
+        Row row({1, 2});
+        for (int i : {0, 1})
+            row.root.addWidget(NewPanel(3), row.Area(i), Center);
+        row.Show();
+        const QPointer<QcDockArea> areas[] = {row.Area(0), row.Area(1)};
+        const CallAt left(*row.panels.at(0), QEvent::Show, [&] { delete areas[1]; });
+        const CallAt right(*row.panels.at(1), QEvent::Show, [&] { delete areas[0]; });
+        row.root.resetAllTabFramesToFirstTab();
+        VERIFY_SETTLED();
+        QCOMPARE(row.root.getDockAreaList().size(), 1);
+        QCOMPARE(row.root.getDockAreaList().first()->currentIndex(), 0);
+    }
+
+    void a_host_may_delete_an_area_of_a_list_when_it_hears_of_the_first_ones_end()
+    {
+        Row row({1});
+        auto *one = new QcDockArea(nullptr);                     // the container takes it
+        const QPointer<QcDockArea> two(new QcDockArea(nullptr)); // deleted by the host
+        connect(row.panels.at(0), &QObject::destroyed, this, [&two] { delete two; });
+        row.root.setDockAreaList({one, two});
+        QCOMPARE(row.root.getDockAreaList(), QList<QcDockArea *>{one});
+        VERIFY_SETTLED();
+    }
+
     // --- The turn in which something goes ---
 
     void an_area_that_is_about_to_go_takes_no_content()
@@ -539,9 +729,11 @@ private Q_SLOTS:
     {
         Row row({1, 2});
         row.root.setEmptyKeep(true);
+        const QPointer<QcDockArea> last = row.Area(1);
         delete row.panels.at(0);
         delete row.panels.at(1); // its area is the last that counts
         VERIFY_SETTLED();
+        QVERIFY(last);
         QCOMPARE(row.root.getDockAreaList().size(), 1);
         row.root.addDockWidgetContent(NewContent(3), Left);
         QCOMPARE(Shape(row.root), QStringLiteral("(3)"));
@@ -590,6 +782,7 @@ private Q_SLOTS:
     void the_default_area_stays_beside_what_is_added_at_a_side()
     {
         QcDockContainer root(nullptr);
+        root.getDockAreaList().first()->deleteLaterIfEmpty(); // it never held anything
         root.addWidget(NewPanel(1), nullptr, Left);
         VERIFY_SETTLED();
         QCOMPARE(Shape(root), QStringLiteral("(1 | )"));
@@ -1419,7 +1612,23 @@ private Q_SLOTS:
         QVERIFY(left->mapToGlobal(QPoint()).x() < row.panels.at(0)->mapToGlobal(QPoint()).x());
         QCOMPARE(left->layoutDirection(), Qt::RightToLeft);
         QCOMPARE(below->layoutDirection(), Qt::RightToLeft);
+        const auto areDirected = [&row](Qt::LayoutDirection direction) {
+            const auto areas = row.root.findChildren<QcDockArea *>();
+            return std::all_of(areas.begin(), areas.end(), [direction](QWidget *area) { return area->layoutDirection() == direction; });
+        };
+        QVERIFY(areDirected(Qt::RightToLeft));
+        row.root.addWidget(NewPanel(5), nullptr, Top); // all sinks one level
+        QVERIFY(areDirected(Qt::RightToLeft));
+        auto *listed = new QcDockArea(nullptr); // the container takes it
+        row.root.setDockAreaList(row.root.getDockAreaList() << listed);
+        QVERIFY(areDirected(Qt::RightToLeft));
+        QcDockContainer refilled(nullptr);
+        refilled.setLayoutDirection(Qt::RightToLeft);
+        delete refilled.getDockAreaList().first();
+        DrainEvents();
+        QCOMPARE(refilled.getDockAreaList().first()->layoutDirection(), Qt::RightToLeft);
         row.root.setLayoutDirection(Qt::LeftToRight);
+        QVERIFY(areDirected(Qt::LeftToRight));
         QCOMPARE(below->layoutDirection(), Qt::LeftToRight);
         QCOMPARE(row.panels.at(0)->layoutDirection(), Qt::LeftToRight);
         VERIFY_SETTLED();

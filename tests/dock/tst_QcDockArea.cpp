@@ -6,6 +6,7 @@
 #include "support/Tokens.h"
 
 #include <QLayout>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QStackedWidget>
 
@@ -443,7 +444,18 @@ private Q_SLOTS:
             const QImage image = Render(area);
             QVERIFY(Close(PixelAt(image, QPointF(40, 0.5)), border, 4));
             QVERIFY(Close(PixelAt(image, QPointF(0.5, 30)), border, 4));
+            QVERIFY(Close(PixelAt(image, QPointF(40, 59.5)), border, 4));
+            QVERIFY(Close(PixelAt(image, QPointF(79.5, 30)), border, 4));
             QCOMPARE(PixelAt(image, QPointF(0.5, 0.5)), QColor(Qt::white)); // rounded
+            QImage rounded(image.size(), image.format());
+            rounded.setDevicePixelRatio(image.devicePixelRatio());
+            rounded.fill(Qt::white);
+            QPainter painter(&rounded);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(TokenOf(table, QStringLiteral("border/border_tertairy")));
+            painter.drawRoundedRect(QRectF(0.5, 0.5, 79, 59), 4, 4);
+            for (const QPointF &corner : {QPointF(0.5, 2.5), QPointF(1.5, 1.5), QPointF(2.5, 0.5)})
+                QVERIFY(Close(PixelAt(image, corner), PixelAt(rounded, corner), 2));
         }
         UseTable(Table::Light);
     }

@@ -2,6 +2,7 @@
 #include "DragStage.h"
 
 #include "support/AccessibleEvents.h"
+#include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 #include "support/Tokens.h"
@@ -89,6 +90,20 @@ private Q_SLOTS:
         UseTable(Table::Light);
     }
 
+    void the_mouse_repaints_the_handle_as_it_comes_and_goes()
+    {
+        const Panes panes;
+        QCursor::setPos(panes.window.mapToGlobal(QPoint(20, 20)));
+        DrainEvents();
+        EventCounter paints(*panes.Handle(), QEvent::Paint);
+        QCursor::setPos(panes.Handle()->mapToGlobal(QPoint(2, 100)));
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+        QCursor::setPos(panes.window.mapToGlobal(QPoint(20, 20)));
+        DrainEvents();
+        QCOMPARE(paints.Take(), 1);
+    }
+
     void the_focus_is_seen_and_a_click_does_not_take_it()
     {
         const Panes panes;
@@ -118,6 +133,7 @@ private Q_SLOTS:
         QCOMPARE(press(Qt::Key_Up), (QList<int>{350, 50})); // across
         QCOMPARE(press(Qt::Key_Left, Qt::ControlModifier), (QList<int>{350, 50}));
         QCOMPARE(press(Qt::Key_Left), (QList<int>{342, 58}));
+        QCOMPARE(press(Qt::Key_Left, Qt::KeypadModifier), (QList<int>{334, 66}));
     }
 
     void a_vertical_one_goes_up_and_down()

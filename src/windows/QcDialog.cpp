@@ -287,11 +287,17 @@ void QcDialog::ChooseDefault()
     const auto buttons = findChildren<QPushButton *>();
     if (std::any_of(buttons.cbegin(), buttons.cend(), takesEnter))
         return;
+    // Ours: the focus goes round the whole window in which the dialog may lie, past other buttons and past thousands of widgets.
+    const auto offersItself = [this](const QPushButton *button) {
+        return isAncestorOf(button) && button->autoDefault() && button->focusPolicy() != Qt::NoFocus;
+    };
+    if (std::none_of(buttons.cbegin(), buttons.cend(), offersItself))
+        return;
     // The first one behind the focus, as Qt does when a dialog shows for the first time. Later it minds the one that had Enter last.
     QWidget *focus = focusWidget() ? focusWidget() : this;
     for (QWidget *next = focus->nextInFocusChain(); next != focus; next = next->nextInFocusChain()) {
         auto *button = qobject_cast<QPushButton *>(next);
-        if (button && button->autoDefault() && button->focusPolicy() != Qt::NoFocus)
+        if (button && offersItself(button))
             return button->setDefault(true);
     }
 }

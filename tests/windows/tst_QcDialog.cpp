@@ -453,6 +453,26 @@ private Q_SLOTS:
         QCOMPARE(form.AnswerToEnter(), QStringLiteral("later"));
     }
 
+    void a_dialog_that_lies_in_a_window_gives_enter_to_its_own_buttons_alone()
+    {
+        QWidget window;
+        auto *column = new QVBoxLayout(&window);
+        auto *dialog = new QcDialog(nullptr);
+        auto *others = new QPushButton;
+        others->setAutoDefault(true);
+        auto *edit = new QLineEdit; // has the focus, which would give Enter to the button
+        column->addWidget(edit);
+        column->addWidget(dialog);
+        column->addWidget(others);
+        edit->setFocus();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(!others->isDefault());
+        dialog->setBottomFrameVisible(true);
+        QVERIFY(Child<QcPrimaryButton>(*dialog, "m_okButton")->isDefault());
+        QVERIFY(!others->isDefault());
+    }
+
     void a_host_may_delete_the_bottom_buttons()
     {
         QcDialog dialog(nullptr);

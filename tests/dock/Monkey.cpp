@@ -544,7 +544,9 @@ void Monkey::DragTab()
     if (!tab)
         return;
     Note(QStringLiteral("%1 of %2").arg(PartOf<QLabel>(*tab, "m_textLabel")->text(), NameOf(EnclosingArea(tab))));
-    Drag(*tab, QPoint(tab->width() / 3, 15));
+    const QPoint at(tab->width() / 3, 15);
+    m_mayLose = m_mayLose || qobject_cast<QAbstractButton *>(tab->childAt(at)); // the close button of a narrow one, if the mouse comes back
+    Drag(*tab, at);
 }
 
 void Monkey::ClickTitle()

@@ -82,7 +82,11 @@ void DragWatch::OnDestroyed(const QObject *gone)
         m_drag->panel.clear();
     if (m_drag->owner == gone)
         m_drag->owner.clear();
-    if (Watch() == this)
+    if (Watch() != this)
+        return;
+    if (m_drag->panel)
+        DockDrag::CancelLater();
+    else
         DockDrag::Cancel();
 }
 
@@ -170,6 +174,20 @@ void DockDrag::Cancel()
     if (drag->owner)
         drag->letGo();
     QcDockDragController::instance()->CancelDrag(static_cast<QcDockWidget *>(drag->panel.data()));
+}
+
+void DockDrag::CancelLater()
+{
+    const std::shared_ptr<Drag> drag = TakeRunningDrag();
+    drag->isCancelled = true;
+    auto *panel = static_cast<QcDockWidget *>(drag->panel.data());
+    QMetaObject::invokeMethod(
+        panel,
+        [panel] {
+            if (!RunningDragOf(panel)) // the next one
+                QcDockDragController::instance()->CancelDrag(panel);
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace Velmora

@@ -35,7 +35,10 @@ struct DockDrag
 
     /// Ends the running drag, if there is one, as a drop on nothing.
     static void Cancel();
-    /// The same if it is \a panel that is dragged.
+    /// Ends the running drag, whose owner dies: the panel changes its look on a later turn. The host hears of that, and may take away what
+    /// the dying owner lies in.
+    static void CancelLater();
+    /// Cancel() if it is \a panel that is dragged.
     static void CancelOf(const QcDockWidget *panel);
 
 private:

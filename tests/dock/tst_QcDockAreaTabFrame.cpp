@@ -796,6 +796,24 @@ private Q_SLOTS:
         delete panel;
     }
 
+    void a_host_may_delete_what_held_a_frame_that_died_in_a_drag_when_it_hears_of_the_end()
+    {
+        TabStage stage({"A", "B"});
+        const QPointer<QWidget> holder = new QWidget(&stage.window);
+        stage.window.layout()->addWidget(holder);
+        (new QHBoxLayout(holder))->addWidget(stage.frame);
+        QVERIFY(stage.Show());
+        Mouse mouse;
+        QcDockWidget *panel = TearOut(stage, mouse, 1);
+        const CallAt listener(*panel, QEvent::DynamicPropertyChange, [&holder] { delete holder; });
+        delete stage.frame;
+        DrainEvents();
+        QVERIFY(!holder);
+        QVERIFY(panel->isFloating());
+        QVERIFY(!panel->property("draging").toBool());
+        delete panel;
+    }
+
     void a_frame_that_dies_as_a_panel_leaves_it_leaves_the_panel_floating_data()
     {
         QTest::addColumn<int>("event");

@@ -733,6 +733,7 @@ private Q_SLOTS:
         DockDrag::Begin(dragged, owner.get(), [&letGo] { ++letGo; });
         stage.Step(dragged, MiddleOf(*resident));
         owner.reset();
+        DrainEvents();
         QCOMPARE(letGo, 0);
         QVERIFY(stage.Mask()->isHidden());
         QVERIFY(dragged->isFloating());

@@ -1,0 +1,10 @@
+#include "xlsx/StaleResults_p.h"
+
+namespace Velmora {
+
+TemplateFault RemoveStaleResults(TemplateContext &)
+{
+    return {};
+}
+
+} // namespace Velmora

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "xlsx/TemplateContext_p.h"
+
+#include <QStringList>
+#include <QVariant>
+
+namespace Velmora {
+
+/// True if the first cell of \a name picks its value from a list.
+bool HasList(TemplateContext &context, const TemplateName &name);
+/// The entries of that list, also of one that takes them from cells.
+QStringList OptionsOf(TemplateContext &context, const TemplateName &name);
+/// Gives all cells of \a name a list. Nothing is changed if it fails.
+TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, const QStringList &options);
+/// Why the list of that cell does not take \a value, if it has one; whether that matters is the caller's.
+TemplateFault FaultOfList(TemplateContext &context, int sheet, int row, int column, const QVariant &value);
+
+} // namespace Velmora

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "xlsx/XlsxPackage_p.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Velmora {
+
+/// What cells look like, as far as dates go.
+class TemplateStyles
+{
+public:
+    enum class Shows { Number, Date, Time, DateTime };
+
+    /// \a part is empty if the workbook has none.
+    void SetPart(XlsxPackage &package, const std::string &part);
+
+    /// What the number format of that style shows of a number.
+    Shows ShownBy(unsigned style);
+    /// A style like \a style that shows that. Nothing changes if it does.
+    TemplateFault StyleShowing(Shows what, unsigned style, unsigned &result);
+
+private:
+    void Read();
+    std::string FormatOf(unsigned id) const;
+
+    XlsxPackage *m_package = nullptr;
+    std::string m_partName;
+    XmlPart *m_part = nullptr;
+    bool m_isRead = false;
+    TemplateFault m_fault;
+    std::vector<pugi::xml_node> m_cellFormats;
+    std::map<unsigned, std::string> m_numberFormats;
+    std::map<std::pair<Shows, unsigned>, unsigned> m_made;
+    std::map<unsigned, Shows> m_shown;
+};
+
+/// What a number format shows: dates and times by its letters outside quotes, brackets and escapes.
+TemplateStyles::Shows ShownByFormat(const std::string &format);
+
+} // namespace Velmora

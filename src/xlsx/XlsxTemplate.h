@@ -1,0 +1,176 @@
+#pragma once
+
+#include <Velmora/VelmoraExport.h>
+
+#include <QByteArray>
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+#include <memory>
+
+namespace Velmora {
+
+/// A workbook (.xlsx, ECMA-376) in which the places to fill have names: load() it, set values by name, save() it.
+///
+/// \code
+/// Velmora::XlsxTemplate invoice;
+/// if (!invoice.load("invoice.xlsx") || !invoice.setValue("Customer", "ACME Ltd") || !invoice.setValue("Date", QDate::currentDate())
+///     || !invoice.setRows("Items", rows) || !invoice.save("invoice-17.xlsx"))
+///     qWarning() << invoice.errorString();
+/// \endcode
+///
+/// A name is a defined name of the workbook, which stands for a cell, a range or several places; one of a sheet, written with its
+/// sheet (Sheet1!Total, 'My Sheet'!Total); an Excel table; or a picture. Names are found whatever their case, as office programs do;
+/// in names() they stand as the workbook writes them.
+///
+/// Only what is set changes: any other part of the package stays byte for byte, any other cell of a changed sheet as it was written.
+/// Results of formulas that may depend on a changed cell are taken out of the file, and office programs compute it anew when they open it.
+///
+/// What fails returns false (or nothing), changes nothing, and leaves error() and errorString(). No operation logs, needs an application
+/// object, a display or a file beside those it is given. An object is used by one thread at a time; different objects are
+/// independent. Dates and times have no time zone in a workbook: a QDateTime is written as the clock it shows.
+///
+/// Limits: those of the format (1,048,576 rows, 16,384 columns, 32,767 characters in a cell); 4,096 parts, 512 MiB in one and
+/// 1 GiB in all, unpacked; a parsed part that would take too much memory. A template that exceeds them is refused by the operation that
+/// meets them.
+class VELMORA_EXPORT XlsxTemplate
+{
+public:
+    /// What a name stands for.
+    enum class Kind {
+        None,     ///< there is no such name
+        Cell,     ///< one cell
+        Range,    ///< cells in one rectangle, or the data rows of a table
+        Places,   ///< cells or rectangles in several places, maybe on several sheets, which take one value
+        List,     ///< one cell, or more of them, whose value is picked from a list
+        Picture,  ///< a picture in a sheet
+        Unusable, ///< something that cannot be set: unusableReason()
+    };
+
+    /// How a new image takes the frame of the picture that it replaces.
+    enum class PictureFit {
+        Stretch, ///< fills the frame
+        Fit,     ///< keeps its proportions, in the middle of the frame
+    };
+
+    enum class Error {
+        None,
+        FileError,   ///< a file cannot be read or written
+        FormatError, ///< not a workbook of this format, or a damaged one
+        LimitError,  ///< too large
+        NotLoaded,   ///< there is no template yet
+        UnknownName,
+        UnusableName, ///< the name is none for this operation
+        ValueError,   ///< the value is none for a cell, too long, or not in the cell's list
+        ObstacleError ///< something stands in the way that would have to be changed too, and cannot be
+    };
+
+    /// In a row of setRows() or setValues(): the cell stays as the template has it, with its formula.
+    struct Keep
+    {
+    };
+
+    /// How much of the rows given to setValues() had a cell.
+    struct Fitted
+    {
+        int rows = 0;
+        int columns = 0;
+    };
+
+    XlsxTemplate();
+    XlsxTemplate(const XlsxTemplate &) = delete;
+    XlsxTemplate &operator=(const XlsxTemplate &) = delete;
+    /// What was moved from may be destroyed, assigned to, or loaded.
+    XlsxTemplate(XlsxTemplate &&other) noexcept;
+    XlsxTemplate &operator=(XlsxTemplate &&other) noexcept;
+    ~XlsxTemplate();
+
+    // --- Loading ---
+
+    /// Reads the template. False leaves the object without one.
+    bool load(const QString &path);
+    bool load(const QByteArray &package);
+
+    // --- What there is ---
+
+    /// All names, in the workbook's order, then tables, then pictures. What programs keep for themselves (print areas, filters) is left
+    /// out.
+    QStringList names() const;
+    Kind kindOf(const QString &name) const;
+    /// True if a formula stands in any of the name's cells. setValue() puts the value in its place.
+    bool hasFormula(const QString &name) const;
+    /// Why the name is Kind::Unusable, for a user to read; else empty.
+    QString unusableReason(const QString &name) const;
+    /// What the name holds, or an invalid QVariant for nothing.
+    ///
+    /// A cell: bool, qlonglong, double, QString; QDate, QTime or QDateTime where its number format shows one; an error as its text,
+    /// "#N/A". A cell with a formula: its last result. Places and lists: the first cell's. A range: a QVariantList of rows, each a
+    /// QVariantList, which ends where the sheet has no more cells. A picture: the image's bytes as QByteArray.
+    QVariant value(const QString &name) const;
+    /// The entries of a list: typed in, or what stands in the cells that it takes them from.
+    QStringList options(const QString &name) const;
+    /// The header texts of a table, or the texts of the row above a named row.
+    QStringList columnNames(const QString &name) const;
+
+    // --- Filling in ---
+
+    /// Puts \a value into every cell of \a name. Formats stay. A formula that stood there goes.
+    ///
+    /// Integers, also of 64 bits, and decimals are written with all their digits; infinity and NaN are refused. bool is a truth value.
+    /// QDate, QTime and QDateTime are dates, in a cell that has no date format yet with one added; from 1900-01-01 or, in workbooks
+    /// that count from 1904, 1904-01-01 to 9999-12-31, else refused. An invalid QVariant empties the cell. All else that converts to a
+    /// text is a text, whatever it begins with, with its blanks and line ends; characters that XML has no room for are escaped as
+    /// office programs escape them (_x0007_). A QByteArray is UTF-8.
+    ///
+    /// Refused is a value that is not in the cell's list (setValuesOutsideListsAllowed()), a cell of an array formula over several
+    /// cells or of a data table, and a cell within a merged one that its first does not belong to.
+    bool setValue(const QString &name, const QVariant &value);
+    /// Puts a formula into every cell of \a name, with or without a leading equals sign, in English and with commas as in the file.
+    /// It is the same text in each of them, has no result yet, and is not checked.
+    bool setFormula(const QString &name, const QString &formula);
+    /// Fills a range row by row; what does not fit is left out, and \a fitted says how much did. Cells beyond the given rows and columns
+    /// stay as they are; an invalid QVariant empties a cell, a Keep leaves it. For each cell, what setValue() says.
+    bool setValues(const QString &name, const QVector<QVariantList> &rows, Fitted *fitted = nullptr);
+    /// Repeats a named row, or the data row of a table, once for each of \a rows, with its formats, heights, merged cells and validations,
+    /// and fills them in. What stands below moves down, with all that refers to it; a total over the row grows with it. No rows take the
+    /// row away. A row that is shorter than the name keeps what the template has in the rest.
+    bool setRows(const QString &name, const QVector<QVariantList> &rows);
+    /// The same by columnNames(). A column that a row does not have keeps what the template has; one that the template does not have is
+    /// refused.
+    bool setRows(const QString &name, const QVector<QVariantHash> &rows);
+    /// Gives the cells of \a name this list, in one validation.
+    bool setOptions(const QString &name, const QStringList &options);
+    /// Whether a cell with a list takes values that are not in it; not so at first.
+    void setValuesOutsideListsAllowed(bool allowed);
+    /// Puts another image (PNG, JPEG, GIF, BMP, TIFF) in place of every picture of that name.
+    bool setPicture(const QString &name, const QString &file, PictureFit fit = PictureFit::Fit);
+    bool setPicture(const QString &name, const QByteArray &image, PictureFit fit = PictureFit::Fit);
+    /// Empties all cells of \a name; formats stay.
+    bool clear(const QString &name);
+
+    // --- Saving ---
+
+    /// Writes the workbook: whole, or not at all, so that what stood at \a path stays if it fails. May be done any number of times, and
+    /// the template may be filled in further.
+    bool save(const QString &path);
+    /// The workbook's bytes; empty if it fails.
+    QByteArray save();
+
+    // --- What went wrong ---
+
+    /// Of the last operation that returns whether it succeeded: what failed, or Error::None.
+    Error error() const;
+    /// The same for a user to read, in the application's language: what is wrong, and where (Sheet1!B3).
+    QString errorString() const;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace Velmora
+
+Q_DECLARE_METATYPE(Velmora::XlsxTemplate::Keep)

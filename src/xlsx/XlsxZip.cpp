@@ -66,22 +66,22 @@ bool XlsxZip::extractFromXlsxFile(const QString &xlsxFilePath, const QString &ou
         return false;
     }
 
-    const QVector<QZipReader::FileInfo> entries = reader.fileInfoList();
-    for (int i = 0; i < entries.size(); ++i) {
-        // By the name as stored: the reader's list drops leading dots, and its data are found by the local decoding only.
-        const QByteArray name = inspection.names.value(i);
-        const QFileInfo target(outputDir + QDir::separator() + QString::fromUtf8(name));
+    const QVector<QZipReader::FileInfo> infos = reader.fileInfoList();
+    for (int i = 0; i < inspection.entries.size(); ++i) {
+        // By the name as stored: the reader's list drops leading dots.
+        const ZipEntry &entry = inspection.entries.at(i);
+        const QFileInfo target(outputDir + QDir::separator() + QString::fromUtf8(entry.name));
         if (!here.exists(target.absolutePath()))
             here.mkpath(target.absolutePath());
         // Some writers mark a directory by its name alone.
-        if (!entries.at(i).isFile || name.endsWith('/'))
+        if (!infos.value(i).isFile || entry.name.endsWith('/'))
             continue;
         QFile file(target.absoluteFilePath());
         if (!file.open(QIODevice::WriteOnly)) {
             qWarning() << "XlsxZip::extractXlsxFile: failed to open file for writing," << target.absoluteFilePath();
             return false;
         }
-        file.write(reader.fileData(QString::fromLocal8Bit(name)));
+        UnpackZipEntry(*reader.device(), entry, file);
         file.close();
     }
     reader.close();

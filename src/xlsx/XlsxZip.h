@@ -26,8 +26,8 @@ public:
     /// a file that is no archive has no entries and gives true.
     ///
     /// Nothing of an unsound archive is unpacked: it is refused, with a warning and false, if an entry would lie outside
-    /// \a outputDir (`..`, absolute, drive letter, backslash), if its directory, its headers and its data contradict each other,
-    /// if it is encrypted, in ZIP64 form or compressed otherwise than by deflate, or if it exceeds a limit: 2 GiB itself, 4,096
+    /// \a outputDir (`..`, absolute, drive letter) or is written with backslashes, if its directory, its headers and its data contradict
+    /// each other, if it is encrypted, in ZIP64 form or compressed otherwise than by deflate, or if it exceeds a limit: 2 GiB itself, 4,096
     /// entries, 512 MiB in one entry, 1 GiB in all, and an expansion of more than 300:1 beyond the first 8 MiB.
     /// A missing file and an empty \a outputDir are refused before anything is deleted.
     static bool extractFromXlsxFile(const QString &xlsxFilePath, const QString &outputDir);

@@ -23,7 +23,7 @@ constexpr int kEndSize = 22;
 constexpr int kCentralSize = 46;
 constexpr int kLocalSize = 30;
 constexpr int kLongestComment = 65535;
-constexpr quint16 kNewestVersion = 20; // deflate and directories: what QZipReader knows
+constexpr quint8 kNewestVersion = 45; // ZIP64, which writers of streams announce and need not use
 constexpr quint16 kEncrypted = 0x0001;
 constexpr quint16 kStored = 0;
 constexpr quint16 kDeflated = 8;
@@ -63,7 +63,7 @@ qint64 FindEndRecord(QIODevice &device, QByteArray &record)
 /// A name that stays below the directory it is unpacked into, on every system.
 bool IsSafeName(const QByteArray &name)
 {
-    if (name.isEmpty() || name.startsWith('/') || name.contains('\\') || name.contains('\0'))
+    if (name.isEmpty() || name.startsWith('/') || name.contains('\0'))
         return false;
     const QList<QByteArray> parts = name.split('/');
     return std::none_of(parts.cbegin(), parts.cend(), [](const QByteArray &part) {
@@ -80,24 +80,14 @@ bool IsKnownSystem(int versionMadeBy)
     return system == kFat || system == kUnix || system == kHpfs || system == kNtfs || system == kVfat;
 }
 
-struct Entry
-{
-    QByteArray name;
-    quint16 versionMadeBy = 0;
-    quint16 versionNeeded = 0;
-    quint16 flags = 0;
-    quint16 method = 0;
-    quint32 checksum = 0;
-    qint64 compressedSize = 0;
-    qint64 size = 0;
-    qint64 localOffset = 0;
-    qint64 dataOffset = 0; ///< found in the local header
-};
-
-/// Reads the entry's data in \a device without keeping them; true if they end where both sizes say and have the checksum.
-bool DataAreSound(QIODevice &device, const Entry &entry)
+/// Reads the entry's data in \a device and hands them on in pieces; true if they end where both sizes say and have the checksum.
+template <typename Take>
+bool ReadData(QIODevice &device, const ZipEntry &entry, const Take &take)
 {
     constexpr qint64 kChunk = 65536;
+    // A deflated nothing is two bytes. Some writers leave them out.
+    if (entry.size == 0 && entry.compressedSize == 0)
+        return entry.checksum == 0;
     if (!device.seek(entry.dataOffset))
         return false;
     z_stream stream = {};
@@ -120,6 +110,7 @@ bool DataAreSound(QIODevice &device, const Entry &entry)
         }
         if (entry.method == kStored) {
             checksum = crc32(checksum, stream.next_in, stream.avail_in);
+            take(reinterpret_cast<const char *>(stream.next_in), int(stream.avail_in));
             produced += stream.avail_in;
             stream.avail_in = 0;
             ended = unread == 0;
@@ -130,6 +121,7 @@ bool DataAreSound(QIODevice &device, const Entry &entry)
         const int state = inflate(&stream, Z_NO_FLUSH);
         const uInt made = uInt(output.size()) - stream.avail_out;
         checksum = crc32(checksum, reinterpret_cast<const Bytef *>(output.constData()), made);
+        take(output.constData(), int(made));
         produced += made;
         ended = state == Z_STREAM_END;
         if (state != Z_OK)
@@ -140,13 +132,16 @@ bool DataAreSound(QIODevice &device, const Entry &entry)
 }
 
 /// What is wrong with what the directory says of an entry, or an empty text.
-QString FaultOfRecord(const Entry &entry)
+QString FaultOfRecord(const ZipEntry &entry)
 {
+    if (entry.name.contains('\\'))
+        return QStringLiteral("an entry's name has backslashes for slashes");
     if (!IsSafeName(entry.name))
         return QStringLiteral("an entry's name leads out of the directory");
     if (entry.flags & kEncrypted)
         return QStringLiteral("an entry is encrypted");
-    if (entry.versionNeeded > kNewestVersion || !IsKnownSystem(entry.versionMadeBy))
+    // Some writers put their system into the high byte, as they do for the version that made the entry.
+    if (quint8(entry.versionNeeded) > kNewestVersion || !IsKnownSystem(entry.versionMadeBy))
         return QStringLiteral("an entry is of an unknown kind");
     if (entry.method != kStored && entry.method != kDeflated)
         return QStringLiteral("an entry is compressed by an unknown method");
@@ -158,7 +153,7 @@ QString FaultOfRecord(const Entry &entry)
 }
 
 /// What is wrong with the entry itself, or an empty text. Finds its data.
-QString FaultOfEntry(QIODevice &device, Entry &entry, qint64 directoryOffset)
+QString FaultOfEntry(QIODevice &device, ZipEntry &entry, qint64 directoryOffset)
 {
     const QByteArray local = ReadAt(device, entry.localOffset, kLocalSize);
     if (local.isEmpty() || U32(local, 0) != kLocalSignature)
@@ -171,28 +166,28 @@ QString FaultOfEntry(QIODevice &device, Entry &entry, qint64 directoryOffset)
     if (entry.dataOffset + entry.compressedSize > directoryOffset)
         return QStringLiteral("an entry reaches into the directory");
     // A directory's data are not unpacked.
-    if (!entry.name.endsWith('/') && !DataAreSound(device, entry))
+    if (!entry.name.endsWith('/') && !ReadData(device, entry, [](const char *, int) {}))
         return QStringLiteral("an entry's data are damaged or not of the size that they claim");
     return QString();
 }
 
-/// Names that are one file, or that QZipReader takes for one, would hide each other's data.
-bool HaveDuplicates(const std::vector<Entry> &entries)
+/// Names that are one file, also where the locale lacks their letters, would hide each other's data.
+bool HaveDuplicates(const QVector<ZipEntry> &entries)
 {
     QSet<QString> paths;
     QSet<QString> keys;
-    for (const Entry &entry : entries) {
+    for (const ZipEntry &entry : entries) {
         paths.insert(QDir::cleanPath(QString::fromUtf8(entry.name)));
         keys.insert(QString::fromLocal8Bit(entry.name));
     }
-    return paths.size() < int(entries.size()) || keys.size() < int(entries.size());
+    return paths.size() < entries.size() || keys.size() < entries.size();
 }
 
-bool Overlap(const std::vector<Entry> &entries)
+bool Overlap(const QVector<ZipEntry> &entries)
 {
     std::vector<std::pair<qint64, qint64>> ranges;
-    ranges.reserve(entries.size());
-    for (const Entry &entry : entries)
+    ranges.reserve(std::size_t(entries.size()));
+    for (const ZipEntry &entry : entries)
         ranges.emplace_back(entry.localOffset, entry.dataOffset + entry.compressedSize);
     std::sort(ranges.begin(), ranges.end());
     for (std::size_t i = 1; i < ranges.size(); ++i) {
@@ -203,7 +198,7 @@ bool Overlap(const std::vector<Entry> &entries)
 }
 
 /// Reads the record at \a offset of \a directory and moves \a offset behind it; false if it is none.
-bool ReadRecord(const QByteArray &directory, int &offset, Entry &entry)
+bool ReadRecord(const QByteArray &directory, int &offset, ZipEntry &entry)
 {
     if (offset + kCentralSize > directory.size() || U32(directory, offset) != kCentralSignature)
         return false;
@@ -251,10 +246,10 @@ ZipInspection InspectZip(QIODevice &device)
         return Refuse(QStringLiteral("too many entries"));
 
     const QByteArray directory = ReadAt(device, directoryOffset, directorySize);
-    std::vector<Entry> entries{std::size_t(count)};
+    QVector<ZipEntry> entries(count);
     qint64 total = 0;
     int offset = 0;
-    for (Entry &entry : entries) {
+    for (ZipEntry &entry : entries) {
         if (!ReadRecord(directory, offset, entry))
             return Refuse(QStringLiteral("the directory is damaged"));
         const QString fault = FaultOfRecord(entry);
@@ -272,17 +267,19 @@ ZipInspection InspectZip(QIODevice &device)
     if (HaveDuplicates(entries))
         return Refuse(QStringLiteral("two entries have one name"));
 
-    ZipInspection inspection;
-    for (Entry &entry : entries) {
+    for (ZipEntry &entry : entries) {
         const QString fault = FaultOfEntry(device, entry, directoryOffset);
         if (!fault.isEmpty())
             return Refuse(fault);
-        inspection.names.append(entry.name);
     }
     if (Overlap(entries))
         return Refuse(QStringLiteral("two entries overlap"));
-    inspection.verdict = ZipInspection::Sound;
-    return inspection;
+    return {ZipInspection::Sound, QString(), entries};
+}
+
+void UnpackZipEntry(QIODevice &device, const ZipEntry &entry, QIODevice &target)
+{
+    ReadData(device, entry, [&target](const char *bytes, int size) { target.write(bytes, size); });
 }
 
 } // namespace Velmora

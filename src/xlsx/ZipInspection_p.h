@@ -10,6 +10,21 @@ QT_END_NAMESPACE
 
 namespace Velmora {
 
+/// A file or directory in an archive, and where its data lie.
+struct ZipEntry
+{
+    QByteArray name; ///< as stored
+    quint16 versionMadeBy = 0;
+    quint16 versionNeeded = 0;
+    quint16 flags = 0;
+    quint16 method = 0;
+    quint32 checksum = 0;
+    qint64 compressedSize = 0;
+    qint64 size = 0;
+    qint64 localOffset = 0;
+    qint64 dataOffset = 0; ///< found in the local header
+};
+
 /// What an archive is found to be before it is handed to a reader that trusts it.
 struct ZipInspection
 {
@@ -21,14 +36,17 @@ struct ZipInspection
 
     Verdict verdict = NoArchive;
     QString reason;
-    QVector<QByteArray> names; ///< of a sound archive's entries, as stored, in the directory's order
+    QVector<ZipEntry> entries; ///< of a sound archive, in the directory's order
 };
 
 /// Reads directory, local headers and data of the ZIP archive in \a device (PKWARE's APPNOTE 6.3, without ZIP64), inflating each
-/// entry once without keeping it. Sound is only what QZipReader reads as it stands: it takes sizes on trust, a deflated entry of
-/// another size for a reason to allocate twice as much, and what it does not know for an empty file.
-/// \a device is open for reading and random access.
+/// entry once without keeping it. \a device is open for reading and random access.
 ZipInspection InspectZip(QIODevice &device);
+
+/// Writes the data of an \a entry of the sound archive in \a device to \a target, in pieces. QZipReader holds them twice, and has none for
+/// some entries that others read: it takes a system in the high byte of the version needed for a newer version, and never ends with a
+/// deflated entry of no bytes at all.
+void UnpackZipEntry(QIODevice &device, const ZipEntry &entry, QIODevice &target);
 
 namespace ZipLimits {
 

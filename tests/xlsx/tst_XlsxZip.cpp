@@ -166,13 +166,39 @@ private Q_SLOTS:
             made.madeBy = quint16(system << 8);
             made.attributes = system == 3 ? 0100644U << 16 : 0x20;
             QTest::addRow("made by system %d", system) << MakeArchive({made});
+            made.needs = quint16(system << 8) | 20;
+            QTest::addRow("made by system %d, as the version needed says, too", system) << MakeArchive({made});
         }
+        ArchiveEntry announced = Entry("xl/a.xml", "content");
+        announced.needs = 45;
+        QTest::newRow("announced in ZIP64 form, and not") << MakeArchive({announced});
     }
     void honest_variants_are_read()
     {
         QFETCH(QByteArray, archive);
         QVERIFY(Extract(archive));
         QCOMPARE(FilesBelow(WorkPath()), (Parts{{"xl/a.xml", "content"}}));
+    }
+
+    void empty_entries_are_empty_files_data()
+    {
+        QTest::addColumn<QByteArray>("archive");
+        ArchiveEntry empty = Entry("xl/a.xml", "");
+        QTest::newRow("deflated to two bytes") << MakeArchive({empty});
+        empty.stored = QByteArray();
+        QTest::newRow("deflated to none") << MakeArchive({empty});
+        empty.flags = 8;
+        QTest::newRow("deflated to none, sizes behind the data") << MakeArchive({empty});
+        empty.method = 0;
+        QTest::newRow("stored, sizes behind the data") << MakeArchive({empty});
+        empty.flags = 0;
+        QTest::newRow("stored") << MakeArchive({empty});
+    }
+    void empty_entries_are_empty_files()
+    {
+        QFETCH(QByteArray, archive);
+        QVERIFY(Extract(archive));
+        QCOMPARE(FilesBelow(WorkPath()), (Parts{{"xl/a.xml", ""}}));
     }
 
     void names_are_kept_as_they_stand()
@@ -195,8 +221,8 @@ private Q_SLOTS:
     void names_that_lead_out_are_refused_data()
     {
         QTest::addColumn<QByteArray>("name");
-        for (const char *name : {"../out", "xl/../../out", "xl/..", "..", "/etc/out", "//server/out", "C:/out", "c:out", "./C:/out",
-                                 "xl/c:", "..\\out", "xl\\out", "\\out", ""})
+        for (const char *name :
+             {"../out", "xl/../../out", "xl/..", "..", "/etc/out", "//server/out", "C:/out", "c:out", "./C:/out", "xl/c:", ""})
             QTest::newRow(name) << QByteArray(name);
         QTest::newRow("NUL") << QByteArray("xl/a\0.xml", 9);
     }
@@ -208,6 +234,15 @@ private Q_SLOTS:
         QVERIFY(!Extract(MakeArchive({Entry("first", "1"), Entry(name, "out")})));
         QCOMPARE(FilesBelow(WorkPath()), Parts());
         QVERIFY(!QFileInfo::exists(Path(QStringLiteral("out"))));
+    }
+
+    void names_with_backslashes_are_refused_as_such()
+    {
+        for (const char *name : {"xl\\workbook.xml", "..\\out", "\\out", "C:\\out", "xl/a\\b.xml"}) {
+            ExpectRefusal(QStringLiteral("an entry's name has backslashes for slashes"));
+            QVERIFY2(!Extract(MakeArchive({Entry("first", "1"), Entry(name, "out")})), name);
+            QCOMPARE(FilesBelow(WorkPath()), Parts());
+        }
     }
 
     void contradictions_are_refused_data()
@@ -225,7 +260,7 @@ private Q_SLOTS:
         entry.method = 12;
         row("unknown method", entry, "an entry is compressed by an unknown method");
         entry = Entry("a", "content");
-        entry.needs = 45;
+        entry.needs = 46;
         row("needs a newer reader", entry, "an entry is of an unknown kind");
         entry = Entry("a", "content");
         entry.madeBy = 7 << 8;
@@ -260,7 +295,8 @@ private Q_SLOTS:
         row("stored, size too large", entry, damaged);
         entry = Entry("a", "");
         entry.stored = QByteArray();
-        row("deflated nothing", entry, damaged);
+        entry.checksum = 1;
+        row("deflated nothing, wrong checksum", entry, damaged);
         entry = Entry("a", "content");
         entry.stored = QByteArray("\xff\xff\xff\xff");
         row("no deflated data", entry, damaged);

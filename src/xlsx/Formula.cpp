@@ -202,8 +202,9 @@ std::size_t FormulaReader::PrefixEnd(std::size_t begin)
     else if (!hasBook)
         return begin;
     if (At(at) == ':' && IsWordCharacter(At(at + 1))) {
+        // A run of sheets, Jan:Mar!A1, if the first can be none of a range's corners: A1:Mar!B2.
         ReferenceCorner corner;
-        if (hasBook || !ReadCorner(m_text.substr(begin, at - begin), corner))
+        if (hasBook || !ReadCorner(m_text.substr(begin, at - begin), corner) || corner.row == 0)
             at = WordEnd(at + 1);
     }
     return At(at) == '!' ? at + 1 : begin;

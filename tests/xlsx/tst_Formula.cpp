@@ -206,6 +206,7 @@ private Q_SLOTS:
              "bersicht!A1|"},
             {"Sheet1:Sheet3!A1", "r|Sheet1:Sheet3!A1|"},
             {"'Sheet 1:Sheet 3'!A1:B2", "r|'Sheet 1:Sheet 3'!A1:B2|"},
+            {"Jan:Mar!A1", "r|Jan:Mar!A1|"},
             {"A1:Sheet2!B2", "r|A1|:r|Sheet2!B2|"},
             {"[1]Sheet1!A1", "r|[1]Sheet1!A1|"},
             {"[1]Sheet1:Sheet3!A1", "r|[1]Sheet1:Sheet3!A1|"},

@@ -1,33 +1,62 @@
 #pragma once
 
+#include "xlsx/CellFormulas_p.h"
+#include "xlsx/CellValue_p.h"
 #include "xlsx/SharedStrings_p.h"
 #include "xlsx/TemplateStyles_p.h"
 #include "xlsx/TemplateWorkbook_p.h"
 
+#include <QVariant>
+
+#include <map>
 #include <vector>
 
 namespace Velmora {
 
-/// A loaded template: what its operations share.
-struct TemplateContext
+/// A loaded template: what its operations share, and what they do to single cells.
+class TemplateContext
 {
+public:
     XlsxPackage package;
     TemplateWorkbook workbook;
     SharedStrings strings;
     TemplateStyles styles;
     bool takesValuesOutsideLists = false;
-    /// What was changed since the results of formulas were last looked through.
+    /// What was changed since the results of formulas were last looked through. PutContent() and PutFormula() tell by themselves.
     std::vector<Place> changed;
+
+    TemplateFault Load(const QByteArray &bytes);
 
     /// "Sheet1!B3" of a cell or range, for messages.
     QString TextOf(const Place &place) const;
-};
+    /// \a fault with its place in front.
+    TemplateFault At(int sheet, int row, int column, const TemplateFault &fault) const;
 
-/// Puts \a value into a cell; the caller has found that it may. CellFault() tells.
-TemplateFault PutValue(TemplateContext &context, TemplateSheet &sheet, int row, int column, const QVariant &value);
-/// Why that cell cannot take \a value: the value itself, its list, an array formula, a merged cell.
-TemplateFault CellFault(TemplateContext &context, int sheet, int row, int column, const QVariant &value);
-/// What a cell holds; invalid if there is no such cell.
-QVariant CellValue(TemplateContext &context, const pugi::xml_node &cell);
+    /// What a cell holds; invalid if there is no such cell.
+    QVariant ValueOf(const pugi::xml_node &cell);
+
+    // Each change is asked for first and done then, so that nothing is changed if one of many cannot be.
+
+    /// Why that cell cannot be changed even to be emptied: it is one of several of an array formula or a data table.
+    TemplateFault FaultOfGroup(int sheet, int row, int column);
+    /// Why nothing can be put there: FaultOfGroup(), or another cell is merged over it.
+    TemplateFault FaultOfCell(int sheet, int row, int column);
+    /// Why that cell cannot take \a value: also because of the value, or its list.
+    TemplateFault FaultOfValue(int sheet, int row, int column, const QVariant &value);
+    /// Puts what ContentOf() made of a value into a cell. Nothing is made where there is nothing to take out.
+    TemplateFault PutContent(int sheet, int row, int column, const CellContent &content);
+    TemplateFault PutValue(int sheet, int row, int column, const QVariant &value);
+    /// Without an equals sign.
+    TemplateFault PutFormula(int sheet, int row, int column, const std::string &formula);
+
+    /// To be told after rows or cells of a sheet were put in, taken out or renumbered by hand.
+    void ForgetRows(int sheet);
+
+private:
+    void EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node cell, int row, int column);
+    CellFormulas &FormulasOf(int index, TemplateSheet &sheet);
+
+    std::map<int, std::unique_ptr<CellFormulas>> m_formulas; ///< by sheet
+};
 
 } // namespace Velmora

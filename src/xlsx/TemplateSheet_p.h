@@ -4,8 +4,11 @@
 #include "xlsx/XmlPart_p.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace Velmora {
 
@@ -58,25 +61,46 @@ public:
         });
     }
 
-    /// To be told after rows or cells were put in, taken out or renumbered by hand: they are looked through anew.
-    void ForgetRows();
+    /// To be told after rows, cells or merged cells were put in, taken out or renumbered by hand: they are looked through anew.
+    void ForgetRows() { m_index.reset(); }
 
-    /// What is merged with others, in document order. To be asked anew after ForgetRows().
+    /// What is merged, in document order.
     const std::vector<CellRange> &MergedCells();
+    /// The merged cells that a cell is one of, or null.
+    const CellRange *MergeAt(int row, int column);
 
 private:
+    using Cells = std::vector<std::pair<int, pugi::xml_node>>; ///< of a row by column
+
+    /// What the sheet says of itself, found when asked for.
+    struct Index
+    {
+        std::map<int, pugi::xml_node> rows;
+        std::vector<CellRange> merges;
+        std::unordered_map<int, std::vector<std::size_t>> mergesOfRow; ///< from left to right
+        std::vector<std::pair<CellRange, std::string>> columnStyles;
+        CellRange dimension;
+        pugi::xml_node dimensionNode;
+        Cells cells; ///< of the row that was asked for last
+        int rowOfCells = 0;
+        std::unordered_map<int, Cells> longRows;
+    };
+
     static int NumberOfRow(const pugi::xml_node &row, int next);
     static int ColumnOfCell(const pugi::xml_node &cell, int next);
-    std::map<int, pugi::xml_node> &Rows();
+    Index &TheIndex();
+    void ReadMerges(Index &index) const;
+    void ReadColumns(Index &index) const;
+    Cells &CellsOf(int number, const pugi::xml_node &row);
+    pugi::xml_node MakeRow(int row);
+    std::string StyleOfNewCell(const pugi::xml_node &row, int column);
+    void WidenDimension(int row, int column);
 
     std::string m_name;
     std::string m_partName;
     XmlPart &m_part;
     pugi::xml_node m_sheetData;
-    std::map<int, pugi::xml_node> m_rows;
-    bool m_rowsAreKnown = false;
-    std::vector<CellRange> m_mergedCells;
-    bool m_mergedCellsAreKnown = false;
+    std::unique_ptr<Index> m_index;
 };
 
 } // namespace Velmora

@@ -14,9 +14,11 @@ class TemplateStyles
 public:
     enum class Shows { Number, Date, Time, DateTime };
 
-    /// \a part is empty if the workbook has none.
-    void SetPart(XlsxPackage &package, const std::string &part);
+    /// \a workbook is the workbook's part, which leads to that of the styles, and gets one if it must.
+    void SetWorkbook(XlsxPackage &package, const std::string &workbook);
 
+    /// Why styles cannot be made.
+    TemplateFault FaultOfReading();
     /// What the number format of that style shows of a number.
     Shows ShownBy(unsigned style);
     /// A style like \a style that shows that. Nothing changes if it does.
@@ -24,11 +26,12 @@ public:
 
 private:
     void Read();
-    std::string FormatOf(unsigned id) const;
+    TemplateFault MakePart();
+    unsigned FormatOf(unsigned style) const;
 
     XlsxPackage *m_package = nullptr;
-    std::string m_partName;
-    XmlPart *m_part = nullptr;
+    std::string m_workbook;
+    XmlPart *m_part = nullptr; ///< null if the workbook has none
     bool m_isRead = false;
     TemplateFault m_fault;
     std::vector<pugi::xml_node> m_cellFormats;

@@ -4,9 +4,9 @@
 #include "xlsx/TemplateSheet_p.h"
 #include "xlsx/XlsxPackage_p.h"
 
+#include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace Velmora {
@@ -58,6 +58,8 @@ public:
     const TemplateName *FindName(const std::string &display) const;
     /// Reads names and tables anew, after their references were changed.
     void ForgetNames();
+    /// The parts of tables of a sheet.
+    std::vector<std::string> TablePartsOf(int sheet);
 
     /// Says that all is to be computed when the file is opened, and takes the calculation chain out of the package.
     TemplateFault RequireCalculation();
@@ -71,6 +73,7 @@ private:
         std::unique_ptr<TemplateSheet> parsed;
     };
 
+    bool HasCells(int sheet) const { return m_sheets[std::size_t(sheet)].type == "worksheet"; }
     void ReadSheets();
     void ReadNames();
     void ReadTables();
@@ -81,8 +84,9 @@ private:
     XmlPart *m_part = nullptr;
     bool m_countsFrom1904 = false;
     std::vector<SheetEntry> m_sheets;
+    std::map<std::string, int> m_sheetIndex; ///< by folded name
     std::vector<TemplateName> m_names;
-    std::unordered_map<std::string, std::size_t> m_nameIndex; ///< by folded display name
+    std::map<std::string, std::size_t> m_nameIndex; ///< by folded display name
 };
 
 } // namespace Velmora

@@ -4,127 +4,310 @@
 #include "xlsx/StaleResults_p.h"
 #include "xlsx/TemplateContext_p.h"
 #include "xlsx/TemplateLists_p.h"
+#include "xlsx/TemplateNames_p.h"
 #include "xlsx/TemplatePictures_p.h"
+#include "xlsx/ZipInspection_p.h"
 
 #include <QFile>
+#include <QSaveFile>
 
 #include <utility>
 
 namespace Velmora {
 
+namespace {
+
+QString QText(const std::string &text)
+{
+    return QString::fromStdString(text);
+}
+
+TemplateFault FileFault(const QString &path, const QString &reason)
+{
+    return {XlsxTemplate::Error::FileError,
+            QCoreApplication::translate("XlsxTemplate", "%1: %2", "a file and what is wrong with it").arg(path, reason)};
+}
+
+TemplateFault ReadFile(const QString &path, QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return FileFault(path, file.errorString());
+    if (file.size() > ZipLimits::kArchiveBytes)
+        return {XlsxTemplate::Error::LimitError, QCoreApplication::translate("XlsxTemplate", "%1: The file is too large.").arg(path)};
+    bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? TemplateFault() : FileFault(path, file.errorString());
+}
+
+} // namespace
+
 struct XlsxTemplate::Private
 {
+    std::unique_ptr<TemplateContext> context;
     bool takesValuesOutsideLists = false;
     TemplateFault fault;
 
-    bool Fail(TemplateFault reason)
+    bool Done(TemplateFault reason)
     {
         fault = std::move(reason);
         return !fault;
     }
-    bool Refuse() { return Fail({Error::NotLoaded, QCoreApplication::translate("XlsxTemplate", "There is no template yet.")}); }
+    /// Does what is to be done by name, in cells: action(context, name) returns a fault.
+    template <typename Action>
+    bool DoByName(const QString &name, const Action &action);
+    /// Of pictures: action(context) returns a fault.
+    template <typename Action>
+    bool DoWithPicture(const QString &name, const Action &action);
+    const TemplateName *Find(const QString &name) const { return context ? context->workbook.FindName(name.toStdString()) : nullptr; }
+    TemplateFault Load(const QByteArray &package);
+    TemplateFault Save(QByteArray &package);
+    TemplateFault NotLoaded() const
+    {
+        return context ? TemplateFault()
+                       : TemplateFault{Error::NotLoaded, QCoreApplication::translate("XlsxTemplate", "There is no template yet.")};
+    }
+    TemplateFault Unknown(const QString &name) const
+    {
+        return {Error::UnknownName, QCoreApplication::translate("XlsxTemplate", "There is no name %1 in the workbook.").arg(name)};
+    }
 };
+
+template <typename Action>
+bool XlsxTemplate::Private::DoByName(const QString &name, const Action &action)
+{
+    if (!context)
+        return Done(NotLoaded());
+    const TemplateName *found = Find(name);
+    if (!found && HasPicture(*context, name))
+        return Done({Error::UnusableName, QCoreApplication::translate("XlsxTemplate", "%1 is a picture, not a cell.").arg(name)});
+    if (!found)
+        return Done(Unknown(name));
+    if (found->places.empty())
+        return Done({Error::UnusableName, name + QLatin1String(": ") + WhyUnusable(*found)});
+    context->takesValuesOutsideLists = takesValuesOutsideLists;
+    return Done(action(*context, *found));
+}
+
+template <typename Action>
+bool XlsxTemplate::Private::DoWithPicture(const QString &name, const Action &action)
+{
+    if (!context)
+        return Done(NotLoaded());
+    if (Find(name))
+        return Done({Error::UnusableName, QCoreApplication::translate("XlsxTemplate", "%1 is not a picture.").arg(name)});
+    if (!HasPicture(*context, name))
+        return Done(Unknown(name));
+    return Done(action(*context));
+}
+
+TemplateFault XlsxTemplate::Private::Load(const QByteArray &package)
+{
+    auto loaded = std::make_unique<TemplateContext>();
+    TemplateFault reason = loaded->Load(package);
+    if (!reason)
+        context = std::move(loaded);
+    return reason;
+}
+
+TemplateFault XlsxTemplate::Private::Save(QByteArray &package)
+{
+    if (TemplateFault reason = NotLoaded())
+        return reason;
+    if (!context->changed.empty()) {
+        if (TemplateFault reason = RemoveStaleResults(*context))
+            return reason;
+        if (TemplateFault reason = context->workbook.RequireCalculation())
+            return reason;
+        context->changed.clear();
+    }
+    return context->package.Write(package);
+}
+
+// --- XlsxTemplate ---
 
 XlsxTemplate::XlsxTemplate()
     : d(std::make_unique<Private>())
 {
 }
 
-XlsxTemplate::XlsxTemplate(XlsxTemplate &&other) noexcept = default;
+XlsxTemplate::XlsxTemplate(XlsxTemplate &&other) noexcept
+    : d(std::exchange(other.d, std::make_unique<Private>()))
+{
+}
 
-XlsxTemplate &XlsxTemplate::operator=(XlsxTemplate &&other) noexcept = default;
+XlsxTemplate &XlsxTemplate::operator=(XlsxTemplate &&other) noexcept
+{
+    if (this != &other)
+        d = std::exchange(other.d, std::make_unique<Private>());
+    return *this;
+}
 
 XlsxTemplate::~XlsxTemplate() = default;
 
-bool XlsxTemplate::load(const QString &)
+bool XlsxTemplate::load(const QString &path)
 {
-    return d->Refuse();
+    d->context.reset();
+    QByteArray package;
+    TemplateFault fault = ReadFile(path, package);
+    if (!fault)
+        fault = d->Load(package);
+    return d->Done(std::move(fault));
 }
-bool XlsxTemplate::load(const QByteArray &)
+
+bool XlsxTemplate::load(const QByteArray &package)
 {
-    return d->Refuse();
+    d->context.reset();
+    return d->Done(d->Load(package));
 }
+
+// --- What there is ---
+
 QStringList XlsxTemplate::names() const
 {
-    return {};
+    QStringList names;
+    if (!d->context)
+        return names;
+    for (const TemplateName &name : d->context->workbook.Names())
+        names.append(QText(name.display));
+    for (const QString &picture : PictureNames(*d->context)) {
+        if (!d->Find(picture)) // a cell's name comes before a picture's
+            names.append(picture);
+    }
+    return names;
 }
-XlsxTemplate::Kind XlsxTemplate::kindOf(const QString &) const
+
+XlsxTemplate::Kind XlsxTemplate::kindOf(const QString &name) const
 {
-    return Kind::None;
+    if (const TemplateName *found = d->Find(name))
+        return KindOfName(*d->context, *found);
+    if (!d->context || !HasPicture(*d->context, name))
+        return Kind::None;
+    return WhyPictureIsUnusable(*d->context, name).isEmpty() ? Kind::Picture : Kind::Unusable;
 }
-bool XlsxTemplate::hasFormula(const QString &) const
+
+bool XlsxTemplate::hasFormula(const QString &name) const
 {
-    return false;
+    const TemplateName *found = d->Find(name);
+    return found && HasFormula(*d->context, *found);
 }
-QString XlsxTemplate::unusableReason(const QString &) const
+
+QString XlsxTemplate::unusableReason(const QString &name) const
 {
-    return {};
+    if (const TemplateName *found = d->Find(name))
+        return WhyUnusable(*found);
+    return d->context && HasPicture(*d->context, name) ? WhyPictureIsUnusable(*d->context, name) : QString();
 }
-QVariant XlsxTemplate::value(const QString &) const
+
+QVariant XlsxTemplate::value(const QString &name) const
 {
-    return {};
+    if (const TemplateName *found = d->Find(name))
+        return ValueOfName(*d->context, *found);
+    return d->context && HasPicture(*d->context, name) ? QVariant(PictureImage(*d->context, name)) : QVariant();
 }
-QStringList XlsxTemplate::options(const QString &) const
+
+QStringList XlsxTemplate::options(const QString &name) const
 {
-    return {};
+    const TemplateName *found = d->Find(name);
+    return found && !found->places.empty() ? OptionsOf(*d->context, *found) : QStringList();
 }
-QStringList XlsxTemplate::columnNames(const QString &) const
+
+QStringList XlsxTemplate::columnNames(const QString &name) const
 {
-    return {};
+    const TemplateName *found = d->Find(name);
+    return found ? ColumnNamesOf(*d->context, *found) : QStringList();
 }
-bool XlsxTemplate::setValue(const QString &, const QVariant &)
+
+// --- Filling in ---
+
+bool XlsxTemplate::setValue(const QString &name, const QVariant &value)
 {
-    return d->Refuse();
+    return d->DoByName(name,
+                       [&value](TemplateContext &context, const TemplateName &found) { return SetValueOfName(context, found, value); });
 }
-bool XlsxTemplate::setFormula(const QString &, const QString &)
+
+bool XlsxTemplate::setFormula(const QString &name, const QString &formula)
 {
-    return d->Refuse();
+    return d->DoByName(
+        name, [&formula](TemplateContext &context, const TemplateName &found) { return SetFormulaOfName(context, found, formula); });
 }
-bool XlsxTemplate::setValues(const QString &, const QVector<QVariantList> &, Fitted *)
+
+bool XlsxTemplate::setValues(const QString &name, const QVector<QVariantList> &rows, Fitted *fitted)
 {
-    return d->Refuse();
+    Fitted counted;
+    const bool isDone = d->DoByName(
+        name, [&](TemplateContext &context, const TemplateName &found) { return SetValuesOfName(context, found, rows, counted); });
+    if (fitted)
+        *fitted = isDone ? counted : Fitted();
+    return isDone;
 }
-bool XlsxTemplate::setRows(const QString &, const QVector<QVariantList> &)
+
+bool XlsxTemplate::setRows(const QString &name, const QVector<QVariantList> &rows)
 {
-    return d->Refuse();
+    return d->DoByName(name, [&rows](TemplateContext &context, const TemplateName &found) { return RepeatRow(context, found, rows); });
 }
-bool XlsxTemplate::setRows(const QString &, const QVector<QVariantHash> &)
+
+bool XlsxTemplate::setRows(const QString &name, const QVector<QVariantHash> &rows)
 {
-    return d->Refuse();
+    return d->DoByName(name, [&rows](TemplateContext &context, const TemplateName &found) {
+        QVector<QVariantList> sorted;
+        const TemplateFault fault = RowsByColumn(context, found, rows, sorted);
+        return fault ? fault : RepeatRow(context, found, sorted);
+    });
 }
-bool XlsxTemplate::setOptions(const QString &, const QStringList &)
+
+bool XlsxTemplate::setOptions(const QString &name, const QStringList &options)
 {
-    return d->Refuse();
+    return d->DoByName(name,
+                       [&options](TemplateContext &context, const TemplateName &found) { return SetOptions(context, found, options); });
 }
+
 void XlsxTemplate::setValuesOutsideListsAllowed(bool allowed)
 {
     d->takesValuesOutsideLists = allowed;
 }
-bool XlsxTemplate::setPicture(const QString &, const QString &, PictureFit)
+
+bool XlsxTemplate::setPicture(const QString &name, const QString &file, PictureFit fit)
 {
-    return d->Refuse();
+    return d->DoWithPicture(name, [&](TemplateContext &context) {
+        QByteArray image;
+        const TemplateFault fault = ReadFile(file, image);
+        return fault ? fault : SetPicture(context, name, image, fit);
+    });
 }
-bool XlsxTemplate::setPicture(const QString &, const QByteArray &, PictureFit)
+
+bool XlsxTemplate::setPicture(const QString &name, const QByteArray &image, PictureFit fit)
 {
-    return d->Refuse();
+    return d->DoWithPicture(name, [&](TemplateContext &context) { return SetPicture(context, name, image, fit); });
 }
-bool XlsxTemplate::clear(const QString &)
+
+bool XlsxTemplate::clear(const QString &name)
 {
-    return d->Refuse();
+    return d->DoByName(name, [](TemplateContext &context, const TemplateName &found) { return ClearName(context, found); });
 }
-bool XlsxTemplate::save(const QString &)
+
+// --- Saving ---
+
+bool XlsxTemplate::save(const QString &path)
 {
-    return d->Refuse();
+    QByteArray package;
+    if (!d->Done(d->Save(package)))
+        return false;
+    QSaveFile file(path);
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(package) == package.size() && file.commit();
+    return d->Done(isWritten ? TemplateFault() : FileFault(path, file.errorString()));
 }
+
 QByteArray XlsxTemplate::save()
 {
-    d->Refuse();
-    return {};
+    QByteArray package;
+    return d->Done(d->Save(package)) ? package : QByteArray();
 }
+
 XlsxTemplate::Error XlsxTemplate::error() const
 {
     return d->fault.error;
 }
+
 QString XlsxTemplate::errorString() const
 {
     return d->fault.text;

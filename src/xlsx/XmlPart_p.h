@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +30,10 @@ pugi::xml_node MakeChild(pugi::xml_node parent, const char *localName, const pug
 pugi::xml_attribute AttributeOf(const pugi::xml_node &node, const char *localName);
 void SetAttribute(pugi::xml_node node, const char *name, const char *value);
 
+/// A copy of \a node in \a parent, in front of \a before, or last if that is empty. It has texts of its own, whereas pugixml's would have
+/// the place in the source of \a node forgotten. For small elements.
+pugi::xml_node CopyInFrontOf(const pugi::xml_node &node, pugi::xml_node parent, const pugi::xml_node &before = {});
+
 /// All text in an element and in what is in it, as it reads.
 std::string AllText(const pugi::xml_node &node);
 /// The element's own text: several pieces and CDATA too.
@@ -37,30 +41,50 @@ std::string OwnText(const pugi::xml_node &node);
 /// Puts \a text in place of all that is in \a node. What XML has no room for must be gone from it.
 void SetOwnText(pugi::xml_node node, std::string_view text);
 
-/// A parsed part of a package. Written again, it is as it stood but for what it was told has changed: not a blank of the rest differs.
-/// (Where ChangedEverywhere() was said, the rest keeps its meaning, and blanks between elements, not its spelling.)
+/// A parsed part of a package. Written again, all but what it was told has changed stands byte for byte as it stood. (Where
+/// ChangedEverywhere() was said, the rest keeps its meaning, and the blanks between elements, not its spelling.)
 class XmlPart
 {
 public:
-    enum class State { Unchanged, Changed };
+    XmlPart() = default;
+    XmlPart(const XmlPart &) = delete;
+    XmlPart &operator=(const XmlPart &) = delete;
 
-    /// False if it is not well-formed, or so large that it would take more than \a bytesLeft, from which it takes what it needs.
-    bool Parse(const QByteArray &source, qint64 &bytesLeft);
+    /// False if it is not well-formed.
+    bool Parse(const QByteArray &source);
     pugi::xml_document &Document() { return m_document; }
     /// The element that holds all others.
     pugi::xml_node Root() const { return m_document.document_element(); }
 
-    /// To be told once \a node, with what is in it, is not as it was: after a change in it, also a new child or one less.
+    /// To be told after \a node, or what is in it, changed, and of a new element. Of a new one the element around it is not said.
     void Changed(const pugi::xml_node &node);
-    void ChangedEverywhere() { m_changedEverywhere = true; }
-    bool IsChanged() const { return m_changedEverywhere || !m_changed.empty(); }
+    /// Takes an element out of the document.
+    void Remove(pugi::xml_node node);
+    /// To be told when much changes, and before elements are moved, or copied by pugixml.
+    void ChangedEverywhere();
+    bool IsChanged() const { return m_changedEverywhere || !m_changed.empty() || !m_removed.empty(); }
 
-    /// The part's bytes. \a source is what it was parsed of.
-    QByteArray Written(const QByteArray &source) const;
+    QByteArray Written() const;
 
 private:
+    struct Edit
+    {
+        std::size_t begin = 0; ///< of what it takes the place of, in the source
+        std::size_t end = 0;
+        std::string text;
+    };
+
+    bool IsInSource(const pugi::xml_node &node) const;
+    std::size_t BeginOf(const pugi::xml_node &node) const;
+    Edit Insertion(const pugi::xml_node &first) const;
+    std::vector<Edit> Edits() const;
+    QByteArray WrittenAnew() const;
+
+    QByteArray m_source;
     pugi::xml_document m_document;
     std::vector<pugi::xml_node> m_changed;
+    std::vector<Edit> m_removed;
+    bool m_keepsPlaces = false; ///< a node's offset in the source is known
     bool m_changedEverywhere = false;
 };
 

@@ -153,7 +153,7 @@ QString FaultOfRecord(const ZipEntry &entry)
 }
 
 /// What is wrong with the entry itself, or an empty text. Finds its data.
-QString FaultOfEntry(QIODevice &device, ZipEntry &entry, qint64 directoryOffset)
+QString FaultOfEntry(QIODevice &device, ZipEntry &entry, qint64 directoryOffset, ZipData data)
 {
     const QByteArray local = ReadAt(device, entry.localOffset, kLocalSize);
     if (local.isEmpty() || U32(local, 0) != kLocalSignature)
@@ -166,7 +166,7 @@ QString FaultOfEntry(QIODevice &device, ZipEntry &entry, qint64 directoryOffset)
     if (entry.dataOffset + entry.compressedSize > directoryOffset)
         return QStringLiteral("an entry reaches into the directory");
     // A directory's data are not unpacked.
-    if (!entry.name.endsWith('/') && !ReadData(device, entry, [](const char *, int) {}))
+    if (data == ZipData::Inflated && !entry.name.endsWith('/') && !ReadData(device, entry, [](const char *, int) {}))
         return QStringLiteral("an entry's data are damaged or not of the size that they claim");
     return QString();
 }
@@ -226,7 +226,7 @@ ZipInspection Refuse(const QString &reason)
 
 } // namespace
 
-ZipInspection InspectZip(QIODevice &device)
+ZipInspection InspectZip(QIODevice &device, ZipData data)
 {
     QByteArray end;
     const qint64 endOffset = FindEndRecord(device, end);
@@ -268,7 +268,7 @@ ZipInspection InspectZip(QIODevice &device)
         return Refuse(QStringLiteral("two entries have one name"));
 
     for (ZipEntry &entry : entries) {
-        const QString fault = FaultOfEntry(device, entry, directoryOffset);
+        const QString fault = FaultOfEntry(device, entry, directoryOffset, data);
         if (!fault.isEmpty())
             return Refuse(fault);
     }

@@ -39,9 +39,14 @@ struct ZipInspection
     QVector<ZipEntry> entries; ///< of a sound archive, in the directory's order
 };
 
-/// Reads directory, local headers and data of the ZIP archive in \a device (PKWARE's APPNOTE 6.3, without ZIP64), inflating each
-/// entry once without keeping it. \a device is open for reading and random access.
-ZipInspection InspectZip(QIODevice &device);
+enum class ZipData {
+    Inflated, ///< each entry's once, without keeping them, to see whether they are sound
+    Unread,   ///< for a reader that keeps to the sizes and sees to the checksums itself
+};
+
+/// Reads directory, local headers and data of the ZIP archive in \a device (PKWARE's APPNOTE 6.3, without ZIP64). \a device is open for
+/// reading and random access.
+ZipInspection InspectZip(QIODevice &device, ZipData data = ZipData::Inflated);
 
 /// Writes the data of an \a entry of the sound archive in \a device to \a target, in pieces. QZipReader holds them twice, and has none for
 /// some entries that others read: it takes a system in the high byte of the version needed for a newer version, and never ends with a

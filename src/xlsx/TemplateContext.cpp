@@ -1,0 +1,215 @@
+#include "xlsx/TemplateContext_p.h"
+
+#include "xlsx/TemplateLists_p.h"
+
+#include <QDateTime>
+
+namespace Velmora {
+
+namespace {
+
+using Error = XlsxTemplate::Error;
+
+/// Where a cell's content goes: behind it may stand what later editions of the format add.
+pugi::xml_node MakeContent(const pugi::xml_node &cell, const char *name)
+{
+    return MakeChild(cell, name, ChildOf(cell, "extLst"));
+}
+
+bool KeepsItsBlanks(const std::string &text)
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+    return !text.empty() && (isBlank(text.front()) || isBlank(text.back()) || text.find_first_of("\t\n\r") != std::string::npos);
+}
+
+} // namespace
+
+TemplateFault TemplateContext::Load(const QByteArray &bytes)
+{
+    if (const TemplateFault fault = package.Open(bytes))
+        return fault;
+    if (const TemplateFault fault = workbook.Load(package))
+        return fault;
+    std::string sharedStrings;
+    for (const Relationship &relationship : package.RelationshipsOf(workbook.PartName())) {
+        if (relationship.type == "sharedStrings" && !relationship.isExternal)
+            sharedStrings = relationship.target;
+    }
+    strings.SetPart(package, sharedStrings);
+    styles.SetWorkbook(package, workbook.PartName());
+    return {};
+}
+
+QString TemplateContext::TextOf(const Place &place) const
+{
+    return QString::fromStdString(QuotedSheetName(workbook.SheetName(place.sheet)) + '!' + RangeText(place.range));
+}
+
+TemplateFault TemplateContext::At(int sheet, int row, int column, const TemplateFault &fault) const
+{
+    const QString place = TextOf({sheet, {row, row, column, column}});
+    return {fault.error, QCoreApplication::translate("XlsxTemplate", "%1: %2", "a cell and what is wrong in it").arg(place, fault.text)};
+}
+
+void TemplateContext::ForgetRows(int sheet)
+{
+    TemplateFault fault;
+    if (TemplateSheet *parsed = workbook.Sheet(sheet, fault))
+        parsed->ForgetRows();
+    m_formulas.erase(sheet);
+}
+
+CellFormulas &TemplateContext::FormulasOf(int index, TemplateSheet &sheet)
+{
+    std::unique_ptr<CellFormulas> &formulas = m_formulas[index];
+    if (!formulas)
+        formulas = std::make_unique<CellFormulas>(sheet);
+    return *formulas;
+}
+
+// --- Reading ---
+
+QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
+{
+    const std::string_view type = AttributeOf(cell, "t").value();
+    if (type == "inlineStr") {
+        const pugi::xml_node item = ChildOf(cell, "is");
+        return item ? QVariant(Unescaped(TextOfStringItem(item))) : QVariant();
+    }
+    const pugi::xml_node content = ChildOf(cell, "v");
+    if (!content)
+        return {};
+    const std::string text = OwnText(content);
+    if (type == "s") {
+        bool isIndex = false;
+        const unsigned index = QByteArray::fromStdString(text).trimmed().toUInt(&isIndex);
+        TemplateFault fault;
+        return isIndex ? QVariant(Unescaped(strings.TextAt(index, fault))) : QVariant();
+    }
+    if (type == "str" || type == "e")
+        return Unescaped(text);
+    if (type == "b")
+        return text == "1" || text == "true";
+    if (type == "d") {
+        const QString iso = QString::fromStdString(text);
+        return iso.contains(QLatin1Char('T')) ? QVariant(QDateTime::fromString(iso, Qt::ISODateWithMs))
+                                              : QVariant(QDate::fromString(iso, Qt::ISODate));
+    }
+    const QVariant number = NumberOf(text);
+    return number.isValid() ? DateOf(number, styles.ShownBy(AttributeOf(cell, "s").as_uint()), workbook.CountsFrom1904()) : QVariant();
+}
+
+// --- Writing ---
+
+TemplateFault TemplateContext::FaultOfGroup(int sheet, int row, int column)
+{
+    TemplateFault fault;
+    TemplateSheet *parsed = workbook.Sheet(sheet, fault);
+    const CellRange *group = parsed ? FormulasOf(sheet, *parsed).GroupAt(row, column) : nullptr;
+    if (!group)
+        return fault;
+    return At(sheet, row, column,
+              {Error::ObstacleError,
+               QCoreApplication::translate("XlsxTemplate", "It is one of several cells of one array formula or data table (%1).")
+                   .arg(QString::fromStdString(RangeText(*group)))});
+}
+
+TemplateFault TemplateContext::FaultOfCell(int sheet, int row, int column)
+{
+    TemplateFault fault;
+    TemplateSheet *parsed = workbook.Sheet(sheet, fault);
+    const CellRange *merge = parsed ? parsed->MergeAt(row, column) : nullptr;
+    if (merge && (merge->firstRow != row || merge->firstColumn != column)) {
+        return At(sheet, row, column,
+                  {Error::ObstacleError,
+                   QCoreApplication::translate("XlsxTemplate", "It does not show, as a part of merged cells (%1).")
+                       .arg(QString::fromStdString(RangeText(*merge)))});
+    }
+    return parsed ? FaultOfGroup(sheet, row, column) : fault;
+}
+
+TemplateFault TemplateContext::FaultOfValue(int sheet, int row, int column, const QVariant &value)
+{
+    CellContent content;
+    if (const TemplateFault fault = ContentOf(value, workbook.CountsFrom1904(), content))
+        return At(sheet, row, column, fault);
+    if (const TemplateFault fault = FaultOfCell(sheet, row, column))
+        return fault;
+    return takesValuesOutsideLists ? TemplateFault() : FaultOfList(*this, sheet, row, column, value);
+}
+
+void TemplateContext::EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node cell, int row, int column)
+{
+    FormulasOf(index, sheet).RemoveFrom(cell, row, column);
+    cell.remove_child(ChildOf(cell, "v"));
+    cell.remove_child(ChildOf(cell, "is"));
+    // What the value was besides: its type, and what later editions keep for it in other parts.
+    for (const char *name : {"t", "cm", "vm"})
+        cell.remove_attribute(name);
+    sheet.CellChanged(cell);
+    changed.push_back({index, {row, row, column, column}});
+}
+
+TemplateFault TemplateContext::PutContent(int index, int row, int column, const CellContent &content)
+{
+    TemplateFault fault;
+    TemplateSheet *sheet = workbook.Sheet(index, fault);
+    if (!sheet)
+        return fault;
+    pugi::xml_node cell = sheet->FindCell(row, column);
+    if (!cell && content.kind == CellContent::Kind::Nothing)
+        return {};
+    if (!cell)
+        cell = sheet->MakeCell(row, column);
+    if (content.shows != TemplateStyles::Shows::Number) {
+        const unsigned style = AttributeOf(cell, "s").as_uint();
+        unsigned shown = 0;
+        if (const TemplateFault styleFault = styles.StyleShowing(content.shows, style, shown))
+            return styleFault;
+        if (shown != style)
+            SetAttribute(cell, "s", std::to_string(shown).c_str());
+    }
+    EmptyCell(*sheet, index, cell, row, column);
+    switch (content.kind) {
+    case CellContent::Kind::Nothing:
+        break;
+    case CellContent::Kind::Truth:
+        SetAttribute(cell, "t", "b");
+        SetOwnText(MakeContent(cell, "v"), content.text);
+        break;
+    case CellContent::Kind::Number:
+        SetOwnText(MakeContent(cell, "v"), content.text);
+        break;
+    case CellContent::Kind::Text: {
+        SetAttribute(cell, "t", "inlineStr");
+        const pugi::xml_node text = MakeChild(MakeContent(cell, "is"), "t");
+        if (KeepsItsBlanks(content.text))
+            SetAttribute(text, "xml:space", "preserve");
+        SetOwnText(text, content.text);
+        break;
+    }
+    }
+    return {};
+}
+
+TemplateFault TemplateContext::PutValue(int sheet, int row, int column, const QVariant &value)
+{
+    CellContent content;
+    if (const TemplateFault fault = ContentOf(value, workbook.CountsFrom1904(), content))
+        return At(sheet, row, column, fault);
+    return PutContent(sheet, row, column, content);
+}
+
+TemplateFault TemplateContext::PutFormula(int index, int row, int column, const std::string &formula)
+{
+    TemplateFault fault;
+    TemplateSheet *sheet = workbook.Sheet(index, fault);
+    if (!sheet)
+        return fault;
+    const pugi::xml_node cell = sheet->MakeCell(row, column);
+    EmptyCell(*sheet, index, cell, row, column);
+    SetOwnText(MakeContent(cell, "f"), formula);
+    return {};
+}
+
+} // namespace Velmora

@@ -1,0 +1,361 @@
+#include "xlsx/TemplateNames_p.h"
+
+#include "xlsx/TemplateLists_p.h"
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+using Error = XlsxTemplate::Error;
+using Kind = XlsxTemplate::Kind;
+
+/// One full column: what a single operation can reasonably fill.
+constexpr qint64 kMostCells = kLastRow;
+/// What a value can reasonably hold.
+constexpr qint64 kMostCellsRead = 4LL * kLastRow;
+constexpr int kLongestFormula = 8192;
+
+qint64 CellCount(const CellRange &range)
+{
+    return qint64(range.RowCount()) * range.ColumnCount();
+}
+
+/// Calls visit(sheet, node, row, column) for each cell that there is in the places, until it returns false; a fault if a sheet cannot be
+/// read.
+template <typename Visit>
+TemplateFault ForEachExistingCell(TemplateContext &context, const std::vector<Place> &places, const Visit &visit)
+{
+    TemplateFault fault;
+    bool goesOn = true;
+    for (const Place &place : places) {
+        TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
+        if (!sheet)
+            return fault;
+        if (place.range.IsCell()) { // found at once
+            const pugi::xml_node cell = sheet->FindCell(place.range.firstRow, place.range.firstColumn);
+            goesOn = goesOn && (!cell || visit(place.sheet, cell, place.range.firstRow, place.range.firstColumn));
+            continue;
+        }
+        sheet->ForEachRow([&](const pugi::xml_node &node, int row) {
+            if (!goesOn || row < place.range.firstRow || row > place.range.lastRow)
+                return;
+            TemplateSheet::ForEachCellOf(node, [&](const pugi::xml_node &cell, int column) {
+                if (goesOn && place.range.Contains(row, column))
+                    goesOn = visit(place.sheet, cell, row, column);
+            });
+        });
+    }
+    return {};
+}
+
+/// Calls visit(sheet, row, column) for each cell of the places that shows, until it returns a fault.
+template <typename Visit>
+TemplateFault ForEachShownCell(TemplateContext &context, const std::vector<Place> &places, const Visit &visit)
+{
+    TemplateFault fault;
+    for (const Place &place : places) {
+        TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
+        if (!sheet)
+            return fault;
+        const CellRange &range = place.range;
+        for (int row = range.firstRow; row <= range.lastRow; ++row) {
+            for (int column = range.firstColumn; column <= range.lastColumn; ++column) {
+                const CellRange *merge = sheet->MergeAt(row, column);
+                const bool isFirst = !merge || (merge->firstRow == row && merge->firstColumn == column);
+                if (!isFirst && range.Contains(merge->firstRow, merge->firstColumn))
+                    continue;
+                if ((fault = visit(place.sheet, row, column)))
+                    return fault;
+            }
+        }
+    }
+    return {};
+}
+
+TemplateFault FaultOfSize(const std::vector<Place> &places)
+{
+    qint64 cells = 0;
+    for (const Place &place : places)
+        cells += CellCount(place.range);
+    if (cells <= kMostCells)
+        return {};
+    return {Error::LimitError,
+            QCoreApplication::translate("XlsxTemplate", "These are %1 cells; %2 can be filled at once.").arg(cells).arg(kMostCells)};
+}
+
+/// True if the place is one cell, be it of several merged ones.
+bool IsOneCell(TemplateContext &context, const Place &place)
+{
+    if (place.range.IsCell())
+        return true;
+    TemplateFault fault;
+    TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
+    const CellRange *merge = sheet ? sheet->MergeAt(place.range.firstRow, place.range.firstColumn) : nullptr;
+    return merge && *merge == place.range;
+}
+
+QVariant FirstValue(TemplateContext &context, const Place &place)
+{
+    TemplateFault fault;
+    TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
+    return sheet ? context.ValueOf(sheet->FindCell(place.range.firstRow, place.range.firstColumn)) : QVariant();
+}
+
+QVariant RowsOf(TemplateContext &context, const Place &place)
+{
+    const CellRange &range = place.range;
+    int lastRow = range.firstRow - 1;
+    int lastColumn = range.firstColumn - 1;
+    const TemplateFault fault = ForEachExistingCell(context, {place}, [&](int, const pugi::xml_node &, int row, int column) {
+        lastRow = std::max(lastRow, row);
+        lastColumn = std::max(lastColumn, column);
+        return true;
+    });
+    const int columns = lastColumn - range.firstColumn + 1;
+    if (fault || qint64(lastRow - range.firstRow + 1) * columns > kMostCellsRead)
+        return {};
+    QVector<QVariantList> rows;
+    for (int row = range.firstRow; row <= lastRow; ++row) {
+        QVariantList values;
+        values.reserve(columns);
+        for (int i = 0; i < columns; ++i)
+            values.append(QVariant());
+        rows.append(values);
+    }
+    ForEachExistingCell(context, {place}, [&](int, const pugi::xml_node &cell, int row, int column) {
+        QVariant &value = rows[row - range.firstRow][column - range.firstColumn];
+        if (!value.isValid()) // of two cells of one place the first counts
+            value = context.ValueOf(cell);
+        return true;
+    });
+    QVariantList list;
+    list.reserve(rows.size());
+    for (const QVariantList &row : rows)
+        list.append(QVariant(row));
+    return list;
+}
+
+QString HeaderText(const QVariant &value)
+{
+    return value.toString().trimmed();
+}
+
+} // namespace
+
+// --- What there is ---
+
+Kind KindOfName(TemplateContext &context, const TemplateName &name)
+{
+    if (name.places.empty())
+        return Kind::Unusable;
+    if (name.IsTable())
+        return Kind::Range;
+    if (HasList(context, name))
+        return Kind::List;
+    if (name.places.size() > 1)
+        return Kind::Places;
+    return IsOneCell(context, name.places.front()) ? Kind::Cell : Kind::Range;
+}
+
+QString WhyUnusable(const TemplateName &name)
+{
+    if (!name.places.empty())
+        return {};
+    switch (name.kind) {
+    case NameMeaning::Kind::Constant:
+        return QCoreApplication::translate("XlsxTemplate", "The name stands for a constant, not for a cell.");
+    case NameMeaning::Kind::External:
+        return QCoreApplication::translate("XlsxTemplate", "The name leads to another workbook.");
+    case NameMeaning::Kind::Broken:
+        return QCoreApplication::translate("XlsxTemplate", "The name leads nowhere: its cells were deleted (#REF!).");
+    case NameMeaning::Kind::Formula:
+        return QCoreApplication::translate("XlsxTemplate", "The name stands for a formula, not for a cell.");
+    case NameMeaning::Kind::Places:
+        break;
+    }
+    return name.IsTable()
+        ? QCoreApplication::translate("XlsxTemplate", "The table has no data rows.")
+        : QCoreApplication::translate("XlsxTemplate", "The name leads to a sheet that there is not, or that has no cells.");
+}
+
+bool HasFormula(TemplateContext &context, const TemplateName &name)
+{
+    bool hasFormula = false;
+    ForEachExistingCell(context, name.places, [&hasFormula](int, const pugi::xml_node &cell, int, int) {
+        hasFormula = bool(ChildOf(cell, "f"));
+        return !hasFormula;
+    });
+    return hasFormula;
+}
+
+QVariant ValueOfName(TemplateContext &context, const TemplateName &name)
+{
+    if (name.places.empty())
+        return {};
+    return KindOfName(context, name) == Kind::Range ? RowsOf(context, name.places.front()) : FirstValue(context, name.places.front());
+}
+
+QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name)
+{
+    QStringList names;
+    if (name.IsTable()) {
+        const pugi::xml_node columns = ChildOf(name.table->Root(), "tableColumns");
+        for (pugi::xml_node column = ChildOf(columns, "tableColumn"); column; column = NextOfItsName(column))
+            names.append(Unescaped(AttributeOf(column, "name").value()));
+        return names;
+    }
+    if (name.places.empty() || name.places.front().range.firstRow == 1)
+        return {};
+    const Place &place = name.places.front();
+    TemplateFault fault;
+    TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
+    for (int column = place.range.firstColumn; sheet && column <= place.range.lastColumn; ++column)
+        names.append(HeaderText(context.ValueOf(sheet->FindCell(place.range.firstRow - 1, column))));
+    return names;
+}
+
+// --- Filling in ---
+
+TemplateFault SetValueOfName(TemplateContext &context, const TemplateName &name, const QVariant &value)
+{
+    if (!value.isValid())
+        return ClearName(context, name);
+    CellContent content;
+    TemplateFault fault = ContentOf(value, context.workbook.CountsFrom1904(), content);
+    if (fault)
+        return {fault.error, QString::fromStdString(name.display) + QLatin1String(": ") + fault.text};
+    if (content.shows != TemplateStyles::Shows::Number)
+        fault = context.styles.FaultOfReading();
+    if (!fault)
+        fault = FaultOfSize(name.places);
+    if (!fault) {
+        fault = ForEachShownCell(context, name.places,
+                                 [&](int sheet, int row, int column) { return context.FaultOfValue(sheet, row, column, value); });
+    }
+    if (fault)
+        return fault;
+    return ForEachShownCell(context, name.places,
+                            [&](int sheet, int row, int column) { return context.PutContent(sheet, row, column, content); });
+}
+
+TemplateFault SetFormulaOfName(TemplateContext &context, const TemplateName &name, const QString &formula)
+{
+    const QString text = formula.startsWith(QLatin1Char('=')) ? formula.mid(1) : formula;
+    if (text.trimmed().isEmpty() || text.size() > kLongestFormula) {
+        return {Error::ValueError,
+                text.size() > kLongestFormula
+                    ? QCoreApplication::translate("XlsxTemplate", "The formula has %1 characters; a cell holds %2.")
+                          .arg(text.size())
+                          .arg(kLongestFormula)
+                    : QCoreApplication::translate("XlsxTemplate", "The formula is empty.")};
+    }
+    TemplateFault fault = FaultOfSize(name.places);
+    if (!fault) {
+        fault =
+            ForEachShownCell(context, name.places, [&](int sheet, int row, int column) { return context.FaultOfCell(sheet, row, column); });
+    }
+    if (fault)
+        return fault;
+    const std::string escaped = Escaped(text);
+    return ForEachShownCell(context, name.places,
+                            [&](int sheet, int row, int column) { return context.PutFormula(sheet, row, column, escaped); });
+}
+
+TemplateFault SetValuesOfName(TemplateContext &context, const TemplateName &name, const QVector<QVariantList> &rows,
+                              XlsxTemplate::Fitted &fitted)
+{
+    if (name.places.size() != 1) {
+        return {Error::UnusableName,
+                QCoreApplication::translate("XlsxTemplate", "The name stands for several places; rows fill one range.")};
+    }
+    const Place &place = name.places.front();
+    fitted.rows = std::min(rows.size(), place.range.RowCount());
+    fitted.columns = 0;
+    for (int row = 0; row < fitted.rows; ++row)
+        fitted.columns = std::max(fitted.columns, std::min(rows.at(row).size(), place.range.ColumnCount()));
+
+    const auto forEachValue = [&](const auto &visit) {
+        TemplateFault fault;
+        for (int row = 0; row < fitted.rows; ++row) {
+            const QVariantList &values = rows.at(row);
+            for (int column = 0; column < std::min(values.size(), fitted.columns); ++column) {
+                const QVariant &value = values.at(column);
+                if (value.userType() == qMetaTypeId<XlsxTemplate::Keep>())
+                    continue;
+                if ((fault = visit(place.range.firstRow + row, place.range.firstColumn + column, value)))
+                    return fault;
+            }
+        }
+        return fault;
+    };
+    TemplateSheet *sheet = nullptr;
+    TemplateFault fault = context.styles.FaultOfReading();
+    if (!fault)
+        sheet = context.workbook.Sheet(place.sheet, fault);
+    if (!sheet)
+        return fault;
+    const auto isEmptyAndHidden = [sheet](int row, int column, const QVariant &value) {
+        const CellRange *merge = value.isValid() ? nullptr : sheet->MergeAt(row, column);
+        return merge && (merge->firstRow != row || merge->firstColumn != column);
+    };
+    fault = forEachValue([&](int row, int column, const QVariant &value) {
+        return isEmptyAndHidden(row, column, value) ? TemplateFault() : context.FaultOfValue(place.sheet, row, column, value);
+    });
+    if (fault)
+        return fault;
+    return forEachValue([&](int row, int column, const QVariant &value) {
+        return isEmptyAndHidden(row, column, value) ? TemplateFault() : context.PutValue(place.sheet, row, column, value);
+    });
+}
+
+TemplateFault ClearName(TemplateContext &context, const TemplateName &name)
+{
+    TemplateFault fault;
+    std::vector<std::pair<int, std::pair<int, int>>> cells;
+    const TemplateFault unread = ForEachExistingCell(context, name.places, [&](int sheet, const pugi::xml_node &cell, int row, int column) {
+        if (!cell.first_child())
+            return true;
+        fault = context.FaultOfGroup(sheet, row, column);
+        cells.push_back({sheet, {row, column}});
+        return !fault;
+    });
+    if (unread || fault)
+        return unread ? unread : fault;
+    for (const auto &[sheet, position] : cells) {
+        if ((fault = context.PutContent(sheet, position.first, position.second, {})))
+            return fault;
+    }
+    return {};
+}
+
+TemplateFault RowsByColumn(TemplateContext &context, const TemplateName &name, const QVector<QVariantHash> &named,
+                           QVector<QVariantList> &rows)
+{
+    const QStringList columns = ColumnNamesOf(context, name);
+    QHash<QString, int> columnOf;
+    for (int column = columns.size() - 1; column >= 0; --column)
+        columnOf.insert(columns.at(column).toCaseFolded(), column);
+    columnOf.remove(QString());
+    for (const QVariantHash &values : named) {
+        QVariantList row;
+        for (int column = 0; column < columns.size(); ++column)
+            row.append(QVariant::fromValue(XlsxTemplate::Keep()));
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
+            const int column = columnOf.value(value.key().trimmed().toCaseFolded(), -1);
+            if (column < 0) {
+                return {Error::ValueError,
+                        columnOf.isEmpty()
+                            ? QCoreApplication::translate("XlsxTemplate", "The columns have no names: there is no row of texts above.")
+                            : QCoreApplication::translate("XlsxTemplate", "There is no column %1; there are %2.")
+                                  .arg(value.key(), columns.join(QLatin1String(", ")))};
+            }
+            row[column] = value.value();
+        }
+        rows.append(row);
+    }
+    return {};
+}
+
+} // namespace Velmora

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "xlsx/TemplateContext_p.h"
+
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+#include <functional>
+
+namespace Velmora {
+
+// What is asked and done by name, of cells.
+
+/// What a name stands for; never None or Picture.
+XlsxTemplate::Kind KindOfName(TemplateContext &context, const TemplateName &name);
+/// Why nothing can be put there, for a user; else empty.
+QString WhyUnusable(const TemplateName &name);
+bool HasFormula(TemplateContext &context, const TemplateName &name);
+/// The value of the first cell, or the rows of a range.
+QVariant ValueOfName(TemplateContext &context, const TemplateName &name);
+/// The headers of a table, or the texts above a range.
+QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name);
+
+// Nothing is changed by those that fail.
+
+TemplateFault SetValueOfName(TemplateContext &context, const TemplateName &name, const QVariant &value);
+TemplateFault SetFormulaOfName(TemplateContext &context, const TemplateName &name, const QString &formula);
+TemplateFault SetValuesOfName(TemplateContext &context, const TemplateName &name, const QVector<QVariantList> &rows,
+                              XlsxTemplate::Fitted &fitted);
+TemplateFault ClearName(TemplateContext &context, const TemplateName &name);
+/// Sorts values that are named after columns into these, with a Keep where there is none.
+TemplateFault RowsByColumn(TemplateContext &context, const TemplateName &name, const QVector<QVariantHash> &named,
+                           QVector<QVariantList> &rows);
+
+} // namespace Velmora

@@ -1,0 +1,233 @@
+#include "xlsx/TemplateWorkbook_p.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace Velmora {
+
+namespace {
+
+using Error = XlsxTemplate::Error;
+
+QString QText(const std::string &text)
+{
+    return QString::fromStdString(text);
+}
+
+std::string Folded(const std::string &text)
+{
+    return QText(text).toCaseFolded().toStdString();
+}
+
+bool IsTrue(const pugi::xml_attribute &attribute)
+{
+    const std::string_view value = attribute.value();
+    return value == "1" || value == "true" || value == "on";
+}
+
+TemplateFault FaultOfType(const std::string &contentType)
+{
+    const auto fault = [](const QString &text) { return TemplateFault{Error::FormatError, text}; };
+    if (contentType.find("sheet.binary") != std::string::npos)
+        return fault(QCoreApplication::translate("XlsxTemplate", "This is a binary workbook (.xlsb). Save it as .xlsx."));
+    if (contentType.find("wordprocessingml") != std::string::npos || contentType.find("presentationml") != std::string::npos)
+        return fault(QCoreApplication::translate("XlsxTemplate", "This is another kind of document, not a workbook (.xlsx)."));
+    return {};
+}
+
+/// The elements of a workbook in front of which the settings of its calculation stand.
+bool StandsBehindCalculation(const pugi::xml_node &node)
+{
+    static const char *const kBefore[] = {"fileVersion",  "fileSharing",      "workbookPr",     "workbookProtection",
+                                          "bookViews",    "sheets",           "functionGroups", "externalReferences",
+                                          "definedNames", "AlternateContent", "absPath",        "revisionPtr"};
+    return node.type() == pugi::node_element
+        && std::none_of(std::begin(kBefore), std::end(kBefore), [&node](const char *name) { return IsElement(node, name); });
+}
+
+} // namespace
+
+TemplateFault TemplateWorkbook::Load(XlsxPackage &package)
+{
+    m_package = &package;
+    const std::vector<Relationship> &relationships = package.RelationshipsOf({});
+    const auto office = std::find_if(relationships.begin(), relationships.end(), [](const Relationship &relationship) {
+        return relationship.type == "officeDocument" && !relationship.isExternal;
+    });
+    if (office == relationships.end())
+        return {Error::FormatError, QCoreApplication::translate("XlsxTemplate", "This is an archive, but not a workbook (.xlsx).")};
+    m_partName = office->target;
+    if (const TemplateFault fault = FaultOfType(package.ContentType(m_partName)))
+        return fault;
+    TemplateFault fault;
+    m_part = package.Parsed(m_partName, fault);
+    if (!m_part)
+        return fault;
+    if (!IsElement(m_part->Root(), "workbook"))
+        return {Error::FormatError,
+                QCoreApplication::translate("XlsxTemplate", "This is another kind of document, not a workbook (.xlsx).")};
+    m_countsFrom1904 = IsTrue(AttributeOf(ChildOf(m_part->Root(), "workbookPr"), "date1904"));
+    ReadSheets();
+    ForgetNames();
+    return {};
+}
+
+void TemplateWorkbook::ReadSheets()
+{
+    for (pugi::xml_node node = ChildOf(ChildOf(m_part->Root(), "sheets"), "sheet"); node; node = NextOfItsName(node)) {
+        SheetEntry entry;
+        entry.name = AttributeOf(node, "name").value();
+        if (const Relationship *relationship = m_package->FindRelationship(m_partName, AttributeOf(node, "id").value())) {
+            entry.partName = relationship->isExternal ? std::string() : relationship->target;
+            entry.type = relationship->type;
+        }
+        m_sheets.push_back(std::move(entry));
+    }
+}
+
+int TemplateWorkbook::SheetIndex(const std::string &name) const
+{
+    const auto found = m_sheetIndex.find(Folded(name));
+    return found == m_sheetIndex.end() ? -1 : found->second;
+}
+
+TemplateSheet *TemplateWorkbook::Sheet(int sheet, TemplateFault &fault)
+{
+    SheetEntry &entry = m_sheets[std::size_t(sheet)];
+    if (entry.parsed)
+        return entry.parsed.get();
+    if (!HasCells(sheet)) {
+        fault = {Error::UnusableName, QCoreApplication::translate("XlsxTemplate", "The sheet %1 has no cells.").arg(QText(entry.name))};
+        return nullptr;
+    }
+    XmlPart *part = m_package->Parsed(entry.partName, fault);
+    if (!part)
+        return nullptr;
+    auto parsed = std::make_unique<TemplateSheet>(entry.name, entry.partName, *part);
+    if (!parsed->SheetData()) {
+        fault = {Error::FormatError,
+                 QCoreApplication::translate("XlsxTemplate", "A part of the workbook is damaged: %1.").arg(QText(entry.partName))};
+        return nullptr;
+    }
+    entry.parsed = std::move(parsed);
+    return entry.parsed.get();
+}
+
+// --- Names ---
+
+void TemplateWorkbook::ForgetNames()
+{
+    m_sheetIndex.clear();
+    for (int sheet = 0; sheet < SheetCount(); ++sheet)
+        m_sheetIndex.emplace(Folded(SheetName(sheet)), sheet);
+    m_names.clear();
+    m_nameIndex.clear();
+    ReadNames();
+    ReadTables();
+}
+
+void TemplateWorkbook::ReadNames()
+{
+    for (pugi::xml_node node = ChildOf(ChildOf(m_part->Root(), "definedNames"), "definedName"); node; node = NextOfItsName(node)) {
+        TemplateName name;
+        name.name = AttributeOf(node, "name").value();
+        name.node = node;
+        if (name.name.empty() || Folded(name.name).compare(0, 6, "_xlnm.") == 0)
+            continue;
+        name.display = name.name;
+        if (const pugi::xml_attribute local = AttributeOf(node, "localSheetId")) {
+            name.localSheet = local.as_int(-1);
+            if (name.localSheet < 0 || name.localSheet >= SheetCount())
+                continue;
+            name.display = QuotedSheetName(SheetName(name.localSheet)) + '!' + name.name;
+        }
+        const NameMeaning meaning = MeaningOfName(OwnText(node));
+        name.kind = meaning.kind;
+        for (const SheetRange &place : meaning.places) {
+            const int only = SheetCount() == 1 ? 0 : name.localSheet;
+            const int sheet = place.sheet.empty() ? only : SheetIndex(place.sheet);
+            name.leadsNowhere = name.leadsNowhere || sheet < 0 || !HasCells(sheet);
+            name.places.push_back({sheet, place.range});
+        }
+        if (name.leadsNowhere)
+            name.places.clear();
+        AddName(std::move(name));
+    }
+}
+
+std::vector<std::string> TemplateWorkbook::TablePartsOf(int sheet)
+{
+    std::vector<std::string> parts;
+    for (const Relationship &relationship : m_package->RelationshipsOf(SheetPartName(sheet))) {
+        if (relationship.type == "table" && !relationship.isExternal)
+            parts.push_back(relationship.target);
+    }
+    return parts;
+}
+
+void TemplateWorkbook::ReadTables()
+{
+    for (int sheet = 0; sheet < SheetCount(); ++sheet) {
+        for (const std::string &part : TablePartsOf(sheet)) {
+            TemplateFault fault;
+            XmlPart *table = m_package->Parsed(part, fault);
+            const auto range = table ? ParseRange(AttributeOf(table->Root(), "ref").value()) : std::nullopt;
+            if (!range)
+                continue;
+            CellRange rows = *range;
+            rows.firstRow += AttributeOf(table->Root(), "headerRowCount").as_int(1);
+            rows.lastRow -= AttributeOf(table->Root(), "totalsRowCount").as_int(0);
+            TemplateName name;
+            name.name = name.display = AttributeOf(table->Root(), "displayName").value();
+            name.node = table->Root();
+            name.table = table;
+            if (rows.firstRow >= 1 && rows.firstRow <= rows.lastRow && rows.lastRow <= range->lastRow)
+                name.places.push_back({sheet, rows});
+            else
+                name.leadsNowhere = true;
+            if (!name.name.empty())
+                AddName(std::move(name));
+        }
+    }
+}
+
+void TemplateWorkbook::AddName(TemplateName name)
+{
+    if (m_nameIndex.emplace(Folded(name.display), m_names.size()).second)
+        m_names.push_back(std::move(name));
+}
+
+const TemplateName *TemplateWorkbook::FindName(const std::string &display) const
+{
+    const auto found = m_nameIndex.find(Folded(display));
+    return found == m_nameIndex.end() ? nullptr : &m_names[found->second];
+}
+
+// --- Calculation ---
+
+TemplateFault TemplateWorkbook::RequireCalculation()
+{
+    pugi::xml_node settings = ChildOf(m_part->Root(), "calcPr");
+    if (!IsTrue(AttributeOf(settings, "fullCalcOnLoad"))) {
+        if (!settings) {
+            pugi::xml_node before = m_part->Root().first_child();
+            while (before && !StandsBehindCalculation(before))
+                before = before.next_sibling();
+            settings = MakeChild(m_part->Root(), "calcPr", before);
+        }
+        SetAttribute(settings, "fullCalcOnLoad", "1");
+        m_part->Changed(settings);
+    }
+    // It lists the cells with formulas, and is made anew by who opens the workbook.
+    const std::vector<Relationship> relationships = m_package->RelationshipsOf(m_partName);
+    for (const Relationship &relationship : relationships) {
+        if (relationship.type != "calcChain" || relationship.isExternal)
+            continue;
+        if (const TemplateFault fault = m_package->RemoveRelationship(m_partName, relationship.id))
+            return fault;
+        m_package->Remove(relationship.target);
+    }
+    return {};
+}
+
+} // namespace Velmora

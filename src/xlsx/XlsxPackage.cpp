@@ -1,0 +1,421 @@
+#include "xlsx/XlsxPackage_p.h"
+
+#include "xlsx/MemoryBudget_p.h"
+#include "xlsx/XlsxArchive_p.h"
+
+#include <QUrl>
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace Velmora {
+
+namespace {
+
+using Error = XlsxTemplate::Error;
+
+constexpr const char *kContentTypes = "[Content_Types].xml";
+constexpr const char *kOfficeRelationships = "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+constexpr const char *kPackageRelationships = "http://schemas.openxmlformats.org/package/2006/relationships";
+
+/// Names of parts, extensions and content types are compared without case, as ASCII.
+std::string Folded(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    return text;
+}
+
+std::string RelationshipsPartOf(const std::string &part)
+{
+    const std::size_t slash = part.rfind('/') + 1; // 0 if there is none
+    return part.substr(0, slash) + "_rels/" + part.substr(slash) + ".rels";
+}
+
+/// The part that \a target, which may be relative to the folder of \a source, names.
+std::string Resolved(const std::string &source, const std::string &target)
+{
+    const bool isAbsolute = !target.empty() && target.front() == '/';
+    const std::string path = isAbsolute ? target : source.substr(0, source.rfind('/') + 1) + target;
+    std::vector<std::string> segments;
+    std::size_t at = 0;
+    while (at <= path.size()) {
+        const std::size_t end = std::min(path.find('/', at), path.size());
+        const std::string segment = path.substr(at, end - at);
+        if (segment == "..") {
+            if (!segments.empty())
+                segments.pop_back();
+        } else if (!segment.empty() && segment != ".") {
+            segments.push_back(segment);
+        }
+        at = end + 1;
+    }
+    std::string part;
+    for (const std::string &segment : segments)
+        part += (part.empty() ? "" : "/") + segment;
+    return part;
+}
+
+/// How a relationships part of \a source names \a part: relative to its folder if it lies in there or beside it, else absolute.
+std::string TargetOf(const std::string &source, const std::string &part)
+{
+    const std::string folder = source.substr(0, source.rfind('/') + 1);
+    if (part.compare(0, folder.size(), folder) == 0)
+        return part.substr(folder.size());
+    const std::size_t above = folder.size() < 2 ? std::string::npos : folder.rfind('/', folder.size() - 2);
+    const std::string parent = above == std::string::npos ? std::string() : folder.substr(0, above + 1);
+    if (!parent.empty() && part.compare(0, parent.size(), parent) == 0)
+        return "../" + part.substr(parent.size());
+    return '/' + part;
+}
+
+std::string LastSegment(const std::string &address)
+{
+    return address.substr(address.rfind('/') + 1);
+}
+
+QString QText(const std::string &text)
+{
+    return QString::fromStdString(text);
+}
+
+TemplateFault Damaged(const std::string &part)
+{
+    return {Error::FormatError, QCoreApplication::translate("XlsxTemplate", "A part of the workbook is damaged: %1.").arg(QText(part))};
+}
+
+TemplateFault Missing(const std::string &part)
+{
+    return {Error::FormatError, QCoreApplication::translate("XlsxTemplate", "A part of the workbook is missing: %1.").arg(QText(part))};
+}
+
+TemplateFault TooLarge(const std::string &part)
+{
+    return {Error::LimitError, QCoreApplication::translate("XlsxTemplate", "A part of the workbook is too large: %1.").arg(QText(part))};
+}
+
+} // namespace
+
+struct XlsxPackage::Private
+{
+    struct Part
+    {
+        std::string name;
+        int entry = -1;     ///< in the archive, if it is there
+        bool isSet = false; ///< its bytes are not those of the archive
+        QByteArray bytes;   ///< if they are set
+        std::unique_ptr<XmlPart> parsed;
+        TemplateFault fault; ///< of parsing it, found once
+        std::unique_ptr<std::vector<Relationship>> relationships;
+    };
+
+    XlsxArchive archive;
+    MemoryBudget budget;
+    std::unordered_map<std::string, Part> parts; ///< by folded names
+    std::vector<int> removed;                    ///< entries of the archive
+    std::vector<Relationship> packageRelationships;
+    const std::vector<Relationship> none;
+
+    Part *Find(const std::string &name)
+    {
+        const auto found = parts.find(Folded(name));
+        return found == parts.end() ? nullptr : &found->second;
+    }
+    TemplateFault Parse(Part &part)
+    {
+        QByteArray bytes = part.bytes;
+        if (!part.isSet) {
+            // Before it is inflated: it could not be parsed.
+            if (archive.Entries()[std::size_t(part.entry)].size > MemoryBudget::kBytes / 3)
+                return TooLarge(part.name);
+            if (!archive.Read(part.entry, bytes))
+                return Damaged(part.name);
+        }
+        if (!budget.TakePart(bytes.constData(), bytes.size()))
+            return TooLarge(part.name);
+        auto parsed = std::make_unique<XmlPart>();
+        if (!parsed->Parse(bytes))
+            return Damaged(part.name);
+        part.parsed = std::move(parsed);
+        return {};
+    }
+    std::vector<Relationship> ReadRelationships(const std::string &source, const XmlPart &part) const;
+};
+
+std::vector<Relationship> XlsxPackage::Private::ReadRelationships(const std::string &source, const XmlPart &part) const
+{
+    std::vector<Relationship> relationships;
+    for (pugi::xml_node node = ChildOf(part.Root(), "Relationship"); node; node = NextOfItsName(node)) {
+        Relationship relationship;
+        relationship.id = AttributeOf(node, "Id").value();
+        relationship.type = LastSegment(AttributeOf(node, "Type").value());
+        relationship.isExternal = Folded(AttributeOf(node, "TargetMode").value()) == "external";
+        relationship.target = AttributeOf(node, "Target").value();
+        if (!relationship.isExternal) {
+            const std::string target = relationship.target;
+            relationship.target = Resolved(source, target);
+            if (!parts.count(Folded(relationship.target))) // escaped, as addresses are
+                relationship.target = Resolved(source, QUrl::fromPercentEncoding(QByteArray::fromStdString(target)).toStdString());
+        }
+        relationships.push_back(std::move(relationship));
+    }
+    return relationships;
+}
+
+XlsxPackage::XlsxPackage()
+    : d(std::make_unique<Private>())
+{
+}
+
+XlsxPackage::~XlsxPackage() = default;
+
+TemplateFault XlsxPackage::Open(const QByteArray &bytes)
+{
+    if (const TemplateFault fault = d->archive.Open(bytes))
+        return fault;
+    int index = 0;
+    for (const XlsxArchive::Entry &entry : d->archive.Entries()) {
+        if (entry.name.back() != '/') {
+            Private::Part &part = d->parts[Folded(entry.name)];
+            part.name = entry.name;
+            part.entry = index;
+        }
+        ++index;
+    }
+    if (Has(kContentTypes))
+        return {};
+    const bool isOpenDocument = Has("mimetype") && Has("content.xml");
+    return {Error::FormatError,
+            isOpenDocument ? QCoreApplication::translate("XlsxTemplate", "This is an OpenDocument file. Save it as .xlsx.")
+                           : QCoreApplication::translate("XlsxTemplate", "This is an archive, but not a workbook (.xlsx).")};
+}
+
+bool XlsxPackage::Has(const std::string &part) const
+{
+    return d->Find(part);
+}
+
+TemplateFault XlsxPackage::Bytes(const std::string &name, QByteArray &bytes) const
+{
+    const Private::Part *part = d->Find(name);
+    if (!part)
+        return Missing(name);
+    if (part->parsed)
+        bytes = part->parsed->Written();
+    else if (part->isSet)
+        bytes = part->bytes;
+    else if (!d->archive.Read(part->entry, bytes))
+        return Damaged(name);
+    return {};
+}
+
+XmlPart *XlsxPackage::Parsed(const std::string &name, TemplateFault &fault)
+{
+    Private::Part *part = d->Find(name);
+    if (!part) {
+        fault = Missing(name);
+        return nullptr;
+    }
+    if (!part->parsed && !part->fault)
+        part->fault = d->Parse(*part);
+    if (part->fault)
+        fault = part->fault;
+    return part->parsed.get();
+}
+
+void XlsxPackage::SetBytes(const std::string &name, const QByteArray &bytes)
+{
+    Private::Part &part = d->parts[Folded(name)];
+    if (part.name.empty())
+        part.name = name;
+    part.isSet = true;
+    part.bytes = bytes;
+    part.parsed.reset();
+    part.relationships.reset();
+    part.fault = {};
+}
+
+void XlsxPackage::Remove(const std::string &name)
+{
+    const auto removeOne = [this](const std::string &one) {
+        const auto found = d->parts.find(Folded(one));
+        if (found == d->parts.end())
+            return;
+        if (found->second.entry >= 0)
+            d->removed.push_back(found->second.entry);
+        d->parts.erase(found);
+    };
+    removeOne(name);
+    removeOne(RelationshipsPartOf(name));
+    TemplateFault fault;
+    XmlPart *types = Parsed(kContentTypes, fault);
+    if (!types)
+        return;
+    const std::string partName = Folded('/' + name);
+    for (pugi::xml_node node = ChildOf(types->Root(), "Override"); node; node = NextOfItsName(node)) {
+        if (Folded(AttributeOf(node, "PartName").value()) == partName) {
+            types->Remove(node);
+            return;
+        }
+    }
+}
+
+std::string XlsxPackage::FreeName(const std::string &part) const
+{
+    const std::size_t dot = std::min(part.rfind('.'), part.size());
+    for (int number = 1;; ++number) {
+        std::string name = part.substr(0, dot) + std::to_string(number) + part.substr(dot);
+        if (!Has(name))
+            return name;
+    }
+}
+
+// --- Content types ---
+
+namespace {
+
+std::string ExtensionOf(const std::string &part)
+{
+    const std::string name = LastSegment(part);
+    const std::size_t dot = name.rfind('.');
+    return dot == std::string::npos ? std::string() : Folded(name.substr(dot + 1));
+}
+
+pugi::xml_node FindType(const XmlPart &types, const char *element, const char *key, const std::string &value)
+{
+    for (pugi::xml_node node = ChildOf(types.Root(), element); node; node = NextOfItsName(node)) {
+        if (Folded(AttributeOf(node, key).value()) == value)
+            return node;
+    }
+    return {};
+}
+
+void AddType(XmlPart &types, const char *element, const char *key, const std::string &value, const char *type)
+{
+    pugi::xml_node node = MakeChild(types.Root(), element);
+    SetAttribute(node, key, value.c_str());
+    SetAttribute(node, "ContentType", type);
+    types.Changed(node);
+}
+
+} // namespace
+
+std::string XlsxPackage::ContentType(const std::string &part)
+{
+    TemplateFault fault;
+    const XmlPart *types = Parsed(kContentTypes, fault);
+    if (!types)
+        return {};
+    pugi::xml_node node = FindType(*types, "Override", "PartName", Folded('/' + part));
+    if (!node)
+        node = FindType(*types, "Default", "Extension", ExtensionOf(part));
+    return Folded(AttributeOf(node, "ContentType").value());
+}
+
+TemplateFault XlsxPackage::SetContentType(const std::string &part, const char *type)
+{
+    TemplateFault fault;
+    XmlPart *types = Parsed(kContentTypes, fault);
+    if (!types || ContentType(part) == Folded(type))
+        return fault;
+    if (const pugi::xml_node node = FindType(*types, "Override", "PartName", Folded('/' + part))) {
+        AttributeOf(node, "ContentType").set_value(type);
+        types->Changed(node);
+    } else {
+        AddType(*types, "Override", "PartName", '/' + part, type);
+    }
+    return {};
+}
+
+TemplateFault XlsxPackage::SetDefaultContentType(const char *extension, const char *type)
+{
+    TemplateFault fault;
+    XmlPart *types = Parsed(kContentTypes, fault);
+    if (types && !FindType(*types, "Default", "Extension", Folded(extension)))
+        AddType(*types, "Default", "Extension", extension, type);
+    return fault;
+}
+
+// --- Relationships ---
+
+const std::vector<Relationship> &XlsxPackage::RelationshipsOf(const std::string &name)
+{
+    Private::Part *part = d->Find(RelationshipsPartOf(name));
+    if (!part)
+        return d->none;
+    if (!part->relationships) {
+        TemplateFault fault;
+        part->relationships = std::make_unique<std::vector<Relationship>>();
+        if (const XmlPart *parsed = Parsed(part->name, fault))
+            *part->relationships = d->ReadRelationships(name, *parsed);
+    }
+    return *part->relationships;
+}
+
+const Relationship *XlsxPackage::FindRelationship(const std::string &part, const std::string &id)
+{
+    const std::vector<Relationship> &all = RelationshipsOf(part);
+    const auto found = std::find_if(all.begin(), all.end(), [&id](const Relationship &relationship) { return relationship.id == id; });
+    return found == all.end() ? nullptr : &*found;
+}
+
+TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *type, const std::string &target, std::string &id)
+{
+    const std::string partName = RelationshipsPartOf(name);
+    if (!Has(partName)) {
+        SetBytes(partName,
+                 QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<Relationships xmlns=\"")
+                     + kPackageRelationships + "\"/>");
+        if (const TemplateFault fault = SetDefaultContentType("rels", "application/vnd.openxmlformats-package.relationships+xml"))
+            return fault;
+    }
+    TemplateFault fault;
+    XmlPart *part = Parsed(partName, fault);
+    if (!part)
+        return fault;
+    int number = int(RelationshipsOf(name).size());
+    do
+        id = "rId" + std::to_string(++number);
+    while (FindRelationship(name, id));
+    pugi::xml_node node = MakeChild(part->Root(), "Relationship");
+    SetAttribute(node, "Id", id.c_str());
+    SetAttribute(node, "Type", (std::string(kOfficeRelationships) + type).c_str());
+    SetAttribute(node, "Target", TargetOf(name, target).c_str());
+    part->Changed(node);
+    d->Find(partName)->relationships.reset();
+    return {};
+}
+
+TemplateFault XlsxPackage::RemoveRelationship(const std::string &name, const std::string &id)
+{
+    TemplateFault fault;
+    XmlPart *part = Parsed(RelationshipsPartOf(name), fault);
+    if (!part)
+        return fault;
+    for (pugi::xml_node node = ChildOf(part->Root(), "Relationship"); node; node = NextOfItsName(node)) {
+        if (id == AttributeOf(node, "Id").value()) {
+            part->Remove(node);
+            break;
+        }
+    }
+    d->Find(RelationshipsPartOf(name))->relationships.reset();
+    return {};
+}
+
+TemplateFault XlsxPackage::Write(QByteArray &bytes)
+{
+    XlsxArchive::Changes changes;
+    changes.removed = d->removed;
+    for (auto &[key, part] : d->parts) {
+        const bool isChanged = part.parsed && part.parsed->IsChanged();
+        if (!isChanged && !part.isSet)
+            continue;
+        const QByteArray content = part.parsed ? part.parsed->Written() : part.bytes;
+        if (part.entry >= 0)
+            changes.replaced[part.entry] = content;
+        else
+            changes.added[part.name] = content;
+    }
+    return d->archive.Written(changes, bytes);
+}
+
+} // namespace Velmora

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <Velmora/XlsxTemplate.h>
+
+#include "xlsx/Archive.h"
+#include "xlsx/Template.h"
+
+#include <QTest>
+
+namespace VelmoraTest {
+
+/// The text between the first \a begin and the next \a end, both left out; "none" if there is none.
+inline QByteArray Between(const QByteArray &text, const QByteArray &begin, const QByteArray &end)
+{
+    const int from = text.indexOf(begin);
+    const int to = from < 0 ? -1 : text.indexOf(end, from + begin.size());
+    return to < 0 ? QByteArrayLiteral("none") : text.mid(from + begin.size(), to - from - begin.size());
+}
+
+/// What is in sheetData of a part.
+inline QByteArray SheetDataOf(const QByteArray &sheet)
+{
+    return Between(sheet, "<sheetData>", "</sheetData>");
+}
+
+/// The parts of what \a workbook saves; fails the test if it cannot.
+inline QMap<QByteArray, QByteArray> SavedParts(Velmora::XlsxTemplate &workbook)
+{
+    const QByteArray saved = workbook.save();
+    return saved.isEmpty() ? QMap<QByteArray, QByteArray>{{"error", workbook.errorString().toUtf8()}} : ReadArchive(saved);
+}
+
+#define VERIFY_DONE(workbook, call) QVERIFY2((workbook).call, qPrintable((workbook).errorString()))
+
+} // namespace VelmoraTest

@@ -1,9 +1,104 @@
 #include "xlsx/StaleResults_p.h"
 
+#include "xlsx/FormulaCells_p.h"
+#include "xlsx/FormulaDependencies_p.h"
+
+#include <map>
+
 namespace Velmora {
 
-TemplateFault RemoveStaleResults(TemplateContext &)
+namespace {
+
+struct PlacedFormula
 {
+    int sheet;
+    CellRange cells;
+    pugi::xml_node cell;
+};
+
+void AddNames(const TemplateWorkbook &workbook, FormulaDependencies &dependencies)
+{
+    for (const TemplateName &name : workbook.Names()) {
+        if (!name.IsTable()) {
+            dependencies.AddName(name.name, name.localSheet, OwnText(name.node));
+        } else if (!name.places.empty()) {
+            const std::optional<CellRange> range = ParseRange(AttributeOf(name.node, "ref").value());
+            dependencies.AddTable(name.name, name.places.front().sheet, range.value_or(name.places.front().range));
+        }
+    }
+}
+
+/// Adds the formulas of all sheets to \a dependencies, and tells where they stand by the numbers that they have there.
+TemplateFault AddFormulas(TemplateContext &context, FormulaDependencies &dependencies, std::vector<PlacedFormula> &formulas)
+{
+    for (int i = 0; i < context.workbook.SheetCount(); ++i) {
+        QByteArray bytes;
+        TemplateFault fault = context.package.Bytes(context.workbook.SheetPartName(i), bytes);
+        if (fault)
+            return fault;
+        if (!MayHaveFormulas(bytes))
+            continue;
+        const TemplateSheet *sheet = context.workbook.Sheet(i, fault);
+        if (!sheet)
+            return fault;
+        ForEachFormula(*sheet, [&](const FormulaCell &formula) {
+            formulas.push_back({i, formula.cells, formula.cell});
+            if (formula.isDataTable || formula.isLost)
+                dependencies.AddVolatileFormula(i, formula.cells);
+            else
+                dependencies.AddFormula(i, formula.cells, formula.text);
+        });
+    }
+    return {};
+}
+
+void RemoveResultOf(TemplateSheet &sheet, const pugi::xml_node &cell)
+{
+    if (RemoveResult(cell))
+        sheet.CellChanged(cell);
+}
+
+/// Takes the results out of the cells that array formulas fill beside the one in which they stand: these have no formula.
+void RemoveResultsIn(TemplateSheet &sheet, RangeIndex &arrays)
+{
+    arrays.Build();
+    sheet.ForEachCell([&](const pugi::xml_node &cell, int row, int column) {
+        if (arrays.Meets({row, row, column, column}) && !ChildOf(cell, "f"))
+            RemoveResultOf(sheet, cell);
+    });
+}
+
+} // namespace
+
+TemplateFault RemoveStaleResults(TemplateContext &context)
+{
+    if (context.changed.empty())
+        return {};
+    std::vector<std::string> sheetNames;
+    for (int i = 0; i < context.workbook.SheetCount(); ++i)
+        sheetNames.push_back(context.workbook.SheetName(i));
+    FormulaDependencies dependencies(sheetNames);
+    AddNames(context.workbook, dependencies);
+    std::vector<PlacedFormula> formulas;
+    if (const TemplateFault fault = AddFormulas(context, dependencies, formulas))
+        return fault;
+    for (const Place &place : context.changed)
+        dependencies.AddChange(place.sheet, place.range);
+
+    std::map<int, RangeIndex> arrays;
+    const std::vector<bool> stale = dependencies.Stale();
+    TemplateFault none; // these sheets have been read
+    for (std::size_t i = 0; i < stale.size(); ++i) {
+        if (!stale[i])
+            continue;
+        const PlacedFormula &formula = formulas[i];
+        RemoveResultOf(*context.workbook.Sheet(formula.sheet, none), formula.cell);
+        if (!formula.cells.IsCell())
+            arrays[formula.sheet].Add(formula.cells, 0);
+    }
+    for (auto &[sheet, ranges] : arrays)
+        RemoveResultsIn(*context.workbook.Sheet(sheet, none), ranges);
+    context.changed.clear();
     return {};
 }
 

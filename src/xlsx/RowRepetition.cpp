@@ -1,10 +1,153 @@
 #include "xlsx/RowRepetition_p.h"
 
+#include "xlsx/RowSurroundings_p.h"
+
+#include <algorithm>
+
 namespace Velmora {
 
-TemplateFault RepeatRow(TemplateContext &, const TemplateName &, const QVector<QVariantList> &)
+namespace {
+
+using Error = XlsxTemplate::Error;
+
+bool IsKept(const QVariant &value)
 {
-    return {XlsxTemplate::Error::ObstacleError, QCoreApplication::translate("XlsxTemplate", "Rows cannot be repeated yet.")};
+    return value.userType() == qMetaTypeId<XlsxTemplate::Keep>();
+}
+
+/// One call of RepeatRow(): all is asked first, then all is changed.
+class Repetition
+{
+public:
+    Repetition(TemplateContext &context, const TemplateName &name, const QVector<QVariantList> &rows)
+        : m_context(context)
+        , m_name(name)
+        , m_rows(rows)
+    {
+    }
+
+    TemplateFault Run()
+    {
+        if (TemplateFault fault = FindRows())
+            return fault;
+        if (TemplateFault fault = CheckValues())
+            return fault;
+        const bool isMoved = m_move.Shift() != 0 || m_move.last > m_move.first;
+        if (isMoved) {
+            RowSurroundings surroundings;
+            if (TemplateFault fault = ReadSurroundings(m_context, m_place.sheet, surroundings))
+                return fault;
+            if (TemplateFault fault = FindObstacle(m_context, surroundings, m_move, Filled(), m_name.table))
+                return fault;
+            MoveSurroundings(m_context, surroundings, m_move, m_name.IsTable() ? pugi::xml_node() : m_name.node);
+            m_context.ForgetRows(m_place.sheet);
+            m_context.workbook.ForgetNames();
+            // All that moved is another cell now.
+            m_context.changed.push_back({m_place.sheet, {m_move.first, kLastRow, 1, kLastColumn}});
+        }
+        return PutValues();
+    }
+
+private:
+    TemplateFault FindRows()
+    {
+        const QString name = QString::fromStdString(m_name.display);
+        const bool isOne = m_name.places.size() == 1 && !m_name.places.front().range.HasWholeColumns();
+        if (!isOne) {
+            return {Error::UnusableName,
+                    QCoreApplication::translate("XlsxTemplate", "%1 is not the name of a row, nor of a table.").arg(name)};
+        }
+        m_place = m_name.places.front();
+        if (m_rows.size() > kLastRow) {
+            return {Error::LimitError, QCoreApplication::translate("XlsxTemplate", "A sheet has no more than %1 rows.").arg(kLastRow)};
+        }
+        // A table has one row at least.
+        const int count = m_name.IsTable() ? std::max(1, m_rows.size()) : m_rows.size();
+        m_move = {m_context.workbook.SheetName(m_place.sheet), m_place.range.firstRow, m_place.range.lastRow, count};
+        return {};
+    }
+    int Width() const
+    {
+        int width = 0;
+        for (const QVariantList &row : m_rows)
+            width = std::max(width, row.size());
+        return width;
+    }
+    /// The cells of the first row that will be filled in.
+    CellRange Filled() const
+    {
+        CellRange filled = m_place.range;
+        filled.lastRow = filled.firstRow;
+        filled.lastColumn = std::min(filled.lastColumn, filled.firstColumn + std::max(Width(), 1) - 1);
+        return filled;
+    }
+    /// Whether the first row takes the values of all: it is what the others will be.
+    TemplateFault CheckValues()
+    {
+        for (int i = 0; i < m_rows.size(); ++i) {
+            const QVariantList &row = m_rows.at(i);
+            if (row.size() > m_place.range.ColumnCount()) {
+                return {Error::ValueError,
+                        QCoreApplication::translate("XlsxTemplate", "Row %1 has %2 values, but %3 has %4 columns.")
+                            .arg(i + 1)
+                            .arg(row.size())
+                            .arg(QString::fromStdString(m_name.display))
+                            .arg(m_place.range.ColumnCount())};
+            }
+            for (int column = 0; column < row.size(); ++column) {
+                if (IsKept(row.at(column)))
+                    continue;
+                const TemplateFault fault =
+                    m_context.FaultOfValue(m_place.sheet, m_place.range.firstRow, m_place.range.firstColumn + column, row.at(column));
+                if (fault) {
+                    return {fault.error,
+                            QCoreApplication::translate("XlsxTemplate", "Row %1: %2", "a row and what is wrong in it")
+                                .arg(i + 1)
+                                .arg(fault.text)};
+                }
+            }
+        }
+        return {};
+    }
+    TemplateFault PutValues()
+    {
+        for (int i = 0; i < m_rows.size(); ++i) {
+            const QVariantList &row = m_rows.at(i);
+            for (int column = 0; column < row.size(); ++column) {
+                if (IsKept(row.at(column)))
+                    continue;
+                if (TemplateFault fault =
+                        m_context.PutValue(m_place.sheet, m_place.range.firstRow + i, m_place.range.firstColumn + column, row.at(column)))
+                    return fault;
+            }
+        }
+        return m_rows.isEmpty() && m_name.IsTable() ? EmptyRow() : TemplateFault();
+    }
+    /// What is left of a table without entries: its formulas.
+    TemplateFault EmptyRow()
+    {
+        const CellRange &range = m_place.range;
+        TemplateFault fault;
+        TemplateSheet &sheet = *m_context.workbook.Sheet(m_place.sheet, fault);
+        for (int column = range.firstColumn; column <= range.lastColumn && !fault; ++column) {
+            if (!ChildOf(sheet.FindCell(range.firstRow, column), "f"))
+                fault = m_context.PutValue(m_place.sheet, range.firstRow, column, QVariant());
+        }
+        return fault;
+    }
+
+    TemplateContext &m_context;
+    const TemplateName m_name; // the workbook's is read anew
+    const QVector<QVariantList> &m_rows;
+    Place m_place;
+    RowMove m_move;
+};
+
+} // namespace
+
+TemplateFault RepeatRow(TemplateContext &context, const TemplateName &name, const QVector<QVariantList> &rows)
+{
+    return Repetition(context, name, rows).Run();
 }
 
 } // namespace Velmora

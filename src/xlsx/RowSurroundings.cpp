@@ -1,0 +1,275 @@
+#include "xlsx/RowSurroundings_p.h"
+
+#include "xlsx/FormulaCells_p.h"
+#include "xlsx/MovedReferences_p.h"
+#include "xlsx/RepeatedCells_p.h"
+
+#include <algorithm>
+
+namespace Velmora {
+
+namespace {
+
+using Error = XlsxTemplate::Error;
+using Part = RowSurroundings::Part;
+
+/// A part that names no cell need not be parsed.
+bool MayReferToCells(const QByteArray &bytes)
+{
+    return MayHaveFormulas(bytes) || bytes.contains("ormula") || bytes.contains("location=") || bytes.contains("linkedCell");
+}
+
+/// Parses the parts of some relationship types that a part leads to.
+TemplateFault ReadRelated(TemplateContext &context, const std::string &part, std::initializer_list<const char *> types, int sheet,
+                          std::vector<Part> &parts)
+{
+    const std::vector<Relationship> relationships = context.package.RelationshipsOf(part);
+    for (const Relationship &relationship : relationships) {
+        const auto isOfType = [&relationship](const char *type) { return relationship.type == type; };
+        if (relationship.isExternal || std::none_of(types.begin(), types.end(), isOfType) || !context.package.Has(relationship.target))
+            continue;
+        TemplateFault fault;
+        XmlPart *read = context.package.Parsed(relationship.target, fault);
+        if (!read)
+            return fault;
+        parts.push_back({sheet, read});
+    }
+    return {};
+}
+
+TemplateFault ReadCharts(TemplateContext &context, const std::string &sheetPart, int sheet, std::vector<XmlPart *> &charts)
+{
+    const std::vector<Relationship> relationships = context.package.RelationshipsOf(sheetPart);
+    for (const Relationship &relationship : relationships) {
+        if (relationship.type != "drawing" || relationship.isExternal)
+            continue;
+        std::vector<Part> read;
+        if (TemplateFault fault = ReadRelated(context, relationship.target, {"chart", "chartEx"}, sheet, read))
+            return fault;
+        for (const Part &chart : read)
+            charts.push_back(chart.part);
+    }
+    return {};
+}
+
+TemplateFault ReadPartsOfSheet(TemplateContext &context, int sheet, RowSurroundings &surroundings)
+{
+    const std::string &part = context.workbook.SheetPartName(sheet);
+    const auto read = [&](std::initializer_list<const char *> types, std::vector<Part> &parts) {
+        return ReadRelated(context, part, types, sheet, parts);
+    };
+    if (TemplateFault fault = read({"table"}, surroundings.tables))
+        return fault;
+    if (TemplateFault fault = read({"drawing"}, surroundings.drawings))
+        return fault;
+    if (TemplateFault fault = read({"ctrlProp"}, surroundings.controls))
+        return fault;
+    if (TemplateFault fault = ReadCharts(context, part, sheet, surroundings.charts))
+        return fault;
+    if (sheet != surroundings.sheet)
+        return {};
+    if (TemplateFault fault = read({"vmlDrawing"}, surroundings.oldDrawings))
+        return fault;
+    if (TemplateFault fault = read({"comments", "threadedComment"}, surroundings.comments))
+        return fault;
+    return read({"pivotTable"}, surroundings.pivotTables);
+}
+
+TemplateFault Obstacle(const QString &text)
+{
+    return {Error::ObstacleError, text};
+}
+
+bool MeetsRows(const CellRange &range, const RowMove &move)
+{
+    return range.firstRow <= move.last && range.lastRow >= move.first;
+}
+
+TemplateFault ObstacleOfSize(TemplateSheet &sheet, const RowMove &move)
+{
+    int lastRow = move.last;
+    sheet.ForEachRow([&lastRow](const pugi::xml_node &row, int number) {
+        if (number > lastRow && ChildOf(row, "c"))
+            lastRow = number;
+    });
+    if (qint64(lastRow) + move.Shift() <= kLastRow)
+        return {};
+    return Obstacle(
+        QCoreApplication::translate("XlsxTemplate", "%1 has no room for %2 rows: it ends with row %3, and row %4 would have to move down.")
+            .arg(QString::fromStdString(sheet.Name()))
+            .arg(move.count)
+            .arg(kLastRow)
+            .arg(lastRow));
+}
+
+TemplateFault ObstacleOfMerges(TemplateContext &context, int index, TemplateSheet &sheet, const RowMove &move, const CellRange &filled)
+{
+    for (const CellRange &merge : sheet.MergedCells()) {
+        if (!MeetsRows(merge, move) || merge.RowCount() == 1)
+            continue;
+        const bool isInRows = merge.firstRow >= move.first && merge.lastRow <= move.last;
+        if (isInRows || merge.Intersects(filled)) {
+            return Obstacle(
+                QCoreApplication::translate("XlsxTemplate", "The merged cells %1 reach over more than the row that is to be repeated.")
+                    .arg(context.TextOf({index, merge})));
+        }
+    }
+    return {};
+}
+
+TemplateFault ObstacleOfFormulas(TemplateContext &context, int index, const TemplateSheet &sheet, const RowMove &move)
+{
+    TemplateFault fault;
+    ForEachFormula(sheet, [&](const FormulaCell &formula) {
+        const bool isFixed = formula.isDataTable || (formula.isArray && formula.cells.RowCount() > 1);
+        if (!fault && isFixed && MeetsRows(formula.cells, move)) {
+            const QString place = context.TextOf({index, formula.cells});
+            fault = Obstacle(
+                formula.isDataTable
+                    ? QCoreApplication::translate("XlsxTemplate", "The data table %1 reaches over the row that is to be repeated.")
+                          .arg(place)
+                    : QCoreApplication::translate("XlsxTemplate", "The array formula in %1 reaches over the row that is to be repeated.")
+                          .arg(place));
+        }
+    });
+    return fault;
+}
+
+TemplateFault ObstacleOfTables(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move, const CellRange &filled,
+                               const XmlPart *repeated)
+{
+    for (const Part &table : surroundings.tables) {
+        const pugi::xml_node root = table.part->Root();
+        const auto range = ParseRange(AttributeOf(root, "ref").value());
+        if (table.sheet != surroundings.sheet || table.part == repeated || !range || !MeetsRows(*range, move))
+            continue;
+        const int firstData = range->firstRow + AttributeOf(root, "headerRowCount").as_int(1);
+        const int lastData = range->lastRow - AttributeOf(root, "totalsRowCount").as_int(0);
+        const int left = lastData - firstData + 1 + move.Shift();
+        const bool holdsRows = range->firstColumn <= filled.firstColumn && range->lastColumn >= filled.lastColumn && firstData <= move.first
+            && lastData >= move.last;
+        if (!holdsRows || left < 1) {
+            return Obstacle(
+                QCoreApplication::translate("XlsxTemplate", "The table %1 (%2) stands across the row that is to be repeated.")
+                    .arg(QString::fromUtf8(AttributeOf(root, "displayName").value()), context.TextOf({surroundings.sheet, *range})));
+        }
+    }
+    return {};
+}
+
+TemplateFault ObstacleOfPivotTables(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move)
+{
+    for (const Part &pivotTable : surroundings.pivotTables) {
+        const pugi::xml_node root = pivotTable.part->Root();
+        const auto range = ParseRange(AttributeOf(ChildOf(root, "location"), "ref").value());
+        if (range && range->lastRow >= move.first) {
+            return Obstacle(
+                QCoreApplication::translate("XlsxTemplate", "The pivot table %1 (%2) would have to move with the rows, and cannot.")
+                    .arg(QString::fromUtf8(AttributeOf(root, "name").value()), context.TextOf({surroundings.sheet, *range})));
+        }
+    }
+    return {};
+}
+
+/// What a sheet and its parts say of the rows, beside the formulas in cells.
+void MoveSheet(int index, TemplateSheet &sheet, const RowSurroundings &surroundings, const RowMove &move)
+{
+    if (index == surroundings.sheet)
+        sheet.Part().ChangedEverywhere();
+    MoveCellFormulas(sheet, move);
+    bool isChanged = MoveFormulas(sheet.Worksheet(), sheet.Name(), move);
+    if (index == surroundings.sheet) {
+        isChanged = MoveRanges(sheet.Worksheet(), move) || isChanged;
+        RepeatCells(sheet, move);
+    }
+    if (isChanged)
+        sheet.Part().ChangedEverywhere();
+}
+
+template <typename Move>
+void MoveParts(const std::vector<Part> &parts, const Move &move)
+{
+    for (const Part &part : parts) {
+        if (move(part.part->Root(), part.sheet))
+            part.part->ChangedEverywhere();
+    }
+}
+
+} // namespace
+
+TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundings &surroundings)
+{
+    surroundings.sheet = sheet;
+    for (int i = 0; i < context.workbook.SheetCount(); ++i) {
+        QByteArray bytes;
+        TemplateFault fault = context.package.Bytes(context.workbook.SheetPartName(i), bytes);
+        if (fault)
+            return fault;
+        if (i == sheet || MayReferToCells(bytes)) {
+            TemplateSheet *parsed = context.workbook.Sheet(i, fault);
+            if (!parsed)
+                return fault;
+            surroundings.sheets.push_back({i, parsed});
+        }
+        if ((fault = ReadPartsOfSheet(context, i, surroundings)))
+            return fault;
+    }
+    std::vector<Part> pivotSources;
+    TemplateFault fault = ReadRelated(context, context.workbook.PartName(), {"pivotCacheDefinition"}, sheet, pivotSources);
+    for (const Part &source : pivotSources)
+        surroundings.pivotSources.push_back(source.part);
+    return fault;
+}
+
+TemplateFault FindObstacle(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move, const CellRange &filled,
+                           const XmlPart *repeated)
+{
+    TemplateFault fault;
+    TemplateSheet &sheet = *context.workbook.Sheet(surroundings.sheet, fault);
+    if ((fault = ObstacleOfSize(sheet, move)))
+        return fault;
+    if ((fault = ObstacleOfMerges(context, surroundings.sheet, sheet, move, filled)))
+        return fault;
+    if ((fault = ObstacleOfFormulas(context, surroundings.sheet, sheet, move)))
+        return fault;
+    if ((fault = ObstacleOfTables(context, surroundings, move, filled, repeated)))
+        return fault;
+    return ObstacleOfPivotTables(context, surroundings, move);
+}
+
+void MoveSurroundings(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move,
+                      const pugi::xml_node &repeatedName)
+{
+    std::vector<std::string> sheetNames;
+    for (int i = 0; i < context.workbook.SheetCount(); ++i)
+        sheetNames.push_back(context.workbook.SheetName(i));
+    XmlPart &workbook = context.workbook.Part();
+    if (MoveNames(workbook.Root(), sheetNames, repeatedName, move))
+        workbook.Changed(ChildOf(workbook.Root(), "definedNames"));
+
+    for (const auto &[index, sheet] : surroundings.sheets)
+        MoveSheet(index, *sheet, surroundings, move);
+    const auto nameOf = [&sheetNames](int sheet) -> const std::string & { return sheetNames[std::size_t(sheet)]; };
+    const auto isMoved = [&surroundings](int sheet) { return sheet == surroundings.sheet; };
+    MoveParts(surroundings.tables, [&](const pugi::xml_node &root, int sheet) {
+        const bool isChanged = MoveFormulas(root, nameOf(sheet), move);
+        return (isMoved(sheet) && MoveRanges(root, move)) || isChanged;
+    });
+    MoveParts(surroundings.drawings, [&](const pugi::xml_node &root, int sheet) {
+        const bool isChanged = MoveShapeLinks(root, nameOf(sheet), move);
+        return (isMoved(sheet) && MoveAnchors(root, move)) || isChanged;
+    });
+    MoveParts(surroundings.oldDrawings, [&](const pugi::xml_node &root, int sheet) { return MoveOldShapes(root, nameOf(sheet), move); });
+    MoveParts(surroundings.controls, [&](const pugi::xml_node &root, int sheet) { return MoveShapeLinks(root, nameOf(sheet), move); });
+    MoveParts(surroundings.comments, [&](const pugi::xml_node &root, int) { return MoveComments(root, move); });
+    for (XmlPart *chart : surroundings.charts) {
+        if (MoveChartData(chart->Root(), move))
+            chart->ChangedEverywhere();
+    }
+    for (XmlPart *source : surroundings.pivotSources) {
+        if (MovePivotSource(source->Root(), move))
+            source->ChangedEverywhere();
+    }
+}
+
+} // namespace Velmora

@@ -467,16 +467,6 @@ int RelationshipNumber(const char *id)
     return TextOf(id).mid(kRelationshipIdPrefix).toInt();
 }
 
-bool TakeText(const char *utf8, qint64 copies, qint64 &bytesLeft)
-{
-    const std::size_t most = std::size_t(bytesLeft / std::max<qint64>(1, copies));
-    const std::size_t size = strnlen(utf8, most + 1);
-    if (size > most)
-        return false;
-    bytesLeft -= qint64(size) * copies;
-    return true;
-}
-
 bool IsOrdinary(const pugi::xml_document &document)
 {
     bool ordinary = true;

@@ -280,9 +280,6 @@ int RelationshipNumber(const char *id);
 /// A text of a document, which pugixml holds as UTF-8.
 QString TextOf(const char *utf8);
 
-/// Takes \a copies of a text from what may still be read; false, and nothing taken, if it is more than that.
-bool TakeText(const char *utf8, qint64 copies, qint64 &bytesLeft);
-
 /// True if no element has so many attributes or children that looking one of them up costs more than it may: more than 1,000
 /// attributes, or as many children of a cell or a validation; in a sheet, nor a reference of more than 1,000 bytes. No program
 /// writes such parts.

@@ -21,6 +21,8 @@ class xml_node;
 
 namespace Velmora {
 
+class MemoryBudget;
+
 /// Fills in prepared spreadsheet templates (Office Open XML workbooks, ECMA-376 transitional).
 ///
 /// An element is a named place of the template: a defined name, which names cells, or a named picture. Set the paths,
@@ -28,11 +30,27 @@ namespace Velmora {
 /// All operations block; one thread at a time; no application object is needed. What fails is reported in
 /// one warning each.
 ///
+/// XlsxTemplate fills in any workbook and writes values as they are. This class has rules of its own, which change data that a host may
+/// not think of:
+/// - save() writes every element that was loaded, also those that nobody set: all cells of a name get the value of its first, texts
+///   that begin with a letter become formulas, decimals integers. The default filter takes every name, print areas too: set one that
+///   matches exactly the names to fill.
+/// - A text that begins with an ASCII letter becomes a formula. One that comes from a stranger may read other cells, other files or
+///   addresses of a network once it is opened: do not set such texts.
+/// - A cell keeps its formula beside a new value, and no formula is calculated anew: results that other cells show are old ones.
+/// - Each load() and save() adds a level to the entities of every string of the workbook: R&D, R&amp;D, R&amp;amp;D.
+/// - An image whose file lies in the package already, below xl/media of the working directory, is removed by save() and its picture
+///   left without one; one of the same file name is overwritten, for all pictures that show it.
+/// - setCellValue() writes the name of a sheet with a blank without apostrophes when it makes a name, which office programs take for
+///   a damaged one.
+/// - Columns beyond ZZ count as A in ranges.
+/// - Comments and processing instructions in the parts that are parsed are lost, and white space between their elements.
+///
 /// A template numbers its worksheet relationships from rId1 in the order of the sheet files. Limits: columns A to ZZ in ranges;
-/// 1,048,576 cells in one name and 2,097,152 in all names, a reference beyond which is passed over with a warning; 256 MiB of
-/// text in all elements, a formula or a list counted for each of its cells, beyond which an element reads as nothing, with a
-/// warning; 256 MiB of parts that are parsed, and 1,000 attributes of an element, children of a cell and bytes of a cell's or a
-/// row's reference, beyond which load() fails.
+/// 1,048,576 cells in one name and 2,097,152 in all names, a reference beyond which is passed over with a warning; 1,000 attributes of
+/// an element, children of a cell and bytes of a cell's or a row's reference, beyond which load() fails; and 800 MiB of memory for all
+/// that is made of a package, so that no process takes 1 GiB for one. Parts beyond that make load() fail, references are passed over
+/// and elements read as nothing, with a warning.
 class VELMORA_EXPORT XlsxOperator
 {
 public:
@@ -91,9 +109,10 @@ public:
     /// The value of \a name; an unknown name becomes an element with an invalid value.
     QVariant getCellValue(const QString &name);
     /// Sets the value that save() writes to every cell of \a name. A number is rounded to an integer, a text that begins with an
-    /// ASCII letter becomes a formula, any other text a string; other types write nothing.
+    /// ASCII letter becomes a formula (see above), any other text a string; other types write nothing.
     void setCellsValue(const QString &name, const QVariant &value);
-    /// Gives \a name one more cell, \a row counted from 1, and sets its value. False, with a warning, if there is no such sheet.
+    /// Gives \a name one more cell, \a row counted from 1, and sets its value. False, with a warning, if there is no such sheet. A name
+    /// that is new must not be given a sheet whose name needs apostrophes.
     bool setCellValue(const QString &sheetName, int row, const QString &column, const QString &name, const QVariant &value);
 
     /// Assigns the element's value to \a info if it has a list, else leaves it as it was.
@@ -104,7 +123,8 @@ public:
 
     /// Assigns the element's value to \a info if it is a picture, else leaves it as it was.
     void getPicturePictureInfo(const QString &name, PictureInfo &info);
-    /// Sets the image file that save() puts in the picture's place. A file that does not exist leaves the picture as it is.
+    /// Sets the image file that save() puts in the picture's place, under its own name. A file that does not exist leaves the picture as
+    /// it is; one in the package itself is lost.
     void setPicturesPictureInfo(const QString &name, const PictureInfo &info);
 
     /// Writes every element and every parsed part into the working directory and packs it. False, with a warning, if a part cannot be
@@ -136,7 +156,7 @@ private:
 
     // Cells
     QVariant getCellValueFromDocument(const QString &name);
-    bool takeTextOfCells(const QString &name, qint64 &bytesLeft);
+    bool takeTextOfCells(const QString &name);
     QVariant getCellValueFromNode(const pugi::xml_node &node);
     void getCNodesFromSheetDocument(QList<pugi::xml_node> &nodes, const QString &name, bool create);
     void getCNodeFromSheetDocument(pugi::xml_node &node, const CellPosInfo &info, bool create);
@@ -152,7 +172,7 @@ private:
 
     // Pictures
     QVariant getDrawingValueFromDocument(const QString &name);
-    bool takeTextOfPicture(const QString &name, qint64 &bytesLeft);
+    bool takeTextOfPicture(const QString &name);
     void getRelationshipNodesFromDrawingRelsDocument(QList<pugi::xml_node> &nodes, const QString &name);
     void getRelationshipNodeFromDrawingRelsDocument(pugi::xml_node &node, const DrawingIDInfo &info, const QString &target);
     QString getMediaRelationshipPath(const QString &path);
@@ -187,6 +207,7 @@ private:
     QHash<QString, QList<DrawingIDInfo>> m_drawingNameToIDInfosHash;
     QHash<QString, QVariant> m_elementsNameToValueHash;
     QStringList m_columnNames;
+    std::shared_ptr<MemoryBudget> m_memory; ///< of what was loaded
 };
 
 } // namespace Velmora

@@ -1,5 +1,6 @@
 #include <Velmora/XlsxOperator.h>
 
+#include "xlsx/MemoryBudget_p.h"
 #include "xlsx/PackageDocuments_p.h"
 
 #include <QDebug>
@@ -93,25 +94,25 @@ QVariant XlsxOperator::getCellValueFromNode(const pugi::xml_node &node)
     return shared ? QVariant(TextOf(shared)) : QVariant();
 }
 
-bool XlsxOperator::takeTextOfCells(const QString &name, qint64 &bytesLeft)
+bool XlsxOperator::takeTextOfCells(const QString &name)
 {
     const QList<CellPosInfo> infos = m_cellNameToPosInfosHash.value(name);
     const CellPosInfo first = infos.value(0);
     pugi::xml_node cell;
     getCNodeFromSheetDocument(cell, first, false);
     const char *content = cell.child("v").text().get();
-    if (!TakeText(content, 1, bytesLeft))
+    if (!m_memory->TakeText(content, 1))
         return false;
     if (m_pSharedStringsDocument && qstrcmp(cell.attribute("t").value(), "s") == 0) {
         const char *text = static_cast<SharedStringsDocument &>(*m_pSharedStringsDocument).TextAt(TextOf(content).toInt());
         // Every cell gets a formula of its own, but all the same string.
-        if (text && !TakeText(text, isFormula(QString(QLatin1Char(*text))) ? infos.size() : 1, bytesLeft))
+        if (text && !m_memory->TakeText(text, isFormula(QString(QLatin1Char(*text))) ? infos.size() : 1))
             return false;
     }
     pugi::xml_node validation;
     if (SheetOf(m_sheetDocuments, first))
         getDataValidationNodeFromSheetDocument(validation, first, false);
-    return !validation || TakeText(validation.child("formula1").text().get(), infos.size(), bytesLeft);
+    return !validation || m_memory->TakeText(validation.child("formula1").text().get(), infos.size());
 }
 
 void XlsxOperator::getCNodesFromSheetDocument(QList<pugi::xml_node> &nodes, const QString &name, bool create)

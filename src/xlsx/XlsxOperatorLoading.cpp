@@ -1,8 +1,10 @@
 #include <Velmora/XlsxOperator.h>
 
+#include "xlsx/MemoryBudget_p.h"
 #include "xlsx/PackageDocuments_p.h"
 
 #include <QDebug>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpressionMatch>
 
@@ -18,25 +20,47 @@ constexpr const char *kSharedStringsContentType = "application/vnd.openxmlformat
 /// One full column: what a single name can reasonably cover.
 constexpr qint64 kMostPositionsOfOneName = 1048576;
 constexpr qint64 kMostPositions = 2 * kMostPositionsOfOneName;
-/// A parsed part takes up to twenty times its size in memory, so less is parsed than may be unpacked.
-constexpr qint64 kMostParsedBytes = 256LL * 1024 * 1024;
-
-/// What the values of all elements hold, counted as often as save() writes it: else a few names of one long text, or one name that spans
-/// cells, would make of a small package whatever its author likes.
-constexpr qint64 kMostTextOfElements = 256LL * 1024 * 1024;
+/// Of one more cell of a name: its place, and the cell that save() makes there.
+constexpr qint64 kMemoryOfPosition = 440;
+/// Of an element beside its value and its places.
+constexpr qint64 kMemoryOfElement = 1024;
 /// Names of one hash, which QHash finds one by one. Its seed does not part names that an author made to meet.
 constexpr int kMostNamesOfOneHash = 1000;
 
-/// Reads the part at \a path; null, with a warning, if it cannot be read whole. \a bytesLeft is how much may still be parsed.
+/// The largest file below \a dirPath.
+qint64 LargestFile(const QString &dirPath)
+{
+    qint64 largest = 0;
+    QDirIterator files(dirPath, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        files.next();
+        largest = qMax(largest, files.fileInfo().size());
+    }
+    return largest;
+}
+
+/// Reads the file into \a document, if \a memory has room for what it becomes.
+bool Parse(const QString &path, unsigned int options, MemoryBudget &memory, pugi::xml_document &document)
+{
+    // A directory opens like a file on some systems, and claims any size.
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > MemoryBudget::kBytes)
+        return false;
+    const qint64 size = file.size();
+    auto *content = static_cast<char *>(pugi::get_memory_allocation_function()(std::size_t(size) + 1));
+    if (file.read(content, size) != size || !memory.TakePart(content, size)) {
+        pugi::get_memory_deallocation_function()(content);
+        return false;
+    }
+    return document.load_buffer_inplace_own(content, std::size_t(size), options, pugi::encoding_auto);
+}
+
+/// Reads the part at \a path; null, with a warning, if it cannot be read whole.
 template <typename DocumentType>
-std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options, qint64 &bytesLeft)
+std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options, MemoryBudget &memory)
 {
     auto document = std::make_shared<DocumentType>();
-    // A directory opens like a file on some systems, and claims any size.
-    const QFileInfo info(path);
-    bytesLeft -= info.size();
-    const bool mayBeParsed = info.isFile() && bytesLeft >= 0;
-    if (mayBeParsed && document->load_file(path.toStdString().c_str(), options, pugi::encoding_auto) && IsOrdinary(*document))
+    if (Parse(path, options, memory, *document) && IsOrdinary(*document))
         return document;
     qWarning() << "XlsxOperator::loadDocumentsFromXmls: "
                << "load_file failed, " << path;
@@ -46,12 +70,12 @@ std::shared_ptr<DocumentType> LoadPart(const QString &path, unsigned int options
 /// Appends the parts in \a entries whose name begins with \a prefix to \a documents; false if one cannot be read.
 template <typename DocumentType>
 bool LoadParts(const QList<QFileInfo> &entries, const QString &prefix, QList<std::shared_ptr<pugi::xml_document>> &documents,
-               qint64 &bytesLeft)
+               MemoryBudget &memory)
 {
     for (const QFileInfo &entry : entries) {
         if (!entry.fileName().startsWith(prefix))
             continue;
-        const auto document = LoadPart<DocumentType>(entry.filePath(), pugi::parse_default, bytesLeft);
+        const auto document = LoadPart<DocumentType>(entry.filePath(), pugi::parse_default, memory);
         if (!document)
             return false;
         documents.append(document);
@@ -92,6 +116,11 @@ void EnsureContentType(pugi::xml_document &types, const char *element, const cha
 class PositionCount
 {
 public:
+    explicit PositionCount(MemoryBudget &memory)
+        : m_memory(memory)
+    {
+    }
+
     /// \a positions is what the name has already.
     void BeginName(int positions) { m_ofName = positions; }
     bool NameIsFull() const { return m_ofName >= kMostPositionsOfOneName || AllIsFull(); }
@@ -99,7 +128,8 @@ public:
     /// A reference counts as one even if it names no cell. False, and counted as one, if there are more \a cells than may be.
     bool Take(qint64 cells)
     {
-        const bool fits = m_ofName + cells <= kMostPositionsOfOneName && m_ofAll + cells <= kMostPositions;
+        const bool fits =
+            m_ofName + cells <= kMostPositionsOfOneName && m_ofAll + cells <= kMostPositions && m_memory.Take(cells * kMemoryOfPosition);
         const qint64 counted = fits ? qMax<qint64>(1, cells) : 1;
         m_ofName += counted;
         m_ofAll += counted;
@@ -107,18 +137,28 @@ public:
     }
 
 private:
+    MemoryBudget &m_memory;
     qint64 m_ofName = 0;
     qint64 m_ofAll = 0;
 };
 
-/// Tells names that QHash would search for long.
+/// Tells names that QHash would search for long, or hold too many of.
 class NameCount
 {
 public:
+    explicit NameCount(MemoryBudget &memory)
+        : m_memory(memory)
+    {
+    }
+
     /// False for one too many.
-    bool Take(const QString &name) { return ++m_names[qHash(name, uint(qGlobalQHashSeed()))] <= kMostNamesOfOneHash; }
+    bool Take(const QString &name)
+    {
+        return ++m_names[qHash(name, uint(qGlobalQHashSeed()))] <= kMostNamesOfOneHash && m_memory.Take(kMemoryOfElement + 8 * name.size());
+    }
 
 private:
+    MemoryBudget &m_memory;
     std::map<uint, int> m_names;
 };
 
@@ -152,8 +192,10 @@ QString UnquotedSheetName(const QString &name)
 
 bool XlsxOperator::loadDocumentsFromXmls()
 {
-    qint64 bytesLeft = kMostParsedBytes;
-    const auto workbookRels = LoadPart<RelationshipsDocument>(m_workbookRelsPath, pugi::parse_default, bytesLeft);
+    // An entry is packed from the whole of its data, beside what is parsed.
+    m_memory = std::make_shared<MemoryBudget>();
+    m_memory->Take(2 * LargestFile(m_extractDirAbsolutePath));
+    const auto workbookRels = LoadPart<RelationshipsDocument>(m_workbookRelsPath, pugi::parse_default, *m_memory);
     if (!workbookRels)
         return false;
     m_pWorkbookRelsDocument = workbookRels;
@@ -161,10 +203,10 @@ bool XlsxOperator::loadDocumentsFromXmls()
         workbookRels->Append(kSharedStringsType, "sharedStrings.xml");
 
     if (!LoadParts<SheetDocument>(dirEntryInfoListWithNaturalSort(m_worksheetsDirPath), QStringLiteral("sheet"), m_sheetDocuments,
-                                  bytesLeft))
+                                  *m_memory))
         return false;
 
-    const auto workbook = LoadPart<WorkbookDocument>(m_workbookPath, pugi::parse_default, bytesLeft);
+    const auto workbook = LoadPart<WorkbookDocument>(m_workbookPath, pugi::parse_default, *m_memory);
     if (!workbook)
         return false;
     m_pWorkbookDocument = workbook;
@@ -172,12 +214,12 @@ bool XlsxOperator::loadDocumentsFromXmls()
     if (!QFile::exists(m_sharedStringsPath) && !CreateSharedStrings(m_sharedStringsPath))
         return false;
     // White space is kept and entities stay as they stand in the file.
-    const auto sharedStrings = LoadPart<SharedStringsDocument>(m_sharedStringsPath, pugi::parse_ws_pcdata_single, bytesLeft);
+    const auto sharedStrings = LoadPart<SharedStringsDocument>(m_sharedStringsPath, pugi::parse_ws_pcdata_single, *m_memory);
     if (!sharedStrings)
         return false;
     m_pSharedStringsDocument = sharedStrings;
 
-    const auto contentTypes = LoadPart<pugi::xml_document>(m_contentTypesPath, pugi::parse_default, bytesLeft);
+    const auto contentTypes = LoadPart<pugi::xml_document>(m_contentTypesPath, pugi::parse_default, *m_memory);
     if (!contentTypes)
         return false;
     m_pContentTypesDocument = contentTypes;
@@ -186,15 +228,15 @@ bool XlsxOperator::loadDocumentsFromXmls()
     EnsureContentType(*contentTypes, "Override", "PartName", "/xl/sharedStrings.xml", kSharedStringsContentType);
 
     return LoadParts<RelationshipsDocument>(dirEntryInfoListWithNaturalSort(m_drawingsRelsDirPath), QStringLiteral("drawing"),
-                                            m_drawingRelsDocuments, bytesLeft)
+                                            m_drawingRelsDocuments, *m_memory)
         && LoadParts<DrawingDocument>(dirEntryInfoListWithNaturalSort(m_drawingsDirPath), QStringLiteral("drawing"), m_drawingDocuments,
-                                      bytesLeft);
+                                      *m_memory);
 }
 
 void XlsxOperator::loadCellNameToPosInfosHash()
 {
-    PositionCount count;
-    NameCount names;
+    PositionCount count(*m_memory);
+    NameCount names(*m_memory);
     for (const pugi::xml_node &node : static_cast<WorkbookDocument &>(*m_pWorkbookDocument).DefinedNames()) {
         const QString name = TextOf(node.attribute("name").value());
         if (!m_elementNameFilterRegExp.match(name).hasMatch())
@@ -264,7 +306,7 @@ void XlsxOperator::appendPositions(QList<CellPosInfo> &infos, const QString &she
 
 void XlsxOperator::loadDrawingNameToIDInfosHash()
 {
-    NameCount names;
+    NameCount names(*m_memory);
     for (int i = 0; i < m_drawingDocuments.size(); ++i) {
         auto &drawing = static_cast<DrawingDocument &>(*m_drawingDocuments.at(i));
         for (const pugi::xml_node &picture : drawing.Pictures()) {
@@ -286,14 +328,13 @@ void XlsxOperator::loadDrawingNameToIDInfosHash()
 
 void XlsxOperator::loadElementsValueFromDocuments()
 {
-    qint64 bytesLeft = kMostTextOfElements;
     const auto warnOfTooMuchText = [](const QString &name) {
         qWarning() << "XlsxOperator::loadElementsValueFromDocuments: "
                    << "too much text, " << name;
     };
     const QStringList cellNames = m_cellNameToPosInfosHash.keys();
     for (const QString &name : cellNames) {
-        const bool fits = takeTextOfCells(name, bytesLeft);
+        const bool fits = takeTextOfCells(name);
         if (!fits)
             warnOfTooMuchText(name);
         m_elementsNameToValueHash[name] = fits ? getCellValueFromDocument(name) : QVariant();
@@ -301,7 +342,7 @@ void XlsxOperator::loadElementsValueFromDocuments()
     // A name of both kinds ends as a picture.
     const QStringList drawingNames = m_drawingNameToIDInfosHash.keys();
     for (const QString &name : drawingNames) {
-        const bool fits = takeTextOfPicture(name, bytesLeft);
+        const bool fits = takeTextOfPicture(name);
         if (!fits)
             warnOfTooMuchText(name);
         m_elementsNameToValueHash[name] = fits ? getDrawingValueFromDocument(name) : QVariant();

@@ -1,5 +1,6 @@
 #include <Velmora/XlsxOperator.h>
 
+#include "xlsx/MemoryBudget_p.h"
 #include "xlsx/PackageDocuments_p.h"
 
 #include <QDebug>
@@ -114,11 +115,11 @@ QVariant XlsxOperator::getDrawingValueFromDocument(const QString &name)
     return QVariant::fromValue(info);
 }
 
-bool XlsxOperator::takeTextOfPicture(const QString &name, qint64 &bytesLeft)
+bool XlsxOperator::takeTextOfPicture(const QString &name)
 {
     pugi::xml_node node;
     getRelationshipNodeFromDrawingRelsDocument(node, m_drawingNameToIDInfosHash.value(name).value(0), QString());
-    return TakeText(node.attribute("Target").value(), 1, bytesLeft);
+    return m_memory->TakeText(node.attribute("Target").value(), 1);
 }
 
 void XlsxOperator::getRelationshipNodesFromDrawingRelsDocument(QList<pugi::xml_node> &nodes, const QString &name)

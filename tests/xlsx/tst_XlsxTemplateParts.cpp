@@ -16,11 +16,11 @@ const QByteArray kOffice = QByteArrayLiteral("http://schemas.openxmlformats.org/
 /// A sheet as no program writes it, but every one may: blanks, comments, either kind of quotes, CDATA, references, tags of empty elements.
 QByteArray OddSheet()
 {
-    return "<?xml version='1.0' encoding='UTF-8'?>\r\n<!-- \xc3\xa4 --><?pi x?>\n<worksheet xmlns='" + kMain
-        + "' xmlns:r=\"" + kOffice
+    return "<?xml version='1.0' encoding='UTF-8'?>\r\n<!-- \xc3\xa4 --><?pi x?>\n<worksheet xmlns='" + kMain + "' xmlns:r=\"" + kOffice
         + "\" >\n  <dimension   ref='A1:C4'/>\n<sheetData>\n"
           "  <row r=\"1\"  spans='1:3' ><c r=\"A1\" t='str' ><v >a &quot;b&quot; &#x41;&gt;</v ></c>\t<c r=\"B1\"><v></v></c></row>\n"
-          "  <row r=\"2\"><c r=\"A2\"><v>1</v></c><!-- <c r=\"B2\"/> --><c r=\"B2\" s='0'><v>2</v></c><c  r='C2' ><f>\"&lt;/c>\"&amp;A1</f ></c></row>\r\n"
+          "  <row r=\"2\"><c r=\"A2\"><v>1</v></c><!-- <c r=\"B2\"/> --><c r=\"B2\" s='0'><v>2</v></c><c  r='C2' ><f>\"&lt;/c>\"&amp;A1</f "
+          "></c></row>\r\n"
           "  <row r=\"3\"/>\n"
           "  <row r=\"4\"><c r=\"C4\" t=\"inlineStr\"><is><t xml:space=\"preserve\"> <![CDATA[<x>]]>\n </t></is></c></row>\n"
           "</sheetData>\n<pageMargins left='0.7' note='>'/><x:ext xmlns:x='urn:x' a=\"'\"> <x:b/> </x:ext>\n</worksheet>\n<!-- end -->\n";
@@ -132,8 +132,8 @@ private Q_SLOTS:
     {
         Template source = OddBook();
         QList<ArchiveEntry> entries;
-        for (const char *name : {"xl/media/noise.bin", "[Content_Types].xml", "_rels/.rels", "xl/workbook.xml", "xl/_rels/workbook.xml.rels",
-                                 "xl/styles.xml", "xl/worksheets/sheet1.xml"}) {
+        for (const char *name : {"xl/media/noise.bin", "[Content_Types].xml", "_rels/.rels", "xl/workbook.xml",
+                                 "xl/_rels/workbook.xml.rels", "xl/styles.xml", "xl/worksheets/sheet1.xml"}) {
             ArchiveEntry entry;
             entry.name = name;
             entry.data = source.parts.value(name);
@@ -186,7 +186,8 @@ private Q_SLOTS:
         XlsxTemplate workbook;
         VERIFY_DONE(workbook, load(source.Archive()));
         VERIFY_DONE(workbook, setValue(QStringLiteral("B2"), 7));
-        QVERIFY(SavedParts(workbook).value("xl/workbook.xml").contains("</definedNames><calcPr fullCalcOnLoad=\"1\"/><oleSize ref=\"A1\"/>"));
+        QVERIFY(
+            SavedParts(workbook).value("xl/workbook.xml").contains("</definedNames><calcPr fullCalcOnLoad=\"1\"/><oleSize ref=\"A1\"/>"));
     }
 
     void a_date_takes_a_format_that_shows_it()
@@ -195,10 +196,11 @@ private Q_SLOTS:
         source.Sheet(1, "<row r=\"1\"><c r=\"A1\" s=\"1\"/><c r=\"B1\" s=\"2\"/><c r=\"C1\"/><c r=\"D1\" s=\"1\"/></row>");
         for (const char *column : {"A", "B", "C", "D", "E"})
             source.Name(column + QByteArray("x"), QByteArray("Sheet1!$") + column + "$1");
+        source.parts["xl/styles.xml"].replace("<cellXfs count=\"1\"><xf/></cellXfs>",
+                                              "<cellXfs count=\"3\"><xf/><xf numFmtId=\"2\" fontId=\"0\" xfId=\"0\"><alignment "
+                                              "wrapText=\"1\"/></xf><xf numFmtId=\"165\"/></cellXfs>");
         source.parts["xl/styles.xml"].replace(
-            "<cellXfs count=\"1\"><xf/></cellXfs>",
-            "<cellXfs count=\"3\"><xf/><xf numFmtId=\"2\" fontId=\"0\" xfId=\"0\"><alignment wrapText=\"1\"/></xf><xf numFmtId=\"165\"/></cellXfs>");
-        source.parts["xl/styles.xml"].replace("<fonts", "<numFmts count=\"1\"><numFmt numFmtId=\"165\" formatCode=\"[$-407]d.\\ mmm\\ yy;@\"/></numFmts><fonts");
+            "<fonts", "<numFmts count=\"1\"><numFmt numFmtId=\"165\" formatCode=\"[$-407]d.\\ mmm\\ yy;@\"/></numFmts><fonts");
         XlsxTemplate workbook;
         VERIFY_DONE(workbook, load(source.Archive()));
         const QDate day(2026, 11, 22);
@@ -206,13 +208,16 @@ private Q_SLOTS:
             VERIFY_DONE(workbook, setValue(QString::fromLatin1(name), day));
         VERIFY_DONE(workbook, setValue(QStringLiteral("Ex"), QTime(6, 0)));
         const auto parts = SavedParts(workbook);
-        QCOMPARE(SheetDataOf(parts.value(kSheet1)),
-                 QByteArray("<row r=\"1\"><c r=\"A1\" s=\"3\"><v>46348</v></c><c r=\"B1\" s=\"2\"><v>46348</v></c><c r=\"C1\" s=\"4\"><v>46348</v></c>"
-                            "<c r=\"D1\" s=\"3\"><v>46348</v></c><c r=\"E1\" s=\"5\"><v>0.25</v></c></row>"));
-        QCOMPARE(Between(parts.value("xl/styles.xml"), "<cellXfs", "</cellXfs>"),
-                 QByteArray(" count=\"6\"><xf/><xf numFmtId=\"2\" fontId=\"0\" xfId=\"0\"><alignment wrapText=\"1\"/></xf><xf numFmtId=\"165\"/>"
-                            "<xf numFmtId=\"14\" fontId=\"0\" xfId=\"0\" applyNumberFormat=\"1\"><alignment wrapText=\"1\"/></xf>"
-                            "<xf numFmtId=\"14\" applyNumberFormat=\"1\"/><xf numFmtId=\"21\" applyNumberFormat=\"1\"/>"));
+        QCOMPARE(
+            SheetDataOf(parts.value(kSheet1)),
+            QByteArray(
+                "<row r=\"1\"><c r=\"A1\" s=\"3\"><v>46348</v></c><c r=\"B1\" s=\"2\"><v>46348</v></c><c r=\"C1\" s=\"4\"><v>46348</v></c>"
+                "<c r=\"D1\" s=\"3\"><v>46348</v></c><c r=\"E1\" s=\"5\"><v>0.25</v></c></row>"));
+        QCOMPARE(
+            Between(parts.value("xl/styles.xml"), "<cellXfs", "</cellXfs>"),
+            QByteArray(" count=\"6\"><xf/><xf numFmtId=\"2\" fontId=\"0\" xfId=\"0\"><alignment wrapText=\"1\"/></xf><xf numFmtId=\"165\"/>"
+                       "<xf numFmtId=\"14\" fontId=\"0\" xfId=\"0\" applyNumberFormat=\"1\"><alignment wrapText=\"1\"/></xf>"
+                       "<xf numFmtId=\"14\" applyNumberFormat=\"1\"/><xf numFmtId=\"21\" applyNumberFormat=\"1\"/>"));
         QVERIFY(parts.value("xl/styles.xml").contains("<!-- kept -->"));
         for (const char *name : {"Ax", "Bx", "Cx", "Dx"})
             QCOMPARE(workbook.value(QString::fromLatin1(name)), QVariant(day));

@@ -36,7 +36,8 @@ Template Names()
     source.Sheet(
         1,
         "<row r=\"1\"><c r=\"A1\" t=\"inlineStr\"><is><t>Head</t></is></c><c r=\"B1\" t=\"inlineStr\"><is><t> Price </t></is></c></row>"
-        "<row r=\"2\"><c r=\"A2\"><v>1</v></c><c r=\"B2\"><f>A2*2</f><v>2</v></c></row><row r=\"3\"><c r=\"B3\" t=\"b\"><v>1</v></c></row>",
+        "<row r=\"2\"><c r=\"A2\"><v>1</v></c><c r=\"B2\"><f>Z99*2</f><v>2</v></c></row><row r=\"3\"><c r=\"B3\" "
+        "t=\"b\"><v>1</v></c></row>",
         "<mergeCells count=\"1\"><mergeCell ref=\"D1:E2\"/></mergeCells><pageMargins left=\"0.7\"/>");
     source.Sheet(2, "<row r=\"1\"><c r=\"A1\"><v>5</v></c></row>", "<pageMargins left=\"0.7\"/>", "It's Dave's &amp; Co");
     source.Name("Cell", "Sheet1!$A$2").Name("Range", "Sheet1!$A$2:$B$9").Name("Places", "Sheet1!$A$3,'It''s Dave''s &amp; Co'!$A$1:$B$1");
@@ -182,21 +183,17 @@ private Q_SLOTS:
         VERIFY_DONE(m_workbook, setValues("Range", {Row({7, keep, "left out"}), Row({"x"}), Row({QVariant(), 0.5})}, &fitted));
         QCOMPARE(fitted.rows, 3);
         QCOMPARE(fitted.columns, 2);
-        QVERIFY2(
-            Data().contains("<row r=\"2\"><c r=\"A2\"><v>7</v></c><c r=\"B2\"><f>A2*2</f></c></row>"
+        QCOMPARE(Data().mid(Data().indexOf("<row r=\"2\">")),
+                 QByteArray("<row r=\"2\"><c r=\"A2\"><v>7</v></c><c r=\"B2\"><f>Z99*2</f><v>2</v></c></row>"
                             "<row r=\"3\"><c r=\"A3\" t=\"inlineStr\"><is><t>x</t></is></c><c r=\"B3\" t=\"b\"><v>1</v></c></row>"
-                            "<row r=\"4\"><c r=\"B4\"><v>0.5</v></c></row>")
-                || Data().contains("<row r=\"2\"><c r=\"A2\"><v>7</v></c><c r=\"B2\"><f>A2*2</f><v>2</v></c></row>"
-                                   "<row r=\"3\"><c r=\"A3\" t=\"inlineStr\"><is><t>x</t></is></c><c r=\"B3\" t=\"b\"><v>1</v></c></row>"
-                                   "<row r=\"4\"><c r=\"B4\"><v>0.5</v></c></row>"),
-            Data().constData());
+                            "<row r=\"4\"><c r=\"B4\"><v>0.5</v></c></row>"));
         const QVector<QVariantList> many(20, Row({1}));
         VERIFY_DONE(m_workbook, setValues("Range", many, &fitted));
         QCOMPARE(fitted.rows, 8);
         QCOMPARE(fitted.columns, 1);
         // One value that is none, and nothing changes.
         const auto before = SavedParts(m_workbook);
-        QVERIFY(!m_workbook.setValues("Range", {Row({9}), Row({QVariantList()})}, &fitted));
+        QVERIFY(!m_workbook.setValues("Range", {Row({9}), Row({QVariant(QVariantList())})}, &fitted));
         QVERIFY2(m_workbook.errorString().startsWith("Sheet1!A3: "), qPrintable(m_workbook.errorString()));
         QCOMPARE(fitted.rows, 0);
         QCOMPARE(SavedParts(m_workbook), before);
@@ -216,7 +213,7 @@ private Q_SLOTS:
         QVERIFY(Load(source));
         VERIFY_DONE(m_workbook, setValue("Range", QVariant()));
         QVERIFY(Data().contains("Price"));
-        QVERIFY(!Data().contains("A2*2"));
+        QVERIFY(!Data().contains("Z99*2"));
     }
 
     void more_cells_than_a_column_has_are_refused()

@@ -213,6 +213,41 @@ private Q_SLOTS:
         CompareAllStale(book, "A1", 50000);
     }
 
+    void no_more_and_no_less_is_stale_in_random_workbooks()
+    {
+        std::mt19937 random(5);
+        for (int round = 0; round < 300; ++round) {
+            const auto number = [&random](int most) { return 1 + int(random() % unsigned(most)); };
+            const auto range = [&number] {
+                const int row = number(8);
+                const int column = number(8);
+                return CellRange{row, row + number(3) - 1, column, column + number(3) - 1};
+            };
+            FormulaDependencies dependencies({"One"});
+            std::vector<std::pair<CellRange, CellRange>> formulas; // cells, and what they use
+            for (int i = number(30); i > 0; --i) {
+                const CellRange cell{number(8), 0, number(8), 0};
+                formulas.push_back({{cell.firstRow, cell.firstRow, cell.firstColumn, cell.firstColumn}, range()});
+                dependencies.AddFormula(0, formulas.back().first, "SUM(" + RangeText(formulas.back().second) + ")");
+            }
+            const CellRange change = range();
+            dependencies.AddChange(0, change);
+            // Over and over, until nothing more gets stale.
+            std::vector<bool> expected(formulas.size());
+            for (bool isMore = true; isMore;) {
+                isMore = false;
+                for (std::size_t i = 0; i < formulas.size(); ++i) {
+                    bool uses = formulas[i].second.Intersects(change);
+                    for (std::size_t j = 0; j < formulas.size(); ++j)
+                        uses = uses || (expected[j] && formulas[i].second.Intersects(formulas[j].first));
+                    isMore = isMore || (uses && !expected[i]);
+                    expected[i] = expected[i] || uses;
+                }
+            }
+            QVERIFY(dependencies.Stale() == expected);
+        }
+    }
+
     void random_ranges_are_all_found()
     {
         std::mt19937 random(3);

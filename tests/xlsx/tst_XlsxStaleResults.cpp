@@ -1,0 +1,198 @@
+#include "support/TestCase.h"
+#include "support/TestMain.h"
+#include "xlsx/Book.h"
+
+#include <QElapsedTimer>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+const QByteArray kSheet1 = QByteArrayLiteral("xl/worksheets/sheet1.xml");
+const QByteArray kSheet2 = QByteArrayLiteral("xl/worksheets/sheet2.xml");
+
+/// A cell with a formula and its result.
+QByteArray Cell(const QByteArray &place, const QByteArray &formula)
+{
+    return "<c r=\"" + place + "\"><f>" + formula + "</f><v>7</v></c>";
+}
+
+QByteArray Row(int number, const QByteArray &cells)
+{
+    return "<row r=\"" + QByteArray::number(number) + "\">" + cells + "</row>";
+}
+
+/// A1 is the cell that changes.
+Template Book(const QByteArray &cells)
+{
+    Template book;
+    book.Sheet(1, Row(1, "<c r=\"A1\"><v>1</v></c>") + cells);
+    book.Name("Input", "Sheet1!$A$1");
+    return book;
+}
+
+QMap<QByteArray, QByteArray> Changed(const Template &book)
+{
+    XlsxTemplate workbook;
+    if (!workbook.load(book.Archive()) || !workbook.setValue(QStringLiteral("Input"), 2))
+        return {{"error", workbook.errorString().toUtf8()}};
+    return SavedParts(workbook);
+}
+
+/// The cells that still have a result once A1 changed.
+QByteArray Kept(const QByteArray &sheet)
+{
+    QByteArray kept;
+    const QByteArray data = SheetDataOf(sheet);
+    for (int at = data.indexOf("<c "); at >= 0;) {
+        const int next = data.indexOf("<c ", at + 1);
+        const QByteArray cell = data.mid(at, next < 0 ? -1 : next - at);
+        if (cell.contains("<v>") && !cell.startsWith("<c r=\"A1\">"))
+            kept += (kept.isEmpty() ? "" : " ") + Between(cell, "r=\"", "\"");
+        at = next;
+    }
+    return kept;
+}
+
+} // namespace
+
+/// A result that may not be right any more is not in the file; any other is.
+class tst_XlsxStaleResults : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void results_that_depend_on_a_changed_cell_go()
+    {
+        const QByteArray cells = Row(2, Cell("A2", "A1*2") + Cell("B2", "B1*2") + Cell("C2", "SUM(A1:A9)") + Cell("D2", "D2+1"))
+            + Row(3, Cell("A3", "A2+1") + Cell("B3", "\"A1\"") + Cell("C3", "NOW()") + Cell("D3", "SUM(B:B)"));
+        const auto parts = Changed(Book(cells));
+        QCOMPARE(Kept(parts.value(kSheet1)), QByteArray("B2 D2 B3 D3"));
+        QVERIFY(parts.value("xl/workbook.xml").contains("fullCalcOnLoad=\"1\""));
+    }
+
+    void nothing_goes_if_nothing_changed()
+    {
+        const Template book = Book(Row(2, Cell("A2", "A1*2")));
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(book.Archive()));
+        QCOMPARE(SavedParts(workbook), book.parts);
+    }
+
+    void what_stays_is_not_written_anew()
+    {
+        const QByteArray others = "<row r=\"3\" >  <c  r='A3'><f >1+1</f><v>2</v></c>\n</row>";
+        const QByteArray saved = Changed(Book(Row(2, Cell("A2", "A1*2")) + others)).value(kSheet1);
+        QCOMPARE(SheetDataOf(saved), Row(1, "<c r=\"A1\"><v>2</v></c>") + Row(2, "<c r=\"A2\"><f>A1*2</f></c>") + others);
+    }
+
+    void the_type_of_a_result_goes_with_it()
+    {
+        const QByteArray cells = Row(2,
+                                     "<c r=\"A2\" s=\"0\" t=\"str\"><f>A1&amp;\"x\"</f><v>1x</v></c><c r=\"B2\" t=\"e\"><f "
+                                     "ca=\"1\">1/A1</f><v>#DIV/0!</v></c>");
+        const QByteArray saved = Changed(Book(cells)).value(kSheet1);
+        QCOMPARE(SheetDataOf(saved),
+                 Row(1, "<c r=\"A1\"><v>2</v></c>")
+                     + Row(2, "<c r=\"A2\" s=\"0\"><f>A1&amp;\"x\"</f></c><c r=\"B2\"><f ca=\"1\">1/A1</f></c>"));
+    }
+
+    void other_sheets_names_and_tables_are_followed()
+    {
+        Template book = Book(Row(2, Cell("A2", "Sheet2!A1")));
+        book.Sheet(2, Row(1, Cell("A1", "Input+1") + Cell("B1", "Other+1") + Cell("C1", "Sheet1!B9") + Cell("D1", "SUM(Things[x])")));
+        book.Name("Other", "Sheet1!$B$1");
+        book.parts["xl/worksheets/_rels/sheet1.xml.rels"] = Relationships(Relationship("rId1", "table", "../tables/table1.xml"));
+        book.parts["xl/tables/table1.xml"] = "<table displayName=\"Things\" name=\"Things\" ref=\"A1:A1\" headerRowCount=\"0\"/>";
+        const auto parts = Changed(book);
+        QCOMPARE(Kept(parts.value(kSheet1)), QByteArray());
+        QCOMPARE(Kept(parts.value(kSheet2)), QByteArray("B1 C1"));
+    }
+
+    void shared_formulas_are_each_their_own()
+    {
+        const QByteArray cells = Row(2, "<c r=\"B2\"><f t=\"shared\" ref=\"B2:B4\" si=\"0\">A2+C2</f><v>7</v></c>")
+            + Row(3, "<c r=\"B3\"><f t=\"shared\" si=\"0\"/><v>7</v></c><c r=\"C3\"><f>A1</f><v>7</v></c>")
+            + Row(4, "<c r=\"B4\"><f t=\"shared\" si=\"0\"/><v>7</v></c><c r=\"C4\"><f t=\"shared\" si=\"9\"/><v>7</v></c>");
+        // B4 adds up C4, of which it cannot be told what it is.
+        QCOMPARE(Kept(Changed(Book(cells)).value(kSheet1)), QByteArray("B2"));
+    }
+
+    void an_array_formula_loses_the_results_in_all_its_cells()
+    {
+        const QByteArray cells = Row(2, "<c r=\"B2\"><f t=\"array\" ref=\"B2:C3\">A1:A2*2</f><v>7</v></c><c r=\"C2\"><v>7</v></c>")
+            + Row(3, "<c r=\"B3\" t=\"str\"><v>7</v></c><c r=\"C3\"><v>7</v></c><c r=\"D3\"><v>7</v></c>")
+            + Row(4,
+                  Cell("B4", "C3") + Cell("C4", "D3")
+                      + "<c r=\"D4\"><f t=\"array\" ref=\"D4:E4\">D3:E3</f><v>7</v></c><c r=\"E4\"><v>7</v></c>");
+        QCOMPARE(Kept(Changed(Book(cells)).value(kSheet1)), QByteArray("D3 C4 D4 E4"));
+    }
+
+    void a_data_table_is_computed_anew_whatever_changed()
+    {
+        const QByteArray cells =
+            Row(2, "<c r=\"B2\"><f t=\"dataTable\" ref=\"B2:C2\" dt2D=\"0\" r1=\"Z9\"/><v>7</v></c><c r=\"C2\"><v>7</v></c>")
+            + Row(3, Cell("B3", "C2"));
+        QCOMPARE(Kept(Changed(Book(cells)).value(kSheet1)), QByteArray());
+    }
+
+    void a_new_formula_is_followed()
+    {
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(Book(Row(2, Cell("A2", "A1*2") + Cell("B2", "C1"))).Archive()));
+        VERIFY_DONE(workbook, setFormula(QStringLiteral("Input"), QStringLiteral("=C1")));
+        QCOMPARE(Kept(SavedParts(workbook).value(kSheet1)), QByteArray("B2"));
+    }
+
+    void each_saving_looks_at_what_changed_since()
+    {
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(Book(Row(2, Cell("A2", "A1*2") + Cell("B2", "C1"))).Name("Third", "Sheet1!$C$1").Archive()));
+        VERIFY_DONE(workbook, setValue(QStringLiteral("Input"), 2));
+        QCOMPARE(Kept(SavedParts(workbook).value(kSheet1)), QByteArray("B2"));
+        VERIFY_DONE(workbook, setValue(QStringLiteral("Third"), 2));
+        QCOMPARE(Kept(SavedParts(workbook).value(kSheet1)), QByteArray("C1"));
+    }
+
+    void a_part_in_another_encoding_is_looked_through()
+    {
+        Template book = Book(QByteArray());
+        book.Sheet(2, Row(1, Cell("A1", "Sheet1!A1")));
+        QByteArray wide("\xff\xfe");
+        for (const char c : QByteArray(book.parts[kSheet2]).replace("UTF-8", "UTF-16"))
+            wide.append(c).append('\0');
+        book.parts[kSheet2] = wide;
+        QCOMPARE(Kept(Changed(book).value(kSheet2)), QByteArray());
+    }
+
+    void a_chain_of_100000_formulas_takes_less_than_two_seconds_data()
+    {
+        QTest::addColumn<bool>("isForward");
+        QTest::newRow("forward") << true;
+        QTest::newRow("backward") << false;
+    }
+    void a_chain_of_100000_formulas_takes_less_than_two_seconds()
+    {
+        QFETCH(bool, isForward);
+        QByteArray rows;
+        const int last = 100001;
+        for (int row = 2; row <= last; ++row) {
+            const int used = isForward ? row - 1 : row + 1;
+            const QByteArray source = used > last ? QByteArray("A1") : (used == 1 ? "A" : "B") + QByteArray::number(used);
+            rows += Row(row, Cell("B" + QByteArray::number(row), source + "+1"));
+        }
+        const Template book = Book(rows);
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(book.Archive()));
+        QElapsedTimer timer;
+        timer.start();
+        VERIFY_DONE(workbook, setValue(QStringLiteral("Input"), 2));
+        const QByteArray saved = workbook.save();
+        QVERIFY2(timer.elapsed() < 2000, QByteArray::number(timer.elapsed()));
+        QCOMPARE(ReadArchive(saved).value(kSheet1).count("<v>"), 1);
+    }
+};
+
+VELMORA_BARE_TEST_MAIN(tst_XlsxStaleResults)
+#include "tst_XlsxStaleResults.moc"

@@ -25,6 +25,13 @@ public:
             TakeBelow(1, range, visit, steps);
         return steps;
     }
+    /// Calls visit(owner) for each range that meets \a range and leaves it.
+    template <typename Visit>
+    void ForEachMeeting(const CellRange &range, const Visit &visit) const
+    {
+        if (!m_boxes.empty())
+            VisitBelow(1, range, visit);
+    }
     bool Meets(const CellRange &range) const { return !m_boxes.empty() && MeetsBelow(1, range); }
 
 private:
@@ -50,6 +57,18 @@ private:
         TakeBelow(2 * box, range, visit, steps);
         TakeBelow(2 * box + 1, range, visit, steps);
         Join(box);
+    }
+    template <typename Visit>
+    void VisitBelow(std::size_t box, const CellRange &range, const Visit &visit) const
+    {
+        if (!m_boxes[box].Intersects(range))
+            return;
+        if (box >= m_leafCount) {
+            visit(m_entries[box - m_leafCount].owner);
+            return;
+        }
+        VisitBelow(2 * box, range, visit);
+        VisitBelow(2 * box + 1, range, visit);
     }
     bool MeetsBelow(std::size_t box, const CellRange &range) const
     {

@@ -57,6 +57,30 @@ void TemplateContext::ForgetRows(int sheet)
     if (TemplateSheet *parsed = workbook.Sheet(sheet, fault))
         parsed->ForgetRows();
     m_formulas.erase(sheet);
+    ForgetLists(sheet);
+}
+
+CellLists *TemplateContext::ListsOf(int index)
+{
+    std::unique_ptr<CellLists> &lists = m_lists[index];
+    TemplateFault fault;
+    TemplateSheet *sheet = lists ? nullptr : workbook.Sheet(index, fault);
+    if (sheet)
+        lists = std::make_unique<CellLists>(*sheet);
+    return lists.get();
+}
+
+const ListEntries &TemplateContext::EntriesOf(int sheet, const std::string &source)
+{
+    if (!m_entries || !m_entries->AreOf(sheet, source))
+        m_entries = std::make_unique<ListEntries>(*this, sheet, source);
+    return *m_entries;
+}
+
+void TemplateContext::ForgetLists(int sheet)
+{
+    m_lists.erase(sheet);
+    m_entries.reset();
 }
 
 CellFormulas &TemplateContext::FormulasOf(int index, TemplateSheet &sheet)
@@ -147,6 +171,7 @@ void TemplateContext::EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node 
     for (const char *name : {"t", "cm", "vm"})
         cell.remove_attribute(name);
     sheet.CellChanged(cell);
+    m_entries.reset();
     changed.push_back({index, {row, row, column, column}});
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "xlsx/CellFormulas_p.h"
+#include "xlsx/CellLists_p.h"
 #include "xlsx/CellValue_p.h"
+#include "xlsx/ListEntries_p.h"
 #include "xlsx/SharedStrings_p.h"
 #include "xlsx/TemplateStyles_p.h"
 #include "xlsx/TemplateWorkbook_p.h"
@@ -35,6 +37,13 @@ public:
     /// What a cell holds; invalid if there is no such cell.
     QVariant ValueOf(const pugi::xml_node &cell);
 
+    /// The lists of a sheet; null if it cannot be read.
+    CellLists *ListsOf(int sheet);
+    /// What the list of a cell in that sheet takes from \a source. Good until the next change.
+    const ListEntries &EntriesOf(int sheet, const std::string &source);
+    /// To be told after a list was changed.
+    void ForgetLists(int sheet);
+
     // Each change is asked for first and done then, so that nothing is changed if one of many cannot be.
 
     /// Why that cell cannot be changed even to be emptied: it is one of several of an array formula or a data table.
@@ -57,6 +66,8 @@ private:
     CellFormulas &FormulasOf(int index, TemplateSheet &sheet);
 
     std::map<int, std::unique_ptr<CellFormulas>> m_formulas; ///< by sheet
+    std::map<int, std::unique_ptr<CellLists>> m_lists;       ///< by sheet
+    std::unique_ptr<ListEntries> m_entries;                  ///< those asked for last
 };
 
 } // namespace Velmora

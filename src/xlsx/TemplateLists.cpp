@@ -1,25 +1,100 @@
 #include "xlsx/TemplateLists_p.h"
 
+#include <algorithm>
+
 namespace Velmora {
 
-bool HasList(TemplateContext &, const TemplateName &)
-{
-    return false;
-}
+namespace {
 
-QStringList OptionsOf(TemplateContext &, const TemplateName &)
+using Error = XlsxTemplate::Error;
+
+/// What spreadsheet programs read of a list that is typed in.
+constexpr int kLongestList = 255;
+/// Of a list in a message.
+constexpr int kMostShown = 100;
+
+TemplateFault FaultOfOptions(const QStringList &options)
 {
+    if (options.isEmpty())
+        return {Error::ValueError, QCoreApplication::translate("XlsxTemplate", "The list has no entries.")};
+    for (const QString &option : options) {
+        const bool hasControls = std::any_of(option.cbegin(), option.cend(), [](QChar c) { return c < QLatin1Char(' '); });
+        if (option.contains(QLatin1Char(',')))
+            return {Error::ValueError,
+                    QCoreApplication::translate("XlsxTemplate", "An entry of a list must not have a comma: %1").arg(option)};
+        if (option.isEmpty() || option != option.trimmed() || hasControls)
+            return {Error::ValueError,
+                    QCoreApplication::translate(
+                        "XlsxTemplate", "An entry of a list must not be empty, begin or end with a blank, or have line ends: \"%1\"")
+                        .arg(option)};
+    }
     return {};
 }
 
-TemplateFault SetOptions(TemplateContext &, const TemplateName &, const QStringList &)
+std::string SourceOf(const QStringList &options)
 {
-    return {XlsxTemplate::Error::ObstacleError, QCoreApplication::translate("XlsxTemplate", "Lists cannot be set yet.")};
+    return '"' + options.join(QLatin1Char(',')).replace(QLatin1Char('"'), QLatin1String("\"\"")).toStdString() + '"';
 }
 
-TemplateFault FaultOfList(TemplateContext &, int, int, int, const QVariant &)
+} // namespace
+
+bool HasList(TemplateContext &context, const TemplateName &name)
 {
+    return !name.places.empty() && std::all_of(name.places.begin(), name.places.end(), [&context](const Place &place) {
+        const CellLists *lists = context.ListsOf(place.sheet);
+        return lists && lists->Covers(place.range);
+    });
+}
+
+QStringList OptionsOf(TemplateContext &context, const TemplateName &name)
+{
+    const Place &place = name.places.front();
+    const CellLists *lists = context.ListsOf(place.sheet);
+    const std::string source = lists ? lists->SourceAt(place.range.firstRow, place.range.firstColumn) : std::string();
+    return source.empty() ? QStringList() : context.EntriesOf(place.sheet, source).Texts();
+}
+
+TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, const QStringList &options)
+{
+    TemplateFault fault = FaultOfOptions(options);
+    const std::string source = SourceOf(options);
+    if (!fault && QString::fromStdString(source).size() - 2 > kLongestList) {
+        fault = {
+            Error::LimitError,
+            QCoreApplication::translate("XlsxTemplate", "The entries of the list have %1 characters with their commas; a list holds %2.")
+                .arg(QString::fromStdString(source).size() - 2)
+                .arg(kLongestList)};
+    }
+    std::map<int, std::vector<CellRange>> rangesOf;
+    for (const Place &place : name.places) {
+        if (!fault)
+            context.workbook.Sheet(place.sheet, fault);
+        rangesOf[place.sheet].push_back(place.range);
+    }
+    if (fault)
+        return fault;
+    for (const auto &[sheet, ranges] : rangesOf) {
+        context.ListsOf(sheet)->SetSource(ranges, source);
+        context.ForgetLists(sheet);
+    }
     return {};
+}
+
+TemplateFault FaultOfList(TemplateContext &context, int sheet, int row, int column, const QVariant &value)
+{
+    const CellLists *lists = value.isValid() ? context.ListsOf(sheet) : nullptr;
+    const std::string source = lists ? lists->SourceAt(row, column) : std::string();
+    if (source.empty() || (lists->TakesNothingAt(row, column) && value.toString().isEmpty()))
+        return {};
+    const ListEntries &entries = context.EntriesOf(sheet, source);
+    if (!entries.AreKnown() || entries.Have(value))
+        return {};
+    QString shown = entries.Texts().join(QLatin1String(", "));
+    if (shown.size() > kMostShown)
+        shown = shown.left(kMostShown) + QChar(0x2026);
+    return context.At(sheet, row, column,
+                      {Error::ValueError,
+                       QCoreApplication::translate("XlsxTemplate", "%1 is not in the list of the cell: %2").arg(value.toString(), shown)});
 }
 
 } // namespace Velmora

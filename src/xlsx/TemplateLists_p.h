@@ -7,9 +7,9 @@
 
 namespace Velmora {
 
-/// True if the first cell of \a name picks its value from a list.
+/// True if one list serves all cells in each place of \a name.
 bool HasList(TemplateContext &context, const TemplateName &name);
-/// The entries of that list, also of one that takes them from cells.
+/// The entries of its first cell's list, also of one that takes them from cells. None if they cannot be told, as of a formula.
 QStringList OptionsOf(TemplateContext &context, const TemplateName &name);
 /// Gives all cells of \a name a list. Nothing is changed if it fails.
 TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, const QStringList &options);

@@ -141,9 +141,13 @@ public:
     /// The same by columnNames(). A column that a row does not have keeps what the template has; one that the template does not have is
     /// refused.
     bool setRows(const QString &name, const QVector<QVariantHash> &rows);
-    /// Gives the cells of \a name this list, in one validation.
+    /// Gives the cells of \a name this list, in one validation, in place of what was checked there; the prompts of a former list stay.
+    /// Refused are no entries, one with a comma, a line end or a blank at its ends, and more than 255 characters in all with commas:
+    /// more is not read by office programs.
     bool setOptions(const QString &name, const QStringList &options);
-    /// Whether a cell with a list takes values that are not in it; not so at first.
+    /// Whether a cell with a list takes values that are not in it; not so at first, even if the list itself would only warn. Typed
+    /// entries are compared as they stand, those from cells whatever their case. A list whose entries cannot be told, as those of a
+    /// formula or of cells that are empty, takes any value.
     void setValuesOutsideListsAllowed(bool allowed);
     /// Puts another image (PNG, JPEG, GIF, BMP, TIFF) in place of every picture of that name.
     bool setPicture(const QString &name, const QString &file, PictureFit fit = PictureFit::Fit);

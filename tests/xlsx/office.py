@@ -210,7 +210,7 @@ def look(path):
         "cells": {sheet.title: {cell.coordinate: cell.value for row in sheet.iter_rows() for cell in row if cell.value is not None} for sheet in book},
         "lists": {sheet.title: {str(rule.sqref): rule.formula1 for rule in sheet.data_validations.dataValidation if rule.type == "list"} for sheet in book},
         "images": {sheet.title: len(sheet._images) for sheet in book},
-    }))
+    }, default=str))
 
 
 def main():

@@ -1,10 +1,10 @@
+#include "xlsx/Office.h"
 #include "xlsx/XlsxTestCase.h"
 
 #include <QCoreApplication>
 #include <QImage>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -12,15 +12,6 @@ using namespace VelmoraTest;
 namespace {
 
 const QString kWriter = QStringLiteral(OFFICE_WRITER);
-
-QByteArray Office(const QStringList &arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("/usr/bin/python3"), QStringList{QStringLiteral(OFFICE_SCRIPT)} + arguments);
-    if (!process.waitForFinished(300000) || process.exitCode() != 0)
-        qWarning().noquote() << arguments << process.readAllStandardError();
-    return process.readAllStandardOutput();
-}
 
 } // namespace
 

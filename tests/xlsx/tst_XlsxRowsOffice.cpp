@@ -1,27 +1,14 @@
 #include "support/TestMain.h"
 #include "xlsx/Book.h"
+#include "xlsx/Office.h"
 #include "xlsx/XlsxFiles.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace Velmora;
 using namespace VelmoraTest;
-
-namespace {
-
-QByteArray Office(const QStringList &arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("/usr/bin/python3"), QStringList{QStringLiteral(OFFICE_SCRIPT)} + arguments);
-    if (!process.waitForFinished(300000) || process.exitCode() != 0)
-        qWarning().noquote() << arguments << process.readAllStandardError();
-    return process.readAllStandardOutput();
-}
-
-} // namespace
 
 /// An invoice of a real program, filled in, and looked at by two of them: the totals are those of what was put in.
 class tst_XlsxRowsOffice : public TestCase

@@ -98,8 +98,8 @@ struct FormulaUse
 /// Places in other workbooks are left out: they do not change.
 std::vector<FormulaUse> References(std::string_view formula);
 
-/// Rows of a sheet, as many as entries are to stand there, take the place of the rows first to last. Rows come or go at the end of
-/// these, and what is below moves.
+/// The rows first to last become so many as count says: rows come behind them, like the last, or the last of them go. What is below
+/// moves.
 struct RowMove
 {
     std::string sheet;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <unordered_map>
 
 namespace Velmora {
 
@@ -27,19 +28,35 @@ bool SetText(pugi::xml_attribute attribute, const std::string &text)
     return true;
 }
 
-/// The row of what a formula in a worksheet belongs to, when that is a format, a validation or a sparkline; else 0.
-int RowOfOwner(pugi::xml_node element)
+/// The rows of what formulas in a worksheet belong to: formats, validations, sparklines.
+class OwnerRows
 {
-    for (int i = 0; i < 4 && element; ++i, element = element.parent()) {
+public:
+    /// 0 if the element belongs to none.
+    int RowOf(pugi::xml_node element)
+    {
+        int row = 0;
+        for (int i = 0; i < 4 && element && row == 0; ++i, element = element.parent()) {
+            const auto [found, isNew] = m_rows.try_emplace(element.hash_value(), 0); // an owner of many is read once
+            if (isNew)
+                found->second = OwnRowOf(element);
+            row = found->second;
+        }
+        return row;
+    }
+
+private:
+    static int OwnRowOf(const pugi::xml_node &element)
+    {
         std::string ranges = AttributeOf(element, "sqref").value();
         if (ranges.empty())
             ranges = OwnText(ChildOf(element, "sqref"));
         const auto read = ParseRanges(ranges);
-        if (read && !read->empty())
-            return read->front().firstRow;
+        return read && !read->empty() ? read->front().firstRow : 0;
     }
-    return 0;
-}
+
+    std::unordered_map<std::size_t, int> m_rows;
+};
 
 void TakeOut(pugi::xml_node element)
 {
@@ -54,7 +71,7 @@ std::string MovedAreas(const std::string &text, const RowMove &move)
         return text;
     std::vector<CellRange> moved;
     for (const CellRange &range : *ranges) {
-        if (const auto area = MovedArea(range, move))
+        if (const auto area = move.Moved(range))
             moved.push_back(*area);
     }
     return *ranges == moved ? text : RangesText(moved);
@@ -120,7 +137,7 @@ bool MoveRangeElement(pugi::xml_node element, const RowMove &move)
     const auto range = ParseRange(attribute.value());
     if (!range)
         return false;
-    const auto moved = IsElement(element, "hyperlink") ? MovedArea(*range, move) : move.Moved(*range);
+    const auto moved = move.Moved(*range);
     if (moved)
         return moved != range && SetText(attribute, RangeText(*moved));
     TakeOut(element);
@@ -162,42 +179,41 @@ bool MoveAnchorRow(pugi::xml_node end, const RowMove &move)
 void RepeatSparkline(pugi::xml_node sparkline, const RowMove &move)
 {
     const auto cell = ParseRange(OwnText(ChildOf(sparkline, "sqref")));
-    if (!cell || cell->firstRow != move.first || cell->lastRow != move.first)
+    if (!cell || cell->firstRow != move.last || cell->lastRow != move.last)
         return;
     const std::string data = OwnText(ChildOf(sparkline, "f"));
     pugi::xml_node last = sparkline;
-    for (int i = 1; i < move.count; ++i) {
+    for (int i = 1; i <= move.Shift(); ++i) {
         last = last.parent().insert_copy_after(sparkline, last);
         SetOwnText(ChildOf(last, "f"), Translated(data, i, 0));
         SetOwnText(ChildOf(last, "sqref"), RangeText({cell->firstRow + i, cell->lastRow + i, cell->firstColumn, cell->lastColumn}));
     }
 }
 
-/// Merged cells of the row are merged in each of its copies; what is merged over it grows with it.
+/// Merged cells of the row that is repeated are merged in each of its copies; what is merged over it grows with it.
 bool MoveMerges(pugi::xml_node merges, const RowMove &move)
 {
     bool isChanged = false;
-    std::vector<CellRange> ofRow;
+    std::vector<CellRange> repeated;
     for (pugi::xml_node merge = ChildOf(merges, "mergeCell"); merge;) {
         const pugi::xml_node next = NextOfItsName(merge);
-        const auto range = ParseRange(AttributeOf(merge, "ref").value());
-        const bool isInRows = range && range->firstRow >= move.first && range->lastRow <= move.last;
-        const auto moved = range && !isInRows ? move.Moved(*range) : range;
-        if (isInRows && range->firstRow == move.first)
-            ofRow.push_back(*range);
-        if (isInRows || !moved || moved->IsCell()) {
-            if (range)
+        if (const auto range = ParseRange(AttributeOf(merge, "ref").value())) {
+            const bool isRepeated = range->firstRow == move.last && range->lastRow == move.last && move.Shift() > 0;
+            const auto moved = move.Moved(*range, !isRepeated);
+            if (isRepeated)
+                repeated.push_back(*range);
+            if (moved && !moved->IsCell())
+                SetText(AttributeOf(merge, "ref"), RangeText(*moved));
+            else
                 TakeOut(merge);
-            isChanged = true;
-        } else if (moved != range) {
-            isChanged = SetText(AttributeOf(merge, "ref"), RangeText(*moved)) || isChanged;
+            isChanged = isChanged || isRepeated || moved != range;
         }
         merge = next;
     }
-    for (const CellRange &range : ofRow) {
-        for (int i = 0; i < move.count; ++i) {
-            const CellRange repeated{range.firstRow + i, range.lastRow + i, range.firstColumn, range.lastColumn};
-            SetAttribute(MakeChild(merges, "mergeCell"), "ref", RangeText(repeated).c_str());
+    for (const CellRange &range : repeated) {
+        for (int i = 1; i <= move.Shift(); ++i) {
+            const CellRange copy{range.firstRow + i, range.lastRow + i, range.firstColumn, range.lastColumn};
+            SetAttribute(MakeChild(merges, "mergeCell"), "ref", RangeText(copy).c_str());
         }
     }
     if (isChanged)
@@ -260,15 +276,6 @@ std::vector<pugi::xml_node> ElementsIn(const pugi::xml_node &root)
     return elements;
 }
 
-std::optional<CellRange> MovedArea(const CellRange &range, const RowMove &move)
-{
-    CellRange area = range;
-    // All rows become like the first of them.
-    if (area.firstRow <= move.first && area.lastRow >= move.first && area.lastRow < move.last)
-        area.lastRow = move.last;
-    return move.Moved(area);
-}
-
 bool MoveFormulaIn(pugi::xml_node element, std::string_view ownSheet, const RowMove &move, Growth growth)
 {
     const std::optional<std::string> moved = MovedByRows(OwnText(element), ownSheet, move, growth);
@@ -287,10 +294,11 @@ bool MoveFormulas(const pugi::xml_node &root, std::string_view ownSheet, const R
 {
     bool isChanged = false;
     const bool isMoved = IsSameName(ownSheet, move.sheet);
+    OwnerRows owners;
     for (const pugi::xml_node &element : ElementsIn(root)) {
         const std::string_view name = LocalName(element);
         if (IsOneOf(name, {"formula", "formula1", "formula2", "f", "calculatedColumnFormula", "totalsRowFormula"})) {
-            const int row = isMoved ? RowOfOwner(element) : 0;
+            const int row = isMoved ? owners.RowOf(element) : 0;
             const bool isInRows = row >= move.first && row <= move.last;
             const Growth outside = IsElement(element.parent(), "sparkline") ? Growth::All : Growth::Ranges;
             isChanged = MoveFormulaIn(element, ownSheet, move, isInRows ? Growth::Fixed : outside) || isChanged;
@@ -459,10 +467,10 @@ bool MoveChartData(const pugi::xml_node &root, const RowMove &move)
         if (!MoveFormulaIn(element, {}, move, isTitle ? Growth::None : Growth::All))
             continue;
         isChanged = true;
-        for (const char *cache : {"numCache", "strCache", "multiLvlStrCache", "lvl"}) {
-            if (!isTitle)
-                reference.remove_child(ChildOf(reference, cache));
-        }
+        if (isTitle || ChildOf(reference, "f") != element)
+            continue;
+        for (const char *cache : {"numCache", "strCache", "multiLvlStrCache", "lvl"})
+            reference.remove_child(ChildOf(reference, cache));
     }
     return isChanged;
 }

@@ -14,9 +14,6 @@ namespace Velmora {
 /// out when its turn comes.
 std::vector<pugi::xml_node> ElementsIn(const pugi::xml_node &root);
 
-/// Where a range that formats, validates or links cells goes: one over the row that is repeated is repeated with it.
-std::optional<CellRange> MovedArea(const CellRange &range, const RowMove &move);
-
 /// The text of an element, or of an attribute, is a formula.
 bool MoveFormulaIn(pugi::xml_node element, std::string_view ownSheet, const RowMove &move, Growth growth);
 bool MoveFormulaIn(pugi::xml_attribute attribute, std::string_view ownSheet, const RowMove &move, Growth growth);

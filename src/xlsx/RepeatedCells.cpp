@@ -142,20 +142,21 @@ void RepeatCells(TemplateSheet &sheet, const RowMove &move)
     pugi::xml_node data = sheet.SheetData();
     pugi::xml_node repeated;
     for (const auto &[row, number] : rows) {
-        if (number == move.first && move.count > 0 && !repeated)
-            repeated = row;
-        else if (number <= move.last || number + move.Shift() > kLastRow)
+        const int moved = move.Moved(number);
+        if (number == move.last && move.Shift() > 0)
+            repeated = repeated ? repeated : row;
+        else if (moved == 0 || moved > kLastRow)
             data.remove_child(row);
-        else
-            SetRow(row, number + move.Shift());
+        else if (number > move.last)
+            SetRow(row, moved);
     }
     if (repeated) {
         const std::vector<CellPattern> pattern = ReadPattern(repeated);
-        SetRow(repeated, move.first);
+        SetRow(repeated, move.last);
         pugi::xml_node last = repeated;
-        for (int distance = 1; distance < move.count; ++distance) {
+        for (int distance = 1; distance <= move.Shift(); ++distance) {
             last = data.insert_copy_after(repeated, last);
-            FillCopy(last, pattern, move.first + distance, distance);
+            FillCopy(last, pattern, move.last + distance, distance);
         }
     }
     sheet.ForgetRows();

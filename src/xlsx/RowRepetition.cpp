@@ -32,23 +32,29 @@ public:
             return fault;
         if (TemplateFault fault = CheckValues())
             return fault;
-        const bool isMoved = m_move.Shift() != 0 || m_move.last > m_move.first;
-        if (isMoved) {
-            RowSurroundings surroundings;
-            if (TemplateFault fault = ReadSurroundings(m_context, m_place.sheet, surroundings))
+        if (m_move.Shift() != 0) {
+            if (TemplateFault fault = Move())
                 return fault;
-            if (TemplateFault fault = FindObstacle(m_context, surroundings, m_move, Filled(), m_name.table))
-                return fault;
-            MoveSurroundings(m_context, surroundings, m_move, m_name.IsTable() ? pugi::xml_node() : m_name.node);
-            m_context.ForgetRows(m_place.sheet);
-            m_context.workbook.ForgetNames();
-            // All that moved is another cell now.
-            m_context.changed.push_back({m_place.sheet, {m_move.first, kLastRow, 1, kLastColumn}});
         }
         return PutValues();
     }
 
 private:
+    TemplateFault Move()
+    {
+        RowSurroundings surroundings;
+        if (TemplateFault fault = ReadSurroundings(m_context, m_place.sheet, surroundings))
+            return fault;
+        if (TemplateFault fault = FindObstacle(m_context, surroundings, m_move, Filled(), m_name.table))
+            return fault;
+        MoveSurroundings(m_context, surroundings, m_move, m_name.IsTable() ? pugi::xml_node() : m_name.node);
+        for (const auto &sheet : surroundings.sheets)
+            m_context.ForgetRows(sheet.first);
+        m_context.workbook.ForgetNames();
+        // All that moved is another cell now.
+        m_context.changed.push_back({m_place.sheet, {m_move.first, kLastRow, 1, kLastColumn}});
+        return {};
+    }
     TemplateFault FindRows()
     {
         const QString name = QString::fromStdString(m_name.display);
@@ -73,41 +79,44 @@ private:
             width = std::max(width, row.size());
         return width;
     }
-    /// The cells of the first row that will be filled in.
+    /// The cells that will be filled in.
     CellRange Filled() const
     {
         CellRange filled = m_place.range;
-        filled.lastRow = filled.firstRow;
+        filled.lastRow = filled.firstRow + m_move.count - 1;
         filled.lastColumn = std::min(filled.lastColumn, filled.firstColumn + std::max(Width(), 1) - 1);
         return filled;
     }
-    /// Whether the first row takes the values of all: it is what the others will be.
+    /// Whether the rows take their values: those to come are like the last.
     TemplateFault CheckValues()
     {
-        for (int i = 0; i < m_rows.size(); ++i) {
-            const QVariantList &row = m_rows.at(i);
-            if (row.size() > m_place.range.ColumnCount()) {
-                return {Error::ValueError,
-                        QCoreApplication::translate("XlsxTemplate", "Row %1 has %2 values, but %3 has %4 columns.")
-                            .arg(i + 1)
-                            .arg(row.size())
-                            .arg(QString::fromStdString(m_name.display))
-                            .arg(m_place.range.ColumnCount())};
-            }
-            for (int column = 0; column < row.size(); ++column) {
-                if (IsKept(row.at(column)))
-                    continue;
-                const TemplateFault fault =
-                    m_context.FaultOfValue(m_place.sheet, m_place.range.firstRow, m_place.range.firstColumn + column, row.at(column));
-                if (fault) {
-                    return {fault.error,
-                            QCoreApplication::translate("XlsxTemplate", "Row %1: %2", "a row and what is wrong in it")
-                                .arg(i + 1)
-                                .arg(fault.text)};
-                }
-            }
+        TemplateFault fault = m_context.styles.FaultOfReading();
+        for (int i = 0; i < m_rows.size() && !fault; ++i) {
+            fault = FaultOfRow(std::min(m_place.range.firstRow + i, m_place.range.lastRow), m_rows.at(i));
+            if (fault)
+                fault.text =
+                    QCoreApplication::translate("XlsxTemplate", "Row %1: %2", "a row and what is wrong in it").arg(i + 1).arg(fault.text);
         }
-        return {};
+        return fault;
+    }
+    TemplateFault FaultOfRow(int row, const QVariantList &values)
+    {
+        if (values.size() > m_place.range.ColumnCount()) {
+            return {Error::ValueError,
+                    QCoreApplication::translate("XlsxTemplate", "There are %1 values, but %2 has %3 columns.")
+                        .arg(values.size())
+                        .arg(QString::fromStdString(m_name.display))
+                        .arg(m_place.range.ColumnCount())};
+        }
+        TemplateFault fault;
+        for (int i = 0; i < values.size() && !fault; ++i) {
+            const int column = m_place.range.firstColumn + i;
+            if (!values.at(i).isValid()) // cells that others are merged over can be emptied
+                fault = m_context.FaultOfGroup(m_place.sheet, row, column);
+            else if (!IsKept(values.at(i)))
+                fault = m_context.FaultOfValue(m_place.sheet, row, column, values.at(i));
+        }
+        return fault;
     }
     TemplateFault PutValues()
     {

@@ -5,6 +5,7 @@
 #include "xlsx/RepeatedCells_p.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace Velmora {
 
@@ -80,13 +81,51 @@ TemplateFault Obstacle(const QString &text)
     return {Error::ObstacleError, text};
 }
 
-bool MeetsRows(const CellRange &range, const RowMove &move)
+/// The first of the rows that go away, or the one that is repeated; they end with the last of all.
+int FirstConcerned(const RowMove &move)
 {
-    return range.firstRow <= move.last && range.lastRow >= move.first;
+    return move.Shift() > 0 ? move.last : move.first + move.count;
+}
+
+bool IsConcerned(const CellRange &range, const RowMove &move)
+{
+    return range.firstRow <= move.last && range.lastRow >= FirstConcerned(move);
+}
+
+constexpr qint64 kMostRepeatedBytes = 2LL * 1024 * 1024 * 1024;
+
+/// What the parser's tree takes for an element with all that is in it, about.
+qint64 BytesOf(const pugi::xml_node &element)
+{
+    qint64 bytes = 0;
+    for (const pugi::xml_node &node : ElementsIn(element)) {
+        bytes += 128 + qint64(OwnText(node).size());
+        for (const pugi::xml_attribute &attribute : node.attributes())
+            bytes += 64 + qint64(std::strlen(attribute.value()));
+    }
+    return bytes;
+}
+
+/// What is made anew with each copy of a row.
+qint64 BytesRepeatedWith(int row, TemplateSheet &sheet)
+{
+    qint64 bytes = BytesOf(sheet.FindRow(row));
+    for (const CellRange &merge : sheet.MergedCells())
+        bytes += merge.firstRow == row && merge.lastRow == row ? 256 : 0;
+    for (const pugi::xml_node &element : ElementsIn(sheet.Worksheet()))
+        bytes += IsElement(element, "sparkline") ? BytesOf(element) : 0;
+    return bytes;
 }
 
 TemplateFault ObstacleOfSize(TemplateSheet &sheet, const RowMove &move)
 {
+    if (move.Shift() > 0 && BytesRepeatedWith(move.last, sheet) > kMostRepeatedBytes / move.Shift()) {
+        return {Error::LimitError,
+                QCoreApplication::translate("XlsxTemplate", "Row %1 of %2 is too large to be repeated %3 times.")
+                    .arg(move.last)
+                    .arg(QString::fromStdString(sheet.Name()))
+                    .arg(move.Shift())};
+    }
     int lastRow = move.last;
     sheet.ForEachRow([&lastRow](const pugi::xml_node &row, int number) {
         if (number > lastRow && ChildOf(row, "c"))
@@ -105,10 +144,8 @@ TemplateFault ObstacleOfSize(TemplateSheet &sheet, const RowMove &move)
 TemplateFault ObstacleOfMerges(TemplateContext &context, int index, TemplateSheet &sheet, const RowMove &move, const CellRange &filled)
 {
     for (const CellRange &merge : sheet.MergedCells()) {
-        if (!MeetsRows(merge, move) || merge.RowCount() == 1)
-            continue;
-        const bool isInRows = merge.firstRow >= move.first && merge.lastRow <= move.last;
-        if (isInRows || merge.Intersects(filled)) {
+        const CellRange columns{1, kLastRow, filled.firstColumn, filled.lastColumn};
+        if (move.Shift() > 0 && merge.RowCount() > 1 && IsConcerned(merge, move) && merge.Intersects(columns)) {
             return Obstacle(
                 QCoreApplication::translate("XlsxTemplate", "The merged cells %1 reach over more than the row that is to be repeated.")
                     .arg(context.TextOf({index, merge})));
@@ -122,7 +159,7 @@ TemplateFault ObstacleOfFormulas(TemplateContext &context, int index, const Temp
     TemplateFault fault;
     ForEachFormula(sheet, [&](const FormulaCell &formula) {
         const bool isFixed = formula.isDataTable || (formula.isArray && formula.cells.RowCount() > 1);
-        if (!fault && isFixed && MeetsRows(formula.cells, move)) {
+        if (!fault && isFixed && IsConcerned(formula.cells, move)) {
             const QString place = context.TextOf({index, formula.cells});
             fault = Obstacle(
                 formula.isDataTable
@@ -141,7 +178,7 @@ TemplateFault ObstacleOfTables(TemplateContext &context, const RowSurroundings &
     for (const Part &table : surroundings.tables) {
         const pugi::xml_node root = table.part->Root();
         const auto range = ParseRange(AttributeOf(root, "ref").value());
-        if (table.sheet != surroundings.sheet || table.part == repeated || !range || !MeetsRows(*range, move))
+        if (table.sheet != surroundings.sheet || table.part == repeated || !range || !IsConcerned(*range, move))
             continue;
         const int firstData = range->firstRow + AttributeOf(root, "headerRowCount").as_int(1);
         const int lastData = range->lastRow - AttributeOf(root, "totalsRowCount").as_int(0);
@@ -162,7 +199,7 @@ TemplateFault ObstacleOfPivotTables(TemplateContext &context, const RowSurroundi
     for (const Part &pivotTable : surroundings.pivotTables) {
         const pugi::xml_node root = pivotTable.part->Root();
         const auto range = ParseRange(AttributeOf(ChildOf(root, "location"), "ref").value());
-        if (range && range->lastRow >= move.first) {
+        if (range && range->lastRow >= FirstConcerned(move)) {
             return Obstacle(
                 QCoreApplication::translate("XlsxTemplate", "The pivot table %1 (%2) would have to move with the rows, and cannot.")
                     .arg(QString::fromUtf8(AttributeOf(root, "name").value()), context.TextOf({surroundings.sheet, *range})));

@@ -31,12 +31,12 @@ struct RowSurroundings
 TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundings &surroundings);
 
 /// What stands in the way of the move: it would have to be moved, stretched or repeated, and cannot be. \a filled are the cells that
-/// will be filled in in the first of the rows, \a repeated the part of the table whose rows these are, if they are a table's.
+/// will be filled in, \a repeated is the part of the table whose rows these are, if they are a table's.
 TemplateFault FindObstacle(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move, const CellRange &filled,
                            const XmlPart *repeated);
 
-/// Moves all that refers to the rows, or lies below them: cells, formulas, whatever is placed by rows. The first of the rows is repeated
-/// as it stands; the others are gone. Names are to be read anew.
+/// Moves all that refers to the rows, or lies below them: cells, formulas, whatever is placed by rows. Names are to be
+/// read anew.
 void MoveSurroundings(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move,
                       const pugi::xml_node &repeatedName);
 

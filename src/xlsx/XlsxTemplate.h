@@ -135,8 +135,15 @@ public:
     /// stay as they are; an invalid QVariant empties a cell, a Keep leaves it. For each cell, what setValue() says.
     bool setValues(const QString &name, const QVector<QVariantList> &rows, Fitted *fitted = nullptr);
     /// Repeats a named row, or the data row of a table, once for each of \a rows, with its formats, heights, merged cells and validations,
-    /// and fills them in. What stands below moves down, with all that refers to it; a total over the row grows with it. No rows take the
-    /// row away. A row that is shorter than the name keeps what the template has in the rest.
+    /// and fills them in. It is the whole row of the sheet, with what stands beside the name. What stands below moves down, with all that
+    /// refers to it; a total over the row grows with it. If several rows have the name, such as those of an earlier call, the last of them
+    /// is repeated, or the last go, until there are as many as \a rows. A row that is shorter than the name, and one with a Keep in it,
+    /// keeps what the template has there.
+    ///
+    /// No rows take the row away: what referred to nothing else is #REF! then, but in SUM it is 0. A table keeps one row, emptied.
+    ///
+    /// Refused, with its place, is what would have to be moved, stretched or repeated and cannot be: a pivot table beside or below; an
+    /// array formula over several rows, a data table, another table or merged cells across the row; cells that would leave the sheet.
     bool setRows(const QString &name, const QVector<QVariantList> &rows);
     /// The same by columnNames(). A column that a row does not have keeps what the template has; one that the template does not have is
     /// refused.

@@ -173,6 +173,31 @@ private Q_SLOTS:
         QCOMPARE(NamesOf(parts), QByteArray("<definedName name=\"Items\">Sheet1!$A$5:$C$7</definedName>"));
     }
 
+    void two_names_may_share_their_row()
+    {
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(Invoice().Name("Notes", "Sheet1!$F$5:$G$5").Archive()));
+        VERIFY_DONE(workbook, setRows(QStringLiteral("Items"), Entries(3)));
+        VERIFY_DONE(workbook, setRows(QStringLiteral("Notes"), QVector<QVariantList>{{1, 2}, {3, 4}, {5, 6}}));
+        QByteArray data = SheetDataOf(SavedParts(workbook).value(kSheet1));
+        for (const char *cell : {"<t>item 2</t>", "<c r=\"F5\"><v>1</v>", "<c r=\"G6\"><v>4</v>", "<c r=\"F7\"><v>5</v>"})
+            QVERIFY2(data.contains(cell), data);
+        // One more is like the last.
+        VERIFY_DONE(workbook, setRows(QStringLiteral("Notes"), QVector<QVariantList>{{}, {}, {}, {7}}));
+        data = SheetDataOf(SavedParts(workbook).value(kSheet1));
+        QVERIFY2(data.contains("<c r=\"C8\"><v>1.5</v></c><c r=\"D8\"><f>B8*C8</f></c><c r=\"F8\"><v>7</v></c><c r=\"G8\"><v>6</v></c>"),
+                 data);
+        QVERIFY2(data.contains("<row r=\"9\"><c r=\"D9\"><f>SUM(D5:D8)</f>"), data);
+    }
+
+    void cells_under_merged_ones_may_be_left_empty()
+    {
+        const Template book = Invoice(kInvoice, "<mergeCells count=\"1\"><mergeCell ref=\"A5:B5\"/></mergeCells>");
+        const Parts parts = Repeated(book, {{1, QVariant(), 3}, {4, QVariant(), 6}});
+        QVERIFY2(parts.value(kSheet1).contains("<c r=\"A6\" s=\"0\"><v>4</v></c><c r=\"B6\"/><c r=\"C6\"><v>6</v></c>"),
+                 parts.value("error"));
+    }
+
     void short_rows_and_kept_cells_leave_the_template_as_it_is()
     {
         const QVariant keep = QVariant::fromValue(XlsxTemplate::Keep());
@@ -323,9 +348,9 @@ private Q_SLOTS:
         QCOMPARE(Behind("<mergeCells count=\"5\"><mergeCell ref=\"A1:B2\"/><mergeCell ref=\"D5:E5\"/><mergeCell ref=\"H5:I5\"/><mergeCell "
                         "ref=\"G4:G6\"/><mergeCell ref=\"A8:D9\"/></mergeCells>",
                         3),
-                 QByteArray("<mergeCells count=\"9\"><mergeCell ref=\"A1:B2\"/><mergeCell ref=\"G4:G8\"/><mergeCell ref=\"A10:D11\"/>"
-                            "<mergeCell ref=\"D5:E5\"/><mergeCell ref=\"D6:E6\"/><mergeCell ref=\"D7:E7\"/>"
-                            "<mergeCell ref=\"H5:I5\"/><mergeCell ref=\"H6:I6\"/><mergeCell ref=\"H7:I7\"/></mergeCells>"));
+                 QByteArray("<mergeCells count=\"9\"><mergeCell ref=\"A1:B2\"/><mergeCell ref=\"D5:E5\"/><mergeCell ref=\"H5:I5\"/>"
+                            "<mergeCell ref=\"G4:G8\"/><mergeCell ref=\"A10:D11\"/><mergeCell ref=\"D6:E6\"/>"
+                            "<mergeCell ref=\"D7:E7\"/><mergeCell ref=\"H6:I6\"/><mergeCell ref=\"H7:I7\"/></mergeCells>"));
         QCOMPARE(Behind("<mergeCells count=\"1\"><mergeCell ref=\"D5:E5\"/></mergeCells>", 0), QByteArray());
         QCOMPARE(Behind("<mergeCells count=\"1\"><mergeCell ref=\"G5:G6\"/></mergeCells>", 0), QByteArray());
     }
@@ -645,9 +670,18 @@ private Q_SLOTS:
         QCOMPARE(Refusal(Invoice("<row r=\"5\"/><row r=\"1048576\" ht=\"20\"/>")), QStringLiteral("done")); // an empty row
     }
 
+    void what_would_take_too_much_memory_is_refused()
+    {
+        QByteArray cells;
+        for (int i = 0; i < 16000; ++i)
+            cells += "<c><v>1</v></c>";
+        QCOMPARE(Refusal(Invoice("<row r=\"5\">" + cells + "</row>"), Entries(100000)),
+                 QStringLiteral("Row 5 of Sheet1 is too large to be repeated 99999 times."));
+    }
+
     void values_that_do_not_fit_are_refused()
     {
-        QCOMPARE(Refusal(Invoice(), {{1}, {1, 2, 3, 4}}), QStringLiteral("Row 2 has 4 values, but Items has 3 columns."));
+        QCOMPARE(Refusal(Invoice(), {{1}, {1, 2, 3, 4}}), QStringLiteral("Row 2: There are 4 values, but Items has 3 columns."));
         const QString tooLong = Refusal(Invoice(), {{1}, {QString(40000, QLatin1Char('x'))}});
         QVERIFY2(tooLong.startsWith(QStringLiteral("Row 2: Sheet1!A5: ")), qPrintable(tooLong));
         Template columns;

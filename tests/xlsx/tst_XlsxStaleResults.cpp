@@ -160,7 +160,8 @@ private Q_SLOTS:
         Template book = Book(QByteArray());
         book.Sheet(2, Row(1, Cell("A1", "Sheet1!A1")));
         QByteArray wide("\xff\xfe");
-        for (const char c : QByteArray(book.parts[kSheet2]).replace("UTF-8", "UTF-16"))
+        const QByteArray narrow = QByteArray(book.parts[kSheet2]).replace("UTF-8", "UTF-16");
+        for (const char c : narrow)
             wide.append(c).append('\0');
         book.parts[kSheet2] = wide;
         QCOMPARE(Kept(Changed(book).value(kSheet2)), QByteArray());

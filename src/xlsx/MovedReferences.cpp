@@ -494,14 +494,21 @@ bool MoveNames(const pugi::xml_node &workbook, const std::vector<std::string> &s
                const RowMove &move)
 {
     bool isChanged = false;
-    for (pugi::xml_node name = ChildOf(ChildOf(workbook, "definedNames"), "definedName"); name; name = NextOfItsName(name)) {
-        const std::string_view text = AttributeOf(name, "name").value();
+    const pugi::xml_node names = ChildOf(workbook, "definedNames");
+    for (pugi::xml_node name = ChildOf(names, "definedName"), next; name; name = next) {
+        next = NextOfItsName(name);
+        const std::string_view key = AttributeOf(name, "name").value();
         const unsigned local = AttributeOf(name, "localSheetId").as_uint(unsigned(sheetNames.size()));
         const std::string_view ownSheet = local < sheetNames.size() ? std::string_view(sheetNames[local]) : std::string_view();
-        Growth growth = text == "_xlnm.Print_Titles" ? Growth::None : Growth::Ranges;
+        Growth growth = key == "_xlnm.Print_Titles" ? Growth::None : Growth::Ranges;
         if (name == repeated)
             growth = Growth::All;
-        isChanged = MoveFormulaIn(name, ownSheet, move, growth) || isChanged;
+        if (!MoveFormulaIn(name, ownSheet, move, growth))
+            continue;
+        isChanged = true;
+        // What programs keep for themselves, they take out with the last of its cells.
+        if (key.substr(0, 6) == "_xlnm." && MeaningOfName(OwnText(name)).kind == NameMeaning::Kind::Broken)
+            TakeOut(name);
     }
     return isChanged;
 }

@@ -64,6 +64,10 @@ private:
                     QCoreApplication::translate("XlsxTemplate", "%1 is not the name of a row, nor of a table.").arg(name)};
         }
         m_place = m_name.places.front();
+        TemplateFault fault;
+        m_sheet = m_context.workbook.Sheet(m_place.sheet, fault);
+        if (!m_sheet)
+            return fault;
         if (m_rows.size() > kLastRow) {
             return {Error::LimitError, QCoreApplication::translate("XlsxTemplate", "A sheet has no more than %1 rows.").arg(kLastRow)};
         }
@@ -137,9 +141,8 @@ private:
     {
         const CellRange &range = m_place.range;
         TemplateFault fault;
-        TemplateSheet &sheet = *m_context.workbook.Sheet(m_place.sheet, fault);
         for (int column = range.firstColumn; column <= range.lastColumn && !fault; ++column) {
-            if (!ChildOf(sheet.FindCell(range.firstRow, column), "f"))
+            if (!ChildOf(m_sheet->FindCell(range.firstRow, column), "f"))
                 fault = m_context.PutValue(m_place.sheet, range.firstRow, column, QVariant());
         }
         return fault;
@@ -149,6 +152,7 @@ private:
     const TemplateName m_name; // the workbook's is read anew
     const QVector<QVariantList> &m_rows;
     Place m_place;
+    TemplateSheet *m_sheet = nullptr;
     RowMove m_move;
 };
 

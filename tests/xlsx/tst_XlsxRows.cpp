@@ -482,6 +482,14 @@ private Q_SLOTS:
                      + name("_xlnm._FilterDatabase", "Sheet1!$A$4:$D$7", " localSheetId=\"0\" hidden=\"1\""));
     }
 
+    void a_print_area_goes_with_its_last_row()
+    {
+        Template book = Invoice();
+        book.parts["xl/workbook.xml"].replace(
+            "</definedNames>", "<definedName name=\"_xlnm.Print_Area\" localSheetId=\"0\">Sheet1!$A$5:$D$5</definedName></definedNames>");
+        QCOMPARE(NamesOf(Repeated(book, {})), QByteArray("<definedName name=\"Items\">Sheet1!#REF!</definedName>"));
+    }
+
     void names_are_known_at_their_new_places()
     {
         XlsxTemplate workbook;
@@ -523,6 +531,20 @@ private Q_SLOTS:
         parts = Repeated(book, {}, "Things");
         QCOMPARE(tableOf(parts), table("B2:C4", "B2:C3"));
         QVERIFY(SheetDataOf(parts.value(kSheet1)).contains("<row r=\"3\"><c r=\"B3\"/><c r=\"C3\"><f>"));
+    }
+
+    void a_table_of_a_damaged_sheet_is_refused()
+    {
+        Template book;
+        book.Sheet(1, kInvoice);
+        AddPartOfSheet(book, "xl/tables/table1.xml", "table", "<table displayName=\"Things\" ref=\"A4:B5\"/>");
+        book.parts[kSheet1].chop(1);
+        for (const Rows &rows : {Rows(), Entries(1), Entries(2)}) {
+            XlsxTemplate workbook;
+            VERIFY_DONE(workbook, load(book.Archive()));
+            QVERIFY(!workbook.setRows(QStringLiteral("Things"), rows));
+            QCOMPARE(workbook.error(), XlsxTemplate::Error::FormatError);
+        }
     }
 
     void a_table_below_moves_and_one_around_grows()

@@ -33,10 +33,13 @@ CellFormulas::CellFormulas(TemplateSheet &sheet)
             m_shared[AttributeOf(formula, "si").value()].emplace(Position(row, column), cell);
         } else if (IsOfAGroup(formula)) {
             const auto range = ParseRange(AttributeOf(formula, "ref").value());
-            if (range && !range->IsCell())
+            if (range && !range->IsCell()) {
+                m_groupIndex.Add(*range, int(m_groups.size()));
                 m_groups.push_back(*range);
+            }
         }
     });
+    m_groupIndex.Build();
 }
 
 const CellRange *CellFormulas::GroupAt(int row, int column) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "xlsx/CellReference_p.h"
+#include "xlsx/RangeIndex_p.h"
 #include "xlsx/XmlPart_p.h"
 
 #include <map>
@@ -34,6 +35,7 @@ private:
     TemplateSheet &m_sheet;
     std::unordered_map<std::string, Cells> m_shared; ///< by the number that they share
     std::vector<CellRange> m_groups;
+    RangeIndex m_groupIndex;
 };
 
 } // namespace Velmora

@@ -15,6 +15,7 @@ using Kind = XlsxTemplate::Kind;
 constexpr qint64 kMostCells = kLastRow;
 /// What a value can reasonably hold.
 constexpr qint64 kMostCellsRead = 4LL * kLastRow;
+constexpr qint64 kMostTextRead = 64LL * 1024 * 1024; ///< in characters: many cells may refer to one long text
 constexpr int kLongestFormula = 8192;
 
 qint64 CellCount(const CellRange &range)
@@ -33,18 +34,9 @@ TemplateFault ForEachExistingCell(TemplateContext &context, const std::vector<Pl
         TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
         if (!sheet)
             return fault;
-        if (place.range.IsCell()) { // found at once
-            const pugi::xml_node cell = sheet->FindCell(place.range.firstRow, place.range.firstColumn);
-            goesOn = goesOn && (!cell || visit(place.sheet, cell, place.range.firstRow, place.range.firstColumn));
-            continue;
-        }
-        sheet->ForEachRow([&](const pugi::xml_node &node, int row) {
-            if (!goesOn || row < place.range.firstRow || row > place.range.lastRow)
-                return;
-            TemplateSheet::ForEachCellOf(node, [&](const pugi::xml_node &cell, int column) {
-                if (goesOn && place.range.Contains(row, column))
-                    goesOn = visit(place.sheet, cell, row, column);
-            });
+        sheet->ForEachCellIn(place.range, [&](const pugi::xml_node &cell, int row, int column) {
+            goesOn = goesOn && visit(place.sheet, cell, row, column);
+            return goesOn;
         });
     }
     return {};
@@ -124,12 +116,17 @@ QVariant RowsOf(TemplateContext &context, const Place &place)
             values.append(QVariant());
         rows.append(values);
     }
+    qint64 text = 0;
     ForEachExistingCell(context, {place}, [&](int, const pugi::xml_node &cell, int row, int column) {
         QVariant &value = rows[row - range.firstRow][column - range.firstColumn];
         if (!value.isValid()) // of two cells of one place the first counts
             value = context.ValueOf(cell);
-        return true;
+        if (value.type() == QVariant::String)
+            text += value.toString().size();
+        return text <= kMostTextRead;
     });
+    if (text > kMostTextRead)
+        return {};
     QVariantList list;
     list.reserve(rows.size());
     for (const QVariantList &row : rows)

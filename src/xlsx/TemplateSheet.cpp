@@ -9,9 +9,6 @@ namespace {
 
 /// Rows of fewer cells are looked through anew when another row was looked at in between.
 constexpr std::size_t kLongRow = 256;
-/// Merged cells are found by row; what reaches over more rows in all is no sheet that a program wrote.
-constexpr std::size_t kMostRowsOfMerges = 4U * 1024 * 1024;
-
 /// The number at the begin of \a digits, or 0 for any other text and for one beyond \a most.
 int Number(const char *digits, int most)
 {
@@ -69,20 +66,13 @@ TemplateSheet::Index &TemplateSheet::TheIndex()
 
 void TemplateSheet::ReadMerges(Index &index) const
 {
-    std::size_t rows = 0;
     for (pugi::xml_node node = ChildOf(ChildOf(Worksheet(), "mergeCells"), "mergeCell"); node; node = NextOfItsName(node)) {
-        const auto range = ParseRange(AttributeOf(node, "ref").value());
-        if (!range)
-            continue;
-        index.merges.push_back(*range);
-        rows += std::size_t(range->RowCount());
-        for (int row = range->firstRow; row <= range->lastRow && rows <= kMostRowsOfMerges; ++row)
-            index.mergesOfRow[row].push_back(index.merges.size() - 1);
+        if (const auto range = ParseRange(AttributeOf(node, "ref").value())) {
+            index.mergeIndex.Add(*range, int(index.merges.size()));
+            index.merges.push_back(*range);
+        }
     }
-    for (auto &[row, merges] : index.mergesOfRow) {
-        std::sort(merges.begin(), merges.end(),
-                  [&index](std::size_t a, std::size_t b) { return index.merges[a].firstColumn < index.merges[b].firstColumn; });
-    }
+    index.mergeIndex.Build();
 }
 
 void TemplateSheet::ReadColumns(Index &index) const
@@ -107,16 +97,9 @@ const std::vector<CellRange> &TemplateSheet::MergedCells()
 const CellRange *TemplateSheet::MergeAt(int row, int column)
 {
     const Index &index = TheIndex();
-    const auto merges = index.mergesOfRow.find(row);
-    if (merges == index.mergesOfRow.end())
-        return nullptr;
-    // Merged cells do not overlap, so it is the last that begins before the cell.
-    const auto behind = std::upper_bound(merges->second.begin(), merges->second.end(), column,
-                                         [&index](int wanted, std::size_t merge) { return wanted < index.merges[merge].firstColumn; });
-    if (behind == merges->second.begin())
-        return nullptr;
-    const CellRange &merge = index.merges[*std::prev(behind)];
-    return merge.Contains(row, column) ? &merge : nullptr;
+    const CellRange *merge = nullptr;
+    index.mergeIndex.ForEachMeeting({row, row, column, column}, [&](int owner) { merge = &index.merges[std::size_t(owner)]; });
+    return merge;
 }
 
 TemplateSheet::Cells &TemplateSheet::CellsOf(int number, const pugi::xml_node &row)
@@ -173,12 +156,13 @@ pugi::xml_node TemplateSheet::MakeRow(int row)
 pugi::xml_node TemplateSheet::MakeCell(int row, int column)
 {
     pugi::xml_node node = FindRow(row);
+    if (const pugi::xml_node cell = FindCell(row, column))
+        return cell;
+    WidenDimension(row, column);
     if (!node)
         node = MakeRow(row);
     Cells &cells = CellsOf(row, node);
     const auto at = FindColumn(cells, column);
-    if (at != cells.end() && at->first == column)
-        return at->second;
     pugi::xml_node cell = MakeChild(node, "c", at == cells.end() ? pugi::xml_node() : at->second);
     SetAttribute(cell, "r", (ColumnName(column) + std::to_string(row)).c_str());
     const std::string style = StyleOfNewCell(node, column);
@@ -186,7 +170,6 @@ pugi::xml_node TemplateSheet::MakeCell(int row, int column)
         SetAttribute(cell, "s", style.c_str());
     cells.emplace(at, column, cell);
     m_part.Changed(cell);
-    WidenDimension(row, column);
     return cell;
 }
 

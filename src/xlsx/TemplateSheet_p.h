@@ -1,6 +1,7 @@
 #pragma once
 
 #include "xlsx/CellReference_p.h"
+#include "xlsx/RangeIndex_p.h"
 #include "xlsx/XmlPart_p.h"
 
 #include <map>
@@ -61,6 +62,21 @@ public:
         });
     }
 
+    /// Calls visit(node, row, column) for each cell of the range, until it returns false. Of two rows of one number the first counts.
+    template <typename Visit>
+    void ForEachCellIn(const CellRange &range, const Visit &visit)
+    {
+        const std::map<int, pugi::xml_node> &rows = TheIndex().rows;
+        for (auto row = rows.lower_bound(range.firstRow); row != rows.end() && row->first <= range.lastRow; ++row) {
+            int column = 0;
+            for (pugi::xml_node cell = ChildOf(row->second, "c"); cell; cell = NextOfItsName(cell)) {
+                column = ColumnOfCell(cell, column + 1);
+                if (range.Contains(row->first, column) && !visit(cell, row->first, column))
+                    return;
+            }
+        }
+    }
+
     /// To be told after rows, cells or merged cells were put in, taken out or renumbered by hand: they are looked through anew.
     void ForgetRows() { m_index.reset(); }
 
@@ -77,7 +93,7 @@ private:
     {
         std::map<int, pugi::xml_node> rows;
         std::vector<CellRange> merges;
-        std::unordered_map<int, std::vector<std::size_t>> mergesOfRow; ///< from left to right
+        RangeIndex mergeIndex;
         std::vector<std::pair<CellRange, std::string>> columnStyles;
         CellRange dimension;
         pugi::xml_node dimensionNode;

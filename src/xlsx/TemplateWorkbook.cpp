@@ -1,7 +1,7 @@
 #include "xlsx/TemplateWorkbook_p.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <set>
 
 namespace Velmora {
 
@@ -167,7 +167,10 @@ std::vector<std::string> TemplateWorkbook::TablePartsOf(int sheet)
 
 void TemplateWorkbook::ReadTables()
 {
+    std::set<std::string> seen;
     for (int sheet = 0; sheet < SheetCount(); ++sheet) {
+        if (!seen.insert(SheetPartName(sheet)).second)
+            continue;
         for (const std::string &part : TablePartsOf(sheet)) {
             TemplateFault fault;
             XmlPart *table = m_package->Parsed(part, fault);

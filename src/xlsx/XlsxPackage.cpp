@@ -106,6 +106,7 @@ struct XlsxPackage::Private
         std::unique_ptr<XmlPart> parsed;
         TemplateFault fault; ///< of parsing it, found once
         std::unique_ptr<std::vector<Relationship>> relationships;
+        std::map<std::string, std::size_t> relationshipIndex; ///< by id
     };
 
     XlsxArchive archive;
@@ -347,6 +348,9 @@ const std::vector<Relationship> &XlsxPackage::RelationshipsOf(const std::string 
         part->relationships = std::make_unique<std::vector<Relationship>>();
         if (const XmlPart *parsed = Parsed(part->name, fault))
             *part->relationships = d->ReadRelationships(name, *parsed);
+        part->relationshipIndex.clear();
+        for (std::size_t i = 0; i < part->relationships->size(); ++i)
+            part->relationshipIndex.emplace((*part->relationships)[i].id, i);
     }
     return *part->relationships;
 }
@@ -354,8 +358,11 @@ const std::vector<Relationship> &XlsxPackage::RelationshipsOf(const std::string 
 const Relationship *XlsxPackage::FindRelationship(const std::string &part, const std::string &id)
 {
     const std::vector<Relationship> &all = RelationshipsOf(part);
-    const auto found = std::find_if(all.begin(), all.end(), [&id](const Relationship &relationship) { return relationship.id == id; });
-    return found == all.end() ? nullptr : &*found;
+    if (all.empty())
+        return nullptr;
+    const auto &index = d->Find(RelationshipsPartOf(part))->relationshipIndex;
+    const auto found = index.find(id);
+    return found == index.end() ? nullptr : &all[found->second];
 }
 
 TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *type, const std::string &target, std::string &id)

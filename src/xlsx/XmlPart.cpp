@@ -102,6 +102,51 @@ pugi::xml_node NextElement(pugi::xml_node node)
     return node;
 }
 
+// No program writes elements that are deeper, or have more of these; looking one up costs no more than it may, and what is recursive
+// in pugixml ends.
+constexpr int kDeepest = 256;
+constexpr int kMostAttributes = 1000;
+constexpr int kMostChildrenOfCell = 1000;
+
+bool HasManyAttributes(const pugi::xml_node &node)
+{
+    int count = 0;
+    for (pugi::xml_attribute attribute = node.first_attribute(); attribute && count <= kMostAttributes;
+         attribute = attribute.next_attribute())
+        ++count;
+    return count > kMostAttributes;
+}
+
+bool IsOrdinary(const pugi::xml_document &document)
+{
+    int depth = 0;
+    int childrenOfCell = 0;
+    pugi::xml_node node = document.first_child();
+    while (node) {
+        if (node.type() == pugi::node_element) {
+            if (HasManyAttributes(node))
+                return false;
+            const char *name = LocalName(node);
+            if (name[0] == 'c' && name[1] == '\0')
+                childrenOfCell = 0;
+        }
+        if (++childrenOfCell > kMostChildrenOfCell && IsElement(node.parent(), "c"))
+            return false;
+        if (const pugi::xml_node child = node.first_child()) {
+            if (++depth > kDeepest)
+                return false;
+            node = child;
+            continue;
+        }
+        while (!node.next_sibling() && depth > 0) {
+            node = node.parent();
+            --depth;
+        }
+        node = node.next_sibling();
+    }
+    return true;
+}
+
 std::string Printed(const pugi::xml_node &node)
 {
     Writer<std::string> writer;
@@ -219,7 +264,7 @@ bool XmlPart::Parse(const QByteArray &source)
 {
     // All that is there is kept. A text that comes first in its element is no node of its own, which saves a node for each cell.
     constexpr unsigned int kOptions = pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_embed_pcdata;
-    if (!m_document.load_buffer(source.constData(), std::size_t(source.size()), kOptions) || !Root())
+    if (!m_document.load_buffer(source.constData(), std::size_t(source.size()), kOptions) || !Root() || !IsOrdinary(m_document))
         return false;
     // In another encoding than UTF-8, places are not those of the source.
     const std::ptrdiff_t offset = Root().offset_debug();
@@ -231,7 +276,9 @@ bool XmlPart::Parse(const QByteArray &source)
 
 void XmlPart::Changed(const pugi::xml_node &node)
 {
-    if (!m_changedEverywhere)
+    // Many cells of one new row, one after the other, go with the row.
+    const pugi::xml_node last = m_changed.empty() ? pugi::xml_node() : m_changed.back();
+    if (!m_changedEverywhere && (m_changed.empty() || (last != node && last != node.parent())))
         m_changed.push_back(node);
 }
 
@@ -343,7 +390,7 @@ QByteArray XmlPart::Written() const
 {
     if (!IsChanged())
         return m_source;
-    if (m_changedEverywhere || !m_keepsPlaces)
+    if (m_changedEverywhere || !m_keepsPlaces || !IsInSource(Root()))
         return WrittenAnew();
     QByteArray written;
     written.reserve(m_source.size() + m_source.size() / 16);

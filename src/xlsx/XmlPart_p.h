@@ -50,7 +50,8 @@ public:
     XmlPart(const XmlPart &) = delete;
     XmlPart &operator=(const XmlPart &) = delete;
 
-    /// False if it is not well-formed.
+    /// False if it is not well-formed, or so odd that no program wrote it: deeper than 256 elements, an element of more than 1,000
+    /// attributes, a cell of more than 1,000 elements.
     bool Parse(const QByteArray &source);
     pugi::xml_document &Document() { return m_document; }
     /// The element that holds all others.

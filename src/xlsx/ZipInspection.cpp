@@ -40,7 +40,7 @@ quint32 U32(const QByteArray &bytes, int offset)
 
 QByteArray ReadAt(QIODevice &device, qint64 offset, qint64 size)
 {
-    if (offset < 0 || !device.seek(offset))
+    if (offset < 0 || offset > device.size() || !device.seek(offset)) // a buffer warns of what is beyond its end
         return QByteArray();
     QByteArray bytes = device.read(size);
     return bytes.size() == size ? bytes : QByteArray();

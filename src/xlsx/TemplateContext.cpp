@@ -58,6 +58,14 @@ void TemplateContext::ForgetRows(int sheet)
         parsed->ForgetRows();
     m_formulas.erase(sheet);
     ForgetLists(sheet);
+    m_pictures.reset(); // some go with their rows
+}
+
+PictureIndex &TemplateContext::Pictures()
+{
+    if (!m_pictures)
+        m_pictures = std::make_unique<PictureIndex>(package, workbook);
+    return *m_pictures;
 }
 
 CellLists *TemplateContext::ListsOf(int index)

@@ -4,6 +4,7 @@
 #include "xlsx/CellLists_p.h"
 #include "xlsx/CellValue_p.h"
 #include "xlsx/ListEntries_p.h"
+#include "xlsx/PictureIndex_p.h"
 #include "xlsx/SharedStrings_p.h"
 #include "xlsx/TemplateStyles_p.h"
 #include "xlsx/TemplateWorkbook_p.h"
@@ -44,6 +45,8 @@ public:
     /// To be told after a list was changed.
     void ForgetLists(int sheet);
 
+    PictureIndex &Pictures();
+
     // Each change is asked for first and done then, so that nothing is changed if one of many cannot be.
 
     /// Why that cell cannot be changed even to be emptied: it is one of several of an array formula or a data table.
@@ -67,7 +70,8 @@ private:
 
     std::map<int, std::unique_ptr<CellFormulas>> m_formulas; ///< by sheet
     std::map<int, std::unique_ptr<CellLists>> m_lists;       ///< by sheet
-    std::unique_ptr<ListEntries> m_entries;                  ///< those asked for last
+    std::unique_ptr<PictureIndex> m_pictures;
+    std::unique_ptr<ListEntries> m_entries; ///< those asked for last
 };
 
 } // namespace Velmora

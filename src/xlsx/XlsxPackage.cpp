@@ -388,7 +388,7 @@ TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *
     SetAttribute(node, "Type", (std::string(kOfficeRelationships) + type).c_str());
     SetAttribute(node, "Target", TargetOf(name, target).c_str());
     part->Changed(node);
-    d->Find(partName)->relationships.reset();
+    d->Find(partName)->relationships->push_back({id, type, target, false});
     return {};
 }
 
@@ -399,13 +399,34 @@ TemplateFault XlsxPackage::RemoveRelationship(const std::string &name, const std
     if (!part)
         return fault;
     for (pugi::xml_node node = ChildOf(part->Root(), "Relationship"); node; node = NextOfItsName(node)) {
-        if (id == AttributeOf(node, "Id").value()) {
-            part->Remove(node);
-            break;
+        if (id != AttributeOf(node, "Id").value())
+            continue;
+        part->Remove(node);
+        if (auto &known = d->Find(RelationshipsPartOf(name))->relationships)
+            known->erase(std::find_if(known->begin(), known->end(), [&id](const Relationship &one) { return one.id == id; }));
+        break;
+    }
+    return {};
+}
+
+bool XlsxPackage::IsTarget(const std::string &name)
+{
+    const std::string wanted = Folded(name);
+    for (auto &[key, part] : d->parts) {
+        const std::size_t folder = key.rfind("_rels/");
+        const std::size_t ending = key.size() < 5 ? 0 : key.size() - 5;
+        if (folder == std::string::npos || key.compare(ending, 5, ".rels") != 0)
+            continue;
+        TemplateFault fault;
+        if (!Parsed(part.name, fault))
+            return true;
+        const std::string source = part.name.substr(0, folder) + part.name.substr(folder + 6, ending - folder - 6);
+        for (const Relationship &relationship : RelationshipsOf(source)) {
+            if (!relationship.isExternal && Folded(relationship.target) == wanted)
+                return true;
         }
     }
-    d->Find(RelationshipsPartOf(name))->relationships.reset();
-    return {};
+    return false;
 }
 
 TemplateFault XlsxPackage::Write(QByteArray &bytes)

@@ -56,6 +56,8 @@ public:
     /// A new one, of the type whose last segment is \a type; its id.
     TemplateFault AddRelationship(const std::string &part, const char *type, const std::string &target, std::string &id);
     TemplateFault RemoveRelationship(const std::string &part, const std::string &id);
+    /// True if a relationship of any part leads to \a part, or might, in a part of relationships that cannot be read.
+    bool IsTarget(const std::string &part);
 
     /// The package's bytes. Parts that did not change are copied as they are, compressed.
     TemplateFault Write(QByteArray &bytes);

@@ -157,7 +157,10 @@ public:
     /// entries are compared as they stand, those from cells whatever their case. A list whose entries cannot be told, as those of a
     /// formula or of cells that are empty, takes any value.
     void setValuesOutsideListsAllowed(bool allowed);
-    /// Puts another image (PNG, JPEG, GIF, BMP, TIFF) in place of every picture of that name.
+    /// Puts another image in place of every picture of that name, in its frame: PNG, JPEG, GIF, BMP, TIFF, EMF or placeable WMF, known by
+    /// what it holds. The frame stays where it is and as large; what was cut off the former image is not cut off the new one, and
+    /// its SVG twin goes with it. So does the former image itself, unless something else shows it. A frame whose proportions cannot
+    /// be told is filled. Refused are pictures that are linked to a file, and SVG, which a workbook holds only as a twin.
     bool setPicture(const QString &name, const QString &file, PictureFit fit = PictureFit::Fit);
     bool setPicture(const QString &name, const QByteArray &image, PictureFit fit = PictureFit::Fit);
     /// Empties all cells of \a name; formats stay.

@@ -107,6 +107,13 @@ struct XlsxPackage::Private
         TemplateFault fault; ///< of parsing it, found once
         std::unique_ptr<std::vector<Relationship>> relationships;
         std::map<std::string, std::size_t> relationshipIndex; ///< by id
+
+        void IndexRelationships()
+        {
+            relationshipIndex.clear();
+            for (std::size_t i = 0; i < relationships->size(); ++i)
+                relationshipIndex.emplace((*relationships)[i].id, i);
+        }
     };
 
     XlsxArchive archive;
@@ -348,9 +355,7 @@ const std::vector<Relationship> &XlsxPackage::RelationshipsOf(const std::string 
         part->relationships = std::make_unique<std::vector<Relationship>>();
         if (const XmlPart *parsed = Parsed(part->name, fault))
             *part->relationships = d->ReadRelationships(name, *parsed);
-        part->relationshipIndex.clear();
-        for (std::size_t i = 0; i < part->relationships->size(); ++i)
-            part->relationshipIndex.emplace((*part->relationships)[i].id, i);
+        part->IndexRelationships();
     }
     return *part->relationships;
 }
@@ -388,7 +393,9 @@ TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *
     SetAttribute(node, "Type", (std::string(kOfficeRelationships) + type).c_str());
     SetAttribute(node, "Target", TargetOf(name, target).c_str());
     part->Changed(node);
-    d->Find(partName)->relationships->push_back({id, type, target, false});
+    Private::Part &found = *d->Find(partName);
+    found.relationshipIndex.emplace(id, found.relationships->size());
+    found.relationships->push_back({id, type, target, false});
     return {};
 }
 
@@ -402,8 +409,11 @@ TemplateFault XlsxPackage::RemoveRelationship(const std::string &name, const std
         if (id != AttributeOf(node, "Id").value())
             continue;
         part->Remove(node);
-        if (auto &known = d->Find(RelationshipsPartOf(name))->relationships)
+        Private::Part &found = *d->Find(RelationshipsPartOf(name));
+        if (auto &known = found.relationships) {
             known->erase(std::find_if(known->begin(), known->end(), [&id](const Relationship &one) { return one.id == id; }));
+            found.IndexRelationships();
+        }
         break;
     }
     return {};

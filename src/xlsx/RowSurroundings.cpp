@@ -238,11 +238,11 @@ TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundi
 {
     surroundings.sheet = sheet;
     for (int i = 0; i < context.workbook.SheetCount(); ++i) {
-        QByteArray bytes;
-        TemplateFault fault = context.package.Bytes(context.workbook.SheetPartName(i), bytes);
+        TemplateFault fault;
+        const XmlPart *part = context.package.ParsedIf(context.workbook.SheetPartName(i), MayReferToCells, fault);
         if (fault)
             return fault;
-        if (i == sheet || MayReferToCells(bytes)) {
+        if (i == sheet || (part && IsElement(part->Root(), "worksheet"))) { // a chart may be a sheet, too
             TemplateSheet *parsed = context.workbook.Sheet(i, fault);
             if (!parsed)
                 return fault;

@@ -32,11 +32,12 @@ void AddNames(const TemplateWorkbook &workbook, FormulaDependencies &dependencie
 TemplateFault AddFormulas(TemplateContext &context, FormulaDependencies &dependencies, std::vector<PlacedFormula> &formulas)
 {
     for (int i = 0; i < context.workbook.SheetCount(); ++i) {
-        QByteArray bytes;
-        TemplateFault fault = context.package.Bytes(context.workbook.SheetPartName(i), bytes);
+        TemplateFault fault;
+        const XmlPart *part = context.package.ParsedIf(context.workbook.SheetPartName(i), MayHaveFormulas, fault);
         if (fault)
             return fault;
-        if (!MayHaveFormulas(bytes))
+        // A formula that was put in since has no result, and is itself among what changed.
+        if (!part || !IsElement(part->Root(), "worksheet") || (!part->Source().isNull() && !MayHaveFormulas(part->Source())))
             continue;
         const TemplateSheet *sheet = context.workbook.Sheet(i, fault);
         if (!sheet)

@@ -128,7 +128,8 @@ struct XlsxPackage::Private
         const auto found = parts.find(Folded(name));
         return found == parts.end() ? nullptr : &found->second;
     }
-    TemplateFault Parse(Part &part)
+    /// Leaves the part as it is if \a isWanted says so.
+    TemplateFault Parse(Part &part, bool (*isWanted)(const QByteArray &bytes))
     {
         QByteArray bytes = part.bytes;
         if (!part.isSet) {
@@ -138,6 +139,8 @@ struct XlsxPackage::Private
             if (!archive.Read(part.entry, bytes))
                 return Damaged(part.name);
         }
+        if (isWanted && !isWanted(bytes))
+            return {};
         if (!budget.TakePart(bytes.constData(), bytes.size()))
             return TooLarge(part.name);
         auto parsed = std::make_unique<XmlPart>();
@@ -218,13 +221,18 @@ TemplateFault XlsxPackage::Bytes(const std::string &name, QByteArray &bytes) con
 
 XmlPart *XlsxPackage::Parsed(const std::string &name, TemplateFault &fault)
 {
+    return ParsedIf(name, nullptr, fault);
+}
+
+XmlPart *XlsxPackage::ParsedIf(const std::string &name, bool (*isWanted)(const QByteArray &bytes), TemplateFault &fault)
+{
     Private::Part *part = d->Find(name);
     if (!part) {
         fault = Missing(name);
         return nullptr;
     }
     if (!part->parsed && !part->fault)
-        part->fault = d->Parse(*part);
+        part->fault = d->Parse(*part, isWanted);
     if (part->fault)
         fault = part->fault;
     return part->parsed.get();

@@ -36,6 +36,8 @@ public:
     TemplateFault Bytes(const std::string &part, QByteArray &bytes) const;
     /// The parsed part, or null with a fault. The pointer is good for the package's life, or until the part is removed.
     XmlPart *Parsed(const std::string &part, TemplateFault &fault);
+    /// The same, but one that is not parsed yet only if \a isWanted says so of its bytes; else null without a fault.
+    XmlPart *ParsedIf(const std::string &part, bool (*isWanted)(const QByteArray &bytes), TemplateFault &fault);
     /// A new part, or new bytes for one that is not parsed.
     void SetBytes(const std::string &part, const QByteArray &bytes);
     /// Takes a part out, with its relationships and its content type. Relationships to it are the caller's.

@@ -53,6 +53,8 @@ public:
     /// False if it is not well-formed, or so odd that no program wrote it: deeper than 256 elements, an element of more than 1,000
     /// attributes, a cell of more than 1,000 elements.
     bool Parse(const QByteArray &source);
+    /// What it was parsed of; null once much has changed.
+    const QByteArray &Source() const { return m_source; }
     pugi::xml_document &Document() { return m_document; }
     /// The element that holds all others.
     pugi::xml_node Root() const { return m_document.document_element(); }

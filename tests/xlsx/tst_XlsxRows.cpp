@@ -606,6 +606,21 @@ private Q_SLOTS:
         QCOMPARE(moved.mid(moved.indexOf("<c:chart")), chart("Sheet1!$A$5", "Sheet1!$A$5:$A$7", "Sheet1!$D$5:$D$7"));
     }
 
+    void a_chart_that_is_a_sheet_shows_all_rows()
+    {
+        Template book = Invoice();
+        book.parts["xl/workbook.xml"].replace("</sheets>", "<sheet name=\"Chart\" sheetId=\"9\" r:id=\"rId9\"/></sheets>");
+        Relate(book, "xl/_rels/workbook.xml.rels", Relationship("rId9", "chartsheet", "chartsheets/sheet1.xml"));
+        AddPart(book, "xl/chartsheets/sheet1.xml", "application/chartsheet+xml", "<chartsheet location=\"here\"><f/></chartsheet>");
+        Relate(book, "xl/chartsheets/_rels/sheet1.xml.rels", Relationship("rId1", "drawing", "../drawings/drawing9.xml"));
+        AddPart(book, "xl/drawings/drawing9.xml", "application/drawing+xml", "<wsDr/>");
+        Relate(book, "xl/drawings/_rels/drawing9.xml.rels", Relationship("rId1", "chart", "../charts/chart9.xml"));
+        AddPart(book, "xl/charts/chart9.xml", "application/chart+xml", "<chart><val><numRef><f>Sheet1!$D$5</f></numRef></val></chart>");
+        const Parts parts = Repeated(book, Entries(3));
+        QVERIFY2(parts.value("xl/charts/chart9.xml").endsWith("<f>Sheet1!$D$5:$D$7</f></numRef></val></chart>"), parts.value("error"));
+        QCOMPARE(parts.value("xl/drawings/drawing9.xml"), book.parts.value("xl/drawings/drawing9.xml"));
+    }
+
     void comments_move_with_their_frames()
     {
         const auto comments = [](const QList<QByteArray> &cells) {

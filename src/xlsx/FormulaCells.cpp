@@ -2,6 +2,7 @@
 
 #include "xlsx/Formula_p.h"
 
+#include <algorithm>
 #include <cstring>
 #include <unordered_map>
 #include <utility>
@@ -11,7 +12,8 @@ namespace Velmora {
 
 namespace {
 
-constexpr std::size_t kMostTranslatedBytes = std::size_t(256) * 1024 * 1024; // of the shared formulas of a sheet
+constexpr std::size_t kMostSharedBytes = std::size_t(64) * 1024;            // programs write up to 8,192 characters
+constexpr std::size_t kMostTranslatedBytes = std::size_t(64) * 1024 * 1024; // of all cells of a sheet with shared formulas
 
 struct SharedFormula
 {
@@ -61,7 +63,7 @@ void ForEachFormula(const TemplateSheet &sheet, const std::function<void(Formula
     std::size_t bytesLeft = kMostTranslatedBytes;
     for (FormulaCell &cell : sharing) {
         const auto found = shared.find(cell.shared);
-        cell.isLost = found == shared.end() || found->second.text.size() > bytesLeft;
+        cell.isLost = found == shared.end() || found->second.text.size() > std::min(kMostSharedBytes, bytesLeft);
         if (!cell.isLost) {
             const SharedFormula &formula = found->second;
             bytesLeft -= formula.text.size();

@@ -19,7 +19,7 @@ struct FormulaCell
     std::string shared; ///< the number of a shared formula, or empty
     bool isArray = false;
     bool isDataTable = false;
-    bool isLost = false; ///< the shared formula is nowhere, or all of them together are too long to be read
+    bool isLost = false; ///< the shared formula is nowhere, or it is too long, or all together are
 };
 
 /// Calls \a visit for each formula of a sheet: those that only name a shared formula come last.

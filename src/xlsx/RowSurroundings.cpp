@@ -154,21 +154,31 @@ TemplateFault ObstacleOfMerges(TemplateContext &context, int index, TemplateShee
     return {};
 }
 
-TemplateFault ObstacleOfFormulas(TemplateContext &context, int index, const TemplateSheet &sheet, const RowMove &move)
+QString WhyFormulaIsFixed(const FormulaCell &formula, bool isMoved, const RowMove &move)
+{
+    if (formula.isLost)
+        return QCoreApplication::translate("XlsxTemplate",
+                                           "The formula in %1 is shared with another cell, and missing there, or too long.");
+    if (!isMoved || !IsConcerned(formula.cells, move))
+        return {};
+    if (formula.isDataTable)
+        return QCoreApplication::translate("XlsxTemplate", "The data table %1 reaches over the row that is to be repeated.");
+    if (formula.isArray && formula.cells.RowCount() > 1)
+        return QCoreApplication::translate("XlsxTemplate", "The array formula in %1 reaches over the row that is to be repeated.");
+    return {};
+}
+
+TemplateFault ObstacleOfFormulas(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move)
 {
     TemplateFault fault;
-    ForEachFormula(sheet, [&](const FormulaCell &formula) {
-        const bool isFixed = formula.isDataTable || (formula.isArray && formula.cells.RowCount() > 1);
-        if (!fault && isFixed && IsConcerned(formula.cells, move)) {
-            const QString place = context.TextOf({index, formula.cells});
-            fault = Obstacle(
-                formula.isDataTable
-                    ? QCoreApplication::translate("XlsxTemplate", "The data table %1 reaches over the row that is to be repeated.")
-                          .arg(place)
-                    : QCoreApplication::translate("XlsxTemplate", "The array formula in %1 reaches over the row that is to be repeated.")
-                          .arg(place));
-        }
-    });
+    for (const auto &entry : surroundings.sheets) {
+        const int index = entry.first;
+        ForEachFormula(*entry.second, [&](const FormulaCell &formula) {
+            const QString reason = fault ? QString() : WhyFormulaIsFixed(formula, index == surroundings.sheet, move);
+            if (!reason.isEmpty())
+                fault = Obstacle(reason.arg(context.TextOf({index, formula.cells})));
+        });
+    }
     return fault;
 }
 
@@ -267,7 +277,7 @@ TemplateFault FindObstacle(TemplateContext &context, const RowSurroundings &surr
         return fault;
     if ((fault = ObstacleOfMerges(context, surroundings.sheet, sheet, move, filled)))
         return fault;
-    if ((fault = ObstacleOfFormulas(context, surroundings.sheet, sheet, move)))
+    if ((fault = ObstacleOfFormulas(context, surroundings, move)))
         return fault;
     if ((fault = ObstacleOfTables(context, surroundings, move, filled, repeated)))
         return fault;

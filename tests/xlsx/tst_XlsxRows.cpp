@@ -681,6 +681,16 @@ private Q_SLOTS:
         QCOMPARE(array("dataTable", "F5:G5"), QStringLiteral("The data table Sheet1!F5:G5 reaches over the row that is to be repeated."));
         QCOMPARE(array("array", "F5:G5"), QStringLiteral("done"));
 
+        const auto shared = [](const QByteArray &text) {
+            return Refusal(Invoice("<row r=\"5\"><c r=\"F5\"><f t=\"shared\" si=\"0\">" + text
+                                   + "</f></c></row><row r=\"6\"><c r=\"F6\"><f "
+                                     "t=\"shared\" si=\"0\"/></c></row>"));
+        };
+        const QString reason = QStringLiteral("The formula in Sheet1!F6 is shared with another cell, and missing there, or too long.");
+        QCOMPARE(shared("1"), QStringLiteral("done"));
+        QCOMPARE(shared(QByteArray(70000, '1')), reason);
+        QCOMPARE(shared(""), QString(reason).replace(QStringLiteral("F6"), QStringLiteral("F5")));
+
         const auto merge = [](const QByteArray &ref) {
             return Refusal(Invoice(kInvoice, "<mergeCells count=\"1\"><mergeCell ref=\"" + ref + "\"/></mergeCells>"));
         };

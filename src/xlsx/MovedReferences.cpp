@@ -334,7 +334,7 @@ bool MoveRanges(const pugi::xml_node &root, const RowMove &move)
             isMoved = MoveRangeElement(element, move);
         else if (name == "brk")
             isMoved = MoveBreak(element, move);
-        else if (IsOneOf(name, {"from", "to"}))
+        else if (IsOneOf(name, {"from", "to"}) && AttributeOf(element.parent(), "moveWithCells").as_bool()) // of a control
             isMoved = MoveAnchorRow(element, move);
         else
             TidyUp(element, isChanged);

@@ -426,6 +426,12 @@ private Q_SLOTS:
                        "id=\"10\"/></rowBreaks><colBreaks count=\"1\"><brk id=\"8\"/></colBreaks>"));
         QCOMPARE(Behind("<ignoredErrors><ignoredError sqref=\"B5 B8\" numberStoredAsText=\"1\"/></ignoredErrors>", 3),
                  QByteArray("<ignoredErrors><ignoredError sqref=\"B5:B7 B10\" numberStoredAsText=\"1\"/></ignoredErrors>"));
+        const auto control = [](const QByteArray &moves, const QByteArray &cell, int row) {
+            return "<controls><control><controlPr linkedCell=\"" + cell + "\"><anchor" + moves + "><from><row>" + QByteArray::number(row)
+                + "</row></from></anchor></controlPr></control></controls>";
+        };
+        QCOMPARE(Behind(control(" moveWithCells=\"1\"", "$D$8", 7), 3), control(" moveWithCells=\"1\"", "$D$10", 9));
+        QCOMPARE(Behind(control("", "$D$8", 7), 3), control("", "$D$10", 7));
         QCOMPARE(Behind("<protectedRanges><protectedRange name=\"p\" sqref=\"A5:C5\"/></protectedRanges>", 0), QByteArray());
         Template book = Invoice();
         book.parts[kSheet1].replace("<sheetData>",

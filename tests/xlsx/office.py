@@ -5,11 +5,12 @@ office.py openpyxl OUTPUT IMAGE       a template of openpyxl's, with IMAGE (PNG)
 office.py libreoffice OUTPUT IMAGE    a template of LibreOffice's, with IMAGE (PNG) as the picture named logo
 office.py invoice-openpyxl OUTPUT     an invoice of openpyxl's: a row of items, totals, a chart, a second sheet with sums
 office.py invoice-libreoffice OUTPUT  the same of LibreOffice's, with its results
-office.py look FILE                   what openpyxl reads in it, as JSON
-office.py csv FILE                    the first sheet as LibreOffice exports it
-office.py sheets FILE                 all sheets so, one after the other
-office.py text FILE                   the text of LibreOffice's PDF of it, a line of words to a line
-office.py images FILE                 the sizes of the pictures in LibreOffice's PDF of it, one to a line
+office.py look FILE                    what openpyxl reads in it, as JSON
+office.py csv FILE                     the first sheet as LibreOffice exports it
+office.py sheets FILE                  all sheets so, one after the other
+office.py text FILE                    the text of LibreOffice's PDF of it, a line of words to a line
+office.py page FILE OUTPUT             the first page of LibreOffice's PDF of it, as an image (PNG)
+office.py images FILE                  the sizes of the pictures in LibreOffice's PDF of it, one to a line
 """
 import base64
 import glob
@@ -232,6 +233,9 @@ def main():
                     print(made.read(), end="")
             elif command == "sheets":
                 all_sheets(arguments[0], folder)
+            elif command == "page":
+                page = os.path.splitext(arguments[1])[0] # pdftoppm adds the extension
+                subprocess.run(["pdftoppm", "-r", "150", "-png", "-singlefile", convert(arguments[0], "pdf", folder), page], check=True)
             elif command == "text":
                 made = convert(arguments[0], "pdf", folder)
                 text = subprocess.run(["pdftotext", "-layout", made, "-"], capture_output=True, text=True, check=True).stdout

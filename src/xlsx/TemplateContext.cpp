@@ -137,6 +137,13 @@ TemplateFault TemplateContext::FaultOfGroup(int sheet, int row, int column)
 {
     TemplateFault fault;
     TemplateSheet *parsed = workbook.Sheet(sheet, fault);
+    // A table says its headers too, in its own part and in formulas; programs refuse a workbook in which they differ.
+    if (const TemplateName *table = workbook.TableHeadedBy(sheet, row, column)) {
+        return At(sheet, row, column,
+                  {Error::ObstacleError,
+                   QCoreApplication::translate("XlsxTemplate", "It is the header of a column of the table %1.")
+                       .arg(QString::fromStdString(table->display))});
+    }
     const CellRange *group = parsed ? FormulasOf(sheet, *parsed).GroupAt(row, column) : nullptr;
     if (!group)
         return fault;

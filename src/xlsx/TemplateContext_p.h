@@ -49,7 +49,8 @@ public:
 
     // Each change is asked for first and done then, so that nothing is changed if one of many cannot be.
 
-    /// Why that cell cannot be changed even to be emptied: it is one of several of an array formula or a data table.
+    /// Why that cell cannot be changed even to be emptied: it is the header of a table's column, or one of several of an
+    /// array formula or a data table.
     TemplateFault FaultOfGroup(int sheet, int row, int column);
     /// Why nothing can be put there: FaultOfGroup(), or another cell is merged over it.
     TemplateFault FaultOfCell(int sheet, int row, int column);

@@ -122,6 +122,7 @@ void TemplateWorkbook::ForgetNames()
         m_sheetIndex.emplace(Folded(SheetName(sheet)), sheet);
     m_names.clear();
     m_nameIndex.clear();
+    m_headers.clear();
     ReadNames();
     ReadTables();
 }
@@ -178,8 +179,8 @@ void TemplateWorkbook::ReadTables()
             if (!range)
                 continue;
             CellRange rows = *range;
-            rows.firstRow += AttributeOf(table->Root(), "headerRowCount").as_int(1);
-            rows.lastRow -= AttributeOf(table->Root(), "totalsRowCount").as_int(0);
+            rows.firstRow += std::clamp(AttributeOf(table->Root(), "headerRowCount").as_int(1), 0, kLastRow);
+            rows.lastRow -= std::clamp(AttributeOf(table->Root(), "totalsRowCount").as_int(0), 0, kLastRow);
             TemplateName name;
             name.name = name.display = AttributeOf(table->Root(), "displayName").value();
             name.node = table->Root();
@@ -188,16 +189,34 @@ void TemplateWorkbook::ReadTables()
                 name.places.push_back({sheet, rows});
             else
                 name.leadsNowhere = true;
-            if (!name.name.empty())
-                AddName(std::move(name));
+            if (name.name.empty() || !AddName(std::move(name)))
+                continue;
+            if (rows.firstRow > range->firstRow) {
+                const CellRange header{range->firstRow, range->firstRow, range->firstColumn, range->lastColumn};
+                m_headers[sheet].Add(header, int(m_names.size()) - 1);
+            }
         }
     }
+    for (auto &[sheet, headers] : m_headers)
+        headers.Build();
 }
 
-void TemplateWorkbook::AddName(TemplateName name)
+const TemplateName *TemplateWorkbook::TableHeadedBy(int sheet, int row, int column) const
 {
-    if (m_nameIndex.emplace(Folded(name.display), m_names.size()).second)
+    const auto headers = m_headers.find(sheet);
+    const TemplateName *table = nullptr;
+    if (headers != m_headers.end()) {
+        headers->second.ForEachMeeting({row, row, column, column}, [&](int owner) { table = &m_names[std::size_t(owner)]; });
+    }
+    return table;
+}
+
+bool TemplateWorkbook::AddName(TemplateName name)
+{
+    const bool isNew = m_nameIndex.emplace(Folded(name.display), m_names.size()).second;
+    if (isNew)
         m_names.push_back(std::move(name));
+    return isNew;
 }
 
 const TemplateName *TemplateWorkbook::FindName(const std::string &display) const

@@ -56,6 +56,8 @@ public:
     const std::vector<TemplateName> &Names() const { return m_names; }
     /// By its display name, whatever its case; null if there is none.
     const TemplateName *FindName(const std::string &display) const;
+    /// The table of which that cell is the header of a column; null if it is none.
+    const TemplateName *TableHeadedBy(int sheet, int row, int column) const;
     /// Reads names and tables anew, after their references were changed.
     void ForgetNames();
     /// The parts of tables of a sheet.
@@ -77,7 +79,7 @@ private:
     void ReadSheets();
     void ReadNames();
     void ReadTables();
-    void AddName(TemplateName name);
+    bool AddName(TemplateName name);
 
     XlsxPackage *m_package = nullptr;
     std::string m_partName;
@@ -86,6 +88,7 @@ private:
     std::vector<SheetEntry> m_sheets;
     std::map<std::string, int> m_sheetIndex; ///< by folded name
     std::vector<TemplateName> m_names;
+    std::map<int, RangeIndex> m_headers;            ///< of the tables of each sheet; their owners are names
     std::map<std::string, std::size_t> m_nameIndex; ///< by folded display name
 };
 

@@ -45,7 +45,7 @@ public:
         Cell,     ///< one cell
         Range,    ///< cells in one rectangle, or the data rows of a table
         Places,   ///< cells or rectangles in several places, maybe on several sheets, which take one value
-        List,     ///< one cell, or more of them, whose value is picked from a list
+        List,     ///< one cell, or several that have one list, whose value is picked from it
         Picture,  ///< a picture in a sheet
         Unusable, ///< something that cannot be set: unusableReason()
     };
@@ -126,8 +126,8 @@ public:
     /// text is a text, whatever it begins with, with its blanks and line ends; characters that XML has no room for are escaped as
     /// office programs escape them (_x0007_). A QByteArray is UTF-8.
     ///
-    /// Refused is a value that is not in the cell's list (setValuesOutsideListsAllowed()), a cell of an array formula over several
-    /// cells or of a data table, and a cell within a merged one that its first does not belong to.
+    /// Refused is a value that is not in the cell's list (setValuesOutsideListsAllowed()), and a cell that cannot change by itself: one of
+    /// an array formula over several cells or of a data table, the header of a table's column, one that others are merged over.
     bool setValue(const QString &name, const QVariant &value);
     /// Puts a formula into every cell of \a name, with or without a leading equals sign, in English and with commas as in the file.
     /// It is the same text in each of them, has no result yet, and is not checked.

@@ -710,7 +710,8 @@ private Q_SLOTS:
             return Refusal(book);
         };
         QCOMPARE(table("F4:G9"), QStringLiteral("The table Beside (Sheet1!F4:G9) stands across the row that is to be repeated."));
-        QCOMPARE(table("A5:D9"), QStringLiteral("The table Beside (Sheet1!A5:D9) stands across the row that is to be repeated."));
+        QCOMPARE(table("F5:G9"), QStringLiteral("The table Beside (Sheet1!F5:G9) stands across the row that is to be repeated."));
+        QCOMPARE(table("A5:D9"), QStringLiteral("Row 1: Sheet1!A5: It is the header of a column of the table Beside."));
         QCOMPARE(table("F6:G9"), QStringLiteral("done"));
     }
 

@@ -314,6 +314,16 @@ private Q_SLOTS:
         QCOMPARE(m_workbook.value("Items"), QVariant(QVariantList{QVariant(QVariantList{1LL, 2LL})}));
         VERIFY_DONE(m_workbook, setValues("Items", {Row({4, 5})}));
         QVERIFY(Data().contains("<c r=\"A2\"><v>4</v></c><c r=\"B2\"><v>5</v></c>"));
+        // Its headers are not for filling in.
+        source.Name("Header", "Sheet1!$B$1").Name("Both", "Sheet1!$B$1:$B$2");
+        QVERIFY(Load(source));
+        for (const char *name : {"Header", "Both"}) {
+            QVERIFY(!m_workbook.setValue(Q(name), "x"));
+            QVERIFY(!m_workbook.clear(Q(name)));
+            QCOMPARE(m_workbook.error(), Error::ObstacleError);
+            QVERIFY2(m_workbook.errorString().startsWith("Sheet1!B1: ") && m_workbook.errorString().contains("Items"),
+                     qPrintable(m_workbook.errorString()));
+        }
     }
 
     void a_shared_formula_passes_on_when_its_cell_gets_a_value()

@@ -177,6 +177,16 @@ QString WhyUnusable(const TemplateName &name)
         : QCoreApplication::translate("XlsxTemplate", "The name leads to a sheet that there is not, or that has no cells.");
 }
 
+QString ReferenceOfName(TemplateContext &context, const TemplateName &name)
+{
+    if (!name.IsTable())
+        return QString::fromStdString(OwnText(name.node));
+    if (name.places.empty())
+        return {};
+    const Place &place = name.places.front();
+    return QString::fromStdString(QuotedSheetName(context.workbook.SheetName(place.sheet)) + '!' + AbsoluteRangeText(place.range));
+}
+
 bool HasFormula(TemplateContext &context, const TemplateName &name)
 {
     bool hasFormula = false;

@@ -16,6 +16,8 @@ namespace Velmora {
 XlsxTemplate::Kind KindOfName(TemplateContext &context, const TemplateName &name);
 /// Why nothing can be put there, for a user; else empty.
 QString WhyUnusable(const TemplateName &name);
+/// Where the name leads, as formulas have it.
+QString ReferenceOfName(TemplateContext &context, const TemplateName &name);
 bool HasFormula(TemplateContext &context, const TemplateName &name);
 /// The value of the first cell, or the rows of a range.
 QVariant ValueOfName(TemplateContext &context, const TemplateName &name);

@@ -198,6 +198,12 @@ QString XlsxTemplate::unusableReason(const QString &name) const
     return d->context && HasPicture(*d->context, name) ? WhyPictureIsUnusable(*d->context, name) : QString();
 }
 
+QString XlsxTemplate::reference(const QString &name) const
+{
+    const TemplateName *found = d->Find(name);
+    return found ? ReferenceOfName(*d->context, *found) : QString();
+}
+
 QVariant XlsxTemplate::value(const QString &name) const
 {
     if (const TemplateName *found = d->Find(name))

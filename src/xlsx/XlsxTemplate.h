@@ -104,6 +104,9 @@ public:
     bool hasFormula(const QString &name) const;
     /// Why the name is Kind::Unusable, for a user to read; else empty.
     QString unusableReason(const QString &name) const;
+    /// Where it stands: the reference of a defined name as the workbook has it, also of one that is Kind::Unusable; the data rows of a
+    /// table, Sheet1!$A$2:$C$9.
+    QString reference(const QString &name) const;
     /// What the name holds, or an invalid QVariant for nothing.
     ///
     /// A cell: bool, qlonglong, double, QString; QDate, QTime or QDateTime where its number format shows one; an error as its text,

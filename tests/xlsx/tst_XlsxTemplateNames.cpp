@@ -104,6 +104,15 @@ private Q_SLOTS:
         }
     }
 
+    void a_name_tells_where_it_stands()
+    {
+        QVERIFY(Load(Names()));
+        QCOMPARE(m_workbook.reference("Range"), Q("Sheet1!$A$2:$B$9"));
+        QCOMPARE(m_workbook.reference("places"), Q("Sheet1!$A$3,'It''s Dave''s & Co'!$A$1:$B$1"));
+        QCOMPARE(m_workbook.reference("Broken"), Q("Sheet1!#REF!"));
+        QCOMPARE(m_workbook.reference("Unknown"), QString());
+    }
+
     void names_are_listed_in_the_workbooks_order()
     {
         QVERIFY(Load(Names()));

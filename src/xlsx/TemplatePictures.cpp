@@ -127,6 +127,24 @@ QString WhyPictureIsUnusable(TemplateContext &context, const QString &name)
     return {};
 }
 
+QString PictureReference(TemplateContext &context, const QString &name)
+{
+    std::string references;
+    for (const FoundPicture &picture : context.Pictures().Find(name)) {
+        pugi::xml_node anchor = picture.node;
+        while (anchor && !ChildOf(anchor, "from"))
+            anchor = anchor.parent();
+        const pugi::xml_node from = ChildOf(anchor, "from");
+        const int row = ChildOf(from, "row").text().as_int(-1) + 1;
+        const int column = ChildOf(from, "col").text().as_int(-1) + 1;
+        if (row < 1 || row > kLastRow || column < 1 || column > kLastColumn)
+            continue;
+        references += (references.empty() ? "" : ",") + QuotedSheetName(context.workbook.SheetName(picture.sheet)) + '!'
+            + AbsoluteRangeText({row, row, column, column});
+    }
+    return QString::fromStdString(references);
+}
+
 QByteArray PictureImage(TemplateContext &context, const QString &name)
 {
     const std::vector<FoundPicture> &pictures = context.Pictures().Find(name);

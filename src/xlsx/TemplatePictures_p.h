@@ -13,6 +13,8 @@ QStringList PictureNames(TemplateContext &context);
 bool HasPicture(TemplateContext &context, const QString &name);
 /// Why the picture cannot be replaced, or empty: it is linked, say.
 QString WhyPictureIsUnusable(TemplateContext &context, const QString &name);
+/// The cells under the upper left corners of all pictures of that name, as formulas have them; nothing of those that lie in no cell.
+QString PictureReference(TemplateContext &context, const QString &name);
 /// The image of the first picture of that name.
 QByteArray PictureImage(TemplateContext &context, const QString &name);
 /// Nothing is changed if it fails.

@@ -200,8 +200,9 @@ QString XlsxTemplate::unusableReason(const QString &name) const
 
 QString XlsxTemplate::reference(const QString &name) const
 {
-    const TemplateName *found = d->Find(name);
-    return found ? ReferenceOfName(*d->context, *found) : QString();
+    if (const TemplateName *found = d->Find(name))
+        return ReferenceOfName(*d->context, *found);
+    return d->context ? PictureReference(*d->context, name) : QString();
 }
 
 QVariant XlsxTemplate::value(const QString &name) const

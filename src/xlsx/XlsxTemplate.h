@@ -105,7 +105,7 @@ public:
     /// Why the name is Kind::Unusable, for a user to read; else empty.
     QString unusableReason(const QString &name) const;
     /// Where it stands: the reference of a defined name as the workbook has it, also of one that is Kind::Unusable; the data rows of a
-    /// table, Sheet1!$A$2:$C$9.
+    /// table, Sheet1!$A$2:$C$9; the cells under the upper left corners of the pictures of that name.
     QString reference(const QString &name) const;
     /// What the name holds, or an invalid QVariant for nothing.
     ///

@@ -13,6 +13,8 @@ struct Arguments
     QString templatePath;
     QString valuesPath;
     QString outputPath;
+    bool allowUnlisted = false;
+    bool quiet = false;
     QString filter; ///< a regular expression; empty takes all names
     bool json = false;
 };

@@ -9,12 +9,11 @@ enum ExitStatus {
     Done = 0,
     WrongUsage = 2,
     MissingFile = 3,   ///< a file that is to be read is missing or cannot be read
-    LoadFailed = 4,    ///< the template is no package that the library loads
-    NeedsPrepare = 5,  ///< the template numbers its parts otherwise
+    LoadFailed = 4,    ///< the template is no workbook that the library loads
     NotJson = 6,       ///< the values are no JSON object
     UnknownName = 7,   ///< a value for a name that is no element of the template
-    WrongType = 8,     ///< a value that the element cannot hold as it stands
-    OutputFailed = 9,  ///< the output could not be written, or does not read back as it should
+    WrongType = 8,     ///< a value that the element does not take
+    OutputFailed = 9,  ///< the output could not be written
     CannotPrepare = 10 ///< the parts lie in a way that renumbering does not mend
 };
 

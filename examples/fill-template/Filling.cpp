@@ -1,216 +1,180 @@
 #include "Filling.h"
 
-#include "Failure.h"
-#include "LoadedTemplate.h"
-#include "Log.h"
-#include "NameFilter.h"
+#include "OpenedTemplate.h"
 #include "OutputFile.h"
-#include "Package.h"
+#include "Progress.h"
 #include "Values.h"
-#include "Xml.h"
 
-#include <Velmora/XlsxZip.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <QHash>
 #include <QRegularExpression>
-#include <QSet>
 
 #include <algorithm>
-#include <iterator>
-#include <vector>
+#include <numeric>
+#include <utility>
 
 namespace FillTemplate {
 
 namespace {
 
-using Velmora::XlsxOperator;
+using Velmora::XlsxTemplate;
+using Kind = XlsxTemplate::Kind;
 
-using Values = QMap<QString, Value>;
-/// What is to be read back: the names of the pictures' files in the package.
-using MediaNames = QMap<QString, QString>;
-
-QByteArray ContentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The suffix that fits the content of an image; empty for any other file. Templates have a content type for these two alone.
-QString ImageSuffix(const QByteArray &content)
-{
-    if (content.startsWith("\x89PNG\r\n\x1a\n"))
-        return QStringLiteral("png");
-    if (content.startsWith("\xff\xd8\xff"))
-        return QStringLiteral("jpeg");
-    return QString();
-}
-
-void RequireFittingElements(const Values &values, const QHash<QString, QVariant> &elements, const QString &templatePath)
+void RequireFittingElements(const QVector<Value> &values, const XlsxTemplate &source, const QString &templatePath)
 {
     QStringList unknown;
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        if (!elements.contains(value.key()))
-            unknown.append(value.key());
+    for (const Value &value : values) {
+        if (source.kindOf(value.name) == Kind::None)
+            unknown.append(value.name);
     }
+    unknown.sort();
     if (!unknown.isEmpty())
         throw Failure{UnknownName, QStringLiteral("%1 has no element named %2").arg(templatePath, unknown.join(QLatin1String(", ")))};
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        const bool isPicture = elements.value(value.key()).canConvert<XlsxOperator::PictureInfo>();
-        if (isPicture && value->picture.isEmpty())
-            throw Failure{WrongType, QStringLiteral("%1 is a picture and takes {\"picture\": FILE}").arg(value.key())};
-        if (!isPicture && !value->picture.isEmpty())
-            throw Failure{WrongType, QStringLiteral("%1 is a cell and takes no picture").arg(value.key())};
+    for (const Value &value : values) {
+        const Kind kind = source.kindOf(value.name);
+        if (kind == Kind::Unusable)
+            throw Failure{WrongType, QStringLiteral("%1: %2").arg(value.name, source.unusableReason(value.name))};
+        if (kind == Kind::Picture && value.picture.isEmpty())
+            throw Failure{WrongType, QStringLiteral("%1 is a picture and takes {\"picture\": FILE}").arg(value.name)};
+        if (kind != Kind::Picture && !value.picture.isEmpty())
+            throw Failure{WrongType, QStringLiteral("%1 is a cell and takes no picture").arg(value.name)};
     }
 }
 
-/// A copy of the image under a name that no image of the package has, so that no other picture changes, and that is a part's name
-/// whatever the file is called. One file is copied once.
-QString CopiedImage(const QString &path, const QString &mediaFolder, const QDir &copies, QMap<QString, QString> &done)
+/// For each of \a columns its place among the template's. Empty if it has none for one of them, or has it twice, which \a fault says.
+QVector<int> PlacesOf(const QStringList &columns, const QStringList &ofTemplate, QString &fault)
 {
-    QString &copied = done[QFileInfo(path).canonicalFilePath()];
-    if (!copied.isEmpty())
-        return copied;
-    const QByteArray content = ContentOf(path);
-    const QString suffix = ImageSuffix(content);
-    if (suffix.isEmpty())
-        throw Failure{WrongType, QStringLiteral("%1 is no PNG or JPEG file").arg(path)};
-    QString name;
-    int number = 0;
-    do {
-        name = QStringLiteral("filled%1.%2").arg(++number).arg(suffix);
-    } while (QFileInfo::exists(mediaFolder + QLatin1Char('/') + name) || copies.exists(name));
-    copied = copies.filePath(name);
-    const QString fault = WriteFault(copied, content);
-    if (!fault.isEmpty())
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be copied: %2").arg(path, fault)};
-    return copied;
-}
-
-MediaNames SetPictures(LoadedTemplate &source, const Values &values, const QDir &copies)
-{
-    const QString mediaFolder = source.Folder() + QLatin1String("/xl/media");
-    MediaNames names;
-    QMap<QString, QString> done;
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        if (value->picture.isEmpty())
-            continue;
-        XlsxOperator::PictureInfo info;
-        info.filePath = CopiedImage(value->picture, mediaFolder, copies, done);
-        source.Operator().setPicturesPictureInfo(value.key(), info);
-        names.insert(value.key(), QFileInfo(info.filePath).fileName());
-    }
-    // The placeholder's image may lie elsewhere.
-    if (!names.isEmpty())
-        QDir().mkpath(mediaFolder);
-    return names;
-}
-
-void SetCells(LoadedTemplate &source, const Values &values)
-{
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        if (!value->picture.isEmpty())
-            continue;
-        if (value->options.isEmpty()) {
-            // A plain value leaves the list of a cell alone.
-            source.Operator().setCellsValue(value.key(), value->content);
+    QHash<QString, int> placeOf;
+    for (int i = ofTemplate.size() - 1; i >= 0; --i)
+        placeOf.insert(FoldedColumn(ofTemplate.at(i)), i);
+    placeOf.remove(QString());
+    QVector<int> places;
+    for (const QString &column : columns) {
+        const int place = placeOf.value(FoldedColumn(column), -1);
+        if (place >= 0 && !places.contains(place)) {
+            places.append(place);
             continue;
         }
-        // An invalid value leaves the content alone: what was read cannot be written back as it is.
-        XlsxOperator::DropDownInfo info;
-        info.value = value->content;
-        info.options = value->options;
-        source.Operator().setCellsDropDownInfo(value.key(), info);
+        fault = placeOf.isEmpty() ? QStringLiteral("there are no texts above to name columns")
+            : place < 0           ? QStringLiteral("there is no column %1, only %2").arg(column, ofTemplate.join(QLatin1String(", ")))
+                                  : QStringLiteral("the column %1 is there twice").arg(column);
+        return {};
+    }
+    return places;
+}
+
+QVector<int> FirstPlaces(int count)
+{
+    QVector<int> places(count);
+    std::iota(places.begin(), places.end(), 0);
+    return places;
+}
+
+/// Sorts the rows into the template's columns, one after the other, so that they are in memory once.
+void SortColumns(QVector<QVariantList> &rows, const QVector<int> &places)
+{
+    if (places == FirstPlaces(places.size()))
+        return;
+    const int width = *std::max_element(places.begin(), places.end()) + 1;
+    for (QVariantList &row : rows) {
+        QVariantList sorted;
+        for (int i = 0; i < width; ++i)
+            sorted.append(QVariant::fromValue(XlsxTemplate::Keep()));
+        for (int i = 0; i < row.size(); ++i)
+            sorted[places.at(i)].swap(row[i]);
+        row.swap(sorted);
     }
 }
 
-bool IsReadBack(const Value &expected, const QVariant &found, const QString &mediaName)
+void SortRows(const XlsxTemplate &source, Value &value)
 {
-    if (!expected.picture.isEmpty())
-        return found.value<XlsxOperator::PictureInfo>().filePath == QLatin1String("../media/") + mediaName;
-    const bool isList = found.canConvert<XlsxOperator::DropDownInfo>();
-    const QVariant content = isList ? found.value<XlsxOperator::DropDownInfo>().value : found;
-    if (!expected.options.isEmpty() && (!isList || found.value<XlsxOperator::DropDownInfo>().options != expected.options))
+    const QStringList columns = source.columnNames(value.name);
+    QString fault;
+    if (!value.columns.isEmpty()) {
+        const QVector<int> places = PlacesOf(value.columns, columns, fault);
+        if (places.isEmpty())
+            throw Failure{WrongType, QStringLiteral("%1: %2").arg(value.name, fault)};
+        SortColumns(value.rows, places);
+        return;
+    }
+    // A file's first line is a header only if it names each of the columns.
+    const QVector<int> places = PlacesOf(value.firstLine, columns, fault);
+    const bool isHeader = !places.isEmpty() && places.size() == columns.size();
+    if (isHeader) {
+        value.rows.removeFirst();
+        const bool areLong = std::any_of(value.rows.begin(), value.rows.end(), [&](const auto &row) { return row.size() > places.size(); });
+        if (areLong)
+            throw Failure{WrongType, QStringLiteral("%1: a line has more cells than the header").arg(value.name)};
+        SortColumns(value.rows, places);
+    } else if (value.firstLine.size() == 1 && columns.size() > 1
+               && value.firstLine.first().contains(QRegularExpression(QStringLiteral("[;\t]")))) {
+        throw Failure{WrongType,
+                      QStringLiteral("%1: the file separates its cells by semicolons or tabs; commas are wanted").arg(value.name)};
+    }
+}
+
+bool FillRange(XlsxTemplate &source, const Value &value)
+{
+    XlsxTemplate::Fitted fitted;
+    if (!source.setValues(value.name, value.rows, &fitted))
         return false;
-    if (!expected.content.isValid() || expected.isFormula) // formulas are not read
+    int width = 0;
+    for (const QVariantList &row : value.rows)
+        width = std::max(width, row.size());
+    if (fitted.rows == value.rows.size() && fitted.columns == width)
         return true;
-    if (expected.content.type() == QVariant::String)
-        return content.type() == QVariant::String && DecodedText(content.toString()) == expected.content.toString();
-    return content.type() == expected.content.type() && content == expected.content;
+    throw Failure{WrongType,
+                  QStringLiteral("%1: these are %2 x %3 values, of which %4 x %5 fit; {\"rows\": [...]} repeats a row as often as needed")
+                      .arg(value.name)
+                      .arg(value.rows.size())
+                      .arg(width)
+                      .arg(fitted.rows)
+                      .arg(fitted.columns)};
 }
 
-/// Loads what was saved and compares it with what was to be saved.
-void ReadBack(const QString &path, const QString &filter, LoadedTemplate &source, const Values &values, const MediaNames &mediaNames)
+bool Set(XlsxTemplate &source, Value &value)
 {
-    RequireSameFiles(source.Folder(), path);
-    LoadedTemplate saved(path, filter);
-    const QHash<QString, QVariant> elements = saved.Elements();
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        if (!IsReadBack(value.value(), elements.value(value.key()), mediaNames.value(value.key())))
-            throw Failure{OutputFailed,
-                          QStringLiteral("%1 does not hold its value; does its name lead to a cell that can hold it?").arg(value.key())};
+    if (!value.picture.isEmpty()) {
+        const auto fit = value.stretches ? XlsxTemplate::PictureFit::Stretch : XlsxTemplate::PictureFit::Fit;
+        return source.setPicture(value.name, value.picture, fit);
     }
-    for (auto name = mediaNames.cbegin(); name != mediaNames.cend(); ++name) {
-        if (ContentOf(saved.Folder() + QLatin1String("/xl/media/") + name.value()) != ContentOf(values.value(name.key()).picture))
-            throw Failure{OutputFailed, QStringLiteral("%1 does not hold its picture").arg(name.key())};
+    if (value.kind == Value::Rows::Fill)
+        return FillRange(source, value);
+    if (value.kind == Value::Rows::Repeat) {
+        SortRows(source, value);
+        return source.setRows(value.name, value.rows);
     }
-}
-
-/// Puts the strings of the template back as they were, before those that were added: load() and save() leave one more level of
-/// entities in each, so that R&D would show as R&amp;D.
-void RestoreStrings(const QString &path, const QByteArray &original)
-{
-    XmlPart saved(path);
-    std::vector<pugi::xml_node> strings;
-    for (const pugi::xml_node &string : saved.Root().children("si"))
-        strings.push_back(string);
-    const QString fault = WriteFault(path, original);
-    if (!fault.isEmpty())
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be written: %2").arg(path, fault)};
-
-    XmlPart restored(path);
-    pugi::xml_node table = restored.Root();
-    const auto old = table.children("si");
-    const auto added = strings.begin() + qMin(std::distance(old.begin(), old.end()), std::distance(strings.begin(), strings.end()));
-    std::for_each(added, strings.end(), [&table](const pugi::xml_node &string) { table.append_copy(string); });
-    restored.Save();
+    if (!value.options.isEmpty() && !source.setOptions(value.name, value.options))
+        return false;
+    if (!value.hasContent)
+        return true;
+    return value.isFormula ? source.setFormula(value.name, value.content.toString()) : source.setValue(value.name, value.content);
 }
 
 } // namespace
 
 void Fill(const Arguments &arguments)
 {
-    const Values values = ReadValues(arguments.valuesPath, arguments.filter);
-    // save() writes every element that was loaded, so no other name is: it would change cells that nobody spoke of.
-    const QString filter = PatternOfExactly(values.keys());
-    if (!QRegularExpression(filter).isValid())
-        throw Failure{NotJson, QStringLiteral("%1 has more names than fit one run; split it").arg(arguments.valuesPath)};
-    LoadedTemplate source(arguments.templatePath, filter);
-    RequireFittingElements(values, source.Elements(), arguments.templatePath);
-
-    const QString stringsPath = source.Folder() + QLatin1Char('/') + QLatin1String(kSharedStringsPath);
-    const QByteArray strings = ContentOf(stringsPath);
-    const QTemporaryDir copies;
-    if (!copies.isValid())
-        throw Failure{OutputFailed, QStringLiteral("no working directory: %1").arg(copies.errorString())};
-    const MediaNames mediaNames = SetPictures(source, values, QDir(copies.path()));
-    SetCells(source, values);
-
+    Progress progress(arguments.quiet);
+    progress.Step(QStringLiteral("reading %1").arg(arguments.valuesPath));
+    QVector<Value> values = ReadValues(arguments.valuesPath, arguments.filter);
+    progress.Step(QStringLiteral("reading %1").arg(arguments.templatePath));
+    XlsxTemplate source = OpenedTemplate(arguments.templatePath);
+    RequireFittingElements(values, source, arguments.templatePath);
+    source.setValuesOutsideListsAllowed(arguments.allowUnlisted);
     OutputFile output(arguments.outputPath);
-    source.Operator().setNewXlsxAbsolutePath(output.WorkPath());
-    if (!source.Operator().save())
-        throw Failure{OutputFailed, QStringLiteral("%1 cannot be written").arg(arguments.outputPath)};
-    if (strings.contains('&') || strings.contains("<![CDATA[")) {
-        RestoreStrings(stringsPath, strings);
-        if (!Velmora::XlsxZip::compressToXlsxFile(source.Folder(), output.WorkPath()))
-            throw Failure{OutputFailed, QStringLiteral("%1 cannot be written").arg(arguments.outputPath)};
+    for (int i = 0; i < values.size(); ++i) {
+        Value value = std::exchange(values[i], Value()); // rows go when they are filled in
+        progress.Step(QStringLiteral("filling in %1 (%2 of %3)").arg(value.name).arg(i + 1).arg(values.size()));
+        if (!Set(source, value))
+            throw FailureOf(source, value.name);
     }
-    try {
-        ReadBack(output.WorkPath(), filter, source, values, mediaNames);
-    } catch (const Failure &failure) {
-        throw NotReadBack(arguments.outputPath, failure);
-    }
+    progress.Step(QStringLiteral("writing %1").arg(arguments.outputPath));
+    const QByteArray package = source.save();
+    if (package.isEmpty())
+        throw FailureOf(source, arguments.templatePath);
+    const QString fault = WriteFault(output.WorkPath(), package);
+    if (!fault.isEmpty())
+        throw Failure{OutputFailed, QStringLiteral("%1 cannot be written: %2").arg(arguments.outputPath, fault)};
     output.Commit();
 }
 

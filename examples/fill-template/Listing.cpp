@@ -1,22 +1,21 @@
 #include "Listing.h"
 
-#include "LoadedTemplate.h"
+#include "Dates.h"
 #include "Log.h"
-#include "Places.h"
-#include "Xml.h"
+#include "OpenedTemplate.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QVector>
-
-#include <algorithm>
 
 namespace FillTemplate {
 
 namespace {
 
-using Velmora::XlsxOperator;
+using Velmora::XlsxTemplate;
+using Kind = XlsxTemplate::Kind;
 
 constexpr int kWidestCell = 48;
 
@@ -26,33 +25,88 @@ struct Element
     QString kind;
     QString place;
     QVariant value;
+    bool hasFormula = false;
     QStringList options;
+    QStringList columns;
+    QString reason;
 };
 
-QVector<Element> ElementsOf(LoadedTemplate &source)
+QString KindText(Kind kind)
 {
-    const QHash<QString, QVariant> values = source.Elements();
-    const QMap<QString, QString> places = PlacesOf(source.Folder());
-    QStringList names = values.keys();
-    std::sort(names.begin(), names.end());
-
-    QVector<Element> elements;
-    for (const QString &name : qAsConst(names)) {
-        Element element{name, QStringLiteral("cell"), places.value(name), values.value(name), QStringList()};
-        if (element.value.canConvert<XlsxOperator::DropDownInfo>()) {
-            const auto info = element.value.value<XlsxOperator::DropDownInfo>();
-            element.kind = QStringLiteral("list");
-            element.value = info.value;
-            element.options = info.options;
-        } else if (element.value.canConvert<XlsxOperator::PictureInfo>()) {
-            element.kind = QStringLiteral("picture");
-            element.value = element.value.value<XlsxOperator::PictureInfo>().filePath;
-        }
-        if (element.value.type() == QVariant::String && element.kind != QLatin1String("picture"))
-            element.value = DecodedText(element.value.toString());
-        elements.append(element);
+    switch (kind) {
+    case Kind::None:
+        break;
+    case Kind::Cell:
+        return QStringLiteral("cell");
+    case Kind::Range:
+        return QStringLiteral("range");
+    case Kind::Places:
+        return QStringLiteral("places");
+    case Kind::List:
+        return QStringLiteral("list");
+    case Kind::Picture:
+        return QStringLiteral("picture");
+    case Kind::Unusable:
+        return QStringLiteral("unusable");
     }
-    return elements;
+    return QString();
+}
+
+QString PictureText(const QByteArray &image)
+{
+    QString format = QStringLiteral("image");
+    if (image.startsWith("\x89PNG"))
+        format = QStringLiteral("PNG");
+    else if (image.startsWith("\xff\xd8\xff"))
+        format = QStringLiteral("JPEG");
+    return QStringLiteral("%1, %2 bytes").arg(format).arg(image.size());
+}
+
+/// A sheet is read when one of its cells is first asked for, and asking has no error to tell: putting no rows in has, and changes nothing.
+void RequireReadableSheet(XlsxTemplate &source, const QString &name)
+{
+    if (source.setValues(name, {}) || source.error() != XlsxTemplate::Error::FormatError)
+        return;
+    throw FailureOf(source, name);
+}
+
+Element ElementOf(XlsxTemplate &source, const QString &name)
+{
+    Element element;
+    const Kind kind = source.kindOf(name);
+    element.name = name;
+    element.kind = KindText(kind);
+    element.place = source.reference(name);
+    element.reason = source.unusableReason(name);
+    if (kind == Kind::Unusable)
+        return element;
+    element.value = source.value(name);
+    if (kind == Kind::Picture) {
+        element.value = PictureText(element.value.toByteArray());
+        return element;
+    }
+    if (!element.value.isValid())
+        RequireReadableSheet(source, name);
+    element.hasFormula = source.hasFormula(name);
+    element.options = source.options(name);
+    if (kind == Kind::Range)
+        element.columns = source.columnNames(name);
+    return element;
+}
+
+QJsonValue JsonOf(const QVariant &value)
+{
+    if (value.type() == QVariant::List) {
+        QJsonArray array;
+        for (const QVariant &entry : value.toList())
+            array.append(JsonOf(entry));
+        return array;
+    }
+    const QString date = DateText(value);
+    if (date.isEmpty())
+        return QJsonValue::fromVariant(value);
+    // As fill takes it.
+    return QJsonObject{{value.type() == QVariant::Time ? QStringLiteral("time") : QStringLiteral("date"), date}};
 }
 
 void PrintJson(const QVector<Element> &elements)
@@ -62,12 +116,28 @@ void PrintJson(const QVector<Element> &elements)
         QJsonObject object{{QStringLiteral("name"), element.name},
                            {QStringLiteral("kind"), element.kind},
                            {QStringLiteral("place"), element.place},
-                           {QStringLiteral("value"), QJsonValue::fromVariant(element.value)}};
+                           {QStringLiteral("value"), JsonOf(element.value)}};
+        if (element.hasFormula)
+            object.insert(QStringLiteral("formula"), true);
         if (element.kind == QLatin1String("list"))
             object.insert(QStringLiteral("options"), QJsonArray::fromStringList(element.options));
+        if (element.kind == QLatin1String("range"))
+            object.insert(QStringLiteral("columns"), QJsonArray::fromStringList(element.columns));
+        if (!element.reason.isEmpty())
+            object.insert(QStringLiteral("reason"), element.reason);
         array.append(object);
     }
     Print(QString::fromUtf8(QJsonDocument(array).toJson()));
+}
+
+QString ValueText(const Element &element)
+{
+    if (!element.reason.isEmpty())
+        return element.reason;
+    const QJsonValue json = JsonOf(element.value);
+    if (json.isArray())
+        return QString::fromUtf8(QJsonDocument(json.toArray()).toJson(QJsonDocument::Compact));
+    return json.isObject() ? DateText(element.value) : element.value.toString();
 }
 
 void PrintTable(const QVector<Element> &elements)
@@ -75,7 +145,8 @@ void PrintTable(const QVector<Element> &elements)
     QVector<QStringList> rows{
         {QStringLiteral("NAME"), QStringLiteral("KIND"), QStringLiteral("PLACE"), QStringLiteral("VALUE"), QStringLiteral("OPTIONS")}};
     for (const Element &element : elements) {
-        QStringList row{element.name, element.kind, element.place, element.value.toString(), element.options.join(QLatin1Char(','))};
+        const QString kind = element.kind + (element.hasFormula ? QStringLiteral(" (formula)") : QString());
+        QStringList row{element.name, kind, element.place, ValueText(element), element.options.join(QLatin1Char(','))};
         for (QString &cell : row) {
             cell = OneLine(cell);
             if (cell.size() > kWidestCell)
@@ -105,8 +176,13 @@ void PrintTable(const QVector<Element> &elements)
 
 void List(const Arguments &arguments)
 {
-    LoadedTemplate source(arguments.templatePath, arguments.filter);
-    const QVector<Element> elements = ElementsOf(source);
+    XlsxTemplate source = OpenedTemplate(arguments.templatePath);
+    const QRegularExpression wanted(arguments.filter);
+    QStringList names = source.names().filter(wanted);
+    names.sort();
+    QVector<Element> elements;
+    for (const QString &name : qAsConst(names))
+        elements.append(ElementOf(source, name));
     if (arguments.json)
         PrintJson(elements);
     else

@@ -37,11 +37,6 @@ void PrintWarnings()
 {
     for (const QString &warning : qAsConst(Warnings()))
         PrintError(warning);
-    DropWarnings();
-}
-
-void DropWarnings()
-{
     Warnings().clear();
 }
 

@@ -4,11 +4,10 @@
 
 namespace FillTemplate {
 
-/// Keeps the library's warnings back, until the command knows whether they say anything that its own message does not.
+/// Keeps the library's warnings back, until the command has said on the standard output what it did.
 void KeepWarnings();
-/// Prints those kept back to the standard error, each behind the program's name, or forgets them.
+/// Prints those kept back to the standard error, each behind the program's name.
 void PrintWarnings();
-void DropWarnings();
 
 void PrintError(const QString &message);
 /// To the standard output, whole; else a Failure.

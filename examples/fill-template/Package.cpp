@@ -75,18 +75,15 @@ QMap<QString, ArchivedFile> ArchivedFiles(const QString &archivePath)
     return files;
 }
 
-void RequireSameFiles(const QString &folder, const QString &archivePath, const QString &addedPath)
+void RequireSameFiles(const QString &folder, const QString &archivePath)
 {
     QMap<QString, ArchivedFile> files = ArchivedFiles(archivePath);
     QDirIterator entry(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
     while (entry.hasNext()) {
         const QString path = entry.next().mid(folder.size() + 1);
         const auto file = files.find(path);
-        if (file == files.end()) {
-            if (path == addedPath)
-                continue;
+        if (file == files.end())
             throw Failure{OutputFailed, QStringLiteral("%1 is missing in %2").arg(path, archivePath)};
-        }
         const ArchivedFile found = FileOnDisk(entry.filePath());
         if (found.size != file->size || found.checksum != file->checksum)
             throw Failure{OutputFailed, QStringLiteral("%1 of %2 could not be unpacked whole; is the disk full?").arg(path, archivePath)};

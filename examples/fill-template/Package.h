@@ -16,8 +16,7 @@ struct ArchivedFile
 QMap<QString, ArchivedFile> ArchivedFiles(const QString &archivePath);
 
 /// Throws a Failure unless the files below \a folder are exactly those of the archive: a folder on a full disk holds cut files,
-/// of which unpacking does not tell, and packing leaves out what it cannot read. One path may be \a addedPath, if it is not in
-/// the archive.
-void RequireSameFiles(const QString &folder, const QString &archivePath, const QString &addedPath = QString());
+/// of which unpacking does not tell, and packing leaves out what it cannot read.
+void RequireSameFiles(const QString &folder, const QString &archivePath);
 
 } // namespace FillTemplate

@@ -1,9 +1,9 @@
 #include "Preparing.h"
 
 #include "Failure.h"
-#include "LoadedTemplate.h"
 #include "Log.h"
 #include "Numbering.h"
+#include "OpenedTemplate.h"
 #include "OutputFile.h"
 #include "Package.h"
 #include "Xml.h"
@@ -180,6 +180,7 @@ void Prepare(const Arguments &arguments)
         Print(QStringLiteral("nothing to do: %1 is a copy\n").arg(OneLine(arguments.outputPath)));
     for (const QString &line : numbering.Description())
         Print(OneLine(line) + QLatin1Char('\n'));
+    Print(QStringLiteral("only XlsxOperator needs this: list and fill take any workbook\n"));
 }
 
 } // namespace FillTemplate

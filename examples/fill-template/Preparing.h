@@ -4,7 +4,7 @@
 
 namespace FillTemplate {
 
-/// Numbers the parts of a template as the library needs them, and says what it did.
+/// Numbers the parts of a template as XlsxOperator needs them, and says what it did.
 void Prepare(const Arguments &arguments);
 
 } // namespace FillTemplate

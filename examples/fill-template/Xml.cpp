@@ -31,12 +31,4 @@ QString Text(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
-QString DecodedText(const QString &raw)
-{
-    const QByteArray xml = "<t>" + raw.toUtf8() + "</t>";
-    pugi::xml_document document;
-    const auto result = document.load_buffer(xml.constData(), std::size_t(xml.size()), pugi::parse_default | pugi::parse_ws_pcdata);
-    return result ? Text(document.child("t").text().get()) : raw;
-}
-
 } // namespace FillTemplate

@@ -26,8 +26,6 @@ private:
 };
 
 QString Text(const char *utf8);
-/// A shared string as the library reads it, without its entities.
-QString DecodedText(const QString &raw);
 
 /// Every element below \a root, \a root included, in document order, without recursion.
 template <typename Visit>

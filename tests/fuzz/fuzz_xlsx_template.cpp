@@ -1,0 +1,110 @@
+#include "fuzz.h"
+
+#include <Velmora/XlsxTemplate.h>
+
+#include "xlsx/Archive.h"
+
+#include <QDateTime>
+
+namespace {
+
+using Velmora::XlsxTemplate;
+
+constexpr int kMostNames = 12;
+
+void Require(bool condition, const char *what)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+void RequireReason(const XlsxTemplate &book, bool isDone)
+{
+    Require(isDone == (book.error() == XlsxTemplate::Error::None), "the error does not fit the result");
+    Require(isDone == book.errorString().isEmpty(), "the reason does not fit the result");
+}
+
+/// The bytes of one dot.
+QByteArray Image()
+{
+    return QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNkYPhfDwAChwGA60e6kgAAAABJRU5ErkJggg==");
+}
+
+void Ask(const XlsxTemplate &book, const QString &name)
+{
+    const auto kind = book.kindOf(name);
+    Require(kind != XlsxTemplate::Kind::None, "a name is none");
+    Require((kind == XlsxTemplate::Kind::Unusable) != book.unusableReason(name).isEmpty(), "the reason does not fit the kind");
+    book.value(name);
+    book.reference(name);
+    book.options(name);
+    book.columnNames(name);
+    book.hasFormula(name);
+}
+
+bool Set(XlsxTemplate &book, const QString &name, int turn)
+{
+    const QVariant keep = QVariant::fromValue(XlsxTemplate::Keep());
+    switch (turn % 9) {
+    case 0:
+        return book.setValue(name, QStringLiteral(" a<&\n_x0041_"));
+    case 1:
+        return book.setRows(name, QVector<QVariantList>{{1, keep}, {QStringLiteral("x")}, {QVariant(), true}});
+    case 2:
+        return book.setValue(name, QDate(2026, 11, 22));
+    case 3:
+        return book.setValues(name, {{1.5, QStringLiteral("y")}, {keep, QVariant()}});
+    case 4:
+        return book.setFormula(name, QStringLiteral("=SUM(A1:B2)&\"<\""));
+    case 5:
+        return book.setOptions(name, {QStringLiteral("one"), QStringLiteral("two")});
+    case 6:
+        return book.setRows(name, QVector<QVariantList>());
+    case 7:
+        return book.clear(name);
+    default:
+        return book.setPicture(name, Image(), turn % 2 ? XlsxTemplate::PictureFit::Fit : XlsxTemplate::PictureFit::Stretch);
+    }
+}
+
+} // namespace
+
+/// The input is a workbook: whatever it holds, names can be asked and set, what was refused changes nothing, and what was saved is read.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    ForbidLogLines();
+    const QByteArray package(reinterpret_cast<const char *>(data), int(size));
+    XlsxTemplate book;
+    const bool isLoaded = book.load(package);
+    RequireReason(book, isLoaded);
+    if (!isLoaded)
+        return 0;
+    const auto before = VelmoraTest::ReadArchive(package);
+    const QStringList names = book.names().mid(0, kMostNames);
+    for (const QString &name : names)
+        Ask(book, name);
+    QByteArray saved = book.save();
+    Require(!saved.isEmpty(), "what was not changed is not saved");
+    Require(VelmoraTest::ReadArchive(saved) == before, "what was not changed is saved otherwise");
+
+    // The input decides where the turns begin.
+    int turn = size > 20 ? data[size / 2] : 0;
+    bool isChanged = false;
+    for (const QString &name : names) {
+        const bool isSet = Set(book, name, turn++);
+        RequireReason(book, isSet);
+        isChanged = isChanged || isSet;
+    }
+    saved = book.save();
+    RequireReason(book, !saved.isEmpty());
+    if (saved.isEmpty())
+        return 0;
+    Require(isChanged || VelmoraTest::ReadArchive(saved) == before, "what was refused changed something");
+    XlsxTemplate again;
+    Require(again.load(saved), "what was saved is not read");
+    for (const QString &name : again.names().mid(0, kMostNames))
+        Ask(again, name);
+    return 0;
+}

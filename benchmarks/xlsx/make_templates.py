@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Writes the spreadsheet templates that the benchmarks fill: T1.xlsx, T2.xlsx and T3.xlsx.
+"""Writes the spreadsheet templates that the benchmarks fill: T1.xlsx, T2.xlsx, T3.xlsx and invoice.xlsx.
 
 usage: make_templates.py FOLDER
 
 Each has one sheet, Data. Odd columns hold numbers, even columns texts of the shared strings, each of which occurs a few times.
-The names N00000, N00001 ... name one cell each, spread evenly over rows and columns.
+The names N00000, N00001 ... name one cell each, spread evenly over rows and columns. The invoice has a row Items of four cells, the last
+of which is a product, and below it a sum, a tax and a total.
 """
 
 import os
@@ -49,12 +50,36 @@ def relationships(*targets):
     return f'{DECLARATION}<Relationships xmlns="{PACKAGE}/relationships">{items}</Relationships>'
 
 
-def parts(rows, columns, names):
+def filled_sheet(rows, columns, names):
     step = max(1, rows // names)
-    defined = "".join(
-        f'<definedName name="N{k:05}">Data!${chr(65 + k % columns)}${1 + k * step}</definedName>' for k in range(names)
+    defined = {f"N{k:05}": f"Data!${chr(65 + k % columns)}${1 + k * step}" for k in range(names)}
+    return (*sheet_and_strings(rows, columns), defined)
+
+
+def invoice():
+    cells = {
+        1: ["Item", "Quantity", "Price", "Amount"],
+        2: ["Chair", 1, 12.5, "=B2*C2"],
+        3: ["", "", "Sum", "=SUM(D2:D2)"],
+        4: ["", "", "Tax", "=ROUND(D3*0.19,2)"],
+        5: ["", "", "Total", "=D3+D4"],
+    }
+
+    def cell(position, value):
+        if str(value).startswith("="):
+            return f'<c r="{position}"><f>{value[1:]}</f><v>0</v></c>'
+        return f'<c r="{position}" t="inlineStr"><is><t>{value}</t></is></c>' if isinstance(value, str) else f'<c r="{position}"><v>{value}</v></c>'
+
+    rows = "".join(
+        f'<row r="{row}">' + "".join(cell(f"{chr(65 + i)}{row}", value) for i, value in enumerate(values) if value != "") + "</row>"
+        for row, values in cells.items()
     )
-    sheet, strings = sheet_and_strings(rows, columns)
+    sheet = f'{DECLARATION}<worksheet xmlns="{MAIN}"><sheetData>{rows}</sheetData></worksheet>'
+    return sheet, f'{DECLARATION}<sst xmlns="{MAIN}" count="0" uniqueCount="0"/>', {"Items": "Data!$A$2:$D$2", "Total": "Data!$D$5"}
+
+
+def parts(sheet, strings, names):
+    defined = "".join(f'<definedName name="{name}">{place}</definedName>' for name, place in names.items())
     overrides = {
         "/xl/workbook.xml": "sheet.main",
         "/xl/worksheets/sheet1.xml": "worksheet",
@@ -89,9 +114,10 @@ def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
     os.makedirs(sys.argv[1], exist_ok=True)
-    for name, shape in TEMPLATES.items():
+    templates = {name: filled_sheet(*shape) for name, shape in TEMPLATES.items()}
+    for name, content in {**templates, "invoice": invoice()}.items():
         with zipfile.ZipFile(os.path.join(sys.argv[1], name + ".xlsx"), "w", zipfile.ZIP_DEFLATED) as package:
-            for path, text in parts(*shape):
+            for path, text in parts(*content):
                 package.writestr(path, text)
 
 

@@ -190,8 +190,8 @@ TemplateFault ObstacleOfTables(TemplateContext &context, const RowSurroundings &
         const auto range = ParseRange(AttributeOf(root, "ref").value());
         if (table.sheet != surroundings.sheet || table.part == repeated || !range || !IsConcerned(*range, move))
             continue;
-        const int firstData = range->firstRow + AttributeOf(root, "headerRowCount").as_int(1);
-        const int lastData = range->lastRow - AttributeOf(root, "totalsRowCount").as_int(0);
+        const int firstData = range->firstRow + std::clamp(AttributeOf(root, "headerRowCount").as_int(1), 0, 1);
+        const int lastData = range->lastRow - std::clamp(AttributeOf(root, "totalsRowCount").as_int(0), 0, 1);
         const int left = lastData - firstData + 1 + move.Shift();
         const bool holdsRows = range->firstColumn <= filled.firstColumn && range->lastColumn >= filled.lastColumn && firstData <= move.first
             && lastData >= move.last;
@@ -248,6 +248,8 @@ TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundi
 {
     surroundings.sheet = sheet;
     for (int i = 0; i < context.workbook.SheetCount(); ++i) {
+        if (!context.package.Has(context.workbook.SheetPartName(i)))
+            continue; // listed, but not there
         TemplateFault fault;
         const XmlPart *part = context.package.ParsedIf(context.workbook.SheetPartName(i), MayReferToCells, fault);
         if (fault)

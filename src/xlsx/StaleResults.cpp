@@ -32,6 +32,8 @@ void AddNames(const TemplateWorkbook &workbook, FormulaDependencies &dependencie
 TemplateFault AddFormulas(TemplateContext &context, FormulaDependencies &dependencies, std::vector<PlacedFormula> &formulas)
 {
     for (int i = 0; i < context.workbook.SheetCount(); ++i) {
+        if (!context.package.Has(context.workbook.SheetPartName(i)))
+            continue; // listed, but not there
         TemplateFault fault;
         const XmlPart *part = context.package.ParsedIf(context.workbook.SheetPartName(i), MayHaveFormulas, fault);
         if (fault)

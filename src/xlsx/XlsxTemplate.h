@@ -110,9 +110,9 @@ public:
     /// What the name holds, or an invalid QVariant for nothing.
     ///
     /// A cell: bool, qlonglong, double, QString; QDate, QTime or QDateTime where its number format shows one; an error as its text,
-    /// "#N/A". A cell with a formula: its last result. Places and lists: the first cell's. A range: a QVariantList of rows, each a
-    /// QVariantList, which ends where the sheet has no more cells (nothing, if it is more than 4,194,304 cells or 67,108,864 characters). A
-    /// picture: the image's bytes as QByteArray.
+    /// "#N/A". A time beyond a day stays a number of days. A cell with a formula: its last result. Places and lists: the first cell's. A
+    /// range: a QVariantList of rows, each a QVariantList, which ends where the sheet has no more cells (nothing, if it is more than
+    /// 4,194,304 cells or 67,108,864 characters). A picture: the image's bytes as QByteArray.
     QVariant value(const QString &name) const;
     /// The entries of a list: typed in, or what stands in the cells that it takes them from.
     QStringList options(const QString &name) const;

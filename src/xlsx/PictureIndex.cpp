@@ -4,37 +4,18 @@
 
 namespace Velmora {
 
-PictureIndex::PictureIndex(XlsxPackage &package, TemplateWorkbook &workbook)
-{
-    std::set<std::string> done;
-    for (int sheet = 0; sheet < workbook.SheetCount(); ++sheet) {
-        for (const Relationship &relationship : package.RelationshipsOf(workbook.SheetPartName(sheet))) {
-            TemplateFault fault;
-            const bool isNew = relationship.type == "drawing" && !relationship.isExternal && done.insert(relationship.target).second;
-            if (XmlPart *drawing = isNew ? package.Parsed(relationship.target, fault) : nullptr)
-                AddDrawing(*drawing, relationship.target, sheet);
-        }
-    }
-}
+namespace {
 
-void PictureIndex::AddDrawing(XmlPart &drawing, const std::string &part, int sheet)
+constexpr qint64 kMemoryOfPicture = 512;
+
+/// Calls visit(node) for each element. Pictures lie in groups, too, and in what is there for one edition of the format or the other.
+template <typename Visit>
+void ForEachElement(const XmlPart &part, const Visit &visit)
 {
-    // Pictures lie in groups, too, and in what is there for one edition of the format or the other.
-    pugi::xml_node node = drawing.Root();
+    pugi::xml_node node = part.Root();
     while (node) {
-        for (const pugi::xml_attribute &attribute : node.attributes()) {
-            if (std::strchr(attribute.name(), ':')) // ids have the prefix of relationships
-                ++m_uses[{part, attribute.value()}];
-        }
-        if (IsElement(node, "pic")) {
-            const std::string name = AttributeOf(ChildOf(ChildOf(node, "nvPicPr"), "cNvPr"), "name").value();
-            if (!name.empty()) {
-                std::vector<FoundPicture> &named = m_pictures[QString::fromStdString(name).toCaseFolded()];
-                if (named.empty())
-                    m_names.push_back(name);
-                named.push_back({node, part, sheet});
-            }
-        }
+        if (node.type() == pugi::node_element)
+            visit(node);
         if (node.first_child()) {
             node = node.first_child();
             continue;
@@ -43,6 +24,52 @@ void PictureIndex::AddDrawing(XmlPart &drawing, const std::string &part, int she
             node = node.parent();
         node = node.next_sibling();
     }
+}
+
+qint64 CountPictures(const XmlPart &drawing)
+{
+    qint64 count = 0;
+    ForEachElement(drawing, [&count](const pugi::xml_node &node) { count += IsElement(node, "pic"); });
+    return count;
+}
+
+} // namespace
+
+PictureIndex::PictureIndex(XlsxPackage &package, TemplateWorkbook &workbook)
+{
+    std::set<std::string> done;
+    for (int sheet = 0; sheet < workbook.SheetCount(); ++sheet) {
+        for (const Relationship &relationship : package.RelationshipsOf(workbook.SheetPartName(sheet))) {
+            TemplateFault fault;
+            const bool isNew = relationship.type == "drawing" && !relationship.isExternal && done.insert(relationship.target).second;
+            XmlPart *drawing = isNew ? package.Parsed(relationship.target, fault) : nullptr;
+            if (!drawing || !package.TakeMemoryOf(relationship.target, kMemoryOfPicture * CountPictures(*drawing)))
+                continue;
+            for (const Relationship &listed : package.RelationshipsOf(relationship.target))
+                m_uses[relationship.target][listed.id] = 0;
+            AddDrawing(*drawing, relationship.target, sheet);
+        }
+    }
+}
+
+void PictureIndex::AddDrawing(XmlPart &drawing, const std::string &part, int sheet)
+{
+    std::map<std::string, int, std::less<>> &uses = m_uses[part];
+    ForEachElement(drawing, [&](const pugi::xml_node &node) {
+        for (const pugi::xml_attribute &attribute : node.attributes()) {
+            const auto use = uses.find(std::string_view(attribute.value()));
+            if (use != uses.end())
+                ++use->second;
+        }
+        const std::string name =
+            IsElement(node, "pic") ? AttributeOf(ChildOf(ChildOf(node, "nvPicPr"), "cNvPr"), "name").value() : std::string();
+        if (name.empty())
+            return;
+        std::vector<FoundPicture> &named = m_pictures[QString::fromStdString(name).toCaseFolded()];
+        if (named.empty())
+            m_names.push_back(name);
+        named.push_back({node, part, sheet});
+    });
 }
 
 const std::vector<FoundPicture> &PictureIndex::Find(const QString &name) const

@@ -4,7 +4,6 @@
 
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace Velmora {
@@ -28,14 +27,14 @@ public:
     /// All of that name, whatever its case; none if there is no such name.
     const std::vector<FoundPicture> &Find(const QString &name) const;
     /// How often a drawing mentions a relationship, by its id. To be kept right by who changes that.
-    int &Uses(const std::string &drawing, const std::string &id) { return m_uses[{drawing, id}]; }
+    int &Uses(const std::string &drawing, const std::string &id) { return m_uses[drawing][id]; }
 
 private:
     void AddDrawing(XmlPart &drawing, const std::string &part, int sheet);
 
     std::vector<std::string> m_names;
     std::map<QString, std::vector<FoundPicture>> m_pictures; ///< by folded name
-    std::map<std::pair<std::string, std::string>, int> m_uses;
+    std::map<std::string, std::map<std::string, int, std::less<>>> m_uses;
     const std::vector<FoundPicture> m_none;
 };
 

@@ -16,6 +16,14 @@ pugi::xml_node MakeContent(const pugi::xml_node &cell, const char *name)
     return MakeChild(cell, name, ChildOf(cell, "extLst"));
 }
 
+/// What a text of a cell may reasonably have, as the file holds it; programs write up to 32,767 characters.
+constexpr std::size_t kLongestText = 1024 * 1024;
+
+QVariant TextValue(const std::string &text)
+{
+    return text.size() > kLongestText ? QVariant() : QVariant(Unescaped(text));
+}
+
 bool KeepsItsBlanks(const std::string &text)
 {
     const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
@@ -106,7 +114,7 @@ QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
     const std::string_view type = AttributeOf(cell, "t").value();
     if (type == "inlineStr") {
         const pugi::xml_node item = ChildOf(cell, "is");
-        return item ? QVariant(Unescaped(TextOfStringItem(item))) : QVariant();
+        return item ? TextValue(TextOfStringItem(item)) : QVariant();
     }
     const pugi::xml_node content = ChildOf(cell, "v");
     if (!content)
@@ -116,10 +124,10 @@ QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
         bool isIndex = false;
         const unsigned index = QByteArray::fromStdString(text).trimmed().toUInt(&isIndex);
         TemplateFault fault;
-        return isIndex ? QVariant(Unescaped(strings.TextAt(index, fault))) : QVariant();
+        return isIndex ? TextValue(strings.TextAt(index, fault)) : QVariant();
     }
     if (type == "str" || type == "e")
-        return Unescaped(text);
+        return TextValue(text);
     if (type == "b")
         return text == "1" || text == "true";
     if (type == "d") {

@@ -45,6 +45,20 @@ bool StandsBehindCalculation(const pugi::xml_node &node)
         && std::none_of(std::begin(kBefore), std::end(kBefore), [&node](const char *name) { return IsElement(node, name); });
 }
 
+/// What is made of the sheets and names that a workbook lists.
+qint64 MemoryOfLists(const pugi::xml_node &workbook)
+{
+    constexpr qint64 kSheet = 512;
+    constexpr qint64 kName = 640;
+    constexpr qint64 kTextByte = 16; // of the places that a name stands for
+    qint64 bytes = 0;
+    for (pugi::xml_node node = ChildOf(ChildOf(workbook, "sheets"), "sheet"); node; node = NextOfItsName(node))
+        bytes += kSheet;
+    for (pugi::xml_node node = ChildOf(ChildOf(workbook, "definedNames"), "definedName"); node; node = NextOfItsName(node))
+        bytes += kName + kTextByte * qint64(OwnText(node).size());
+    return bytes;
+}
+
 } // namespace
 
 TemplateFault TemplateWorkbook::Load(XlsxPackage &package)
@@ -66,6 +80,9 @@ TemplateFault TemplateWorkbook::Load(XlsxPackage &package)
     if (!IsElement(m_part->Root(), "workbook"))
         return {Error::FormatError,
                 QCoreApplication::translate("XlsxTemplate", "This is another kind of document, not a workbook (.xlsx).")};
+    if (!package.TakeMemoryOf(m_partName, MemoryOfLists(m_part->Root())))
+        return {Error::LimitError,
+                QCoreApplication::translate("XlsxTemplate", "A part of the workbook is too large: %1.").arg(QText(m_partName))};
     m_countsFrom1904 = IsTrue(AttributeOf(ChildOf(m_part->Root(), "workbookPr"), "date1904"));
     ReadSheets();
     ForgetNames();

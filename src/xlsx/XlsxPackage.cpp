@@ -18,6 +18,11 @@ constexpr const char *kContentTypes = "[Content_Types].xml";
 constexpr const char *kOfficeRelationships = "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
 constexpr const char *kPackageRelationships = "http://schemas.openxmlformats.org/package/2006/relationships";
 
+/// A package lies in memory twice while it is written, once as it was.
+constexpr qint64 kMemoryOfArchiveByte = 3;
+/// A relationship of 32 bytes, the shortest that there is, takes about 350.
+constexpr qint64 kMemoryOfListByte = 11;
+
 /// Names of parts, extensions and content types are compared without case, as ASCII.
 std::string Folded(std::string text)
 {
@@ -100,9 +105,10 @@ struct XlsxPackage::Private
     struct Part
     {
         std::string name;
-        int entry = -1;     ///< in the archive, if it is there
-        bool isSet = false; ///< its bytes are not those of the archive
-        QByteArray bytes;   ///< if they are set
+        int entry = -1;         ///< in the archive, if it is there
+        bool isSet = false;     ///< its bytes are not those of the archive
+        bool hasMemory = false; ///< for what is made of it besides
+        QByteArray bytes;       ///< if they are set
         std::unique_ptr<XmlPart> parsed;
         TemplateFault fault; ///< of parsing it, found once
         std::unique_ptr<std::vector<Relationship>> relationships;
@@ -141,7 +147,9 @@ struct XlsxPackage::Private
         }
         if (isWanted && !isWanted(bytes))
             return {};
-        if (!budget.TakePart(bytes.constData(), bytes.size()))
+        // Relationships are listed besides.
+        const bool isList = part.name.size() > 5 && Folded(part.name.substr(part.name.size() - 5)) == ".rels";
+        if (!budget.TakePart(bytes.constData(), bytes.size()) || (isList && !budget.Take(kMemoryOfListByte * bytes.size())))
             return TooLarge(part.name);
         auto parsed = std::make_unique<XmlPart>();
         if (!parsed->Parse(bytes))
@@ -181,6 +189,8 @@ XlsxPackage::~XlsxPackage() = default;
 
 TemplateFault XlsxPackage::Open(const QByteArray &bytes)
 {
+    if (!d->budget.Take(kMemoryOfArchiveByte * bytes.size()))
+        return {Error::LimitError, QCoreApplication::translate("XlsxTemplate", "The file is too large.")};
     if (const TemplateFault fault = d->archive.Open(bytes))
         return fault;
     int index = 0;
@@ -236,6 +246,15 @@ XmlPart *XlsxPackage::ParsedIf(const std::string &name, bool (*isWanted)(const Q
     if (part->fault)
         fault = part->fault;
     return part->parsed.get();
+}
+
+bool XlsxPackage::TakeMemoryOf(const std::string &name, qint64 bytes)
+{
+    Private::Part *part = d->Find(name);
+    if (!part || part->hasMemory)
+        return part;
+    part->hasMemory = d->budget.Take(bytes);
+    return part->hasMemory;
 }
 
 void XlsxPackage::SetBytes(const std::string &name, const QByteArray &bytes)

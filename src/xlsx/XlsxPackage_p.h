@@ -34,6 +34,8 @@ public:
     bool Has(const std::string &part) const;
     /// A part's bytes as they were opened or last set; a fault if it is missing or damaged.
     TemplateFault Bytes(const std::string &part, QByteArray &bytes) const;
+    /// Takes memory for what is made of a part besides parsing it, once for each part. False if there is too little of it.
+    bool TakeMemoryOf(const std::string &part, qint64 bytes);
     /// The parsed part, or null with a fault. The pointer is good for the package's life, or until the part is removed.
     XmlPart *Parsed(const std::string &part, TemplateFault &fault);
     /// The same, but one that is not parsed yet only if \a isWanted says so of its bytes; else null without a fault.

@@ -1,12 +1,12 @@
 #include <Velmora/XlsxTemplate.h>
 
+#include "xlsx/MemoryBudget_p.h"
 #include "xlsx/RowRepetition_p.h"
 #include "xlsx/StaleResults_p.h"
 #include "xlsx/TemplateContext_p.h"
 #include "xlsx/TemplateLists_p.h"
 #include "xlsx/TemplateNames_p.h"
 #include "xlsx/TemplatePictures_p.h"
-#include "xlsx/ZipInspection_p.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -33,7 +33,7 @@ TemplateFault ReadFile(const QString &path, QByteArray &bytes)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FileFault(path, file.errorString());
-    if (file.size() > ZipLimits::kArchiveBytes)
+    if (file.size() > MemoryBudget::kBytes)
         return {XlsxTemplate::Error::LimitError, QCoreApplication::translate("XlsxTemplate", "%1: The file is too large.").arg(path)};
     bytes = file.readAll();
     return file.error() == QFileDevice::NoError ? TemplateFault() : FileFault(path, file.errorString());

@@ -220,6 +220,8 @@ QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name)
     TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
     for (int column = place.range.firstColumn; sheet && column <= place.range.lastColumn; ++column)
         names.append(HeaderText(context.ValueOf(sheet->FindCell(place.range.firstRow - 1, column))));
+    while (!names.isEmpty() && names.last().isEmpty()) // a whole row has thousands of them
+        names.removeLast();
     return names;
 }
 
@@ -341,6 +343,8 @@ TemplateFault RowsByColumn(TemplateContext &context, const TemplateName &name, c
                            QVector<QVariantList> &rows)
 {
     const QStringList columns = ColumnNamesOf(context, name);
+    QStringList shown = columns;
+    shown.removeAll(QString());
     QHash<QString, int> columnOf;
     for (int column = columns.size() - 1; column >= 0; --column)
         columnOf.insert(columns.at(column).toCaseFolded(), column);
@@ -356,7 +360,7 @@ TemplateFault RowsByColumn(TemplateContext &context, const TemplateName &name, c
                         columnOf.isEmpty()
                             ? QCoreApplication::translate("XlsxTemplate", "The columns have no names: there is no row of texts above.")
                             : QCoreApplication::translate("XlsxTemplate", "There is no column %1; there are %2.")
-                                  .arg(value.key(), columns.join(QLatin1String(", ")))};
+                                  .arg(value.key(), shown.join(QLatin1String(", ")))};
             }
             row[column] = value.value();
         }

@@ -30,6 +30,8 @@ TemplateFault FileFault(const QString &path, const QString &reason)
 
 TemplateFault ReadFile(const QString &path, QByteArray &bytes)
 {
+    if (path.isEmpty()) // QFile logs it
+        return {XlsxTemplate::Error::FileError, QCoreApplication::translate("XlsxTemplate", "The file has no name.")};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FileFault(path, file.errorString());

@@ -116,7 +116,7 @@ public:
     QVariant value(const QString &name) const;
     /// The entries of a list: typed in, or what stands in the cells that it takes them from.
     QStringList options(const QString &name) const;
-    /// The header texts of a table, or the texts of the row above a named row.
+    /// The header texts of a table, or the texts of the row above a named row without the empty ones at its end.
     QStringList columnNames(const QString &name) const;
 
     // --- Filling in ---

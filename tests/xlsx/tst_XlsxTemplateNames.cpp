@@ -497,6 +497,29 @@ private Q_SLOTS:
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList("a.xlsx"));
     }
 
+    void a_file_without_a_name_is_refused_in_words()
+    {
+        QVERIFY(!m_workbook.load(QString())); // and nothing is logged
+        QCOMPARE(m_workbook.error(), Error::FileError);
+        QCOMPARE(m_workbook.errorString(), QString("The file has no name."));
+    }
+
+    void a_whole_row_has_only_the_columns_that_have_names()
+    {
+        Template source;
+        source.Sheet(1,
+                     "<row r=\"1\"><c r=\"A1\" t=\"str\"><v>Item</v></c><c r=\"C1\" t=\"str\"><v>Price</v></c></row>"
+                     "<row r=\"2\"><c r=\"D2\"><v>7</v></c></row>");
+        source.Name("Row", "Sheet1!$2:$2");
+        QVERIFY(Load(source));
+        QCOMPARE(m_workbook.columnNames("Row"), (QStringList{"Item", "", "Price"}));
+        QVERIFY(!m_workbook.setRows("Row", QVector<QVariantHash>{{{"Prize", 1}}}));
+        QCOMPARE(m_workbook.errorString(), QString("There is no column Prize; there are Item, Price."));
+        VERIFY_DONE(m_workbook, setRows("Row", QVector<QVariantHash>{{{"Price", 2.5}}}));
+        const QVariantList row{QVariant(), QVariant(), 2.5, 7LL};
+        QCOMPARE(m_workbook.value("Row"), QVariant(QVariantList{QVariant(row)}));
+    }
+
     void a_workbook_can_be_moved()
     {
         QVERIFY(Load(Names()));

@@ -1,5 +1,7 @@
 #include "xlsx/XlsxTestCase.h"
 
+#include <Velmora/XlsxTemplate.h>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -151,6 +153,18 @@ private Q_SLOTS:
         const QByteArray found = QByteArray::number(measured.seconds) + " s, " + QByteArray::number(measured.bytes / kMiB) + " MiB";
         QVERIFY2(measured.bytes > 0 && measured.bytes < 1024LL * kMiB, found);
         QVERIFY2(isLoaded || measured.seconds < 2, found);
+    }
+
+    void a_template_of_more_names_than_it_has_memory_for_is_refused()
+    {
+        Template source;
+        source.parts[kWorkbook].replace("<calcPr",
+                                        "<definedNames>" + Pieces(40 * kMiB, [](int i) {
+                                            return "<definedName name=\"N" + QByteArray::number(i) + "\">S!$A$1</definedName>";
+                                        }) + "</definedNames><calcPr");
+        XlsxTemplate workbook;
+        QVERIFY(!workbook.load(SmallArchive(source)));
+        QCOMPARE(workbook.error(), XlsxTemplate::Error::LimitError);
     }
 };
 

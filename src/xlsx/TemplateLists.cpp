@@ -18,14 +18,16 @@ TemplateFault FaultOfOptions(const QStringList &options)
     if (options.isEmpty())
         return {Error::ValueError, QCoreApplication::translate("XlsxTemplate", "The list has no entries.")};
     for (const QString &option : options) {
-        const bool hasControls = std::any_of(option.cbegin(), option.cend(), [](QChar c) { return c < QLatin1Char(' '); });
+        const bool hasControls =
+            std::any_of(option.cbegin(), option.cend(), [](QChar c) { return c < QLatin1Char(' ') || c >= QChar(0xfffe); });
         if (option.contains(QLatin1Char(',')))
             return {Error::ValueError,
                     QCoreApplication::translate("XlsxTemplate", "An entry of a list must not have a comma: %1").arg(option)};
         if (option.isEmpty() || option != option.trimmed() || hasControls)
             return {Error::ValueError,
                     QCoreApplication::translate(
-                        "XlsxTemplate", "An entry of a list must not be empty, begin or end with a blank, or have line ends: \"%1\"")
+                        "XlsxTemplate",
+                        "An entry of a list must not be empty, begin or end with a blank, or have line ends or control characters: \"%1\"")
                         .arg(option)};
     }
     return {};

@@ -153,8 +153,8 @@ public:
     /// refused.
     bool setRows(const QString &name, const QVector<QVariantHash> &rows);
     /// Gives the cells of \a name this list, in one validation, in place of what was checked there; the prompts of a former list stay.
-    /// Refused are no entries, one with a comma, a line end or a blank at its ends, and more than 255 characters in all with commas:
-    /// more is not read by office programs.
+    /// Refused are no entries, one with a comma, a line end or another control character, or a blank at its ends, and more than 255
+    /// characters in all with commas: more is not read by office programs.
     bool setOptions(const QString &name, const QStringList &options);
     /// Whether a cell with a list takes values that are not in it; not so at first, even if the list itself would only warn. Typed
     /// entries are compared as they stand, those from cells whatever their case. A list whose entries cannot be told, as those of a

@@ -354,6 +354,7 @@ private Q_SLOTS:
         QTest::newRow("an empty one") << QStringList{QStringLiteral("a"), QString()} << QStringLiteral("empty");
         QTest::newRow("a blank in front") << QStringList{QStringLiteral(" a")} << QStringLiteral("\" a\"");
         QTest::newRow("a line end") << QStringList{QStringLiteral("a\nb")} << QStringLiteral("line ends");
+        QTest::newRow("no character of XML") << QStringList{QString(QChar(0xffff))} << QStringLiteral("control characters");
         QTest::newRow("too many letters") << QStringList{QString(200, QLatin1Char('x')), QString(55, QLatin1Char('y'))}
                                           << QStringLiteral("256 characters");
     }

@@ -93,6 +93,8 @@ public:
     /// Reads the template. False leaves the object without one.
     bool load(const QString &path);
     bool load(const QByteArray &package);
+    /// A path in UTF-8, which is no package.
+    bool load(const char *path) { return load(QString::fromUtf8(path)); }
 
     // --- What there is ---
 
@@ -166,6 +168,10 @@ public:
     /// be told is filled. Refused are pictures that are linked to a file, and SVG, which a workbook holds only as a twin.
     bool setPicture(const QString &name, const QString &file, PictureFit fit = PictureFit::Fit);
     bool setPicture(const QString &name, const QByteArray &image, PictureFit fit = PictureFit::Fit);
+    bool setPicture(const QString &name, const char *file, PictureFit fit = PictureFit::Fit)
+    {
+        return setPicture(name, QString::fromUtf8(file), fit);
+    }
     /// Empties all cells of \a name; formats stay.
     bool clear(const QString &name);
 

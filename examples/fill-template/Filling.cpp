@@ -96,10 +96,9 @@ void SortRows(const XlsxTemplate &source, Value &value)
         SortColumns(value.rows, places);
         return;
     }
-    // A file's first line is a header only if it names each of the columns.
+    // A file's first line is a header if it holds nothing but columns' names.
     const QVector<int> places = PlacesOf(value.firstLine, columns, fault);
-    const bool isHeader = !places.isEmpty() && places.size() == columns.size();
-    if (isHeader) {
+    if (!places.isEmpty()) {
         value.rows.removeFirst();
         const bool areLong = std::any_of(value.rows.begin(), value.rows.end(), [&](const auto &row) { return row.size() > places.size(); });
         if (areLong)

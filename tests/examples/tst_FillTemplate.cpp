@@ -347,6 +347,13 @@ private Q_SLOTS:
                        {QStringLiteral("Desk, large"), QStringLiteral("007"), QVariant()}}));
     }
 
+    void a_file_need_not_have_all_columns()
+    {
+        WriteFile(Path(QStringLiteral("items.csv")), "Unit price,Item\n12.5,Chair\n300,Desk\n");
+        QCOMPARE(FilledItems("{\"Items\": {\"csv\": \"items.csv\"}}"),
+                 Rows({{QStringLiteral("Chair"), 12.5, 1LL}, {QStringLiteral("Desk"), 300LL, 1LL}}));
+    }
+
     void quoted_cells_are_texts_with_their_quotes_and_line_ends()
     {
         WriteFile(Path(QStringLiteral("items.csv")), "\"12\",\"a\"\"b\r\nc\",TRUE\n");

@@ -23,13 +23,18 @@ bool KnowsItsRow(const std::string &text)
     return text.find("ROW") != std::string::npos || text.find("row") != std::string::npos;
 }
 
+/// The cells of a data table, or of any formula in several cells, and the cells that a data table puts its values into.
 void MoveReferenceAttributes(pugi::xml_node formula, const TemplateSheet &sheet, const RowMove &move)
 {
-    for (const char *name : {"ref", "r1", "r2"}) {
-        const pugi::xml_attribute attribute = AttributeOf(formula, name);
+    for (const auto &[name, deleted] : {std::pair{"ref", ""}, std::pair{"r1", "del1"}, std::pair{"r2", "del2"}}) {
+        pugi::xml_attribute attribute = AttributeOf(formula, name);
         const auto moved = attribute ? MovedByRows(attribute.value(), sheet.Name(), move, Growth::None) : std::nullopt;
-        if (moved)
-            pugi::xml_attribute(attribute).set_value(moved->c_str());
+        if (!moved)
+            continue;
+        if (*moved != "#REF!")
+            attribute.set_value(moved->c_str());
+        else if (!AttributeOf(formula, deleted))
+            formula.append_attribute(deleted).set_value(1); // a reference to nothing is none there
     }
 }
 

@@ -75,8 +75,6 @@ void RemoveResultsIn(TemplateSheet &sheet, RangeIndex &arrays)
 
 TemplateFault RemoveStaleResults(TemplateContext &context)
 {
-    if (context.changed.empty())
-        return {};
     std::vector<std::string> sheetNames;
     for (int i = 0; i < context.workbook.SheetCount(); ++i)
         sheetNames.push_back(context.workbook.SheetName(i));
@@ -101,7 +99,6 @@ TemplateFault RemoveStaleResults(TemplateContext &context)
     }
     for (auto &[sheet, ranges] : arrays)
         RemoveResultsIn(*context.workbook.Sheet(sheet, none), ranges);
-    context.changed.clear();
     return {};
 }
 

@@ -132,8 +132,10 @@ QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
         return text == "1" || text == "true";
     if (type == "d") {
         const QString iso = QString::fromStdString(text);
-        return iso.contains(QLatin1Char('T')) ? QVariant(QDateTime::fromString(iso, Qt::ISODateWithMs))
-                                              : QVariant(QDate::fromString(iso, Qt::ISODate));
+        const QDateTime moment = QDateTime::fromString(iso, Qt::ISODateWithMs);
+        if (!moment.isValid())
+            return {};
+        return iso.contains(QLatin1Char('T')) ? QVariant(moment) : QVariant(moment.date());
     }
     const QVariant number = NumberOf(text);
     return number.isValid() ? DateOf(number, styles.ShownBy(AttributeOf(cell, "s").as_uint()), workbook.CountsFrom1904()) : QVariant();

@@ -84,7 +84,10 @@ TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, con
 
 TemplateFault FaultOfList(TemplateContext &context, int sheet, int row, int column, const QVariant &value)
 {
-    const CellLists *lists = value.isValid() ? context.ListsOf(sheet) : nullptr;
+    const CellLists *lists = context.ListsOf(sheet);
+    CellContent content;
+    if (lists && !ContentOf(value, context.workbook.CountsFrom1904(), content) && content.kind == CellContent::Kind::Nothing)
+        return {}; // a list has no say in whether a cell is emptied
     const std::string source = lists ? lists->SourceAt(row, column) : std::string();
     if (source.empty() || (lists->TakesNothingAt(row, column) && value.toString().isEmpty()))
         return {};

@@ -35,9 +35,10 @@ TemplateFault ReadFile(const QString &path, QByteArray &bytes)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FileFault(path, file.errorString());
-    if (file.size() > MemoryBudget::kBytes)
+    if (file.size() <= MemoryBudget::kBytes)
+        bytes = file.size() > 0 ? file.readAll() : file.read(MemoryBudget::kBytes + 1); // what is no regular file has no size
+    if (file.size() > MemoryBudget::kBytes || bytes.size() > MemoryBudget::kBytes)
         return {XlsxTemplate::Error::LimitError, QCoreApplication::translate("XlsxTemplate", "%1: The file is too large.").arg(path)};
-    bytes = file.readAll();
     return file.error() == QFileDevice::NoError ? TemplateFault() : FileFault(path, file.errorString());
 }
 

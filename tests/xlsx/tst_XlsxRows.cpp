@@ -668,6 +668,20 @@ private Q_SLOTS:
         QVERIFY2(moved.contains("refreshOnLoad=\"1\"") && moved.contains("ref=\"A4:D7\""), moved);
     }
 
+    void a_data_table_whose_input_goes_says_that_it_has_gone()
+    {
+        const auto table = [](const QByteArray &ref, const QByteArray &input) {
+            return "<f t=\"dataTable\" ref=\"" + ref + "\" dt2D=\"0\" dtr=\"0\" r1=\"" + input + "\"";
+        };
+        const auto invoice = [&table](const QByteArray &input) {
+            return Invoice(kInvoice + "<row r=\"9\"><c r=\"F9\">" + table("F9:F10", input) + "/><v>7</v></c></row>");
+        };
+        const QByteArray gone = Repeated(invoice("A5"), {}).value(kSheet1);
+        QVERIFY2(gone.contains(table("F8:F9", "A5") + " del1=\"1\""), gone);
+        const QByteArray moved = Repeated(invoice("A8"), Entries(2)).value(kSheet1);
+        QVERIFY2(moved.contains(table("F10:F11", "A9") + "/>"), moved);
+    }
+
     void what_cannot_be_moved_is_refused_by_its_name()
     {
         Template pivot = Invoice();

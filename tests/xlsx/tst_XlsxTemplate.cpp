@@ -189,6 +189,7 @@ private Q_SLOTS:
         row("truth", "<c r=\"B2\" t=\"b\"><v>1</v></c>", true);
         row("error", "<c r=\"B2\" t=\"e\"><v>#N/A</v></c>", "#N/A");
         row("ISO date", "<c r=\"B2\" t=\"d\"><v>2026-11-22</v></c>", QDate(2026, 11, 22));
+        row("no ISO date", "<c r=\"B2\" t=\"d\"><v>tomorrow</v></c>", QVariant());
         row("formula without a result", "<c r=\"B2\"><f>A1</f></c>", QVariant());
         row("empty", "<c r=\"B2\"/>", QVariant());
         row("other cell", "<c r=\"C2\"><v>1</v></c>", QVariant());

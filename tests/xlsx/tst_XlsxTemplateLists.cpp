@@ -3,6 +3,7 @@
 #include "xlsx/Book.h"
 
 #include <QDate>
+#include <QJsonValue>
 
 Q_DECLARE_METATYPE(Velmora::XlsxTemplate::Kind)
 
@@ -221,6 +222,15 @@ private Q_SLOTS:
         XlsxTemplate workbook;
         QVERIFY(Load(workbook, Validations(1, Validation("B2", "\"yes\"", "allowBlank=\"1\" "))));
         VERIFY_DONE(workbook, setValue(kName, QString()));
+    }
+
+    void nothing_empties_a_cell_whatever_its_list()
+    {
+        for (const QVariant &nothing : {QVariant(), QVariant::fromValue(nullptr), QVariant(QJsonValue())}) {
+            XlsxTemplate workbook;
+            QVERIFY(Load(workbook, Validations(1, Validation("B2", "\"yes\""))));
+            VERIFY_DONE(workbook, setValue(kName, nothing));
+        }
     }
 
     void entries_change_with_the_cells_that_they_stand_in()

@@ -146,7 +146,7 @@ public:
     /// is repeated, or the last go, until there are as many as \a rows. A row that is shorter than the name, and one with a Keep in it,
     /// keeps what the template has there.
     ///
-    /// No rows take the row away: what referred to nothing else is #REF! then, but in SUM it is 0. A table keeps one row, emptied.
+    /// No rows take the row away: what referred to nothing else is \#REF! then, but in SUM it is 0. A table keeps one row, emptied.
     ///
     /// Refused, with its place, is what would have to be moved, stretched or repeated and cannot be: a pivot table beside or below; an
     /// array formula over several rows, a data table, another table or merged cells across the row; cells that would leave the sheet.

@@ -35,7 +35,7 @@ private:
     std::vector<std::string> m_names;
     std::map<QString, std::vector<FoundPicture>> m_pictures; ///< by folded name
     std::map<std::string, std::map<std::string, int, std::less<>>> m_uses;
-    const std::vector<FoundPicture> m_none;
+    const std::vector<FoundPicture> m_none{};
 };
 
 } // namespace Velmora

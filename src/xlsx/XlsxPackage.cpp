@@ -127,7 +127,7 @@ struct XlsxPackage::Private
     std::unordered_map<std::string, Part> parts; ///< by folded names
     std::vector<int> removed;                    ///< entries of the archive
     std::vector<Relationship> packageRelationships;
-    const std::vector<Relationship> none;
+    const std::vector<Relationship> none{};
 
     Part *Find(const std::string &name)
     {

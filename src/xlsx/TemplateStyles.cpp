@@ -144,6 +144,10 @@ Shows TemplateStyles::ShownBy(unsigned style)
 TemplateFault TemplateStyles::MakePart()
 {
     const std::string name = m_package->Has("xl/styles.xml") ? m_package->FreeName("xl/styles.xml") : "xl/styles.xml";
+    // First what may fail, so that nothing is changed then.
+    if (const TemplateFault fault =
+            m_package->SetContentType(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml"))
+        return fault;
     m_package->SetBytes(name,
                         QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
                                           "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">"
@@ -152,9 +156,6 @@ TemplateFault TemplateStyles::MakePart()
                                           "<fill><patternFill patternType=\"gray125\"/></fill></fills>"
                                           "<borders count=\"1\"><border/></borders><cellStyleXfs count=\"1\"><xf/></cellStyleXfs>"
                                           "<cellXfs count=\"1\"><xf/></cellXfs></styleSheet>"));
-    if (const TemplateFault fault =
-            m_package->SetContentType(name, "application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml"))
-        return fault;
     std::string id;
     if (const TemplateFault fault = m_package->AddRelationship(m_workbook, "styles", name, id))
         return fault;

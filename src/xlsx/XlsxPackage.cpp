@@ -401,11 +401,11 @@ TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *
 {
     const std::string partName = RelationshipsPartOf(name);
     if (!Has(partName)) {
+        if (const TemplateFault fault = SetDefaultContentType("rels", "application/vnd.openxmlformats-package.relationships+xml"))
+            return fault;
         SetBytes(partName,
                  QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<Relationships xmlns=\"")
                      + kPackageRelationships + "\"/>");
-        if (const TemplateFault fault = SetDefaultContentType("rels", "application/vnd.openxmlformats-package.relationships+xml"))
-            return fault;
     }
     TemplateFault fault;
     XmlPart *part = Parsed(partName, fault);

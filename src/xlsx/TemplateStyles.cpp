@@ -120,7 +120,10 @@ TemplateFault TemplateStyles::FaultOfReading()
     Read();
     if (m_part && !ChildOf(m_part->Root(), "cellXfs"))
         return {XlsxTemplate::Error::FormatError, QCoreApplication::translate("XlsxTemplate", "The workbook's styles are damaged.")};
-    return m_fault;
+    TemplateFault fault = m_fault;
+    if (!m_part && !fault) // one would be made, and has a type
+        m_package->Parsed("[Content_Types].xml", fault);
+    return fault;
 }
 
 unsigned TemplateStyles::FormatOf(unsigned style) const

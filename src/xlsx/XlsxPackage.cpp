@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <map>
 #include <unordered_map>
 
 namespace Velmora {
@@ -126,6 +127,7 @@ struct XlsxPackage::Private
     MemoryBudget budget;
     std::unordered_map<std::string, Part> parts; ///< by folded names
     std::vector<int> removed;                    ///< entries of the archive
+    std::map<std::string, int> lastNumbers;      ///< in free names and ids, by what they are for
     std::vector<Relationship> packageRelationships;
     const std::vector<Relationship> none{};
 
@@ -297,8 +299,8 @@ void XlsxPackage::Remove(const std::string &name)
 std::string XlsxPackage::FreeName(const std::string &part) const
 {
     const std::size_t dot = std::min(part.rfind('.'), part.size());
-    for (int number = 1;; ++number) {
-        std::string name = part.substr(0, dot) + std::to_string(number) + part.substr(dot);
+    for (int &number = d->lastNumbers[part];;) { // not from one for each of many
+        std::string name = part.substr(0, dot) + std::to_string(++number) + part.substr(dot);
         if (!Has(name))
             return name;
     }
@@ -411,7 +413,8 @@ TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *
     XmlPart *part = Parsed(partName, fault);
     if (!part)
         return fault;
-    int number = int(RelationshipsOf(name).size());
+    int &number = d->lastNumbers[partName]; // not from one for each of many
+    number = std::max(number, int(RelationshipsOf(name).size()));
     do
         id = "rId" + std::to_string(++number);
     while (FindRelationship(name, id));

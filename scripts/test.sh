@@ -3,7 +3,7 @@
 #
 #   format   clang-format has nothing to change
 #   dev      every test: unit and package tests, the fuzz targets' seeds, and the desktop tests under a window manager
-#   asan     the same without package and desktop tests, under the address and undefined-behaviour sanitizers
+#   asan     the same without package and desktop tests, and at scale 1 alone, under the address and undefined-behaviour sanitizers
 #   tsan     what uses threads, under the thread sanitizer
 #   docs     the API reference, in which a warning is an error
 #

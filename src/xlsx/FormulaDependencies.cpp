@@ -80,6 +80,14 @@ void FormulaDependencies::AddVolatileFormula(int sheet, const CellRange &cells)
     m_volatile.push_back(m_formulas.back());
 }
 
+void FormulaDependencies::AddView(std::string_view text)
+{
+    const int node = int(m_nodes.size());
+    m_formulas.push_back(node);
+    m_nodes.emplace_back();
+    AddUses(node, text);
+}
+
 void FormulaDependencies::AddChange(int sheet, const CellRange &cells)
 {
     m_changes.push_back({sheet, cells});
@@ -181,7 +189,8 @@ void FormulaDependencies::SetStale(int node)
             continue;
         reached.isStale = true;
         if (reached.name < 0) {
-            m_changes.push_back({reached.sheet, reached.cells});
+            if (reached.sheet >= 0)
+                m_changes.push_back({reached.sheet, reached.cells});
         } else {
             const std::vector<int> &users = m_names[std::size_t(reached.name)].users;
             open.insert(open.end(), users.begin(), users.end());

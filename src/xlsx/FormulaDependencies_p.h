@@ -24,15 +24,17 @@ public:
     void AddFormula(int sheet, const CellRange &cells, std::string_view text);
     /// A formula of which it cannot be told what it uses.
     void AddVolatileFormula(int sheet, const CellRange &cells);
+    /// What shows cells beside formulas, and has none of its own. Counted with the formulas.
+    void AddView(std::string_view text);
 
     void AddChange(int sheet, const CellRange &cells);
     /// By the number of the formula; to be called once.
     std::vector<bool> Stale();
 
 private:
-    struct Node ///< a formula or a name
+    struct Node ///< a formula, a view or a name
     {
-        int sheet = -1; ///< of a name: its own, or -1
+        int sheet = -1; ///< of a formula
         CellRange cells;
         int name = -1; ///< the number of the name
         bool isStale = false;

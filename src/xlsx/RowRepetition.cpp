@@ -1,6 +1,7 @@
 #include "xlsx/RowRepetition_p.h"
 
 #include "xlsx/RowSurroundings_p.h"
+#include "xlsx/StaleResults_p.h"
 
 #include <algorithm>
 
@@ -47,6 +48,12 @@ private:
             return fault;
         if (TemplateFault fault = FindObstacle(m_context, surroundings, m_move, Filled(), m_name.table))
             return fault;
+        if (m_move.Shift() < 0) {
+            // While it can be told what used the rows: a name may have nothing left of them.
+            m_context.changed.push_back({m_place.sheet, {m_move.first + m_move.count, m_move.last, 1, kLastColumn}});
+            if (TemplateFault fault = RemoveStaleResults(m_context))
+                return fault;
+        }
         MoveSurroundings(m_context, surroundings, m_move, m_name.IsTable() ? pugi::xml_node() : m_name.node);
         for (const auto &sheet : surroundings.sheets)
             m_context.ForgetRows(sheet.first);

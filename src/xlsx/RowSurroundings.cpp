@@ -20,35 +20,14 @@ bool MayReferToCells(const QByteArray &bytes)
     return MayHaveFormulas(bytes) || bytes.contains("ormula") || bytes.contains("location=") || bytes.contains("linkedCell");
 }
 
-/// Parses the parts of some relationship types that a part leads to.
-TemplateFault ReadRelated(TemplateContext &context, const std::string &part, std::initializer_list<const char *> types, int sheet,
-                          std::vector<Part> &parts)
+TemplateFault ReadParts(TemplateContext &context, const std::vector<std::string> &names, int sheet, std::vector<Part> &parts)
 {
-    const std::vector<Relationship> relationships = context.package.RelationshipsOf(part);
-    for (const Relationship &relationship : relationships) {
-        const auto isOfType = [&relationship](const char *type) { return relationship.type == type; };
-        if (relationship.isExternal || std::none_of(types.begin(), types.end(), isOfType) || !context.package.Has(relationship.target))
-            continue;
+    for (const std::string &name : names) {
         TemplateFault fault;
-        XmlPart *read = context.package.Parsed(relationship.target, fault);
+        XmlPart *read = context.package.Parsed(name, fault);
         if (!read)
             return fault;
         parts.push_back({sheet, read});
-    }
-    return {};
-}
-
-TemplateFault ReadCharts(TemplateContext &context, const std::string &sheetPart, int sheet, std::vector<XmlPart *> &charts)
-{
-    const std::vector<Relationship> relationships = context.package.RelationshipsOf(sheetPart);
-    for (const Relationship &relationship : relationships) {
-        if (relationship.type != "drawing" || relationship.isExternal)
-            continue;
-        std::vector<Part> read;
-        if (TemplateFault fault = ReadRelated(context, relationship.target, {"chart", "chartEx"}, sheet, read))
-            return fault;
-        for (const Part &chart : read)
-            charts.push_back(chart.part);
     }
     return {};
 }
@@ -57,7 +36,7 @@ TemplateFault ReadPartsOfSheet(TemplateContext &context, int sheet, RowSurroundi
 {
     const std::string &part = context.workbook.SheetPartName(sheet);
     const auto read = [&](std::initializer_list<const char *> types, std::vector<Part> &parts) {
-        return ReadRelated(context, part, types, sheet, parts);
+        return ReadParts(context, context.workbook.PartsOf(part, types), sheet, parts);
     };
     if (TemplateFault fault = read({"table"}, surroundings.tables))
         return fault;
@@ -65,7 +44,7 @@ TemplateFault ReadPartsOfSheet(TemplateContext &context, int sheet, RowSurroundi
         return fault;
     if (TemplateFault fault = read({"ctrlProp"}, surroundings.controls))
         return fault;
-    if (TemplateFault fault = ReadCharts(context, part, sheet, surroundings.charts))
+    if (TemplateFault fault = ReadParts(context, context.workbook.ChartPartsOf(sheet), sheet, surroundings.charts))
         return fault;
     if (sheet != surroundings.sheet)
         return {};
@@ -263,11 +242,8 @@ TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundi
         if ((fault = ReadPartsOfSheet(context, i, surroundings)))
             return fault;
     }
-    std::vector<Part> pivotSources;
-    TemplateFault fault = ReadRelated(context, context.workbook.PartName(), {"pivotCacheDefinition"}, sheet, pivotSources);
-    for (const Part &source : pivotSources)
-        surroundings.pivotSources.push_back(source.part);
-    return fault;
+    return ReadParts(context, context.workbook.PartsOf(context.workbook.PartName(), {"pivotCacheDefinition"}), sheet,
+                     surroundings.pivotSources);
 }
 
 TemplateFault FindObstacle(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move, const CellRange &filled,
@@ -311,14 +287,8 @@ void MoveSurroundings(TemplateContext &context, const RowSurroundings &surroundi
     MoveParts(surroundings.oldDrawings, [&](const pugi::xml_node &root, int sheet) { return MoveOldShapes(root, nameOf(sheet), move); });
     MoveParts(surroundings.controls, [&](const pugi::xml_node &root, int sheet) { return MoveShapeLinks(root, nameOf(sheet), move); });
     MoveParts(surroundings.comments, [&](const pugi::xml_node &root, int) { return MoveComments(root, move); });
-    for (XmlPart *chart : surroundings.charts) {
-        if (MoveChartData(chart->Root(), move))
-            chart->ChangedEverywhere();
-    }
-    for (XmlPart *source : surroundings.pivotSources) {
-        if (MovePivotSource(source->Root(), move))
-            source->ChangedEverywhere();
-    }
+    MoveParts(surroundings.charts, [&](const pugi::xml_node &root, int) { return MoveChartData(root, move); });
+    MoveParts(surroundings.pivotSources, [&](const pugi::xml_node &root, int) { return MovePivotSource(root, move); });
 }
 
 } // namespace Velmora

@@ -23,8 +23,8 @@ struct RowSurroundings
     std::vector<Part> comments;
     std::vector<Part> controls;
     std::vector<Part> pivotTables;
-    std::vector<XmlPart *> charts;
-    std::vector<XmlPart *> pivotSources;
+    std::vector<Part> charts;
+    std::vector<Part> pivotSources; ///< of the workbook
 };
 
 /// Parses them.

@@ -1,5 +1,6 @@
 #include "xlsx/StaleResults_p.h"
 
+#include "xlsx/CellViews_p.h"
 #include "xlsx/FormulaCells_p.h"
 #include "xlsx/FormulaDependencies_p.h"
 
@@ -83,13 +84,16 @@ TemplateFault RemoveStaleResults(TemplateContext &context)
     std::vector<PlacedFormula> formulas;
     if (const TemplateFault fault = AddFormulas(context, dependencies, formulas))
         return fault;
+    const std::vector<CellView> views = FindCellViews(context);
+    for (const CellView &view : views)
+        dependencies.AddView(view.cells);
     for (const Place &place : context.changed)
         dependencies.AddChange(place.sheet, place.range);
 
     std::map<int, RangeIndex> arrays;
     const std::vector<bool> stale = dependencies.Stale();
     TemplateFault none; // these sheets have been read
-    for (std::size_t i = 0; i < stale.size(); ++i) {
+    for (std::size_t i = 0; i < formulas.size(); ++i) {
         if (!stale[i])
             continue;
         const PlacedFormula &formula = formulas[i];
@@ -99,6 +103,10 @@ TemplateFault RemoveStaleResults(TemplateContext &context)
     }
     for (auto &[sheet, ranges] : arrays)
         RemoveResultsIn(*context.workbook.Sheet(sheet, none), ranges);
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        if (stale[formulas.size() + i])
+            Renew(context, views[i]);
+    }
     return {};
 }
 

@@ -72,10 +72,8 @@ TemplateFault TakeOutUnused(TemplateContext &context, const std::set<Image> &ima
         if (const TemplateFault fault = context.package.RemoveRelationship(image.drawing, image.id))
             return fault;
     }
-    for (const std::string &part : parts) {
-        if (!context.package.IsTarget(part))
-            context.package.Remove(part);
-    }
+    for (const std::string &part : parts)
+        context.package.RemoveUnused(part);
     return {};
 }
 

@@ -173,14 +173,25 @@ void TemplateWorkbook::ReadNames()
     }
 }
 
-std::vector<std::string> TemplateWorkbook::TablePartsOf(int sheet)
+std::vector<std::string> TemplateWorkbook::PartsOf(const std::string &part, std::initializer_list<const char *> types) const
 {
     std::vector<std::string> parts;
-    for (const Relationship &relationship : m_package->RelationshipsOf(SheetPartName(sheet))) {
-        if (relationship.type == "table" && !relationship.isExternal)
+    for (const Relationship &relationship : m_package->RelationshipsOf(part)) {
+        const auto isOfType = [&relationship](const char *type) { return relationship.type == type; };
+        if (!relationship.isExternal && std::any_of(types.begin(), types.end(), isOfType) && m_package->Has(relationship.target))
             parts.push_back(relationship.target);
     }
     return parts;
+}
+
+std::vector<std::string> TemplateWorkbook::ChartPartsOf(int sheet) const
+{
+    std::vector<std::string> charts;
+    for (const std::string &drawing : PartsOf(SheetPartName(sheet), {"drawing"})) {
+        const std::vector<std::string> parts = PartsOf(drawing, {"chart", "chartEx"});
+        charts.insert(charts.end(), parts.begin(), parts.end());
+    }
+    return charts;
 }
 
 void TemplateWorkbook::ReadTables()
@@ -189,7 +200,7 @@ void TemplateWorkbook::ReadTables()
     for (int sheet = 0; sheet < SheetCount(); ++sheet) {
         if (!seen.insert(SheetPartName(sheet)).second)
             continue;
-        for (const std::string &part : TablePartsOf(sheet)) {
+        for (const std::string &part : PartsOf(SheetPartName(sheet), {"table"})) {
             TemplateFault fault;
             XmlPart *table = m_package->Parsed(part, fault);
             const auto range = table ? ParseRange(AttributeOf(table->Root(), "ref").value()) : std::nullopt;
@@ -264,7 +275,7 @@ TemplateFault TemplateWorkbook::RequireCalculation()
             continue;
         if (const TemplateFault fault = m_package->RemoveRelationship(m_partName, relationship.id))
             return fault;
-        m_package->Remove(relationship.target);
+        m_package->RemoveUnused(relationship.target);
     }
     return {};
 }

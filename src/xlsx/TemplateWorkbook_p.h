@@ -4,6 +4,7 @@
 #include "xlsx/TemplateSheet_p.h"
 #include "xlsx/XlsxPackage_p.h"
 
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <string>
@@ -60,8 +61,10 @@ public:
     const TemplateName *TableHeadedBy(int sheet, int row, int column) const;
     /// Reads names and tables anew, after their references were changed.
     void ForgetNames();
-    /// The parts of tables of a sheet.
-    std::vector<std::string> TablePartsOf(int sheet);
+    /// The parts that a part leads to by relationships of these types.
+    std::vector<std::string> PartsOf(const std::string &part, std::initializer_list<const char *> types) const;
+    /// The charts in the drawings of a sheet.
+    std::vector<std::string> ChartPartsOf(int sheet) const;
 
     /// Says that all is to be computed when the file is opened, and takes the calculation chain out of the package.
     TemplateFault RequireCalculation();

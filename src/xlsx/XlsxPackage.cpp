@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 #include <unordered_map>
 
@@ -17,12 +18,17 @@ using Error = XlsxTemplate::Error;
 
 constexpr const char *kContentTypes = "[Content_Types].xml";
 constexpr const char *kOfficeRelationships = "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+constexpr const char *kSignatureType = "application/vnd.openxmlformats-package.digital-signature-origin";
 constexpr const char *kPackageRelationships = "http://schemas.openxmlformats.org/package/2006/relationships";
+
+// What a content type is said of.
+constexpr bool kOfPart = true;
+constexpr bool kOfExtension = false;
 
 /// A package lies in memory twice while it is written, once as it was.
 constexpr qint64 kMemoryOfArchiveByte = 3;
-/// A relationship of 32 bytes, the shortest that there is, takes about 350.
-constexpr qint64 kMemoryOfListByte = 11;
+/// A relationship of 32 bytes, the shortest that there is, takes about 450.
+constexpr qint64 kMemoryOfListByte = 14;
 
 /// Names of parts, extensions and content types are compared without case, as ASCII.
 std::string Folded(std::string text)
@@ -31,10 +37,18 @@ std::string Folded(std::string text)
     return text;
 }
 
+constexpr const char *kRelationshipsEnding = ".rels";
+
+bool IsRelationshipsPart(const std::string &foldedName)
+{
+    const std::size_t size = std::strlen(kRelationshipsEnding);
+    return foldedName.size() > size && foldedName.compare(foldedName.size() - size, size, kRelationshipsEnding) == 0;
+}
+
 std::string RelationshipsPartOf(const std::string &part)
 {
     const std::size_t slash = part.rfind('/') + 1; // 0 if there is none
-    return part.substr(0, slash) + "_rels/" + part.substr(slash) + ".rels";
+    return part.substr(0, slash) + "_rels/" + part.substr(slash) + kRelationshipsEnding;
 }
 
 /// The part that \a target, which may be relative to the folder of \a source, names.
@@ -103,6 +117,11 @@ TemplateFault TooLarge(const std::string &part)
 
 struct XlsxPackage::Private
 {
+    struct ListedRelationship
+    {
+        std::size_t place = 0; ///< among the relationships
+        pugi::xml_node node;
+    };
     struct Part
     {
         std::string name;
@@ -113,14 +132,9 @@ struct XlsxPackage::Private
         std::unique_ptr<XmlPart> parsed;
         TemplateFault fault; ///< of parsing it, found once
         std::unique_ptr<std::vector<Relationship>> relationships;
-        std::map<std::string, std::size_t> relationshipIndex; ///< by id
+        std::map<std::string, ListedRelationship> relationshipIndex; ///< by id
 
-        void IndexRelationships()
-        {
-            relationshipIndex.clear();
-            for (std::size_t i = 0; i < relationships->size(); ++i)
-                relationshipIndex.emplace((*relationships)[i].id, i);
-        }
+        bool IsChanged() const { return isSet || (parsed && parsed->IsChanged()); }
     };
 
     XlsxArchive archive;
@@ -128,8 +142,10 @@ struct XlsxPackage::Private
     std::unordered_map<std::string, Part> parts; ///< by folded names
     std::vector<int> removed;                    ///< entries of the archive
     std::map<std::string, int> lastNumbers;      ///< in free names and ids, by what they are for
-    std::vector<Relationship> packageRelationships;
     const std::vector<Relationship> none{};
+    std::unique_ptr<std::unordered_map<std::string, int>> targets; ///< how many relationships lead to a part, by folded name
+    bool mayLeadAnywhere = false;                                  ///< one of the parts of relationships cannot be read
+    std::unique_ptr<std::map<std::pair<bool, std::string>, pugi::xml_node>> types; ///< by whether it is a part's own, and folded name
 
     Part *Find(const std::string &name)
     {
@@ -149,8 +165,8 @@ struct XlsxPackage::Private
         }
         if (isWanted && !isWanted(bytes))
             return {};
-        // Relationships are listed besides.
-        const bool isList = part.name.size() > 5 && Folded(part.name.substr(part.name.size() - 5)) == ".rels";
+        // Relationships and content types are listed besides.
+        const bool isList = IsRelationshipsPart(Folded(part.name)) || part.name == kContentTypes;
         if (!budget.TakePart(bytes.constData(), bytes.size()) || (isList && !budget.Take(kMemoryOfListByte * bytes.size())))
             return TooLarge(part.name);
         auto parsed = std::make_unique<XmlPart>();
@@ -159,13 +175,17 @@ struct XlsxPackage::Private
         part.parsed = std::move(parsed);
         return {};
     }
-    std::vector<Relationship> ReadRelationships(const std::string &source, const XmlPart &part) const;
+    void ReadRelationships(const std::string &source, Part &part) const;
+    void CountTarget(const Relationship &relationship, int change)
+    {
+        if (targets && !relationship.isExternal)
+            (*targets)[Folded(relationship.target)] += change;
+    }
 };
 
-std::vector<Relationship> XlsxPackage::Private::ReadRelationships(const std::string &source, const XmlPart &part) const
+void XlsxPackage::Private::ReadRelationships(const std::string &source, Part &part) const
 {
-    std::vector<Relationship> relationships;
-    for (pugi::xml_node node = ChildOf(part.Root(), "Relationship"); node; node = NextOfItsName(node)) {
+    for (pugi::xml_node node = ChildOf(part.parsed->Root(), "Relationship"); node; node = NextOfItsName(node)) {
         Relationship relationship;
         relationship.id = AttributeOf(node, "Id").value();
         relationship.type = LastSegment(AttributeOf(node, "Type").value());
@@ -177,9 +197,9 @@ std::vector<Relationship> XlsxPackage::Private::ReadRelationships(const std::str
             if (!parts.count(Folded(relationship.target))) // escaped, as addresses are
                 relationship.target = Resolved(source, QUrl::fromPercentEncoding(QByteArray::fromStdString(target)).toStdString());
         }
-        relationships.push_back(std::move(relationship));
+        part.relationshipIndex.emplace(relationship.id, ListedRelationship{part.relationships->size(), node});
+        part.relationships->push_back(std::move(relationship));
     }
-    return relationships;
 }
 
 XlsxPackage::XlsxPackage()
@@ -268,11 +288,16 @@ void XlsxPackage::SetBytes(const std::string &name, const QByteArray &bytes)
     part.bytes = bytes;
     part.parsed.reset();
     part.relationships.reset();
+    part.relationshipIndex.clear();
     part.fault = {};
+    if (IsRelationshipsPart(Folded(name)))
+        d->targets.reset();
 }
 
 void XlsxPackage::Remove(const std::string &name)
 {
+    if (Folded(name) == Folded(kContentTypes) || IsRelationshipsPart(Folded(name))) // is no part, whatever leads there
+        return;
     const auto removeOne = [this](const std::string &one) {
         const auto found = d->parts.find(Folded(one));
         if (found == d->parts.end())
@@ -281,19 +306,53 @@ void XlsxPackage::Remove(const std::string &name)
             d->removed.push_back(found->second.entry);
         d->parts.erase(found);
     };
+    if (d->targets) {
+        for (const Relationship &relationship : RelationshipsOf(name))
+            d->CountTarget(relationship, -1);
+    }
     removeOne(name);
     removeOne(RelationshipsPartOf(name));
     TemplateFault fault;
     XmlPart *types = Parsed(kContentTypes, fault);
-    if (!types)
+    const pugi::xml_node type = types ? FindType(kOfPart, '/' + name) : pugi::xml_node();
+    if (!type)
         return;
-    const std::string partName = Folded('/' + name);
-    for (pugi::xml_node node = ChildOf(types->Root(), "Override"); node; node = NextOfItsName(node)) {
-        if (Folded(AttributeOf(node, "PartName").value()) == partName) {
-            types->Remove(node);
-            return;
+    d->types->erase({kOfPart, Folded('/' + name)});
+    types->Remove(type);
+}
+
+void XlsxPackage::RemoveUnused(const std::string &name)
+{
+    std::vector<std::string> open{name};
+    while (!open.empty()) {
+        const std::string part = open.back();
+        open.pop_back();
+        if (!Has(part) || IsTarget(part))
+            continue;
+        for (const Relationship &relationship : RelationshipsOf(part)) {
+            if (!relationship.isExternal)
+                open.push_back(relationship.target);
         }
+        Remove(part);
     }
+}
+
+TemplateFault XlsxPackage::RemoveSignatures()
+{
+    const std::vector<Relationship> relationships = RelationshipsOf({});
+    for (const Relationship &relationship : relationships) {
+        if (relationship.type != "origin" || ContentType(relationship.target) != kSignatureType)
+            continue;
+        if (const TemplateFault fault = RemoveRelationship({}, relationship.id))
+            return fault;
+        RemoveUnused(relationship.target);
+    }
+    return {};
+}
+
+bool XlsxPackage::IsChanged() const
+{
+    return !d->removed.empty() || std::any_of(d->parts.begin(), d->parts.end(), [](const auto &part) { return part.second.IsChanged(); });
 }
 
 std::string XlsxPackage::FreeName(const std::string &part) const
@@ -317,34 +376,44 @@ std::string ExtensionOf(const std::string &part)
     return dot == std::string::npos ? std::string() : Folded(name.substr(dot + 1));
 }
 
-pugi::xml_node FindType(const XmlPart &types, const char *element, const char *key, const std::string &value)
-{
-    for (pugi::xml_node node = ChildOf(types.Root(), element); node; node = NextOfItsName(node)) {
-        if (Folded(AttributeOf(node, key).value()) == value)
-            return node;
-    }
-    return {};
-}
-
-void AddType(XmlPart &types, const char *element, const char *key, const std::string &value, const char *type)
-{
-    pugi::xml_node node = MakeChild(types.Root(), element);
-    SetAttribute(node, key, value.c_str());
-    SetAttribute(node, "ContentType", type);
-    types.Changed(node);
-}
-
 } // namespace
+
+pugi::xml_node XlsxPackage::FindType(bool isOfPart, const std::string &name)
+{
+    if (!d->types) {
+        TemplateFault fault;
+        const XmlPart *types = Parsed(kContentTypes, fault);
+        if (!types)
+            return {};
+        d->types = std::make_unique<std::map<std::pair<bool, std::string>, pugi::xml_node>>();
+        for (pugi::xml_node node = types->Root().first_child(); node; node = node.next_sibling()) {
+            if (IsElement(node, "Override"))
+                d->types->emplace(std::pair(kOfPart, Folded(AttributeOf(node, "PartName").value())), node);
+            else if (IsElement(node, "Default"))
+                d->types->emplace(std::pair(kOfExtension, Folded(AttributeOf(node, "Extension").value())), node);
+        }
+    }
+    const auto found = d->types->find({isOfPart, Folded(name)});
+    return found == d->types->end() ? pugi::xml_node() : found->second;
+}
+
+/// To be called after it was not found.
+void XlsxPackage::AddType(bool isOfPart, const std::string &name, const char *type)
+{
+    TemplateFault fault;
+    XmlPart *types = Parsed(kContentTypes, fault);
+    pugi::xml_node node = MakeChild(types->Root(), isOfPart ? "Override" : "Default");
+    SetAttribute(node, isOfPart ? "PartName" : "Extension", name.c_str());
+    SetAttribute(node, "ContentType", type);
+    types->Changed(node);
+    d->types->emplace(std::pair(isOfPart, Folded(name)), node);
+}
 
 std::string XlsxPackage::ContentType(const std::string &part)
 {
-    TemplateFault fault;
-    const XmlPart *types = Parsed(kContentTypes, fault);
-    if (!types)
-        return {};
-    pugi::xml_node node = FindType(*types, "Override", "PartName", Folded('/' + part));
+    pugi::xml_node node = FindType(kOfPart, '/' + part);
     if (!node)
-        node = FindType(*types, "Default", "Extension", ExtensionOf(part));
+        node = FindType(kOfExtension, ExtensionOf(part));
     return Folded(AttributeOf(node, "ContentType").value());
 }
 
@@ -354,11 +423,11 @@ TemplateFault XlsxPackage::SetContentType(const std::string &part, const char *t
     XmlPart *types = Parsed(kContentTypes, fault);
     if (!types || ContentType(part) == Folded(type))
         return fault;
-    if (const pugi::xml_node node = FindType(*types, "Override", "PartName", Folded('/' + part))) {
+    if (const pugi::xml_node node = FindType(kOfPart, '/' + part)) {
         AttributeOf(node, "ContentType").set_value(type);
         types->Changed(node);
     } else {
-        AddType(*types, "Override", "PartName", '/' + part, type);
+        AddType(kOfPart, '/' + part, type);
     }
     return {};
 }
@@ -366,9 +435,8 @@ TemplateFault XlsxPackage::SetContentType(const std::string &part, const char *t
 TemplateFault XlsxPackage::SetDefaultContentType(const char *extension, const char *type)
 {
     TemplateFault fault;
-    XmlPart *types = Parsed(kContentTypes, fault);
-    if (types && !FindType(*types, "Default", "Extension", Folded(extension)))
-        AddType(*types, "Default", "Extension", extension, type);
+    if (Parsed(kContentTypes, fault) && !FindType(kOfExtension, extension))
+        AddType(kOfExtension, extension, type);
     return fault;
 }
 
@@ -382,9 +450,8 @@ const std::vector<Relationship> &XlsxPackage::RelationshipsOf(const std::string 
     if (!part->relationships) {
         TemplateFault fault;
         part->relationships = std::make_unique<std::vector<Relationship>>();
-        if (const XmlPart *parsed = Parsed(part->name, fault))
-            *part->relationships = d->ReadRelationships(name, *parsed);
-        part->IndexRelationships();
+        if (Parsed(part->name, fault))
+            d->ReadRelationships(name, *part);
     }
     return *part->relationships;
 }
@@ -396,7 +463,7 @@ const Relationship *XlsxPackage::FindRelationship(const std::string &part, const
         return nullptr;
     const auto &index = d->Find(RelationshipsPartOf(part))->relationshipIndex;
     const auto found = index.find(id);
-    return found == index.end() ? nullptr : &all[found->second];
+    return found == index.end() ? nullptr : &all[found->second.place];
 }
 
 TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *type, const std::string &target, std::string &id)
@@ -424,8 +491,9 @@ TemplateFault XlsxPackage::AddRelationship(const std::string &name, const char *
     SetAttribute(node, "Target", TargetOf(name, target).c_str());
     part->Changed(node);
     Private::Part &found = *d->Find(partName);
-    found.relationshipIndex.emplace(id, found.relationships->size());
+    found.relationshipIndex.emplace(id, Private::ListedRelationship{found.relationships->size(), node});
     found.relationships->push_back({id, type, target, false});
+    d->CountTarget(found.relationships->back(), 1);
     return {};
 }
 
@@ -433,40 +501,50 @@ TemplateFault XlsxPackage::RemoveRelationship(const std::string &name, const std
 {
     TemplateFault fault;
     XmlPart *part = Parsed(RelationshipsPartOf(name), fault);
-    if (!part)
+    if (!part || !FindRelationship(name, id))
         return fault;
-    for (pugi::xml_node node = ChildOf(part->Root(), "Relationship"); node; node = NextOfItsName(node)) {
-        if (id != AttributeOf(node, "Id").value())
-            continue;
-        part->Remove(node);
-        Private::Part &found = *d->Find(RelationshipsPartOf(name));
-        if (auto &known = found.relationships) {
-            known->erase(std::find_if(known->begin(), known->end(), [&id](const Relationship &one) { return one.id == id; }));
-            found.IndexRelationships();
-        }
-        break;
-    }
+    Private::Part &found = *d->Find(RelationshipsPartOf(name));
+    const auto listed = found.relationshipIndex.find(id);
+    const auto [place, node] = listed->second;
+    std::vector<Relationship> &relationships = *found.relationships;
+    part->Remove(node);
+    d->CountTarget(relationships[place], -1);
+    found.relationshipIndex.erase(listed);
+    // Their order says nothing, so the last takes its place.
+    const auto last = found.relationshipIndex.find(relationships.back().id);
+    if (last != found.relationshipIndex.end() && last->second.place == relationships.size() - 1)
+        last->second.place = place;
+    std::swap(relationships[place], relationships.back());
+    relationships.pop_back();
     return {};
 }
 
 bool XlsxPackage::IsTarget(const std::string &name)
 {
-    const std::string wanted = Folded(name);
+    if (!d->targets)
+        CountTargets();
+    const auto found = d->targets->find(Folded(name));
+    return d->mayLeadAnywhere || (found != d->targets->end() && found->second > 0);
+}
+
+void XlsxPackage::CountTargets()
+{
+    std::vector<std::string> sources;
+    d->mayLeadAnywhere = false;
     for (auto &[key, part] : d->parts) {
         const std::size_t folder = key.rfind("_rels/");
-        const std::size_t ending = key.size() < 5 ? 0 : key.size() - 5;
-        if (folder == std::string::npos || key.compare(ending, 5, ".rels") != 0)
+        if (folder == std::string::npos || !IsRelationshipsPart(key))
             continue;
         TemplateFault fault;
-        if (!Parsed(part.name, fault))
-            return true;
-        const std::string source = part.name.substr(0, folder) + part.name.substr(folder + 6, ending - folder - 6);
-        for (const Relationship &relationship : RelationshipsOf(source)) {
-            if (!relationship.isExternal && Folded(relationship.target) == wanted)
-                return true;
-        }
+        d->mayLeadAnywhere = !Parsed(part.name, fault) || d->mayLeadAnywhere;
+        const std::size_t ending = key.size() - std::strlen(kRelationshipsEnding);
+        sources.push_back(part.name.substr(0, folder) + part.name.substr(folder + 6, ending - folder - 6));
     }
-    return false;
+    d->targets = std::make_unique<std::unordered_map<std::string, int>>();
+    for (const std::string &source : sources) {
+        for (const Relationship &relationship : RelationshipsOf(source))
+            d->CountTarget(relationship, 1);
+    }
 }
 
 TemplateFault XlsxPackage::Write(QByteArray &bytes)
@@ -474,8 +552,7 @@ TemplateFault XlsxPackage::Write(QByteArray &bytes)
     XlsxArchive::Changes changes;
     changes.removed = d->removed;
     for (auto &[key, part] : d->parts) {
-        const bool isChanged = part.parsed && part.parsed->IsChanged();
-        if (!isChanged && !part.isSet)
+        if (!part.IsChanged())
             continue;
         const QByteArray content = part.parsed ? part.parsed->Written() : part.bytes;
         if (part.entry >= 0)

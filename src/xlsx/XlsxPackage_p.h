@@ -44,6 +44,12 @@ public:
     void SetBytes(const std::string &part, const QByteArray &bytes);
     /// Takes a part out, with its relationships and its content type. Relationships to it are the caller's.
     void Remove(const std::string &part);
+    /// Takes a part out that no relationship leads to any more, and what only it led to.
+    void RemoveUnused(const std::string &part);
+    /// Takes out what says who signed the package, which a change makes untrue.
+    TemplateFault RemoveSignatures();
+    /// True if it would not be written as it was opened.
+    bool IsChanged() const;
     /// A name like \a part, of which no part has it yet: xl/media/image.png gives xl/media/image1.png.
     std::string FreeName(const std::string &part) const;
 
@@ -67,6 +73,10 @@ public:
     TemplateFault Write(QByteArray &bytes);
 
 private:
+    pugi::xml_node FindType(bool isOfPart, const std::string &name);
+    void AddType(bool isOfPart, const std::string &name, const char *type);
+    void CountTargets();
+
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -123,6 +123,10 @@ TemplateFault XlsxTemplate::Private::Save(QByteArray &package)
             return reason;
         context->changed.clear();
     }
+    if (context->package.IsChanged()) {
+        if (TemplateFault reason = context->package.RemoveSignatures())
+            return reason;
+    }
     return context->package.Write(package);
 }
 

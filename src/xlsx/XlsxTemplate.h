@@ -28,6 +28,8 @@ namespace Velmora {
 ///
 /// Only what is set changes: any other part of the package stays byte for byte, any other cell of a changed sheet as it was written.
 /// Results of formulas that may depend on a changed cell are taken out of the file, and office programs compute it anew when they open it.
+/// So is what charts keep of such cells (the title of one is renewed); pivot tables made of them are made anew when the file is opened.
+/// A change makes a digital signature of the workbook untrue, and takes it out, as office programs do; one of macros alone stays.
 ///
 /// What fails returns false (or nothing), changes nothing, and leaves error() and errorString(). No operation logs, needs an application
 /// object, a display or a file beside those it is given. An object is used by one thread at a time; different objects are

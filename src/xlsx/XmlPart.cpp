@@ -278,20 +278,16 @@ void XmlPart::Changed(const pugi::xml_node &node)
 {
     // Many cells of one new row, one after the other, go with the row.
     const pugi::xml_node last = m_changed.empty() ? pugi::xml_node() : m_changed.back();
-    if (!m_changedEverywhere && (m_changed.empty() || (last != node && last != node.parent())))
+    if (m_changedEverywhere || (!m_changed.empty() && (last == node || last == node.parent())))
+        return;
+    if (!m_isIndexed || m_changeIndex.emplace(node.hash_value(), m_changed.size()).second)
         m_changed.push_back(node);
 }
 
 void XmlPart::Remove(pugi::xml_node node)
 {
     if (!m_changedEverywhere) {
-        m_changed.erase(std::remove_if(m_changed.begin(), m_changed.end(),
-                                       [&node](pugi::xml_node at) {
-                                           while (at && at != node)
-                                               at = at.parent();
-                                           return bool(at);
-                                       }),
-                        m_changed.end());
+        ForgetChangesIn(node);
         if (IsInSource(node)) {
             const std::size_t begin = BeginOf(node);
             m_removed.push_back({begin, BehindElement({m_source.constData(), std::size_t(m_source.size())}, begin, 0), {}});
@@ -300,11 +296,49 @@ void XmlPart::Remove(pugi::xml_node node)
     node.parent().remove_child(node);
 }
 
+/// Parts from which nothing is removed, sheets with many changed cells above all, do without the index.
+void XmlPart::IndexChanges()
+{
+    if (m_isIndexed)
+        return;
+    m_isIndexed = true;
+    std::size_t count = 0;
+    for (const pugi::xml_node &node : m_changed) {
+        if (m_changeIndex.emplace(node.hash_value(), count).second)
+            m_changed[count++] = node;
+    }
+    m_changed.resize(count);
+}
+
+void XmlPart::ForgetChangesIn(const pugi::xml_node &removed)
+{
+    IndexChanges();
+    pugi::xml_node at = removed;
+    while (at && !m_changed.empty()) {
+        const auto found = m_changeIndex.find(at.hash_value());
+        if (found != m_changeIndex.end()) { // the last takes its place
+            const std::size_t place = found->second;
+            m_changeIndex[m_changed.back().hash_value()] = place;
+            m_changed[place] = m_changed.back();
+            m_changed.pop_back();
+            m_changeIndex.erase(at.hash_value());
+        }
+        if (at.first_child()) {
+            at = at.first_child();
+            continue;
+        }
+        while (at != removed && !at.next_sibling())
+            at = at.parent();
+        at = at == removed ? pugi::xml_node() : at.next_sibling();
+    }
+}
+
 void XmlPart::ChangedEverywhere()
 {
     m_changedEverywhere = true;
     m_changed.clear();
     m_changed.shrink_to_fit();
+    m_changeIndex.clear();
     m_removed.clear();
     m_source.clear();
 }

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -77,6 +78,8 @@ private:
         std::string text;
     };
 
+    void IndexChanges();
+    void ForgetChangesIn(const pugi::xml_node &removed);
     bool IsInSource(const pugi::xml_node &node) const;
     std::size_t BeginOf(const pugi::xml_node &node) const;
     Edit Insertion(const pugi::xml_node &first) const;
@@ -86,6 +89,8 @@ private:
     QByteArray m_source;
     pugi::xml_document m_document;
     std::vector<pugi::xml_node> m_changed;
+    std::unordered_map<std::size_t, std::size_t> m_changeIndex; ///< places in m_changed by the nodes' hashes, from the first removal on
+    bool m_isIndexed = false;
     std::vector<Edit> m_removed;
     bool m_keepsPlaces = false; ///< a node's offset in the source is known
     bool m_changedEverywhere = false;

@@ -23,6 +23,28 @@ inline QByteArray SheetDataOf(const QByteArray &sheet)
     return Between(sheet, "<sheetData>", "</sheetData>");
 }
 
+/// A further part of a template.
+inline void AddPart(Template &book, const QByteArray &name, const QByteArray &contentType, const QByteArray &content)
+{
+    book.parts[name] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + content;
+    book.parts["[Content_Types].xml"].replace("</Types>",
+                                              "<Override PartName=\"/" + name + "\" ContentType=\"" + contentType + "\"/></Types>");
+}
+
+inline void Relate(Template &book, const QByteArray &relsPart, const QByteArray &relationship)
+{
+    if (!book.parts.contains(relsPart))
+        book.parts[relsPart] = Relationships(QByteArray());
+    book.parts[relsPart].replace("</Relationships>", relationship + "</Relationships>");
+}
+
+/// A part that belongs to the first sheet.
+inline void AddPartOfSheet(Template &book, const QByteArray &name, const QByteArray &type, const QByteArray &content)
+{
+    AddPart(book, name, "application/" + type + "+xml", content);
+    Relate(book, "xl/worksheets/_rels/sheet1.xml.rels", Relationship("rId" + QByteArray::number(qHash(name) % 100000), type, "/" + name));
+}
+
 /// The parts of what \a workbook saves; fails the test if it cannot.
 inline QMap<QByteArray, QByteArray> SavedParts(Velmora::XlsxTemplate &workbook)
 {

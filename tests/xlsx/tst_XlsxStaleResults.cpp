@@ -39,6 +39,39 @@ QMap<QByteArray, QByteArray> Changed(const Template &book)
     return SavedParts(workbook);
 }
 
+QByteArray Reference(const QByteArray &cells, const QByteArray &kind = "num", const QByteArray &value = "7")
+{
+    return "<c:" + kind + "Ref><c:f>" + cells + "</c:f><c:" + kind + "Cache><c:pt idx=\"0\"><c:v>" + value + "</c:v></c:pt></c:" + kind
+        + "Cache></c:" + kind + "Ref>";
+}
+
+/// The same without what it held.
+QByteArray Empty(const QByteArray &cells, const QByteArray &kind = "num")
+{
+    return "<c:" + kind + "Ref><c:f>" + cells + "</c:f></c:" + kind + "Ref>";
+}
+
+QByteArray ChartName(int number)
+{
+    return "xl/charts/chart" + QByteArray::number(number) + ".xml";
+}
+
+/// Charts in the first sheet, with blanks that no program writes.
+void AddCharts(Template &book, const QList<QByteArray> &contents)
+{
+    AddPartOfSheet(book, "xl/drawings/drawing1.xml", "drawing", "<wsDr/>");
+    for (int i = 1; i <= contents.size(); ++i) {
+        AddPart(book, ChartName(i), "application/chart+xml", "<c:chart xmlns:c='c' >" + contents.at(i - 1) + "</c:chart >");
+        Relate(book, "xl/drawings/_rels/drawing1.xml.rels", Relationship("rId" + QByteArray::number(i), "chart", "/" + ChartName(i)));
+    }
+}
+
+/// What is in that chart once A1 changed.
+QByteArray ChartOf(const QMap<QByteArray, QByteArray> &parts, int number)
+{
+    return Between(parts.value(ChartName(number)), "<c:chart xmlns:c='c' >", "</c:chart >") + parts.value("error");
+}
+
 /// The cells that still have a result once A1 changed.
 QByteArray Kept(const QByteArray &sheet)
 {
@@ -163,6 +196,77 @@ private Q_SLOTS:
         QCOMPARE(Kept(SavedParts(workbook).value(kSheet1)), QByteArray("B2"));
         VERIFY_DONE(workbook, setValue(QStringLiteral("Third"), 2));
         QCOMPARE(Kept(SavedParts(workbook).value(kSheet1)), QByteArray("C1"));
+    }
+
+    void a_chart_does_not_show_what_its_cells_were()
+    {
+        Template book = Book(Row(2, Cell("A2", "A1*2") + Cell("B2", "B1*2")));
+        book.Name("Shown", "Sheet1!$A$1:$A$9");
+        const QByteArray other =
+            "<c:val>" + Reference("Sheet1!$B$2:$B$9") + Reference("Sheet2!$A$1") + Reference("[1]Sheet1!$A$1") + "</c:val>";
+        const QByteArray levels =
+            "<c:multiLvlStrRef><c:f>Sheet1!$A$1:$B$2</c:f><c:multiLvlStrCache><c:lvl/><c:lvl/></c:multiLvlStrCache></c:multiLvlStrRef>";
+        AddCharts(book,
+                  {"<c:tx>" + Reference("Sheet1!$A$1", "str") + "</c:tx><c:cat>" + levels + "</c:cat>" + other, //
+                   "<c:val>" + Reference("Sheet1!$A$2") + "</c:val>",                                           //
+                   "<c:val>" + Reference("[0]!Shown") + Reference("(Sheet1!$C$3,Sheet1!$A$1)") + "</c:val>",    //
+                   other,                                                                                       //
+                   "<c:strDim><c:f>Shown</c:f><c:lvl/><c:lvl/></c:strDim>"});
+        const auto parts = Changed(book);
+        QCOMPARE(ChartOf(parts, 1),
+                 "<c:tx>" + Empty("Sheet1!$A$1", "str") + "</c:tx><c:cat>" + Empty("Sheet1!$A$1:$B$2", "multiLvlStr") + "</c:cat>" + other);
+        QCOMPARE(ChartOf(parts, 2), "<c:val>" + Empty("Sheet1!$A$2") + "</c:val>"); // a stale formula
+        QCOMPARE(ChartOf(parts, 3), "<c:val>" + Empty("[0]!Shown") + Empty("(Sheet1!$C$3,Sheet1!$A$1)") + "</c:val>");
+        QCOMPARE(parts.value(ChartName(4)), book.parts.value(ChartName(4)));
+        QCOMPARE(ChartOf(parts, 5), QByteArray("<c:strDim><c:f>Shown</c:f></c:strDim>"));
+    }
+
+    void the_title_of_a_chart_is_what_its_cell_holds()
+    {
+        Template book = Book(Row(2, Cell("A2", "A1*2")));
+        book.Name("Title", "Sheet1!$C$3");
+        const auto title = [](const QByteArray &reference) { return "<c:title><c:tx>" + reference + "</c:tx></c:title>"; };
+        AddCharts(book,
+                  {title(Reference("Sheet1!$A$1", "str")), title(Reference("Sheet1!$C$3", "str")), title(Reference("Sheet1!$A$2", "str"))});
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(book.Archive()));
+        VERIFY_DONE(workbook, setValue(QStringLiteral("Input"), 2.5));
+        VERIFY_DONE(workbook, setValue(QStringLiteral("Title"), QStringLiteral("R&D")));
+        const auto parts = SavedParts(workbook);
+        QCOMPARE(ChartOf(parts, 1), title(Reference("Sheet1!$A$1", "str", "2.5")));
+        QCOMPARE(ChartOf(parts, 2), title(Reference("Sheet1!$C$3", "str", "R&amp;D")));
+        QCOMPARE(ChartOf(parts, 3), title(Empty("Sheet1!$A$2", "str"))); // is not known before it is computed
+    }
+
+    void charts_that_cannot_be_read_do_not_keep_from_saving()
+    {
+        Template book = Book(QByteArray());
+        AddCharts(book, {Reference("Sheet1!$A$1")});
+        book.parts[ChartName(1)].chop(4);
+        QCOMPARE(Changed(book).value(ChartName(1)), book.parts.value(ChartName(1)));
+    }
+
+    void a_pivot_table_of_a_changed_cell_is_made_anew_when_opened_data()
+    {
+        QTest::addColumn<QByteArray>("source");
+        QTest::addColumn<bool>("isMadeAnew");
+        QTest::newRow("cells") << QByteArray("ref=\"A1:C9\" sheet=\"Sheet1\"") << true;
+        QTest::newRow("other cells") << QByteArray("ref=\"B1:C9\" sheet=\"Sheet1\"") << false;
+        QTest::newRow("a name") << QByteArray("name=\"Input\"") << true;
+        QTest::newRow("another workbook") << QByteArray("ref=\"A1:C9\" sheet=\"Sheet1\" r:id=\"rId1\"") << false;
+    }
+    void a_pivot_table_of_a_changed_cell_is_made_anew_when_opened()
+    {
+        QFETCH(QByteArray, source);
+        QFETCH(bool, isMadeAnew);
+        Template book = Book(QByteArray());
+        const QByteArray part = "xl/pivotCache/pivotCacheDefinition1.xml";
+        AddPart(book, part, "application/pivot+xml",
+                "<pivotCacheDefinition xmlns:r='r'><cacheSource><worksheetSource " + source + "/></cacheSource></pivotCacheDefinition>");
+        Relate(book, "xl/_rels/workbook.xml.rels", Relationship("rIdP", "pivotCacheDefinition", "/" + part));
+        const QByteArray saved = Changed(book).value(part);
+        QCOMPARE(saved.contains("refreshOnLoad=\"1\""), isMadeAnew);
+        QVERIFY(isMadeAnew || saved == book.parts.value(part));
     }
 
     void a_part_in_another_encoding_is_looked_through()

@@ -179,6 +179,48 @@ private Q_SLOTS:
         QCOMPARE(parts.value("xl/_rels/workbook.xml.rels"), plain.parts["xl/_rels/workbook.xml.rels"]);
     }
 
+    void a_part_that_is_needed_stays_though_it_is_called_a_calculation_chain()
+    {
+        Template book;
+        book.Name("Cell", "Sheet1!$A$1");
+        Relate(book, "xl/_rels/workbook.xml.rels", Relationship("rIdC", "calcChain", "worksheets/sheet1.xml"));
+        Relate(book, "xl/_rels/workbook.xml.rels", Relationship("rIdD", "calcChain", "/[Content_Types].xml"));
+        Relate(book, "xl/_rels/workbook.xml.rels", Relationship("rIdE", "calcChain", "_rels/workbook.xml.rels"));
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(book.Archive()));
+        for (const int value : {1, 2}) { // with parts that were parsed
+            VERIFY_DONE(workbook, setValue(QStringLiteral("Cell"), value));
+            const auto parts = SavedParts(workbook);
+            QCOMPARE(parts.keys(), book.parts.keys());
+            QVERIFY(parts.value("xl/worksheets/sheet1.xml").contains("<v>" + QByteArray::number(value) + "</v>"));
+            QVERIFY(!parts.value("xl/_rels/workbook.xml.rels").contains("calcChain"));
+        }
+    }
+
+    void a_signature_goes_with_the_first_change()
+    {
+        Template book;
+        book.Name("Cell", "Sheet1!$A$1");
+        const QByteArray type = "application/vnd.openxmlformats-package.digital-signature-";
+        AddPart(book, "_xmlsignatures/origin.sigs", type + "origin", QByteArray());
+        AddPart(book, "_xmlsignatures/sig1.xml", type + "xmlsignature+xml", "<Signature/>");
+        AddPart(book, "_xmlsignatures/owner.cer", type + "certificate", "<certificate/>");
+        AddPart(book, "origin.xml", "application/xml", "<kept/>");
+        Relate(book, "_rels/.rels", Relationship("rIdS", "digital-signature/origin", "_xmlsignatures/origin.sigs"));
+        Relate(book, "_rels/.rels", Relationship("rIdO", "other/origin", "origin.xml"));
+        Relate(book, "_xmlsignatures/_rels/origin.sigs.rels", Relationship("rId1", "digital-signature/signature", "sig1.xml"));
+        Relate(book, "_xmlsignatures/_rels/sig1.xml.rels", Relationship("rId1", "digital-signature/certificate", "owner.cer"));
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(book.Archive()));
+        QCOMPARE(SavedParts(workbook), book.parts);
+        VERIFY_DONE(workbook, setValue(QStringLiteral("Cell"), 1));
+        const auto parts = SavedParts(workbook);
+        QCOMPARE(PackageFaults(parts), QStringList());
+        for (auto part = book.parts.cbegin(); part != book.parts.cend(); ++part)
+            QCOMPARE(parts.contains(part.key()), !part.key().startsWith("_xmlsignatures/"));
+        QVERIFY(!parts.value("_rels/.rels").contains("rIdS") && parts.value("_rels/.rels").contains("rIdO"));
+    }
+
     void a_workbook_without_calculation_settings_gets_them_in_their_place()
     {
         Template source = OddBook();

@@ -9,9 +9,16 @@
 #include "xlsx/TemplatePictures_p.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <utility>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+
+#include <unistd.h>
+#endif
 
 namespace Velmora {
 
@@ -28,10 +35,15 @@ TemplateFault FileFault(const QString &path, const QString &reason)
             QCoreApplication::translate("XlsxTemplate", "%1: %2", "a file and what is wrong with it").arg(path, reason)};
 }
 
+TemplateFault NamelessFile()
+{
+    return {XlsxTemplate::Error::FileError, QCoreApplication::translate("XlsxTemplate", "The file has no name.")};
+}
+
 TemplateFault ReadFile(const QString &path, QByteArray &bytes)
 {
     if (path.isEmpty()) // QFile logs it
-        return {XlsxTemplate::Error::FileError, QCoreApplication::translate("XlsxTemplate", "The file has no name.")};
+        return NamelessFile();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FileFault(path, file.errorString());
@@ -40,6 +52,35 @@ TemplateFault ReadFile(const QString &path, QByteArray &bytes)
     if (file.size() > MemoryBudget::kBytes || bytes.size() > MemoryBudget::kBytes)
         return {XlsxTemplate::Error::LimitError, QCoreApplication::translate("XlsxTemplate", "%1: The file is too large.").arg(path)};
     return file.error() == QFileDevice::NoError ? TemplateFault() : FileFault(path, file.errorString());
+}
+
+/// Whole or not at all: under a name of its own beside \a path, which it then takes.
+TemplateFault WriteFile(const QString &path, const QByteArray &bytes)
+{
+    if (path.isEmpty())
+        return NamelessFile();
+    const QFileInfo info(path);
+    if (info.isDir())
+        return FileFault(path, QCoreApplication::translate("XlsxTemplate", "It is a folder."));
+    if (info.exists() && !info.isFile()) // a device or a pipe, which would be gone
+        return FileFault(path, QCoreApplication::translate("XlsxTemplate", "It is no regular file."));
+    QSaveFile file(path);
+    // With a buffer QSaveFile does not notice that its last piece did not fit.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return FileFault(path, file.errorString());
+    // What is written in part has no error yet, the rest of it has.
+    for (int written = 0; written < bytes.size();) {
+        const qint64 count = file.write(bytes.constData() + written, bytes.size() - written);
+        if (count <= 0)
+            return FileFault(path, file.errorString());
+        written += int(count);
+    }
+#ifdef Q_OS_UNIX
+    // Disks of other machines may tell only now that they are full. QSaveFile would not say it.
+    if (fsync(file.handle()) != 0 && (errno == ENOSPC || errno == EDQUOT || errno == EIO))
+        return FileFault(path, qt_error_string(errno));
+#endif
+    return file.commit() ? TemplateFault() : FileFault(path, file.errorString());
 }
 
 } // namespace
@@ -306,9 +347,7 @@ bool XlsxTemplate::save(const QString &path)
     QByteArray package;
     if (!d->Done(d->Save(package)))
         return false;
-    QSaveFile file(path);
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(package) == package.size() && file.commit();
-    return d->Done(isWritten ? TemplateFault() : FileFault(path, file.errorString()));
+    return d->Done(WriteFile(path, package));
 }
 
 QByteArray XlsxTemplate::save()

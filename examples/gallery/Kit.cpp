@@ -6,6 +6,7 @@
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcScrollBar.h>
 #include <Velmora/QcStyleManager.h>
+#include <Velmora/QcTertiaryButton.h>
 
 #include <QAbstractScrollArea>
 #include <QButtonGroup>
@@ -105,7 +106,15 @@ Card *PageWidget::AddSection(const QString &title, const QString &text)
     return card;
 }
 
-// --- Choices ---
+// --- Buttons and choices ---
+
+Velmora::QcTertiaryButton *MakeAction(const QString &text)
+{
+    auto *button = new Velmora::QcTertiaryButton;
+    button->setText(text);
+    button->setHorizontalMargin(2 * kGrid);
+    return button;
+}
 
 Velmora::QcButton *MakeToggle(const QString &label)
 {

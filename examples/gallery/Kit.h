@@ -25,7 +25,8 @@ QT_END_NAMESPACE
 
 namespace Velmora {
 class QCSlider;
-}
+class QcTertiaryButton;
+} // namespace Velmora
 
 /// What the gallery's pages are put together from.
 namespace Gallery {
@@ -74,6 +75,9 @@ public:
 private:
     QVBoxLayout *m_sections;
 };
+
+/// A button for one action beside others.
+Velmora::QcTertiaryButton *MakeAction(const QString &text);
 
 /// A row of segments of which one is chosen, made of plain QcButtons by their public state tables.
 class Segmented : public QcFrame

@@ -37,32 +37,42 @@ constexpr Part kParts[] = {
 <Relationship Id="rId2" Type="$office/relationships/styles" Target="styles.xml"/>
 <Relationship Id="rId3" Type="$office/relationships/sharedStrings" Target="sharedStrings.xml"/></Relationships>)"},
     {"xl/workbook.xml", R"(<workbook xmlns="$main" xmlns:r="$office/relationships">
-<sheets><sheet name="Offer" sheetId="1" r:id="rId1"/></sheets><definedNames>
-<definedName name="Number">Offer!$B$2</definedName><definedName name="Pieces">Offer!$B$3</definedName>
-<definedName name="Weight">Offer!$B$4</definedName><definedName name="Delivery">Offer!$B$5</definedName>
-<definedName name="Total">Offer!$B$6</definedName></definedNames></workbook>)"},
-    {"xl/styles.xml", R"(<styleSheet xmlns="$main"><fonts count="2"><font><sz val="11"/><name val="Calibri"/></font>
-<font><b/><sz val="14"/><name val="Calibri"/></font></fonts><fills count="1"><fill><patternFill patternType="none"/></fill></fills>
+<sheets><sheet name="Invoice" sheetId="1" r:id="rId1"/></sheets><definedNames>
+<definedName name="Number">Invoice!$B$2</definedName><definedName name="Customer">Invoice!$B$3</definedName>
+<definedName name="Date">Invoice!$B$4</definedName><definedName name="Terms">Invoice!$B$5</definedName>
+<definedName name="Items">Invoice!$A$8:$C$8</definedName><definedName name="Shipping">Invoice!$D$9</definedName>
+<definedName name="Total">Invoice!$D$10</definedName></definedNames></workbook>)"},
+    // Styles: 1 title, 2 bold, 3 date, 4 amount, 5 bold amount.
+    {"xl/styles.xml", R"(<styleSheet xmlns="$main"><fonts count="3"><font><sz val="11"/><name val="Calibri"/></font>
+<font><b/><sz val="16"/><name val="Calibri"/></font><font><b/><sz val="11"/><name val="Calibri"/></font></fonts>
+<fills count="1"><fill><patternFill patternType="none"/></fill></fills>
 <borders count="1"><border/></borders><cellStyleXfs count="1"><xf/></cellStyleXfs>
-<cellXfs count="2"><xf/><xf fontId="1" applyFont="1"/></cellXfs></styleSheet>)"},
-    {"xl/sharedStrings.xml", R"(<sst xmlns="$main"><si><t>Offer</t></si><si><t>Number</t></si><si><t>Pieces</t></si><si><t>Weight</t></si>
-<si><t>Delivery</t></si><si><t>Total</t></si><si><t>75 kg</t></si><si><t>2 weeks</t></si></sst>)"},
+<cellXfs count="6"><xf/><xf fontId="1" applyFont="1"/><xf fontId="2" applyFont="1"/>
+<xf numFmtId="14" applyNumberFormat="1" applyAlignment="1"><alignment horizontal="left"/></xf>
+<xf numFmtId="4" applyNumberFormat="1"/><xf numFmtId="4" fontId="2" applyNumberFormat="1" applyFont="1"/></cellXfs></styleSheet>)"},
+    {"xl/sharedStrings.xml", R"(<sst xmlns="$main"><si><t>Invoice</t></si><si><t>Number</t></si><si><t>Customer</t></si><si><t>Date</t></si>
+<si><t>Terms</t></si><si><t>30 days</t></si><si><t>Item</t></si><si><t>Quantity</t></si><si><t>Price</t></si><si><t>Amount</t></si>
+<si><t>Shipping</t></si><si><t>Total</t></si></sst>)"},
     {"xl/worksheets/sheet1.xml", R"(<worksheet xmlns="$main" xmlns:r="$office/relationships">
-<cols><col min="1" max="2" width="16" customWidth="1"/></cols><sheetData>
-<row r="1"><c r="A1" s="1" t="s"><v>0</v></c></row>
+<cols><col min="1" max="1" width="24" customWidth="1"/><col min="2" max="4" width="14" customWidth="1"/></cols><sheetData>
+<row r="1" ht="24" customHeight="1"><c r="A1" s="1" t="s"><v>0</v></c></row>
 <row r="2"><c r="A2" t="s"><v>1</v></c><c r="B2"><v>1001</v></c></row>
-<row r="3"><c r="A3" t="s"><v>2</v></c><c r="B3"><v>12</v></c></row>
-<row r="4"><c r="A4" t="s"><v>3</v></c><c r="B4" t="s"><v>6</v></c></row>
-<row r="5"><c r="A5" t="s"><v>4</v></c><c r="B5" t="s"><v>7</v></c></row>
-<row r="6"><c r="A6" t="s"><v>5</v></c><c r="B6"/></row></sheetData>
-<dataValidations count="1"><dataValidation type="list" allowBlank="1" sqref="B5"><formula1>"1 week,2 weeks,4 weeks"</formula1></dataValidation></dataValidations>
+<row r="3"><c r="A3" t="s"><v>2</v></c><c r="B3"/></row>
+<row r="4"><c r="A4" t="s"><v>3</v></c><c r="B4" s="3"/></row>
+<row r="5"><c r="A5" t="s"><v>4</v></c><c r="B5" t="s"><v>5</v></c></row>
+<row r="7"><c r="A7" s="2" t="s"><v>6</v></c><c r="B7" s="2" t="s"><v>7</v></c><c r="C7" s="2" t="s"><v>8</v></c>
+<c r="D7" s="2" t="s"><v>9</v></c></row>
+<row r="8"><c r="A8"/><c r="B8"/><c r="C8" s="4"/><c r="D8" s="4"><f>B8*C8</f><v>0</v></c></row>
+<row r="9"><c r="A9" t="s"><v>10</v></c><c r="D9" s="4"/></row>
+<row r="10"><c r="A10" s="2" t="s"><v>11</v></c><c r="D10" s="5"><f>SUM(D8:D9)</f><v>0</v></c></row></sheetData>
+<dataValidations count="1"><dataValidation type="list" allowBlank="1" sqref="B5"><formula1>"14 days,30 days,60 days"</formula1></dataValidation></dataValidations>
 <pageMargins left="0.7" right="0.7" top="0.75" bottom="0.75" header="0.3" footer="0.3"/><drawing r:id="rId1"/></worksheet>)"},
     {"xl/worksheets/_rels/sheet1.xml.rels", R"(<Relationships xmlns="$package/relationships">
 <Relationship Id="rId1" Type="$office/relationships/drawing" Target="../drawings/drawing1.xml"/></Relationships>)"},
     {"xl/drawings/drawing1.xml", R"(<xdr:wsDr xmlns:xdr="$drawing/spreadsheetDrawing"
  xmlns:a="$drawing/main" xmlns:r="$office/relationships"><xdr:oneCellAnchor>
-<xdr:from><xdr:col>3</xdr:col><xdr:colOff>0</xdr:colOff><xdr:row>1</xdr:row><xdr:rowOff>0</xdr:rowOff></xdr:from>
-<xdr:ext cx="914400" cy="914400"/><xdr:pic><xdr:nvPicPr><xdr:cNvPr id="2" name="Logo"/><xdr:cNvPicPr/></xdr:nvPicPr>
+<xdr:from><xdr:col>3</xdr:col><xdr:colOff>0</xdr:colOff><xdr:row>0</xdr:row><xdr:rowOff>0</xdr:rowOff></xdr:from>
+<xdr:ext cx="762000" cy="762000"/><xdr:pic><xdr:nvPicPr><xdr:cNvPr id="2" name="Logo"/><xdr:cNvPicPr/></xdr:nvPicPr>
 <xdr:blipFill><a:blip r:embed="rId1"/><a:stretch><a:fillRect/></a:stretch></xdr:blipFill>
 <xdr:spPr><a:prstGeom prst="rect"/></xdr:spPr></xdr:pic><xdr:clientData/></xdr:oneCellAnchor></xdr:wsDr>)"},
     {"xl/drawings/_rels/drawing1.xml.rels", R"(<Relationships xmlns="$package/relationships">

@@ -4,8 +4,8 @@
 
 namespace Gallery {
 
-/// Makes a small spreadsheet template at \a path: five named cells, one of them with a list, and a named picture. \a folder is a
-/// folder for its parts, which stay behind. False if it cannot be written.
+/// Makes the template of an invoice at \a path: named cells, one of them with a list and one with a formula, a named row and a named
+/// picture. \a folder is a folder for its parts, which stay behind. False if it cannot be written.
 bool MakeSampleTemplate(const QString &path, const QString &folder);
 
 } // namespace Gallery

@@ -6,9 +6,16 @@
 
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcLineEditFrame.h>
+#include <Velmora/XlsxTemplate.h>
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
 #include <QSet>
 #include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <QWindow>
 
 using namespace Gallery;
@@ -104,6 +111,83 @@ private Q_SLOTS:
         DrainEvents();
         QCOMPARE(table->item(0, kContent)->text(), QStringLiteral("5"));
         QVERIFY(!table->viewport()->findChild<Velmora::QcLineEditFrame *>());
+    }
+
+    void an_invoice_is_filled_in_while_it_is_typed_and_says_what_it_refuses()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        QVERIFY(window.ShowPage(QStringLiteral("spreadsheets")));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const auto field = [&](const char *name) { return window.findChild<Velmora::QcLineEditFrame *>(QLatin1String(name)); };
+        const auto press = [&](const char *name) { window.findChild<QAbstractButton *>(QLatin1String(name))->click(); };
+        const auto *names = window.findChild<QTableWidget *>(QStringLiteral("invoiceNames"));
+        const auto *message = window.findChild<QLabel *>(QStringLiteral("invoiceMessage"));
+        const auto *save = window.findChild<QAbstractButton *>(QStringLiteral("invoiceSave"));
+        auto *terms = window.findChild<QComboBox *>(QStringLiteral("invoiceTerms"));
+        constexpr int kKind = 1;
+        constexpr int kPlace = 2;
+        constexpr int kContent = 3;
+        const auto textOf = [&](const char *name, int column) {
+            const QList<QTableWidgetItem *> found = names->findItems(QLatin1String(name), Qt::MatchExactly);
+            return found.isEmpty() ? QStringLiteral("no such name") : names->item(found.first()->row(), column)->text();
+        };
+        const auto isRefused = [&](const QString &reason) { return !save->isEnabled() && message->text().contains(reason); };
+        QVERIFY2(save->isEnabled(), qPrintable(message->text()));
+        QCOMPARE(textOf("Customer", kContent), QStringLiteral("ACME Ltd"));
+        QCOMPARE(textOf("Terms", kKind), QStringLiteral("list: 14 days, 30 days, 60 days"));
+
+        QTest::keyClick(field("invoiceDate")->getLineEdit(), Qt::Key_Backspace);
+        QVERIFY(isRefused(QStringLiteral("Date: ")));
+        QVERIFY(field("invoiceDate")->getWarning());
+        QCOMPARE(textOf("Date", kContent), QString());
+        field("invoiceDate")->setText(QStringLiteral("2026-12-24"));
+        QVERIFY(save->isEnabled() && !field("invoiceDate")->getWarning());
+        QCOMPARE(textOf("Date", kContent), QStringLiteral("2026-12-24"));
+
+        terms->setCurrentText(QStringLiteral("At once"));
+        QVERIFY(isRefused(QStringLiteral("14 days")));
+        QCOMPARE(textOf("Terms", kContent), QStringLiteral("30 days"));
+        terms->setCurrentIndex(0);
+        QCOMPARE(textOf("Terms", kContent), QStringLiteral("14 days"));
+
+        field("invoiceLogo")->setText(QStringLiteral("/no/such/logo.png"));
+        QVERIFY(isRefused(QStringLiteral("/no/such/logo.png")));
+        field("invoiceLogo")->clear();
+        QVERIFY(save->isEnabled());
+
+        QCOMPARE(textOf("Total", kPlace), QStringLiteral("Invoice!$D$11"));
+        press("invoiceAddItem");
+        QCOMPARE(textOf("Items", kContent), QStringLiteral("3 rows: Chair, Desk, oak, Item 3"));
+        QCOMPARE(textOf("Total", kPlace), QStringLiteral("Invoice!$D$12"));
+        for (int i = 0; i < 3; ++i)
+            press("invoiceRemoveItem");
+        QVERIFY(textOf("Items", kKind).contains(QLatin1String("#REF!")));
+        QVERIFY(!window.findChild<QAbstractButton *>(QStringLiteral("invoiceRemoveItem"))->isEnabled());
+        QVERIFY(save->isEnabled());
+    }
+
+    void an_invoice_is_saved_where_the_user_says()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("invoice.xlsx"));
+        GalleryWindow window(Gallery::Table::Light);
+        QVERIFY(window.ShowPage(QStringLiteral("spreadsheets")));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const auto saveAs = [&](const QString &file) {
+            QTimer::singleShot(0, &window, [&file] {
+                auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+                dialog->selectFile(file);
+                static_cast<QDialog *>(dialog)->accept();
+            });
+            window.findChild<QAbstractButton *>(QStringLiteral("invoiceSave"))->click();
+            return window.findChild<QLabel *>(QStringLiteral("invoiceMessage"))->text();
+        };
+        QCOMPARE(saveAs(path), QStringLiteral("Saved to %1.").arg(path));
+        Velmora::XlsxTemplate saved;
+        QVERIFY(saved.load(path));
+        QCOMPARE(saved.value(QStringLiteral("Customer")), QVariant(QStringLiteral("ACME Ltd")));
     }
 };
 

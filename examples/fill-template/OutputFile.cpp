@@ -52,6 +52,8 @@ OutputFile::OutputFile(const QString &path)
     const QFileInfo info(m_path);
     if (info.exists() && !info.isFile())
         throw CannotWrite(path, QStringLiteral("it is no regular file"));
+    if (info.exists() && !info.isWritable()) // a rename would not ask
+        throw CannotWrite(path, QStringLiteral("it is read-only"));
     m_file = std::make_unique<QTemporaryFile>(info.absolutePath() + QLatin1String("/.fill-template-XXXXXX"));
     if (!m_file->open())
         throw CannotWrite(path, m_file->errorString());

@@ -691,6 +691,19 @@ private Q_SLOTS:
         QCOMPARE(Run({QStringLiteral("prepare"), TemplatePath(), Path(QStringLiteral("no/such/folder.xlsx"))}), 9);
     }
 
+    void a_read_only_file_is_not_replaced()
+    {
+        WriteFile(ValuesPath(), "{\"Amount\": 1}");
+        WriteFile(OutputPath(), "old");
+        QVERIFY(QFile::setPermissions(OutputPath(), QFile::ReadOwner | QFile::ReadUser));
+        for (const QStringList &arguments : {QStringList{QStringLiteral("fill"), TemplatePath(), ValuesPath(), OutputPath()},
+                                             {QStringLiteral("prepare"), TemplatePath(), OutputPath()}}) {
+            QCOMPARE(Run(arguments), 9);
+            QVERIFY2(m_errors.contains(OutputPath().toUtf8()) && m_errors.contains("read-only"), m_errors.constData());
+        }
+        QCOMPARE(FileContent(OutputPath()), QByteArrayLiteral("old"));
+    }
+
     void a_read_only_folder_keeps_its_file()
     {
         const QString folder = Path(QStringLiteral("closed"));
@@ -699,9 +712,11 @@ private Q_SLOTS:
         WriteFile(ValuesPath(), "{\"Amount\": 1}");
         QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
         const int filled = Run({QStringLiteral("fill"), TemplatePath(), ValuesPath(), output});
+        const QByteArray reason = m_errors;
         const int prepared = Run({QStringLiteral("prepare"), TemplatePath(), output});
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(filled, 9);
+        QVERIFY2(reason.contains(output.toUtf8()) && reason.contains("Permission denied"), reason.constData());
         QCOMPARE(prepared, 9);
         QCOMPARE(FileContent(output), QByteArrayLiteral("old"));
         QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList(QStringLiteral("output.xlsx")));

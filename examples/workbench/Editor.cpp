@@ -41,7 +41,7 @@ bool Editor::Save()
 {
     QSaveFile file(m_path);
     const QByteArray text = toPlainText().toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() || !file.commit())
         return false;
     document()->setModified(false);
     return true;

@@ -9,7 +9,7 @@
 #
 # Left out, because it takes long or must be looked at:
 #
-#   fuzzing           cmake --preset fuzz && cmake --build --preset fuzz, then as tests/fuzz/CMakeLists.txt says
+#   fuzzing           VELMORA_FUZZ=3600 scripts/test.sh fuzz: so many seconds of each target's search, under the sanitizers (needs clang)
 #   docking           VELMORA_MONKEY=100000 scripts/test.sh monkey: so many random operations, and damaged layouts, under the sanitizers
 #   coverage          cmake --preset coverage && cmake --build --preset coverage --target coverage
 #   clang-tidy        scripts/tidy.sh
@@ -33,6 +33,17 @@ monkey() {
     export QTEST_FUNCTION_TIMEOUT=3600000 QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 VELMORA_MONKEY="${VELMORA_MONKEY:-100000}"
     export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0" UBSAN_OPTIONS=print_stacktrace=1
     build/asan/tests/dock/tst_DockMutations -maxwarnings 0 && build/asan/tests/dock/tst_DockMonkey -maxwarnings 0
+}
+fuzz() {
+    scripts/install_packages.sh develop && build_and_test fuzz || return
+    export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 UBSAN_OPTIONS=print_stacktrace=1
+    local seeds name
+    for seeds in tests/fuzz/corpus/*; do
+        name=$(basename "$seeds")
+        mkdir -p "build/fuzz/found/$name"
+        build/fuzz/tests/fuzz/fuzz_"$name" -timeout=5 -rss_limit_mb=2048 -detect_leaks=0 -max_len=16384 -max_total_time="${VELMORA_FUZZ:-60}" \
+            -print_final_stats=1 -artifact_prefix="build/fuzz/found/$name." "build/fuzz/found/$name" "$seeds" || return
+    done
 }
 tsan() { build_and_test tsan; }
 docs() { cmake --preset dev --log-level=WARNING && cmake --build --preset dev --target docs; }

@@ -75,7 +75,10 @@ protected:
             return QStringLiteral("ended");
         return answer == 1 ? QStringLiteral("saved") : QString::fromUtf8(reader.readAll());
     }
-    QStringList Entries() const { return QDir(QFileInfo(OutputPath()).path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot); }
+    QStringList Entries() const
+    {
+        return QDir(QFileInfo(OutputPath()).path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
 
     XlsxTemplate m_small;
     XlsxTemplate m_large;

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QJsonValue>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -126,7 +127,18 @@ bool XmlHasRoomFor(const QString &text, int at)
     return u == '\t' || u == '\n' || u == '\r' || (u >= 0x20 && u < 0xfffe);
 }
 
+constexpr bool MayLackRoom(ushort c)
+{
+    return (c < 0x20 && c != '\t' && c != '\n' && c != '\r') || c >= 0xd800;
+}
+
 } // namespace
+
+bool CellContent::KeepsItsBlanks() const
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+    return !text.empty() && (isBlank(text.front()) || isBlank(text.back()) || text.find_first_of("\t\n\r") != std::string::npos);
+}
 
 std::string NumberText(double number)
 {
@@ -233,6 +245,8 @@ QVariant DateOf(const QVariant &number, TemplateStyles::Shows shows, bool counts
 
 std::string Escaped(const QString &text)
 {
+    if (std::none_of(text.cbegin(), text.cend(), [](QChar c) { return c == QLatin1Char('_') || MayLackRoom(c.unicode()); }))
+        return text.toStdString(); // as almost all are
     QString escaped;
     int from = 0;
     for (int i = 0; i < text.size(); ++i) {

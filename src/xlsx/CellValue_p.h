@@ -19,6 +19,9 @@ struct CellContent
     Kind kind = Kind::Nothing;
     std::string text; ///< of a number, as the file has it; of a text, with what XML has no room for escaped
     TemplateStyles::Shows shows = TemplateStyles::Shows::Number;
+
+    /// True if programs are to be told so.
+    bool KeepsItsBlanks() const;
 };
 
 /// A fault if \a value is none for a cell; without its place.

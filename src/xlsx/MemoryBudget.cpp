@@ -54,6 +54,11 @@ void CountBlock(const char *bytes, Counts &counts)
     counts.escaped += escaped;
 }
 
+qint64 Written(std::string_view utf8)
+{
+    return 2 * qint64(utf8.size()) + kEscaped * std::count_if(utf8.begin(), utf8.end(), [](char c) { return IsEscaped(quint8(c)); });
+}
+
 } // namespace
 
 bool MemoryBudget::Take(qint64 bytes)
@@ -92,8 +97,12 @@ bool MemoryBudget::TakeText(const char *utf8, qint64 copies)
     const qint64 size = qint64(strnlen(utf8, std::size_t(most) + 1));
     if (size > most)
         return false;
-    const qint64 written = 2 * size + kEscaped * std::count_if(utf8, utf8 + size, [](char c) { return IsEscaped(quint8(c)); });
-    return Take(2 * size + copies * written);
+    return Take(2 * size + copies * Written({utf8, std::size_t(size)}));
+}
+
+qint64 MemoryBudget::OfText(std::string_view utf8)
+{
+    return 2 * qint64(utf8.size()) + Written(utf8);
 }
 
 } // namespace Velmora

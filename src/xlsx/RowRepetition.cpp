@@ -1,5 +1,6 @@
 #include "xlsx/RowRepetition_p.h"
 
+#include "xlsx/CellMemory_p.h"
 #include "xlsx/RowSurroundings_p.h"
 #include "xlsx/StaleResults_p.h"
 
@@ -24,6 +25,7 @@ public:
         : m_context(context)
         , m_name(name)
         , m_rows(rows)
+        , m_planned(context)
     {
     }
 
@@ -33,21 +35,32 @@ public:
             return fault;
         if (TemplateFault fault = CheckValues())
             return fault;
+        RowSurroundings surroundings;
         if (m_move.Shift() != 0) {
-            if (TemplateFault fault = Move())
+            if (TemplateFault fault = FindSurroundings(surroundings))
                 return fault;
+        }
+        if (TemplateFault fault = m_context.package.TakeMemory(m_planned.Bytes()))
+            return fault;
+        if (m_move.Shift() != 0) {
+            if (TemplateFault fault = Move(surroundings)) {
+                m_context.package.TakeMemory(-m_planned.Bytes());
+                return fault;
+            }
         }
         return PutValues();
     }
 
 private:
-    TemplateFault Move()
+    TemplateFault FindSurroundings(RowSurroundings &surroundings)
     {
-        RowSurroundings surroundings;
         if (TemplateFault fault = ReadSurroundings(m_context, m_place.sheet, surroundings))
             return fault;
-        if (TemplateFault fault = FindObstacle(m_context, surroundings, m_move, Filled(), m_name.table))
-            return fault;
+        m_planned.Add(MemoryOfMove(*m_sheet, m_move));
+        return FindObstacle(m_context, surroundings, m_move, Filled(), m_name.table);
+    }
+    TemplateFault Move(const RowSurroundings &surroundings)
+    {
         if (m_move.Shift() < 0) {
             // While it can be told what used the rows: a name may have nothing left of them.
             m_context.changed.push_back({m_place.sheet, {m_move.first + m_move.count, m_move.last, 1, kLastColumn}});
@@ -103,15 +116,16 @@ private:
     {
         TemplateFault fault = m_context.styles.FaultOfReading();
         for (int i = 0; i < m_rows.size() && !fault; ++i) {
-            fault = FaultOfRow(std::min(m_place.range.firstRow + i, m_place.range.lastRow), m_rows.at(i));
+            fault = FaultOfRow(m_place.range.firstRow + i, m_rows.at(i));
             if (fault)
                 fault.text =
                     QCoreApplication::translate("XlsxTemplate", "Row %1: %2", "a row and what is wrong in it").arg(i + 1).arg(fault.text);
         }
         return fault;
     }
-    TemplateFault FaultOfRow(int row, const QVariantList &values)
+    TemplateFault FaultOfRow(int newRow, const QVariantList &values)
     {
+        const int row = std::min(newRow, m_place.range.lastRow); // the one it is, or is a copy of
         if (values.size() > m_place.range.ColumnCount()) {
             return {Error::ValueError,
                     QCoreApplication::translate("XlsxTemplate", "There are %1 values, but %2 has %3 columns.")
@@ -121,11 +135,18 @@ private:
         }
         TemplateFault fault;
         for (int i = 0; i < values.size() && !fault; ++i) {
+            if (IsKept(values.at(i)))
+                continue;
             const int column = m_place.range.firstColumn + i;
+            CellContent content;
             if (!values.at(i).isValid()) // cells that others are merged over can be emptied
                 fault = m_context.FaultOfGroup(m_place.sheet, row, column);
-            else if (!IsKept(values.at(i)))
-                fault = m_context.FaultOfValue(m_place.sheet, row, column, values.at(i));
+            else
+                fault = m_context.FaultOfValue(m_place.sheet, row, column, values.at(i), content);
+            if (fault)
+                break;
+            fault = row == newRow ? m_planned.Put(m_place.sheet, row, column, MemoryOfContent(content))
+                                  : m_planned.PutInCopy(m_place.sheet, row, column, MemoryOfContent(content));
         }
         return fault;
     }
@@ -161,6 +182,7 @@ private:
     Place m_place;
     TemplateSheet *m_sheet = nullptr;
     RowMove m_move;
+    PlannedCells m_planned;
 };
 
 } // namespace

@@ -1,11 +1,11 @@
 #include "xlsx/RowSurroundings_p.h"
 
+#include "xlsx/CellMemory_p.h"
 #include "xlsx/FormulaCells_p.h"
 #include "xlsx/MovedReferences_p.h"
 #include "xlsx/RepeatedCells_p.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace Velmora {
 
@@ -71,34 +71,35 @@ bool IsConcerned(const CellRange &range, const RowMove &move)
     return range.firstRow <= move.last && range.lastRow >= FirstConcerned(move);
 }
 
-constexpr qint64 kMostRepeatedBytes = 2LL * 1024 * 1024 * 1024;
-
-/// What the parser's tree takes for an element with all that is in it, about.
-qint64 BytesOf(const pugi::xml_node &element)
-{
-    qint64 bytes = 0;
-    for (const pugi::xml_node &node : ElementsIn(element)) {
-        bytes += 128 + qint64(OwnText(node).size());
-        for (const pugi::xml_attribute &attribute : node.attributes())
-            bytes += 64 + qint64(std::strlen(attribute.value()));
-    }
-    return bytes;
-}
+constexpr qint64 kMerge = 256;
 
 /// What is made anew with each copy of a row.
-qint64 BytesRepeatedWith(int row, TemplateSheet &sheet)
+qint64 MemoryRepeatedWith(int row, TemplateSheet &sheet)
 {
-    qint64 bytes = BytesOf(sheet.FindRow(row));
+    qint64 bytes = MemoryOfRow(sheet.FindRow(row));
     for (const CellRange &merge : sheet.MergedCells())
-        bytes += merge.firstRow == row && merge.lastRow == row ? 256 : 0;
+        bytes += merge.firstRow == row && merge.lastRow == row ? kMerge : 0;
     for (const pugi::xml_node &element : ElementsIn(sheet.Worksheet()))
-        bytes += IsElement(element, "sparkline") ? BytesOf(element) : 0;
+        bytes += IsElement(element, "sparkline") ? MemoryOfElement(element) : 0;
     return bytes;
 }
 
-TemplateFault ObstacleOfSize(TemplateSheet &sheet, const RowMove &move)
+/// What goes with rows that were made as copies of others.
+qint64 MemoryOfMadeRows(int firstRow, int lastRow, TemplateSheet &sheet)
 {
-    if (move.Shift() > 0 && BytesRepeatedWith(move.last, sheet) > kMostRepeatedBytes / move.Shift()) {
+    qint64 bytes = 0;
+    for (int row = firstRow; row <= lastRow; ++row) {
+        const pugi::xml_node node = sheet.FindRow(row);
+        bytes += node && node.offset_debug() < 0 ? MemoryOfRow(node) : 0;
+    }
+    for (const CellRange &merge : sheet.MergedCells())
+        bytes += merge.firstRow > firstRow && merge.firstRow == merge.lastRow && merge.lastRow <= lastRow ? kMerge : 0;
+    return bytes;
+}
+
+TemplateFault ObstacleOfSize(TemplateContext &context, TemplateSheet &sheet, const RowMove &move)
+{
+    if (move.Shift() > 0 && !context.package.HasMemory(MemoryOfMove(sheet, move))) {
         return {Error::LimitError,
                 QCoreApplication::translate("XlsxTemplate", "Row %1 of %2 is too large to be repeated %3 times.")
                     .arg(move.last)
@@ -152,11 +153,16 @@ TemplateFault ObstacleOfFormulas(TemplateContext &context, const RowSurroundings
     TemplateFault fault;
     for (const auto &entry : surroundings.sheets) {
         const int index = entry.first;
+        qint64 shared = 0;
         ForEachFormula(*entry.second, [&](const FormulaCell &formula) {
             const QString reason = fault ? QString() : WhyFormulaIsFixed(formula, index == surroundings.sheet, move);
             if (!reason.isEmpty())
                 fault = Obstacle(reason.arg(context.TextOf({index, formula.cells})));
+            shared += formula.shared.empty() ? 0 : MemoryOfFormula(formula.text);
         });
+        // Each cell gets its own, if they must change, and that only once.
+        if (!fault && !context.package.TakeMemoryOf(entry.second->PartName(), shared))
+            fault = context.package.TakeMemory(shared);
     }
     return fault;
 }
@@ -246,12 +252,19 @@ TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundi
                      surroundings.pivotSources);
 }
 
+qint64 MemoryOfMove(TemplateSheet &sheet, const RowMove &move)
+{
+    if (move.Shift() > 0)
+        return move.Shift() * MemoryRepeatedWith(move.last, sheet);
+    return -MemoryOfMadeRows(FirstConcerned(move), move.last, sheet);
+}
+
 TemplateFault FindObstacle(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move, const CellRange &filled,
                            const XmlPart *repeated)
 {
     TemplateFault fault;
     TemplateSheet &sheet = *context.workbook.Sheet(surroundings.sheet, fault);
-    if ((fault = ObstacleOfSize(sheet, move)))
+    if ((fault = ObstacleOfSize(context, sheet, move)))
         return fault;
     if ((fault = ObstacleOfMerges(context, surroundings.sheet, sheet, move, filled)))
         return fault;

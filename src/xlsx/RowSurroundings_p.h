@@ -30,6 +30,9 @@ struct RowSurroundings
 /// Parses them.
 TemplateFault ReadSurroundings(TemplateContext &context, int sheet, RowSurroundings &surroundings);
 
+/// What the move makes in memory; less than nothing if rows go that were made.
+qint64 MemoryOfMove(TemplateSheet &sheet, const RowMove &move);
+
 /// What stands in the way of the move: it would have to be moved, stretched or repeated, and cannot be. \a filled are the cells that
 /// will be filled in, \a repeated is the part of the table whose rows these are, if they are a table's.
 TemplateFault FindObstacle(TemplateContext &context, const RowSurroundings &surroundings, const RowMove &move, const CellRange &filled,

@@ -4,6 +4,9 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+#include <tuple>
+
 namespace Velmora {
 
 namespace {
@@ -22,12 +25,6 @@ constexpr std::size_t kLongestText = 1024 * 1024;
 QVariant TextValue(const std::string &text)
 {
     return text.size() > kLongestText ? QVariant() : QVariant(Unescaped(text));
-}
-
-bool KeepsItsBlanks(const std::string &text)
-{
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
-    return !text.empty() && (isBlank(text.front()) || isBlank(text.back()) || text.find_first_of("\t\n\r") != std::string::npos);
 }
 
 } // namespace
@@ -177,14 +174,51 @@ TemplateFault TemplateContext::FaultOfCell(int sheet, int row, int column)
     return parsed ? FaultOfGroup(sheet, row, column) : fault;
 }
 
-TemplateFault TemplateContext::FaultOfValue(int sheet, int row, int column, const QVariant &value)
+TemplateFault TemplateContext::FaultOfValue(int sheet, int row, int column, const QVariant &value, CellContent &content)
 {
-    CellContent content;
     if (const TemplateFault fault = ContentOf(value, workbook.CountsFrom1904(), content))
         return At(sheet, row, column, fault);
+    return FaultOfChoice(sheet, row, column, value);
+}
+
+TemplateFault TemplateContext::FaultOfChoice(int sheet, int row, int column, const QVariant &value)
+{
     if (const TemplateFault fault = FaultOfCell(sheet, row, column))
         return fault;
     return takesValuesOutsideLists ? TemplateFault() : FaultOfList(*this, sheet, row, column, value);
+}
+
+void TemplateContext::CellChanged(int sheet, int row, int column)
+{
+    if (!changed.empty() && changed.back().sheet == sheet) {
+        CellRange &last = changed.back().range;
+        if (last.Contains(row, column))
+            return;
+        // Most cells are filled in one after the other, down a column or along a row.
+        const bool isBelow = last.firstColumn == column && last.lastColumn == column && last.lastRow + 1 == row;
+        const bool isBeside = last.firstRow == row && last.lastRow == row && last.lastColumn + 1 == column;
+        if (isBelow || isBeside) {
+            last.lastRow = row;
+            last.lastColumn = column;
+            return;
+        }
+    }
+    changed.push_back({sheet, {row, row, column, column}});
+    if (changed.size() > m_mostChanged)
+        ForgetRepetitions();
+}
+
+/// A host may fill in the same cells any number of times.
+void TemplateContext::ForgetRepetitions()
+{
+    const auto key = [](const Place &place) {
+        const CellRange &range = place.range;
+        return std::tie(place.sheet, range.firstColumn, range.lastColumn, range.firstRow, range.lastRow);
+    };
+    std::sort(changed.begin(), changed.end(), [key](const Place &a, const Place &b) { return key(a) < key(b); });
+    const auto isSame = [key](const Place &a, const Place &b) { return key(a) == key(b); };
+    changed.erase(std::unique(changed.begin(), changed.end(), isSame), changed.end());
+    m_mostChanged = std::max(m_mostChanged, 2 * changed.size());
 }
 
 void TemplateContext::EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node cell, int row, int column)
@@ -197,7 +231,7 @@ void TemplateContext::EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node 
         cell.remove_attribute(name);
     sheet.CellChanged(cell);
     m_entries.reset();
-    changed.push_back({index, {row, row, column, column}});
+    CellChanged(index, row, column);
 }
 
 TemplateFault TemplateContext::PutContent(int index, int row, int column, const CellContent &content)
@@ -233,7 +267,7 @@ TemplateFault TemplateContext::PutContent(int index, int row, int column, const 
     case CellContent::Kind::Text: {
         SetAttribute(cell, "t", "inlineStr");
         const pugi::xml_node text = MakeChild(MakeContent(cell, "is"), "t");
-        if (KeepsItsBlanks(content.text))
+        if (content.KeepsItsBlanks())
             SetAttribute(text, "xml:space", "preserve");
         SetOwnText(text, content.text);
         break;

@@ -54,8 +54,10 @@ public:
     TemplateFault FaultOfGroup(int sheet, int row, int column);
     /// Why nothing can be put there: FaultOfGroup(), or another cell is merged over it.
     TemplateFault FaultOfCell(int sheet, int row, int column);
-    /// Why that cell cannot take \a value: also because of the value, or its list.
-    TemplateFault FaultOfValue(int sheet, int row, int column, const QVariant &value);
+    /// Why that cell cannot take \a value, which is one for a cell: FaultOfCell(), or its list.
+    TemplateFault FaultOfChoice(int sheet, int row, int column, const QVariant &value);
+    /// Why that cell cannot take \a value, which would be \a content there: also because of the value, or its list.
+    TemplateFault FaultOfValue(int sheet, int row, int column, const QVariant &value, CellContent &content);
     /// Puts what ContentOf() made of a value into a cell. Nothing is made where there is nothing to take out.
     TemplateFault PutContent(int sheet, int row, int column, const CellContent &content);
     TemplateFault PutValue(int sheet, int row, int column, const QVariant &value);
@@ -67,12 +69,15 @@ public:
 
 private:
     void EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node cell, int row, int column);
+    void CellChanged(int sheet, int row, int column);
+    void ForgetRepetitions();
     CellFormulas &FormulasOf(int index, TemplateSheet &sheet);
 
     std::map<int, std::unique_ptr<CellFormulas>> m_formulas; ///< by sheet
     std::map<int, std::unique_ptr<CellLists>> m_lists;       ///< by sheet
     std::unique_ptr<PictureIndex> m_pictures;
     std::unique_ptr<ListEntries> m_entries; ///< those asked for last
+    std::size_t m_mostChanged = 1024;       ///< before changed is looked through for what is in it more than once
 };
 
 } // namespace Velmora

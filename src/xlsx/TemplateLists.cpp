@@ -85,11 +85,13 @@ TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, con
 TemplateFault FaultOfList(TemplateContext &context, int sheet, int row, int column, const QVariant &value)
 {
     const CellLists *lists = context.ListsOf(sheet);
-    CellContent content;
-    if (lists && !ContentOf(value, context.workbook.CountsFrom1904(), content) && content.kind == CellContent::Kind::Nothing)
-        return {}; // a list has no say in whether a cell is emptied
     const std::string source = lists ? lists->SourceAt(row, column) : std::string();
-    if (source.empty() || (lists->TakesNothingAt(row, column) && value.toString().isEmpty()))
+    if (source.empty())
+        return {};
+    CellContent content;
+    if (!ContentOf(value, context.workbook.CountsFrom1904(), content) && content.kind == CellContent::Kind::Nothing)
+        return {}; // a list has no say in whether a cell is emptied
+    if (lists->TakesNothingAt(row, column) && value.toString().isEmpty())
         return {};
     const ListEntries &entries = context.EntriesOf(sheet, source);
     if (!entries.AreKnown() || entries.Have(value))

@@ -1,5 +1,6 @@
 #include "xlsx/TemplateNames_p.h"
 
+#include "xlsx/CellMemory_p.h"
 #include "xlsx/TemplateLists_p.h"
 
 #include <algorithm>
@@ -239,10 +240,16 @@ TemplateFault SetValueOfName(TemplateContext &context, const TemplateName &name,
         fault = context.styles.FaultOfReading();
     if (!fault)
         fault = FaultOfSize(name.places);
+    const qint64 memory = MemoryOfContent(content);
+    PlannedCells planned(context);
     if (!fault) {
-        fault = ForEachShownCell(context, name.places,
-                                 [&](int sheet, int row, int column) { return context.FaultOfValue(sheet, row, column, value); });
+        fault = ForEachShownCell(context, name.places, [&](int sheet, int row, int column) {
+            const TemplateFault refusal = context.FaultOfChoice(sheet, row, column, value);
+            return refusal ? refusal : planned.Put(sheet, row, column, memory);
+        });
     }
+    if (!fault)
+        fault = context.package.TakeMemory(planned.Bytes());
     if (fault)
         return fault;
     return ForEachShownCell(context, name.places,
@@ -260,14 +267,20 @@ TemplateFault SetFormulaOfName(TemplateContext &context, const TemplateName &nam
                           .arg(kLongestFormula)
                     : QCoreApplication::translate("XlsxTemplate", "The formula is empty.")};
     }
+    const std::string escaped = Escaped(text);
+    const qint64 memory = MemoryOfFormula(escaped);
+    PlannedCells planned(context);
     TemplateFault fault = FaultOfSize(name.places);
     if (!fault) {
-        fault =
-            ForEachShownCell(context, name.places, [&](int sheet, int row, int column) { return context.FaultOfCell(sheet, row, column); });
+        fault = ForEachShownCell(context, name.places, [&](int sheet, int row, int column) {
+            const TemplateFault refusal = context.FaultOfCell(sheet, row, column);
+            return refusal ? refusal : planned.Put(sheet, row, column, memory);
+        });
     }
+    if (!fault)
+        fault = context.package.TakeMemory(planned.Bytes());
     if (fault)
         return fault;
-    const std::string escaped = Escaped(text);
     return ForEachShownCell(context, name.places,
                             [&](int sheet, int row, int column) { return context.PutFormula(sheet, row, column, escaped); });
 }
@@ -309,9 +322,16 @@ TemplateFault SetValuesOfName(TemplateContext &context, const TemplateName &name
         const CellRange *merge = value.isValid() ? nullptr : sheet->MergeAt(row, column);
         return merge && (merge->firstRow != row || merge->firstColumn != column);
     };
+    PlannedCells planned(context);
+    CellContent content;
     fault = forEachValue([&](int row, int column, const QVariant &value) {
-        return isEmptyAndHidden(row, column, value) ? TemplateFault() : context.FaultOfValue(place.sheet, row, column, value);
+        if (isEmptyAndHidden(row, column, value))
+            return TemplateFault();
+        const TemplateFault refusal = context.FaultOfValue(place.sheet, row, column, value, content);
+        return refusal ? refusal : planned.Put(place.sheet, row, column, MemoryOfContent(content));
     });
+    if (!fault)
+        fault = context.package.TakeMemory(planned.Bytes());
     if (fault)
         return fault;
     return forEachValue([&](int row, int column, const QVariant &value) {
@@ -323,15 +343,18 @@ TemplateFault ClearName(TemplateContext &context, const TemplateName &name)
 {
     TemplateFault fault;
     std::vector<std::pair<int, std::pair<int, int>>> cells;
+    qint64 memory = 0;
     const TemplateFault unread = ForEachExistingCell(context, name.places, [&](int sheet, const pugi::xml_node &cell, int row, int column) {
         if (!cell.first_child())
             return true;
         fault = context.FaultOfGroup(sheet, row, column);
         cells.push_back({sheet, {row, column}});
+        memory += MemoryMadeIn(cell);
         return !fault;
     });
     if (unread || fault)
         return unread ? unread : fault;
+    context.package.TakeMemory(-memory);
     for (const auto &[sheet, position] : cells) {
         if ((fault = context.PutContent(sheet, position.first, position.second, {})))
             return fault;

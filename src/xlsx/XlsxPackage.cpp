@@ -246,6 +246,8 @@ TemplateFault XlsxPackage::Bytes(const std::string &name, QByteArray &bytes) con
         bytes = part->parsed->Written();
     else if (part->isSet)
         bytes = part->bytes;
+    else if (!HasMemory(d->archive.Entries()[std::size_t(part->entry)].size))
+        return TooLarge(name);
     else if (!d->archive.Read(part->entry, bytes))
         return Damaged(name);
     return {};
@@ -279,11 +281,26 @@ bool XlsxPackage::TakeMemoryOf(const std::string &name, qint64 bytes)
     return part->hasMemory;
 }
 
+TemplateFault XlsxPackage::TakeMemory(qint64 bytes)
+{
+    if (d->budget.Take(bytes))
+        return {};
+    return {Error::LimitError,
+            QCoreApplication::translate("XlsxTemplate", "This is more than a template has memory for, which is %1 MiB.")
+                .arg(MemoryBudget::kBytes / (1024 * 1024))};
+}
+
+bool XlsxPackage::HasMemory(qint64 bytes) const
+{
+    return d->budget.Has(bytes);
+}
+
 void XlsxPackage::SetBytes(const std::string &name, const QByteArray &bytes)
 {
     Private::Part &part = d->parts[Folded(name)];
     if (part.name.empty())
         part.name = name;
+    d->budget.GiveBack(MemoryOfBytes(part.bytes.size() - bytes.size()));
     part.isSet = true;
     part.bytes = bytes;
     part.parsed.reset();
@@ -304,6 +321,7 @@ void XlsxPackage::Remove(const std::string &name)
             return;
         if (found->second.entry >= 0)
             d->removed.push_back(found->second.entry);
+        d->budget.GiveBack(MemoryOfBytes(found->second.bytes.size()));
         d->parts.erase(found);
     };
     if (d->targets) {

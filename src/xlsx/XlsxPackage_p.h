@@ -32,15 +32,18 @@ public:
     TemplateFault Open(const QByteArray &bytes);
 
     bool Has(const std::string &part) const;
-    /// A part's bytes as they were opened or last set; a fault if it is missing or damaged.
+    /// A part's bytes as they were opened or last set; a fault if it is missing, damaged or too large.
     TemplateFault Bytes(const std::string &part, QByteArray &bytes) const;
     /// Takes memory for what is made of a part besides parsing it, once for each part. False if there is too little of it.
     bool TakeMemoryOf(const std::string &part, qint64 bytes);
+    /// Takes memory for what a host puts in; a fault, and nothing taken, if there is too little of it. Less than nothing gives it back.
+    TemplateFault TakeMemory(qint64 bytes);
+    bool HasMemory(qint64 bytes) const;
     /// The parsed part, or null with a fault. The pointer is good for the package's life, or until the part is removed.
     XmlPart *Parsed(const std::string &part, TemplateFault &fault);
     /// The same, but one that is not parsed yet only if \a isWanted says so of its bytes; else null without a fault.
     XmlPart *ParsedIf(const std::string &part, bool (*isWanted)(const QByteArray &bytes), TemplateFault &fault);
-    /// A new part, or new bytes for one that is not parsed.
+    /// A new part, or new bytes for one that is not parsed. They take MemoryOfBytes(), for which there should be room.
     void SetBytes(const std::string &part, const QByteArray &bytes);
     /// Takes a part out, with its relationships and its content type. Relationships to it are the caller's.
     void Remove(const std::string &part);
@@ -52,6 +55,8 @@ public:
     bool IsChanged() const;
     /// A name like \a part, of which no part has it yet: xl/media/image.png gives xl/media/image1.png.
     std::string FreeName(const std::string &part) const;
+    /// What it takes to hold bytes, and to pack them.
+    static qint64 MemoryOfBytes(qint64 bytes) { return 3 * bytes; }
 
     /// In lower case; empty if it has none.
     std::string ContentType(const std::string &part);

@@ -40,6 +40,9 @@ TemplateFault NamelessFile()
     return {XlsxTemplate::Error::FileError, QCoreApplication::translate("XlsxTemplate", "The file has no name.")};
 }
 
+/// Of a file, or an image: it lies in memory more than once while it is packed.
+constexpr qint64 kMostBytes = MemoryBudget::kBytes / 3;
+
 TemplateFault ReadFile(const QString &path, QByteArray &bytes)
 {
     if (path.isEmpty()) // QFile logs it
@@ -47,9 +50,9 @@ TemplateFault ReadFile(const QString &path, QByteArray &bytes)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FileFault(path, file.errorString());
-    if (file.size() <= MemoryBudget::kBytes)
-        bytes = file.size() > 0 ? file.readAll() : file.read(MemoryBudget::kBytes + 1); // what is no regular file has no size
-    if (file.size() > MemoryBudget::kBytes || bytes.size() > MemoryBudget::kBytes)
+    if (file.size() <= kMostBytes)
+        bytes = file.size() > 0 ? file.readAll() : file.read(kMostBytes + 1); // what is no regular file has no size
+    if (file.size() > kMostBytes || bytes.size() > kMostBytes)
         return {XlsxTemplate::Error::LimitError, QCoreApplication::translate("XlsxTemplate", "%1: The file is too large.").arg(path)};
     return file.error() == QFileDevice::NoError ? TemplateFault() : FileFault(path, file.errorString());
 }
@@ -81,6 +84,12 @@ TemplateFault WriteFile(const QString &path, const QByteArray &bytes)
         return FileFault(path, qt_error_string(errno));
 #endif
     return file.commit() ? TemplateFault() : FileFault(path, file.errorString());
+}
+
+TemplateFault PutPicture(TemplateContext &context, const QString &name, const QByteArray &image, XlsxTemplate::PictureFit fit)
+{
+    const qint64 memory = XlsxPackage::MemoryOfBytes(image.size());
+    return context.package.HasMemory(memory) ? SetPicture(context, name, image, fit) : context.package.TakeMemory(memory);
 }
 
 } // namespace
@@ -326,13 +335,13 @@ bool XlsxTemplate::setPicture(const QString &name, const QString &file, PictureF
     return d->DoWithPicture(name, [&](TemplateContext &context) {
         QByteArray image;
         const TemplateFault fault = ReadFile(file, image);
-        return fault ? fault : SetPicture(context, name, image, fit);
+        return fault ? fault : PutPicture(context, name, image, fit);
     });
 }
 
 bool XlsxTemplate::setPicture(const QString &name, const QByteArray &image, PictureFit fit)
 {
-    return d->DoWithPicture(name, [&](TemplateContext &context) { return SetPicture(context, name, image, fit); });
+    return d->DoWithPicture(name, [&](TemplateContext &context) { return PutPicture(context, name, image, fit); });
 }
 
 bool XlsxTemplate::clear(const QString &name)

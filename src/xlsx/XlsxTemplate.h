@@ -36,8 +36,9 @@ namespace Velmora {
 /// independent. Dates and times have no time zone in a workbook: a QDateTime is written as the clock it shows.
 ///
 /// Limits: those of the format (1,048,576 rows, 16,384 columns, 32,767 characters in a cell); 4,096 parts, 512 MiB in one and
-/// 1 GiB in all, unpacked; a parsed part that would take too much memory. A template that exceeds them is refused by the operation that
-/// meets them.
+/// 1 GiB in all, unpacked. A template takes less than 1 GiB of memory: 800 MiB for its parsed parts and all that is put into it, which is
+/// a column of a million numbers or short texts, or an image of 266 MiB. What exceeds a limit is refused by the operation that meets it,
+/// with Error::LimitError, and changes nothing; what is taken out or replaced makes room again.
 class VELMORA_EXPORT XlsxTemplate
 {
 public:

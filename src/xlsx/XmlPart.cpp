@@ -9,10 +9,9 @@ namespace {
 
 /// Collects what pugixml writes. A carriage return comes from a reference, because those of the source were made line feeds, and must
 /// become one again.
-template <typename Text>
 struct Writer : pugi::xml_writer
 {
-    Text text;
+    QByteArray text;
     void write(const void *data, std::size_t size) override
     {
         const char *begin = static_cast<const char *>(data);
@@ -147,13 +146,6 @@ bool IsOrdinary(const pugi::xml_document &document)
     return true;
 }
 
-std::string Printed(const pugi::xml_node &node)
-{
-    Writer<std::string> writer;
-    node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
-    return std::move(writer.text);
-}
-
 } // namespace
 
 const char *LocalName(const pugi::xml_node &node)
@@ -280,8 +272,20 @@ void XmlPart::Changed(const pugi::xml_node &node)
     const pugi::xml_node last = m_changed.empty() ? pugi::xml_node() : m_changed.back();
     if (m_changedEverywhere || (!m_changed.empty() && (last == node || last == node.parent())))
         return;
-    if (!m_isIndexed || m_changeIndex.emplace(node.hash_value(), m_changed.size()).second)
-        m_changed.push_back(node);
+    if (m_isIndexed && !m_changeIndex.emplace(node.hash_value(), m_changed.size()).second)
+        return;
+    m_changed.push_back(node);
+    if (!m_isIndexed && m_changed.size() > m_mostChanged)
+        ForgetRepetitions();
+}
+
+/// A host may fill in the same cells any number of times.
+void XmlPart::ForgetRepetitions()
+{
+    const auto isBefore = [](const pugi::xml_node &a, const pugi::xml_node &b) { return a.hash_value() < b.hash_value(); };
+    std::sort(m_changed.begin(), m_changed.end(), isBefore);
+    m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
+    m_mostChanged = std::max(m_mostChanged, 2 * m_changed.size());
 }
 
 void XmlPart::Remove(pugi::xml_node node)
@@ -290,7 +294,7 @@ void XmlPart::Remove(pugi::xml_node node)
         ForgetChangesIn(node);
         if (IsInSource(node)) {
             const std::size_t begin = BeginOf(node);
-            m_removed.push_back({begin, BehindElement({m_source.constData(), std::size_t(m_source.size())}, begin, 0), {}});
+            m_removed.push_back({begin, BehindElement({m_source.constData(), std::size_t(m_source.size())}, begin, 0)});
         }
     }
     node.parent().remove_child(node);
@@ -357,10 +361,10 @@ std::size_t XmlPart::BeginOf(const pugi::xml_node &node) const
 XmlPart::Edit XmlPart::Insertion(const pugi::xml_node &first) const
 {
     const std::string_view source(m_source.constData(), std::size_t(m_source.size()));
-    Edit edit;
+    Edit edit{0, 0, first, true};
     pugi::xml_node at = first;
-    for (; at && !IsInSource(at); at = NextElement(at))
-        edit.text += Printed(at);
+    while (at && !IsInSource(at))
+        at = NextElement(at);
     if (at) {
         edit.begin = edit.end = BeginOf(at);
         return edit;
@@ -378,7 +382,7 @@ XmlPart::Edit XmlPart::Insertion(const pugi::xml_node &first) const
         if (source[end - 2] == '/') { // an empty element in one tag
             edit.begin = end - 2;
             edit.end = end;
-            edit.text = '>' + edit.text + "</" + parent.name() + '>';
+            edit.opensParent = true;
             return edit;
         }
     }
@@ -399,7 +403,7 @@ std::vector<XmlPart::Edit> XmlPart::Edits() const
             continue;
         if (IsInSource(node)) {
             const std::size_t begin = BeginOf(node);
-            edits.push_back({begin, BehindElement(source, begin, 0), Printed(node)});
+            edits.push_back({begin, BehindElement(source, begin, 0), node});
             continue;
         }
         for (pugi::xml_node before = PreviousElement(node); before && !IsInSource(before); before = PreviousElement(before)) {
@@ -426,14 +430,23 @@ QByteArray XmlPart::Written() const
         return m_source;
     if (m_changedEverywhere || !m_keepsPlaces || !IsInSource(Root()))
         return WrittenAnew();
-    QByteArray written;
+    Writer writer;
+    QByteArray &written = writer.text;
     written.reserve(m_source.size() + m_source.size() / 16);
     std::size_t at = 0;
     for (const Edit &edit : Edits()) {
         if (edit.begin < at)
             continue;
         written.append(m_source.constData() + at, int(edit.begin - at));
-        written.append(edit.text.data(), int(edit.text.size()));
+        if (edit.opensParent)
+            written.append('>');
+        for (pugi::xml_node node = edit.node; node; node = edit.isRun ? NextElement(node) : pugi::xml_node()) {
+            if (edit.isRun && IsInSource(node))
+                break;
+            node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+        }
+        if (edit.opensParent)
+            written.append("</").append(edit.node.parent().name()).append('>');
         at = edit.end;
     }
     return written.append(m_source.constData() + at, m_source.size() - int(at));
@@ -445,7 +458,7 @@ QByteArray XmlPart::WrittenAnew() const
     pugi::xml_node declaration = m_document.first_child();
     if (declaration.type() == pugi::node_declaration && declaration.attribute("encoding"))
         declaration.attribute("encoding").set_value("UTF-8");
-    Writer<QByteArray> writer;
+    Writer writer;
     m_document.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
     return writer.text;
 }

@@ -75,7 +75,9 @@ private:
     {
         std::size_t begin = 0; ///< of what it takes the place of, in the source
         std::size_t end = 0;
-        std::string text;
+        pugi::xml_node node{};    ///< what is written there; nothing if it is empty
+        bool isRun = false;       ///< with the new elements that follow it
+        bool opensParent = false; ///< the element around it was empty, in one tag
     };
 
     void IndexChanges();
@@ -84,6 +86,7 @@ private:
     std::size_t BeginOf(const pugi::xml_node &node) const;
     Edit Insertion(const pugi::xml_node &first) const;
     std::vector<Edit> Edits() const;
+    void ForgetRepetitions();
     QByteArray WrittenAnew() const;
 
     QByteArray m_source;
@@ -91,6 +94,7 @@ private:
     std::vector<pugi::xml_node> m_changed;
     std::unordered_map<std::size_t, std::size_t> m_changeIndex; ///< places in m_changed by the nodes' hashes, from the first removal on
     bool m_isIndexed = false;
+    std::size_t m_mostChanged = 1024; ///< before they are looked through for those that are told more than once
     std::vector<Edit> m_removed;
     bool m_keepsPlaces = false; ///< a node's offset in the source is known
     bool m_changedEverywhere = false;

@@ -19,6 +19,18 @@ std::string Folded(const std::string &text)
     return QText(text).toCaseFolded().toStdString();
 }
 
+/// Of templates of office programs, and of workbooks: plain, and with macros.
+constexpr const char *kTypes[][2] = {
+    {"application/vnd.openxmlformats-officedocument.spreadsheetml.template.main+xml",
+     "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml"},
+    {"application/vnd.ms-excel.template.macroEnabled.main+xml", "application/vnd.ms-excel.sheet.macroEnabled.main+xml"},
+};
+
+bool IsSameType(const std::string &type, const char *other)
+{
+    return qstricmp(type.c_str(), other) == 0;
+}
+
 bool IsTrue(const pugi::xml_attribute &attribute)
 {
     const std::string_view value = attribute.value();
@@ -71,8 +83,10 @@ TemplateFault TemplateWorkbook::Load(XlsxPackage &package)
     if (office == relationships.end())
         return {Error::FormatError, QCoreApplication::translate("XlsxTemplate", "This is an archive, but not a workbook (.xlsx).")};
     m_partName = office->target;
-    if (const TemplateFault fault = FaultOfType(package.ContentType(m_partName)))
+    const std::string contentType = package.ContentType(m_partName);
+    if (const TemplateFault fault = FaultOfType(contentType))
         return fault;
+    m_wasTemplate = std::any_of(std::begin(kTypes), std::end(kTypes), [&](const auto &types) { return IsSameType(contentType, types[0]); });
     TemplateFault fault;
     m_part = package.Parsed(m_partName, fault);
     if (!m_part)
@@ -251,6 +265,16 @@ const TemplateName *TemplateWorkbook::FindName(const std::string &display) const
 {
     const auto found = m_nameIndex.find(Folded(display));
     return found == m_nameIndex.end() ? nullptr : &m_names[found->second];
+}
+
+TemplateFault TemplateWorkbook::SetTemplate(bool isTemplate)
+{
+    const std::string now = m_wasTemplate ? m_package->ContentType(m_partName) : std::string();
+    for (const auto &[ofTemplate, ofWorkbook] : kTypes) {
+        if (IsSameType(now, isTemplate ? ofWorkbook : ofTemplate))
+            return m_package->SetContentType(m_partName, isTemplate ? ofTemplate : ofWorkbook);
+    }
+    return {};
 }
 
 // --- Calculation ---

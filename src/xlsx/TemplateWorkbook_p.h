@@ -66,6 +66,9 @@ public:
     /// The charts in the drawings of a sheet.
     std::vector<std::string> ChartPartsOf(int sheet) const;
 
+    /// What was opened as a template of an office program (.xltx) becomes an ordinary workbook, which these programs want in any other
+    /// file, or a template again. All else stays what it is.
+    TemplateFault SetTemplate(bool isTemplate);
     /// Says that all is to be computed when the file is opened, and takes the calculation chain out of the package.
     TemplateFault RequireCalculation();
 
@@ -88,6 +91,7 @@ private:
     std::string m_partName;
     XmlPart *m_part = nullptr;
     bool m_countsFrom1904 = false;
+    bool m_wasTemplate = false;
     std::vector<SheetEntry> m_sheets;
     std::map<std::string, int> m_sheetIndex; ///< by folded name
     std::vector<TemplateName> m_names;

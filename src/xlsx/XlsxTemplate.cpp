@@ -113,7 +113,7 @@ struct XlsxTemplate::Private
     bool DoWithPicture(const QString &name, const Action &action);
     const TemplateName *Find(const QString &name) const { return context ? context->workbook.FindName(name.toStdString()) : nullptr; }
     TemplateFault Load(const QByteArray &package);
-    TemplateFault Save(QByteArray &package);
+    TemplateFault Save(QByteArray &package, bool asTemplate);
     TemplateFault NotLoaded() const
     {
         return context ? TemplateFault()
@@ -162,7 +162,7 @@ TemplateFault XlsxTemplate::Private::Load(const QByteArray &package)
     return reason;
 }
 
-TemplateFault XlsxTemplate::Private::Save(QByteArray &package)
+TemplateFault XlsxTemplate::Private::Save(QByteArray &package, bool asTemplate)
 {
     if (TemplateFault reason = NotLoaded())
         return reason;
@@ -173,6 +173,8 @@ TemplateFault XlsxTemplate::Private::Save(QByteArray &package)
             return reason;
         context->changed.clear();
     }
+    if (TemplateFault reason = context->workbook.SetTemplate(asTemplate))
+        return reason;
     if (context->package.IsChanged()) {
         if (TemplateFault reason = context->package.RemoveSignatures())
             return reason;
@@ -354,7 +356,9 @@ bool XlsxTemplate::clear(const QString &name)
 bool XlsxTemplate::save(const QString &path)
 {
     QByteArray package;
-    if (!d->Done(d->Save(package)))
+    const bool asTemplate =
+        path.endsWith(QLatin1String(".xltx"), Qt::CaseInsensitive) || path.endsWith(QLatin1String(".xltm"), Qt::CaseInsensitive);
+    if (!d->Done(d->Save(package, asTemplate)))
         return false;
     return d->Done(WriteFile(path, package));
 }
@@ -362,7 +366,7 @@ bool XlsxTemplate::save(const QString &path)
 QByteArray XlsxTemplate::save()
 {
     QByteArray package;
-    return d->Done(d->Save(package)) ? package : QByteArray();
+    return d->Done(d->Save(package, false)) ? package : QByteArray();
 }
 
 XlsxTemplate::Error XlsxTemplate::error() const

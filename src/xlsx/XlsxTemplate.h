@@ -168,7 +168,8 @@ public:
     /// Puts another image in place of every picture of that name, in its frame: PNG, JPEG, GIF, BMP, TIFF, EMF or placeable WMF, known by
     /// what it holds. The frame stays where it is and as large; what was cut off the former image is not cut off the new one, and
     /// its SVG twin goes with it. So does the former image itself, unless something else shows it. A frame whose proportions cannot
-    /// be told is filled. Refused are pictures that are linked to a file, and SVG, which a workbook holds only as a twin.
+    /// be told is filled. An image is shown as its pixels lie, as office programs do: the orientation that a camera notes beside them
+    /// (EXIF) is not looked at. Refused are pictures that are linked to a file, and SVG, which a workbook holds only as a twin.
     bool setPicture(const QString &name, const QString &file, PictureFit fit = PictureFit::Fit);
     bool setPicture(const QString &name, const QByteArray &image, PictureFit fit = PictureFit::Fit);
     bool setPicture(const QString &name, const char *file, PictureFit fit = PictureFit::Fit)
@@ -181,9 +182,10 @@ public:
     // --- Saving ---
 
     /// Writes the workbook: whole, or not at all, so that what stood at \a path stays if it fails. May be done any number of times, and
-    /// the template may be filled in further.
+    /// the template may be filled in further. What an office program saved as a template (.xltx, .xltm) becomes an ordinary workbook,
+    /// unless \a path ends like that too. One with macros is to be named .xlsm, or office programs refuse it.
     bool save(const QString &path);
-    /// The workbook's bytes; empty if it fails.
+    /// The bytes of an ordinary workbook; empty if it fails.
     QByteArray save();
 
     // --- What went wrong ---

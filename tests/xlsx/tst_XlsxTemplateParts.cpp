@@ -1,8 +1,10 @@
 #include "support/TestCase.h"
 #include "support/TestMain.h"
 #include "xlsx/Book.h"
+#include "xlsx/XlsxFiles.h"
 
 #include <QDate>
+#include <QTemporaryDir>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -195,6 +197,40 @@ private Q_SLOTS:
             QVERIFY(parts.value("xl/worksheets/sheet1.xml").contains("<v>" + QByteArray::number(value) + "</v>"));
             QVERIFY(!parts.value("xl/_rels/workbook.xml.rels").contains("calcChain"));
         }
+    }
+
+    void an_office_programs_template_becomes_a_workbook_data()
+    {
+        QTest::addColumn<QByteArray>("ofTemplate");
+        QTest::addColumn<QByteArray>("ofWorkbook");
+        QTest::newRow("plain") << QByteArray("application/vnd.openxmlformats-officedocument.spreadsheetml.template.main+xml")
+                               << QByteArray("application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml");
+        QTest::newRow("with macros") << QByteArray("application/vnd.ms-excel.template.macroEnabled.main+xml")
+                                     << QByteArray("application/vnd.ms-excel.sheet.macroEnabled.main+xml");
+    }
+    void an_office_programs_template_becomes_a_workbook()
+    {
+        QFETCH(QByteArray, ofTemplate);
+        QFETCH(QByteArray, ofWorkbook);
+        Template book;
+        QByteArray &types = book.parts["[Content_Types].xml"];
+        types.replace("application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml", ofTemplate);
+        QVERIFY(types.contains(ofTemplate));
+        QMap<QByteArray, QByteArray> expected = book.parts;
+        expected["[Content_Types].xml"].replace(ofTemplate, ofWorkbook);
+        const QTemporaryDir folder;
+        const auto saved = [&folder](XlsxTemplate &workbook, const char *name) {
+            const QString path = folder.filePath(QLatin1String(name));
+            return workbook.save(path) ? ReadArchive(FileContent(path)) : QMap<QByteArray, QByteArray>();
+        };
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(book.Archive()));
+        QCOMPARE(saved(workbook, "t.xltx"), book.parts);
+        QCOMPARE(saved(workbook, "t.xlsx"), expected);
+        QCOMPARE(SavedParts(workbook), expected);
+        QCOMPARE(saved(workbook, "t.XLTM"), book.parts);
+        VERIFY_DONE(workbook, load(MakeArchive(expected)));
+        QCOMPARE(saved(workbook, "t.xltx"), expected); // is no template
     }
 
     void a_signature_goes_with_the_first_change()

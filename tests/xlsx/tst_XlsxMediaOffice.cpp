@@ -125,6 +125,18 @@ private Q_SLOTS:
         QCOMPARE(Look(Path("filled.xlsx")).value(QStringLiteral("images")).toObject().value(QStringLiteral("Data")).toInt(), 1);
     }
 
+    void a_picture_is_printed_where_its_rows_moved()
+    {
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(m_template));
+        VERIFY_DONE(workbook, setRows(QStringLiteral("Title"), QVector<QVariantList>(3, {QStringLiteral("x")})));
+        VERIFY_DONE(workbook, save(Path("filled.xlsx")));
+        const QRect shown = AreaOf(kOld, Page(Path("filled.xlsx")));
+        const int twoRows = shown.top() - m_frame.top(); // of 12.8 points, or 15, of which 72 are an inch of 150 pixels
+        QVERIFY2(twoRows >= 52 && twoRows <= 64 && AreClose(shown, m_frame.translated(0, twoRows)),
+                 TextOf(shown) + " after " + TextOf(m_frame));
+    }
+
     void a_list_takes_its_values_and_a_new_list()
     {
         const QString choice = QStringLiteral("Choice");

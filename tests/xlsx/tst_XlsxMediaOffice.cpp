@@ -125,16 +125,17 @@ private Q_SLOTS:
         QCOMPARE(Look(Path("filled.xlsx")).value(QStringLiteral("images")).toObject().value(QStringLiteral("Data")).toInt(), 1);
     }
 
-    void a_picture_is_printed_where_its_rows_moved()
+    void a_picture_moves_with_its_rows_unless_it_is_on_the_page()
     {
         XlsxTemplate workbook;
         VERIFY_DONE(workbook, load(m_template));
         VERIFY_DONE(workbook, setRows(QStringLiteral("Title"), QVector<QVariantList>(3, {QStringLiteral("x")})));
         VERIFY_DONE(workbook, save(Path("filled.xlsx")));
         const QRect shown = AreaOf(kOld, Page(Path("filled.xlsx")));
-        const int twoRows = shown.top() - m_frame.top(); // of 12.8 points, or 15, of which 72 are an inch of 150 pixels
-        QVERIFY2(twoRows >= 52 && twoRows <= 64 && AreClose(shown, m_frame.translated(0, twoRows)),
-                 TextOf(shown) + " after " + TextOf(m_frame));
+        const int moved = shown.top() - m_frame.top();
+        // LibreOffice has the picture on the page, openpyxl in a cell. Two rows of 15 points are 62.5 pixels.
+        const bool isWhereItBelongs = QByteArray(OFFICE_WRITER) == "openpyxl" ? moved >= 60 && moved <= 65 : moved == 0;
+        QVERIFY2(isWhereItBelongs && AreClose(shown, m_frame.translated(0, moved)), TextOf(shown) + " after " + TextOf(m_frame));
     }
 
     void a_list_takes_its_values_and_a_new_list()

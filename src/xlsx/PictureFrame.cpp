@@ -1,7 +1,5 @@
 #include "xlsx/PictureFrame_p.h"
 
-#include "xlsx/TemplateSheet_p.h"
-
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -50,44 +48,19 @@ Mark MarkIn(const pugi::xml_node &corner, const char *cells, const char *offset,
     return {std::clamp(std::atoi(OwnText(ChildOf(corner, cells)).c_str()), 0, most), std::atof(OwnText(ChildOf(corner, offset)).c_str())};
 }
 
-double WidthBetween(const TemplateSheet &sheet, const Mark &from, const Mark &to)
-{
-    const pugi::xml_node format = ChildOf(sheet.Worksheet(), "sheetFormatPr");
-    const pugi::xml_attribute usual = AttributeOf(format, "defaultColWidth");
-    const double usualWidth = usual ? WidthOfColumns(usual.as_double()) : 64 * kPixel;
-    double width = to.offset - from.offset + usualWidth * (to.cells - from.cells);
-    for (pugi::xml_node node = ChildOf(ChildOf(sheet.Worksheet(), "cols"), "col"); node; node = NextOfItsName(node)) {
-        const int first = std::max(AttributeOf(node, "min").as_int(), from.cells + 1);
-        const int last = std::min(AttributeOf(node, "max").as_int(), to.cells);
-        const pugi::xml_attribute own = AttributeOf(node, "width");
-        if (first <= last && (own || IsTrue(AttributeOf(node, "hidden"))))
-            width += ((IsTrue(AttributeOf(node, "hidden")) ? 0 : WidthOfColumns(own.as_double())) - usualWidth) * (last - first + 1);
-    }
-    return width;
-}
-
-double HeightBetween(TemplateSheet &sheet, const Mark &from, const Mark &to)
-{
-    const double usualHeight = AttributeOf(ChildOf(sheet.Worksheet(), "sheetFormatPr"), "defaultRowHeight").as_double(15) * kPoint;
-    double height = to.offset - from.offset;
-    for (int row = from.cells + 1; row <= to.cells; ++row) {
-        const pugi::xml_node node = sheet.FindRow(row);
-        const pugi::xml_attribute own = AttributeOf(node, "ht");
-        if (!IsTrue(AttributeOf(node, "hidden")))
-            height += own ? own.as_double() * kPoint : usualHeight;
-    }
-    return height;
-}
-
 /// Of a frame that reaches from one cell to another.
-Size SizeBetween(const pugi::xml_node &anchor, TemplateSheet &sheet)
+Size SizeBetween(const pugi::xml_node &anchor, const CellExtents &extents)
 {
     const pugi::xml_node from = ChildOf(anchor, "from");
     const pugi::xml_node to = ChildOf(anchor, "to");
     if (!from || !to)
         return {};
-    return {WidthBetween(sheet, MarkIn(from, "col", "colOff", kLastColumn), MarkIn(to, "col", "colOff", kLastColumn)),
-            HeightBetween(sheet, MarkIn(from, "row", "rowOff", kLastRow), MarkIn(to, "row", "rowOff", kLastRow))};
+    const Mark left = MarkIn(from, "col", "colOff", kLastColumn);
+    const Mark right = MarkIn(to, "col", "colOff", kLastColumn);
+    const Mark top = MarkIn(from, "row", "rowOff", kLastRow);
+    const Mark bottom = MarkIn(to, "row", "rowOff", kLastRow);
+    return {right.offset - left.offset + extents.WidthOfFirst(right.cells) - extents.WidthOfFirst(left.cells),
+            bottom.offset - top.offset + extents.HeightOfFirst(bottom.cells) - extents.HeightOfFirst(top.cells)};
 }
 
 pugi::xml_node TransformOf(const pugi::xml_node &shape, const char *properties)
@@ -109,7 +82,55 @@ pugi::xml_node MakeBehind(const pugi::xml_node &sibling, const char *localName)
 
 } // namespace
 
-double FrameProportion(const pugi::xml_node &picture, TemplateSheet *sheet)
+CellExtents::CellExtents(const TemplateSheet &sheet)
+    : m_widths(kLastColumn + 1)
+{
+    const pugi::xml_node format = ChildOf(sheet.Worksheet(), "sheetFormatPr");
+    const pugi::xml_attribute usual = AttributeOf(format, "defaultColWidth");
+    const double usualWidth = usual ? WidthOfColumns(usual.as_double()) : 64 * kPixel;
+    // First what changes from one column to the next, then the widths, then their sums.
+    std::vector<double> changes(kLastColumn + 2);
+    for (pugi::xml_node node = ChildOf(ChildOf(sheet.Worksheet(), "cols"), "col"); node; node = NextOfItsName(node)) {
+        const int first = std::max(AttributeOf(node, "min").as_int(), 1);
+        const int last = std::min(AttributeOf(node, "max").as_int(), kLastColumn);
+        const pugi::xml_attribute own = AttributeOf(node, "width");
+        const bool isHidden = IsTrue(AttributeOf(node, "hidden"));
+        if (first > last || (!own && !isHidden))
+            continue;
+        const double change = (isHidden ? 0 : WidthOfColumns(own.as_double())) - usualWidth;
+        changes[std::size_t(first)] += change;
+        changes[std::size_t(last) + 1] -= change;
+    }
+    double width = usualWidth;
+    for (std::size_t column = 1; column <= kLastColumn; ++column) {
+        width += changes[column];
+        m_widths[column] = m_widths[column - 1] + width;
+    }
+    m_usualHeight = AttributeOf(format, "defaultRowHeight").as_double(15) * kPoint;
+    double change = 0;
+    sheet.ForEachRow([&](const pugi::xml_node &row, int number) {
+        const pugi::xml_attribute own = AttributeOf(row, "ht");
+        const bool isHidden = IsTrue(AttributeOf(row, "hidden"));
+        if ((!own && !isHidden) || (!m_changes.empty() && m_changes.back().first >= number))
+            return;
+        change += (isHidden ? 0 : own.as_double() * kPoint) - m_usualHeight;
+        m_changes.emplace_back(number, change);
+    });
+}
+
+double CellExtents::WidthOfFirst(int columns) const
+{
+    return m_widths[std::size_t(columns)];
+}
+
+double CellExtents::HeightOfFirst(int rows) const
+{
+    const auto behind =
+        std::upper_bound(m_changes.begin(), m_changes.end(), rows, [](int row, const auto &change) { return row < change.first; });
+    return m_usualHeight * rows + (behind == m_changes.begin() ? 0 : std::prev(behind)->second);
+}
+
+double FrameProportion(const pugi::xml_node &picture, const std::function<const CellExtents *()> &extents)
 {
     Size size = SizeIn(ChildOf(TransformOf(picture, "spPr"), "ext"));
     pugi::xml_node anchor = picture.parent();
@@ -128,8 +149,8 @@ double FrameProportion(const pugi::xml_node &picture, TemplateSheet *sheet)
     const Size ofAnchor = isGrouped ? Size() : SizeIn(ChildOf(anchor, "ext"));
     if (ofAnchor)
         size = ofAnchor;
-    else if (!size && !isGrouped && sheet)
-        size = SizeBetween(anchor, *sheet);
+    else if (const CellExtents *cells = !size && !isGrouped ? extents() : nullptr)
+        size = SizeBetween(anchor, *cells);
     return size ? size.width / size.height : 0;
 }
 

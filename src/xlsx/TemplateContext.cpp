@@ -64,6 +64,7 @@ void TemplateContext::ForgetRows(int sheet)
     m_formulas.erase(sheet);
     ForgetLists(sheet);
     m_pictures.reset(); // some go with their rows
+    m_extents.reset();
 }
 
 PictureIndex &TemplateContext::Pictures()
@@ -71,6 +72,17 @@ PictureIndex &TemplateContext::Pictures()
     if (!m_pictures)
         m_pictures = std::make_unique<PictureIndex>(package, workbook);
     return *m_pictures;
+}
+
+const CellExtents *TemplateContext::ExtentsOf(int index)
+{
+    if (!m_extents || m_sheetOfExtents != index) {
+        TemplateFault fault;
+        const TemplateSheet *sheet = workbook.Sheet(index, fault);
+        m_extents = sheet ? std::make_unique<CellExtents>(*sheet) : nullptr;
+        m_sheetOfExtents = index;
+    }
+    return m_extents.get();
 }
 
 CellLists *TemplateContext::ListsOf(int index)

@@ -4,6 +4,7 @@
 #include "xlsx/CellLists_p.h"
 #include "xlsx/CellValue_p.h"
 #include "xlsx/ListEntries_p.h"
+#include "xlsx/PictureFrame_p.h"
 #include "xlsx/PictureIndex_p.h"
 #include "xlsx/SharedStrings_p.h"
 #include "xlsx/TemplateStyles_p.h"
@@ -46,6 +47,8 @@ public:
     void ForgetLists(int sheet);
 
     PictureIndex &Pictures();
+    /// Of a sheet; null if it cannot be read. Good until another sheet's are asked for.
+    const CellExtents *ExtentsOf(int sheet);
 
     // Each change is asked for first and done then, so that nothing is changed if one of many cannot be.
 
@@ -76,6 +79,8 @@ private:
     std::map<int, std::unique_ptr<CellFormulas>> m_formulas; ///< by sheet
     std::map<int, std::unique_ptr<CellLists>> m_lists;       ///< by sheet
     std::unique_ptr<PictureIndex> m_pictures;
+    std::unique_ptr<CellExtents> m_extents;
+    int m_sheetOfExtents = -1;
     std::unique_ptr<ListEntries> m_entries; ///< those asked for last
     std::size_t m_mostChanged = 1024;       ///< before changed is looked through for what is in it more than once
 };

@@ -1,7 +1,6 @@
 #include "xlsx/TemplatePictures_p.h"
 
 #include "xlsx/ImageHeader_p.h"
-#include "xlsx/PictureFrame_p.h"
 
 #include <set>
 
@@ -185,8 +184,8 @@ TemplateFault SetPicture(TemplateContext &context, const QString &name, const QB
         TakeOutTwins(blip, picture.drawing, index, former);
         TemplateFault fault;
         const bool keepsProportions = fit == XlsxTemplate::PictureFit::Fit;
-        TemplateSheet *sheet = keepsProportions ? context.workbook.Sheet(picture.sheet, fault) : nullptr;
-        FillFrame(picture.node, keepsProportions ? FrameProportion(picture.node, sheet) : 0, header.width / header.height);
+        const auto extents = [&context, &picture] { return context.ExtentsOf(picture.sheet); };
+        FillFrame(picture.node, keepsProportions ? FrameProportion(picture.node, extents) : 0, header.width / header.height);
         context.package.Parsed(picture.drawing, fault)->Changed(blip.parent());
     }
     return TakeOutUnused(context, former);

@@ -1,6 +1,7 @@
 #include "support/TestCase.h"
 #include "support/TestMain.h"
 #include "xlsx/Book.h"
+#include "xlsx/CpuClock.h"
 #include "xlsx/XlsxFiles.h"
 
 #include <QBuffer>
@@ -408,6 +409,26 @@ private Q_SLOTS:
         QCOMPARE(fill,
                  QByteArray("<a:blip xmlns:a=\"urn:a\" r:embed=\"rId2\"/><a:srcRect xmlns:a=\"urn:a\" t=\"-50000\" b=\"-50000\"/>"
                             "<a:stretch xmlns:a=\"urn:a\"><a:fillRect/></a:stretch>"));
+    }
+
+    void many_pictures_over_all_rows_are_measured_at_once()
+    {
+        const QByteArray toTheEnd = "<xdr:twoCellAnchor><xdr:from><xdr:col>0</xdr:col><xdr:row>0</xdr:row></xdr:from><xdr:to>"
+                                    "<xdr:col>16383</xdr:col><xdr:row>1048575</xdr:row></xdr:to>"
+            + Picture("Logo", Blip("rId1")) + "</xdr:twoCellAnchor>";
+        QByteArray rows;
+        for (int row = 1; row <= 20000; ++row)
+            rows += "<row r=\"" + QByteArray::number(row) + "\" ht=\"5\"/>";
+        Template book = Book(toTheEnd.repeated(500));
+        book.parts["xl/worksheets/sheet1.xml"].replace("<row r=\"1\"/>", rows);
+        QVERIFY(book.parts.value("xl/worksheets/sheet1.xml").contains("\"20000\""));
+        const CpuClock clock;
+        const QByteArray fill = Between(Set(book, Image(7, 7), Fit::Fit).value(kDrawing), "<a:srcRect", "/>");
+        QVERIFY2(clock.IsWithin(1000), qPrintable(QString::number(clock.Milliseconds())));
+        // 16,383 columns of 64 pixels; 20,000 rows of 5 points and 1,028,575 of 15, of which 3 are 4 pixels.
+        const double frame = 16383 * 64 / (20000 * 5 * 4 / 3.0 + 1028575 * 20.0);
+        const QByteArray free = QByteArray::number(-qRound((1 / frame - 1) / 2 * 100000));
+        QCOMPARE(fill, " t=\"" + free + "\" b=\"" + free + '"');
     }
 
     void many_pictures_are_set_in_time_that_grows_with_their_number()

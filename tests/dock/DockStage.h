@@ -38,13 +38,7 @@ public:
         return panel;
     }
 
-    bool Show()
-    {
-        window.show();
-        const bool isActive = QTest::qWaitForWindowActive(&window);
-        DrainEvents();
-        return isActive;
-    }
+    bool Show() { return ShowActive(window); }
 
     QWidget window;
     QPointer<Velmora::QcDockContainer> root;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/TestCase.h"
+#include "DockTestCase.h"
 
 #include <Velmora/DockPosition.h>
 #include <Velmora/QcDockArea.h>
@@ -57,6 +57,14 @@ inline Velmora::QcDockWidget *NewPanel(int type, const QString &title = QStringL
     panel->setContentWidget(content);
     return panel;
 }
+
+/// Groups of types for the length of a test.
+struct TypeGroups
+{
+    explicit TypeGroups(const QList<QList<int>> &groups) { Velmora::QcDockArea::setSupportTypeList(groups); }
+    ~TypeGroups() { Velmora::QcDockArea::setSupportTypeList({}); }
+    Q_DISABLE_COPY(TypeGroups)
+};
 
 /// A window with a root container, shown, and the drag controller driven as panels drive it.
 class DragStage
@@ -137,10 +145,44 @@ public:
         return offered;
     }
 
+    static bool IsFeedbackHidden() { return Indicator()->isHidden() && Mask()->isHidden(); }
+
     static QLabel *TipOf(const QWidget &panel) { return panel.findChild<QLabel *>(QStringLiteral("m_dragTipLabel")); }
 
     QWidget window;
     Velmora::QcDockContainer *root = nullptr;
+};
+
+/// With one panel docked, and one that floats and is to be dragged.
+class ResidentStage : public DragStage
+{
+public:
+    using DragStage::DragStage;
+
+    void StepOverResident() { Step(dragged, MiddleOf(*resident)); }
+
+    Velmora::QcDockWidget *const resident = Add(1);
+    const QPointer<Velmora::QcDockWidget> dragged = Float(2);
+};
+
+/// With two panels docked side by side.
+class NeighbourStage : public DragStage
+{
+public:
+    Velmora::QcDockWidget *const left = Add(1);
+    Velmora::QcDockWidget *const right = Add(2, left, Velmora::Right);
+};
+
+/// A test of dragging. The next one begins as a program does, without indicator and mask.
+class DragTestCase : public DockTestCase
+{
+protected:
+    void TearDown() override
+    {
+        DockTestCase::TearDown();
+        delete DragStage::Indicator();
+        delete DragStage::Mask();
+    }
 };
 
 } // namespace VelmoraTest

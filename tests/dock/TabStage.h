@@ -94,6 +94,14 @@ inline Velmora::QcDockWidget *NewPanel(const QString &title)
     return panel;
 }
 
+inline bool ShowActive(QWidget &window)
+{
+    window.show();
+    const bool isActive = QTest::qWaitForWindowActive(&window);
+    DrainEvents();
+    return isActive;
+}
+
 template <typename T = QWidget>
 T *PartOf(const QWidget &widget, const char *name)
 {
@@ -138,13 +146,7 @@ public:
         return panel;
     }
 
-    bool Show()
-    {
-        window.show();
-        const bool isActive = QTest::qWaitForWindowActive(&window);
-        DrainEvents();
-        return isActive;
-    }
+    bool Show() { return ShowActive(window); }
 
     Velmora::QcDockAreaTabBar *Row() const { return PartOf<Velmora::QcDockAreaTabBar>(*frame, "m_tabBar"); }
     Velmora::QcDockAreaTabBarButton *Tab(int index) const { return Row()->getTab(index); }

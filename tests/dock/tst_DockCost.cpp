@@ -71,13 +71,6 @@ private:
     int m_count = 0;
 };
 
-/// Panels of types 1 and 2 do not share an area.
-struct TypeGroups
-{
-    TypeGroups() { QcDockArea::setSupportTypeList({{1}, {2}}); }
-    ~TypeGroups() { QcDockArea::setSupportTypeList({}); }
-};
-
 /// Refuses to be closed, until it is told to give in.
 class Stubborn : public QWidget
 {
@@ -241,7 +234,7 @@ private Q_SLOTS:
     void a_drag_reads_each_picture_of_a_place_once_a_state()
     {
         DragStage stage;
-        const TypeGroups groups; // so that the centre is refused by one area
+        const TypeGroups groups({{1}, {2}}); // so that the centre is refused by one area
         const QcDockWidget *takes = stage.Add(1);
         const QcDockWidget *refuses = stage.Add(2, stage.root, Right);
         QcDockWidget *dragged = stage.Float(1);

@@ -79,26 +79,16 @@ struct Edit : QLineEdit
 
 } // namespace
 
-class TestDockMove : public DockTestCase
+class TestDockMove : public DragTestCase
 {
     Q_OBJECT
-
-protected:
-    void TearDown() override
-    {
-        DockTestCase::TearDown();
-        delete DragStage::Indicator();
-        delete DragStage::Mask();
-    }
 
 private Q_SLOTS:
     void every_panel_can_float_move_and_close_by_its_menu()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        QcDockWidget *third = stage.Add(3, right, Center);
-        OpenDockMenu(right);
+        NeighbourStage stage;
+        QcDockWidget *third = stage.Add(3, stage.right, Center);
+        OpenDockMenu(stage.right);
         QVERIFY(OpenMenu());
         QCOMPARE(ItemsOf(*OpenMenu()),
                  QStringList({QStringLiteral("Float"), QStringLiteral("Move to"), QStringLiteral("Close"), QStringLiteral("-"),
@@ -106,9 +96,9 @@ private Q_SLOTS:
         const QMenu *moves = ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu();
         QCOMPARE(ItemsOf(*moves), QStringList({QStringLiteral("Type 1"), QStringLiteral("Type 3")}));
         Choose(*OpenMenu(), QStringLiteral("Type 2"));
-        QVERIFY(right->isVisible());
+        QVERIFY(stage.right->isVisible());
 
-        OpenDockMenu(left);
+        OpenDockMenu(stage.left);
         QCOMPARE(ItemsOf(*OpenMenu()), QStringList({QStringLiteral("Float"), QStringLiteral("Move to"), QStringLiteral("Close")}));
         QCOMPARE(ItemsOf(*ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu()), QStringList({QStringLiteral("Type 2")}));
         OpenMenu()->close();
@@ -267,11 +257,9 @@ private Q_SLOTS:
 
     void an_ampersand_in_a_title_is_read_as_it_stands()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        right->getContentWidget()->setWindowTitle(QStringLiteral("Find & replace"));
-        OpenDockMenu(left);
+        NeighbourStage stage;
+        stage.right->getContentWidget()->setWindowTitle(QStringLiteral("Find & replace"));
+        OpenDockMenu(stage.left);
         QCOMPARE(ItemsOf(*ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu()), QStringList({QStringLiteral("Find && replace")}));
         OpenMenu()->close();
     }
@@ -296,11 +284,9 @@ private Q_SLOTS:
     {
         QFETCH(QList<int>, keys);
         QFETCH(int, place);
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
+        NeighbourStage stage;
         QcDockWidget *moved = stage.Float(3);
-        BeginDockMove(moved, AreaOf(*left));
+        BeginDockMove(moved, AreaOf(*stage.left));
         QVERIFY(stage.Indicator()->isVisible());
         for (const int key : keys)
             QTest::keyClick(&stage.window, static_cast<Qt::Key>(key));
@@ -308,34 +294,30 @@ private Q_SLOTS:
         QVERIFY(stage.Mask()->isVisible());
         QTest::keyClick(&stage.window, Qt::Key_Return);
         DrainEvents();
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
         QVERIFY(!moved->isFloating());
         QCOMPARE(moved->property("window"), QVariant(false));
         const QRect area = GlobalRect(*AreaOf(*moved));
         QVERIFY((area.center() - promised.center()).manhattanLength() < 8);
         QVERIFY(qAbs(area.width() - promised.width()) < 8 && qAbs(area.height() - promised.height()) < 8);
-        QCOMPARE(AreaOf(*moved) == AreaOf(*left), place == Center);
-        Q_UNUSED(right)
+        QCOMPARE(AreaOf(*moved) == AreaOf(*stage.left), place == Center);
         VERIFY_SETTLED();
     }
 
     void a_docked_panel_moves_too_and_what_it_left_empty_goes()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        BeginDockMove(left, AreaOf(*right));
+        NeighbourStage stage;
+        BeginDockMove(stage.left, AreaOf(*stage.right));
         QTest::keyClick(&stage.window, Qt::Key_Return);
         DrainEvents();
-        QCOMPARE(AreaOf(*left), AreaOf(*right));
+        QCOMPARE(AreaOf(*stage.left), AreaOf(*stage.right));
         QCOMPARE(stage.root->getDockAreaList().size(), 1);
         VERIFY_SETTLED();
     }
 
     void a_place_that_is_not_offered_is_passed_over()
     {
-        QcDockArea::setSupportTypeList({{1}, {3}});
+        const TypeGroups groups({{1}, {3}});
         DragStage stage;
         QcDockWidget *left = stage.Add(1);
         QcDockWidget *moved = stage.Float(3);
@@ -344,7 +326,6 @@ private Q_SLOTS:
         QTest::keyClick(&stage.window, Qt::Key_Right);
         QCOMPARE(SpokenChoice(), QStringLiteral("Right of Type 1, 2 of 8"));
         QTest::keyClick(&stage.window, Qt::Key_Escape);
-        QcDockArea::setSupportTypeList({});
     }
 
     void a_tab_may_leave_its_own_area_for_a_side_but_not_for_the_centre()
@@ -408,28 +389,23 @@ private Q_SLOTS:
 
     void a_drag_by_the_mouse_puts_no_ring_around_its_target()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        stage.Step(dragged, MiddleOf(*resident));
+        ResidentStage stage;
+        stage.StepOverResident();
         const QRectF label = stage.Label(Center)->geometry();
         const QColor beside = PixelAt(Render(*stage.Indicator()), QPointF(label.left() - 1.5, label.center().y()));
         QVERIFY(beside != Over(TokenOf(Table::Light, QStringLiteral("brand/brand"))));
-        stage.Drop(dragged);
+        stage.Drop(stage.dragged);
     }
 
     void escape_leaves_all_as_it_was()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        BeginDockMove(left, AreaOf(*right));
+        NeighbourStage stage;
+        BeginDockMove(stage.left, AreaOf(*stage.right));
         QTest::keyClick(&stage.window, Qt::Key_Down);
         QTest::keyClick(&stage.window, Qt::Key_Escape);
         DrainEvents();
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
-        QVERIFY(AreaOf(*left) != AreaOf(*right));
+        QVERIFY(stage.IsFeedbackHidden());
+        QVERIFY(AreaOf(*stage.left) != AreaOf(*stage.right));
         QCOMPARE(stage.root->getDockAreaList().size(), 2);
         QCOMPARE(stage.Offered(), QList<int>());
         VERIFY_SETTLED();
@@ -437,47 +413,40 @@ private Q_SLOTS:
 
     void a_press_of_the_mouse_another_window_and_another_move_end_it()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        BeginDockMove(left, AreaOf(*right));
+        NeighbourStage stage;
+        BeginDockMove(stage.left, AreaOf(*stage.right));
         QTest::mouseClick(&stage.window, Qt::RightButton);
         QVERIFY(stage.Indicator()->isHidden());
 
         stage.window.activateWindow();
         QTRY_VERIFY(stage.window.isActiveWindow());
-        BeginDockMove(left, AreaOf(*right));
+        BeginDockMove(stage.left, AreaOf(*stage.right));
         QWidget other;
         other.show();
         other.activateWindow();
         QTRY_VERIFY(stage.Indicator()->isHidden());
 
-        BeginDockMove(left, AreaOf(*right));
-        BeginDockMove(right, AreaOf(*left));
+        BeginDockMove(stage.left, AreaOf(*stage.right));
+        BeginDockMove(stage.right, AreaOf(*stage.left));
         QTest::keyClick(&stage.window, Qt::Key_Escape);
         QVERIFY(stage.Indicator()->isHidden());
     }
 
     void a_window_that_learns_that_it_is_active_no_more_as_the_indicator_shows_ends_it()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
+        NeighbourStage stage;
         const CallAt listener(*stage.Indicator(), QEvent::Show, [&stage] {
             QEvent deactivate(QEvent::WindowDeactivate);
             QCoreApplication::sendEvent(&stage.window, &deactivate);
         });
-        BeginDockMove(left, AreaOf(*right));
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        BeginDockMove(stage.left, AreaOf(*stage.right));
+        QVERIFY(stage.IsFeedbackHidden());
         VERIFY_SETTLED();
     }
 
     void no_key_reaches_the_contents_meanwhile()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
+        NeighbourStage stage;
         auto *edit = new Edit(&stage.window);
         edit->show();
         edit->setFocus();
@@ -485,7 +454,7 @@ private Q_SLOTS:
         QSignalSpy activated(&shortcut, &QShortcut::activated);
         stage.window.activateWindow();
         QTRY_VERIFY(edit->hasFocus());
-        BeginDockMove(left, AreaOf(*right));
+        BeginDockMove(stage.left, AreaOf(*stage.right));
         QTest::keyClick(edit, Qt::Key_A);
         QTest::keyClick(edit, Qt::Key_S, Qt::ControlModifier);
         QTest::keyClick(edit, Qt::Key_Escape);
@@ -497,23 +466,21 @@ private Q_SLOTS:
 
     void it_ends_with_its_panel_or_its_area()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        stage.Add(4, right, Right); // so that the area of the others goes with them
+        NeighbourStage stage;
+        stage.Add(4, stage.right, Right); // so that the area of the others goes with them
         auto *edit = new Edit(&stage.window);
         edit->show();
-        BeginDockMove(left, AreaOf(*right));
+        BeginDockMove(stage.left, AreaOf(*stage.right));
         QTest::keyClick(edit, Qt::Key_A);
         QCOMPARE(edit->keys, 0);
-        delete left;
+        delete stage.left;
         QVERIFY(stage.Indicator()->isHidden());
         QTest::keyClick(edit, Qt::Key_A);
         QCOMPARE(edit->keys, 1);
 
         QcDockWidget *moved = stage.Float(3);
-        BeginDockMove(moved, AreaOf(*right));
-        delete right;
+        BeginDockMove(moved, AreaOf(*stage.right));
+        delete stage.right;
         DrainEvents();
         QVERIFY(stage.Indicator()->isHidden());
         QTest::keyClick(&stage.window, Qt::Key_Return);
@@ -528,8 +495,7 @@ private Q_SLOTS:
         BeginDockMove(stage.Float(3), area);
         area->setParent(nullptr);
         QTest::keyClick(&stage.window, Qt::Key_Left);
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
         delete area;
     }
 

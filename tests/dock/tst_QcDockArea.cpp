@@ -15,12 +15,6 @@ using namespace VelmoraTest;
 
 namespace {
 
-struct TypeGroups
-{
-    explicit TypeGroups(const QList<QList<int>> &groups) { QcDockArea::setSupportTypeList(groups); }
-    ~TypeGroups() { QcDockArea::setSupportTypeList({}); }
-};
-
 /// A container of its own inside of a panel's content, with one panel of \a type in it.
 QcDockContainer *DockInside(QcDockWidget &panel, int type)
 {

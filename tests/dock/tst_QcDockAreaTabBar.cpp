@@ -26,13 +26,7 @@ public:
             row.addTab(QString::number(i));
     }
 
-    bool Show()
-    {
-        window.show();
-        const bool isActive = QTest::qWaitForWindowActive(&window);
-        DrainEvents();
-        return isActive;
-    }
+    bool Show() { return ShowActive(window); }
 
     QList<int> Widths()
     {

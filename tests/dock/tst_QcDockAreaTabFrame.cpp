@@ -762,9 +762,7 @@ private Q_SLOTS:
 
     void a_frame_may_die_when_its_host_hears_of_the_release()
     {
-        TabStage stage;
-        stage.Add(QStringLiteral("A"));
-        stage.Add(QStringLiteral("B"));
+        TabStage stage({"A", "B"});
         QVERIFY(stage.Show());
         const QPointer<QWidget> frame = stage.frame;
         Mouse mouse;

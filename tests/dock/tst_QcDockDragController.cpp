@@ -28,13 +28,6 @@ namespace {
 const QList<int> kAllPlaces = {Left, Right, Top, Bottom, Center, OuterLeft, OuterRight, OuterTop, OuterBottom};
 const QList<int> kAllButCenter = {Left, Right, Top, Bottom, OuterLeft, OuterRight, OuterTop, OuterBottom};
 
-/// Groups of types for the length of a test.
-struct TypeGroups
-{
-    explicit TypeGroups(const QList<QList<int>> &groups) { QcDockArea::setSupportTypeList(groups); }
-    ~TypeGroups() { QcDockArea::setSupportTypeList({}); }
-};
-
 QRect Part(const QRect &whole, DockPosition position)
 {
     const QSize half(whole.width() / 2, whole.height() / 2);
@@ -75,18 +68,9 @@ void AddPlaces()
 
 } // namespace
 
-class TestQcDockDragController : public DockTestCase
+class TestQcDockDragController : public DragTestCase
 {
     Q_OBJECT
-
-protected:
-    // The next test begins as a program does.
-    void TearDown() override
-    {
-        DockTestCase::TearDown();
-        delete DragStage::Indicator();
-        delete DragStage::Mask();
-    }
 
 private Q_SLOTS:
     // --- What lies under the mouse, and what it offers ---
@@ -130,8 +114,7 @@ private Q_SLOTS:
         QVERIFY(stage.Indicator()->isVisible());
         QVERIFY(stage.Mask()->isVisible());
         stage.Step(dragged, QPoint(5, 5));
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
         QVERIFY(stage.TipOf(*dragged)->isVisible());
         stage.Drop(dragged);
         QVERIFY(stage.TipOf(*dragged)->isHidden());
@@ -141,13 +124,11 @@ private Q_SLOTS:
 
     void in_an_area_but_off_the_indicator_the_tip_shows_and_the_mask_does_not()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        stage.Step(dragged, GlobalRect(*resident).topLeft() + QPoint(3, 3));
+        ResidentStage stage;
+        stage.Step(stage.dragged, GlobalRect(*stage.resident).topLeft() + QPoint(3, 3));
         QVERIFY(stage.Indicator()->isVisible());
         QVERIFY(stage.Mask()->isHidden());
-        QVERIFY(stage.TipOf(*dragged)->isVisible());
+        QVERIFY(stage.TipOf(*stage.dragged)->isVisible());
     }
 
     void anywhere_on_the_indicator_the_tip_is_hidden()
@@ -243,12 +224,10 @@ private Q_SLOTS:
 
     void the_indicator_is_centred_on_the_inner_most_area()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        QcDockWidget *below = stage.Add(3, right, Bottom);
+        NeighbourStage stage;
+        QcDockWidget *below = stage.Add(3, stage.right, Bottom);
         QcDockWidget *dragged = stage.Float(4);
-        for (const QcDockWidget *panel : {left, right, below}) {
+        for (const QcDockWidget *panel : {stage.left, stage.right, below}) {
             stage.Step(dragged, GlobalRect(*panel).topLeft() + QPoint(2, 2));
             const QRect area = GlobalRect(*AreaOf(*panel));
             QCOMPARE(stage.Indicator()->pos(), area.topLeft() + QPoint((area.width() - 184) / 2, (area.height() - 191) / 2));
@@ -302,8 +281,7 @@ private Q_SLOTS:
         QCOMPARE(AreaOf(*dragged) == AreaOf(*left), place == Center);
         QCOMPARE(dragged->property("window"), QVariant(false));
         QCOMPARE(dragged->property("draging"), QVariant(false));
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
         QVERIFY(stage.TipOf(*dragged)->isHidden());
         QVERIFY(dragged->isVisible());
         VERIFY_SETTLED();
@@ -343,17 +321,15 @@ private Q_SLOTS:
 
     void after_a_drag_a_release_where_a_hidden_offered_label_lies_still_docks()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        stage.Step(dragged, MiddleOf(*resident));
-        stage.Step(dragged, GlobalRect(*resident).topLeft() + QPoint(2, 2));
-        stage.Drop(dragged);
-        QVERIFY(dragged->isFloating());
+        ResidentStage stage;
+        stage.StepOverResident();
+        stage.Step(stage.dragged, GlobalRect(*stage.resident).topLeft() + QPoint(2, 2));
+        stage.Drop(stage.dragged);
+        QVERIFY(stage.dragged->isFloating());
         QVERIFY(stage.Indicator()->isHidden());
         QCursor::setPos(MiddleOf(*stage.Label(Center)));
-        stage.Drop(dragged);
-        QCOMPARE(AreaOf(*dragged), AreaOf(*resident));
+        stage.Drop(stage.dragged);
+        QCOMPARE(AreaOf(*stage.dragged), AreaOf(*stage.resident));
     }
 
     void a_click_on_a_title_row_over_a_hidden_offered_label_docks()
@@ -390,48 +366,42 @@ private Q_SLOTS:
 
     void a_label_that_overhangs_a_small_area_drops_on_nothing()
     {
-        DragStage stage(QRect(300, 300, 120, 60));
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        stage.Step(dragged, MiddleOf(*resident));
+        ResidentStage stage(QRect(300, 300, 120, 60));
+        stage.StepOverResident();
         const QPoint outside = GlobalRect(*stage.Label(Top)).topLeft() + QPoint(2, 2);
-        QVERIFY(!GlobalRect(*AreaOf(*resident)).contains(outside));
+        QVERIFY(!GlobalRect(*AreaOf(*stage.resident)).contains(outside));
         QCursor::setPos(outside);
         QCOMPARE(stage.Indicator()->getTargetDockPosition(), Top);
-        stage.Drop(dragged);
-        QVERIFY(dragged->isFloating());
-        QCOMPARE(dragged->property("window"), QVariant(false));
+        stage.Drop(stage.dragged);
+        QVERIFY(stage.dragged->isFloating());
+        QCOMPARE(stage.dragged->property("window"), QVariant(false));
     }
 
     void an_outer_label_without_a_container_below_drops_on_nothing()
     {
-        DragStage stage(QRect(300, 300, 120, 100));
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        stage.Step(dragged, MiddleOf(*resident));
+        ResidentStage stage(QRect(300, 300, 120, 100));
+        stage.StepOverResident();
         const QPoint outside = MiddleOf(*stage.Label(OuterTop));
         QVERIFY(!GlobalRect(*stage.root).contains(outside));
         QCursor::setPos(outside);
-        stage.Drop(dragged);
-        QVERIFY(dragged->isFloating());
-        QCOMPARE(dragged->property("window"), QVariant(false));
+        stage.Drop(stage.dragged);
+        QVERIFY(stage.dragged->isFloating());
+        QCOMPARE(stage.dragged->property("window"), QVariant(false));
     }
 
     void a_host_that_deletes_all_top_level_windows_gets_a_new_indicator_and_mask()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
+        ResidentStage stage;
         delete stage.Indicator();
         delete stage.Mask();
-        stage.Drop(dragged);
-        stage.Step(dragged, MiddleOf(*resident));
+        stage.Drop(stage.dragged);
+        stage.StepOverResident();
         QVERIFY(stage.Indicator()->isVisible());
         QVERIFY(stage.Mask()->isVisible());
         delete stage.Indicator();
         delete stage.Mask();
-        stage.Drop(dragged);
-        QVERIFY(dragged->isFloating());
+        stage.Drop(stage.dragged);
+        QVERIFY(stage.dragged->isFloating());
     }
 
     void a_null_changes_nothing()
@@ -504,45 +474,40 @@ private Q_SLOTS:
 
     void the_walk_deletes_every_empty_area_and_container_on_its_way_up()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
-        QcDockWidget *below = stage.Add(3, right, Bottom); // nested: right above below
+        NeighbourStage stage;
+        QcDockWidget *below = stage.Add(3, stage.right, Bottom); // nested: right above below
         const QPointer<QcDockArea> nestedArea = AreaOf(*below);
         const QPointer<QWidget> nested = nestedArea->parentWidget()->parentWidget();
         QVERIFY(qobject_cast<QcDockContainer *>(nested));
         QCOMPARE(stage.root->getDockAreaList().size(), 2);
-        right->swichToFloating();
+        stage.right->swichToFloating();
         DrainEvents();
         QVERIFY(nested);
         below->swichToFloating();
         DrainEvents();
         QVERIFY(!nestedArea);
         QVERIFY(!nested);
-        QCOMPARE(stage.root->getDockAreaList(), QList<QcDockArea *>({AreaOf(*left)}));
+        QCOMPARE(stage.root->getDockAreaList(), QList<QcDockArea *>({AreaOf(*stage.left)}));
     }
 
     // --- A drag, from its first move to its end ---
 
     void escape_ends_a_drag_as_a_drop_on_nothing()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
+        ResidentStage stage;
         int letGo = 0;
-        DockDrag::Begin(dragged, dragged, [&letGo] { ++letGo; });
-        stage.Step(dragged, MiddleOf(*resident));
+        DockDrag::Begin(stage.dragged, stage.dragged, [&letGo] { ++letGo; });
+        stage.StepOverResident();
         QVERIFY(stage.Mask()->isVisible());
-        DockDrag::PostStep(dragged);
+        DockDrag::PostStep(stage.dragged);
         QTest::keyClick(&stage.window, Qt::Key_Escape);
         DrainEvents();
         QCOMPARE(letGo, 1);
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
-        QVERIFY(stage.TipOf(*dragged)->isHidden());
-        QVERIFY(dragged->isFloating());
-        QCOMPARE(dragged->property("window"), QVariant(true));
-        QCOMPARE(dragged->property("draging"), QVariant(false));
+        QVERIFY(stage.IsFeedbackHidden());
+        QVERIFY(stage.TipOf(*stage.dragged)->isHidden());
+        QVERIFY(stage.dragged->isFloating());
+        QCOMPARE(stage.dragged->property("window"), QVariant(true));
+        QCOMPARE(stage.dragged->property("draging"), QVariant(false));
         VERIFY_SETTLED();
     }
 
@@ -585,20 +550,17 @@ private Q_SLOTS:
 
     void a_left_press_shows_that_the_release_was_lost()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
+        ResidentStage stage;
         int letGo = 0;
-        DockDrag::Begin(dragged, dragged, [&letGo] { ++letGo; });
-        stage.Step(dragged, MiddleOf(*resident));
+        DockDrag::Begin(stage.dragged, stage.dragged, [&letGo] { ++letGo; });
+        stage.StepOverResident();
         QTest::mousePress(&stage.window, Qt::RightButton);
         QCOMPARE(letGo, 0);
         QVERIFY(stage.Mask()->isVisible());
         QTest::mousePress(&stage.window, Qt::LeftButton);
         QCOMPARE(letGo, 1);
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
-        QVERIFY(dragged->isFloating());
+        QVERIFY(stage.IsFeedbackHidden());
+        QVERIFY(stage.dragged->isFloating());
         QTest::mousePress(&stage.window, Qt::LeftButton);
         QCOMPARE(letGo, 1);
         QTest::mouseRelease(&stage.window, Qt::LeftButton);
@@ -637,39 +599,35 @@ private Q_SLOTS:
 
     void steps_of_a_cancelled_drag_do_nothing_and_those_of_the_next_one_do()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        QCursor::setPos(MiddleOf(*resident));
-        DockDrag::Begin(dragged, dragged, [] {});
-        DockDrag::PostStep(dragged);
+        ResidentStage stage;
+        QCursor::setPos(MiddleOf(*stage.resident));
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
+        DockDrag::PostStep(stage.dragged);
         DockDrag::Cancel();
         DrainEvents();
         QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(dragged->property("draging") != QVariant(true));
+        QVERIFY(stage.dragged->property("draging") != QVariant(true));
 
-        DockDrag::Begin(dragged, dragged, [] {});
-        DockDrag::PostStep(dragged);
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
+        DockDrag::PostStep(stage.dragged);
         DrainEvents();
         QVERIFY(stage.Indicator()->isVisible());
-        DockDrag::PostEnd(dragged);
+        DockDrag::PostEnd(stage.dragged);
         DrainEvents();
-        QVERIFY(!dragged->isFloating());
+        QVERIFY(!stage.dragged->isFloating());
     }
 
     void steps_posted_before_the_release_run_before_the_drop()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        DockDrag::Begin(dragged, dragged, [] {});
-        QCursor::setPos(MiddleOf(*resident));
-        DockDrag::PostStep(dragged);
-        DockDrag::PostEnd(dragged); // no turn between: the labels are offered by the step only
-        DockDrag::Begin(dragged, dragged, [] {});
+        ResidentStage stage;
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
+        QCursor::setPos(MiddleOf(*stage.resident));
+        DockDrag::PostStep(stage.dragged);
+        DockDrag::PostEnd(stage.dragged); // no turn between: the labels are offered by the step only
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
         DockDrag::Cancel();
         DrainEvents();
-        QCOMPARE(AreaOf(*dragged), AreaOf(*resident));
+        QCOMPARE(AreaOf(*stage.dragged), AreaOf(*stage.resident));
         QVERIFY(stage.Indicator()->isHidden());
     }
 
@@ -692,70 +650,59 @@ private Q_SLOTS:
 
     void a_panel_that_dies_in_its_drag_takes_indicator_and_mask_with_it()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
+        ResidentStage stage;
         QObject owner;
         int letGo = 0;
-        DockDrag::Begin(dragged, &owner, [&letGo] { ++letGo; });
-        stage.Step(dragged, MiddleOf(*resident));
-        DockDrag::PostStep(dragged);
+        DockDrag::Begin(stage.dragged, &owner, [&letGo] { ++letGo; });
+        stage.StepOverResident();
+        DockDrag::PostStep(stage.dragged);
         QVERIFY(stage.Mask()->isVisible());
-        delete dragged;
+        delete stage.dragged;
         QCOMPARE(letGo, 1);
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
         DrainEvents();
         QVERIFY(stage.Indicator()->isHidden());
     }
 
     void a_panel_that_dies_between_release_and_drop_takes_them_too()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        DockDrag::Begin(dragged, dragged, [] {});
-        stage.Step(dragged, MiddleOf(*resident));
-        DockDrag::PostEnd(dragged);
-        delete dragged;
+        ResidentStage stage;
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
+        stage.StepOverResident();
+        DockDrag::PostEnd(stage.dragged);
+        delete stage.dragged;
         DrainEvents();
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
     }
 
     void an_owner_that_dies_leaves_the_panel_floating()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
+        ResidentStage stage;
         auto owner = std::make_unique<QObject>();
         int letGo = 0;
-        DockDrag::Begin(dragged, owner.get(), [&letGo] { ++letGo; });
-        stage.Step(dragged, MiddleOf(*resident));
+        DockDrag::Begin(stage.dragged, owner.get(), [&letGo] { ++letGo; });
+        stage.StepOverResident();
         owner.reset();
         DrainEvents();
         QCOMPARE(letGo, 0);
         QVERIFY(stage.Mask()->isHidden());
-        QVERIFY(dragged->isFloating());
-        QCOMPARE(dragged->property("draging"), QVariant(false));
-        QCOMPARE(dragged->property("window"), QVariant(true));
+        QVERIFY(stage.dragged->isFloating());
+        QCOMPARE(stage.dragged->property("draging"), QVariant(false));
+        QCOMPARE(stage.dragged->property("window"), QVariant(true));
     }
 
     void a_panel_docked_by_its_host_before_the_posted_drop_stays_there()
     {
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        QcDockWidget *right = stage.Add(2, left, Right);
+        NeighbourStage stage;
         QcDockWidget *dragged = stage.Float(3);
         DockDrag::Begin(dragged, dragged, [] {});
-        stage.Step(dragged, MiddleOf(*left));
+        stage.Step(dragged, MiddleOf(*stage.left));
         DockDrag::PostEnd(dragged);
-        stage.root->addWidget(dragged, right, Center);
+        stage.root->addWidget(dragged, stage.right, Center);
         DrainEvents();
-        QCOMPARE(AreaOf(*dragged), AreaOf(*right));
+        QCOMPARE(AreaOf(*dragged), AreaOf(*stage.right));
         QCOMPARE(dragged->property("draging"), QVariant(false));
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        QVERIFY(stage.IsFeedbackHidden());
     }
 
     void a_second_release_does_not_dock_again()
@@ -814,14 +761,12 @@ private Q_SLOTS:
             }
         };
         QFETCH(bool, isPanel);
-        DragStage stage;
-        QcDockWidget *left = stage.Add(1);
-        const QcDockWidget *right = stage.Add(2, left, Right);
+        NeighbourStage stage;
         const QPointer<QcDockWidget> dragged = stage.Float(3);
-        stage.Step(dragged, MiddleOf(*right));
+        stage.Step(dragged, MiddleOf(*stage.right));
         Deleter deleter;
         dragged->installEventFilter(&deleter);
-        deleter.victim = isPanel ? static_cast<QWidget *>(dragged) : AreaOf(*right);
+        deleter.victim = isPanel ? static_cast<QWidget *>(dragged) : AreaOf(*stage.right);
         stage.Drop(dragged);
         QVERIFY(!deleter.victim);
         QCOMPARE(dragged.isNull(), isPanel);
@@ -831,45 +776,37 @@ private Q_SLOTS:
 
     void a_host_may_end_the_drag_when_it_hears_of_a_step()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        DockDrag::Begin(dragged, dragged, [] {});
-        const CallAt listener(*dragged, QEvent::DynamicPropertyChange, [] { DockDrag::Cancel(); });
-        stage.Step(dragged, MiddleOf(*resident));
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
-        QVERIFY(stage.TipOf(*dragged)->isHidden());
+        ResidentStage stage;
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
+        const CallAt listener(*stage.dragged, QEvent::DynamicPropertyChange, [] { DockDrag::Cancel(); });
+        stage.StepOverResident();
+        QVERIFY(stage.IsFeedbackHidden());
+        QVERIFY(stage.TipOf(*stage.dragged)->isHidden());
         VERIFY_SETTLED();
     }
 
     void a_drag_that_ends_as_the_indicator_shows_leaves_neither_it_nor_the_mask()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        DockDrag::Begin(dragged, dragged, [] {});
+        ResidentStage stage;
+        DockDrag::Begin(stage.dragged, stage.dragged, [] {});
         const CallAt listener(*stage.Indicator(), QEvent::Show, [] { DockDrag::Cancel(); });
-        stage.Step(dragged, MiddleOf(*resident));
-        QVERIFY(stage.Indicator()->isHidden());
-        QVERIFY(stage.Mask()->isHidden());
+        stage.StepOverResident();
+        QVERIFY(stage.IsFeedbackHidden());
         VERIFY_SETTLED();
     }
 
     void a_host_may_delete_indicator_and_mask_when_it_hears_of_a_step()
     {
-        DragStage stage;
-        const QcDockWidget *resident = stage.Add(1);
-        QcDockWidget *dragged = stage.Float(2);
-        const CallAt listener(*dragged, QEvent::DynamicPropertyChange, [] {
+        ResidentStage stage;
+        const CallAt listener(*stage.dragged, QEvent::DynamicPropertyChange, [] {
             delete DragStage::Indicator();
             delete DragStage::Mask();
         });
-        stage.Step(dragged, MiddleOf(*resident));
+        stage.StepOverResident();
         QVERIFY(stage.Indicator()->isVisible());
         QVERIFY(stage.Mask()->isVisible());
-        stage.Drop(dragged);
-        QCOMPARE(AreaOf(*dragged), AreaOf(*resident));
+        stage.Drop(stage.dragged);
+        QCOMPARE(AreaOf(*stage.dragged), AreaOf(*stage.resident));
     }
 
     void a_panel_may_die_when_its_host_hears_of_the_release_data()
@@ -882,28 +819,26 @@ private Q_SLOTS:
     void a_panel_may_die_when_its_host_hears_of_the_release()
     {
         QFETCH(bool, isPosted);
-        DragStage stage(QRect(0, 0, 400, 300));
-        const QcDockWidget *resident = stage.Add(1);
-        const QPointer<QcDockWidget> dragged = stage.Float(2);
+        ResidentStage stage(QRect(0, 0, 400, 300));
         std::unique_ptr<CallAt> listener;
         const auto listen = [&] {
-            listener = std::make_unique<CallAt>(*dragged, QEvent::DynamicPropertyChange, [&dragged] { delete dragged; });
+            listener = std::make_unique<CallAt>(*stage.dragged, QEvent::DynamicPropertyChange, [&stage] { delete stage.dragged; });
         };
         Mouse mouse;
-        mouse.PressAt(*dragged, QPoint(60, 15));
-        mouse.MoveTo(MiddleOf(*resident));
+        mouse.PressAt(*stage.dragged, QPoint(60, 15));
+        mouse.MoveTo(MiddleOf(*stage.resident));
         DrainEvents();
         QVERIFY(stage.Mask()->isVisible());
         if (isPosted)
-            DockDrag::PostEnd(dragged);
+            DockDrag::PostEnd(stage.dragged);
         listen();
         if (isPosted)
             DrainEvents();
         else
             mouse.Release();
-        QVERIFY(!dragged);
+        QVERIFY(!stage.dragged);
         QCOMPARE(Settled(), QString());
-        QCOMPARE(AreaOf(*resident)->count(), 1);
+        QCOMPARE(AreaOf(*stage.resident)->count(), 1);
         if (isPosted)
             mouse.Release();
     }

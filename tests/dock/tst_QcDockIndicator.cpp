@@ -1,3 +1,5 @@
+#include "FeedbackWindow.h"
+
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
@@ -294,21 +296,13 @@ private Q_SLOTS:
     {
         Indicator indicator;
         indicator.ShowAt(QPoint(200, 200));
-        EventCounter paints(indicator, QEvent::Paint);
-        UseTable(Table::Dark);
-        QVERIFY(paints.Take() > 0);
-        UseTable(Table::Light);
+        QVERIFY(FollowsColourTable(indicator));
     }
 
     void it_takes_no_focus()
     {
-        QWidget host;
-        host.show();
-        host.activateWindow();
-        QTRY_VERIFY(host.isActiveWindow());
         Indicator indicator;
-        indicator.ShowAt(QPoint(200, 200));
-        QVERIFY(host.isActiveWindow());
+        QVERIFY(LeavesFocusWhenShown(indicator));
     }
 
     void a_screen_reader_hears_the_name_of_each_place()

@@ -1,4 +1,4 @@
-#include "support/EventCounter.h"
+#include "FeedbackWindow.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -44,22 +44,13 @@ private Q_SLOTS:
         mask.resize(40, 30);
         mask.show();
         DrainEvents();
-        EventCounter paints(mask, QEvent::Paint);
-        UseTable(Table::Dark);
-        QVERIFY(paints.Take() > 0);
-        UseTable(Table::Light);
+        QVERIFY(FollowsColourTable(mask));
     }
 
     void it_takes_no_focus()
     {
-        QWidget host;
-        host.show();
-        host.activateWindow();
-        QTRY_VERIFY(host.isActiveWindow());
         QcDockMask mask;
-        mask.show();
-        DrainEvents();
-        QVERIFY(host.isActiveWindow());
+        QVERIFY(LeavesFocusWhenShown(mask));
     }
 };
 

@@ -55,11 +55,12 @@ public:
 
     ~FloatingStage() { delete panel; }
 
-    bool Show()
+    bool Show() { return ShowActive(*panel); }
+
+    bool ShowAndPress(Mouse &mouse)
     {
-        panel->show();
-        const bool isActive = QTest::qWaitForWindowActive(panel);
-        DrainEvents();
+        const bool isActive = Show();
+        mouse.PressAt(*panel, OnTitle());
         return isActive;
     }
 
@@ -67,6 +68,21 @@ public:
     QPoint OnTitle() const { return {100, 15}; }
 
     QPointer<QcDockWidget> panel;
+};
+
+/// Two panels side by side.
+class NeighbourStage : public DockStage
+{
+public:
+    bool ShowAndPress(Mouse &mouse)
+    {
+        const bool isActive = Show();
+        mouse.PressAt(*TitleRowOf(*right), QPoint(60, 15));
+        return isActive;
+    }
+
+    QcDockWidget *const left = Add(QStringLiteral("A"));
+    const QPointer<QcDockWidget> right = Add(QStringLiteral("B"), Right);
 };
 
 QcDockAreaTabFrame *FrameOf(const QWidget &page)
@@ -480,12 +496,10 @@ private Q_SLOTS:
 
     void closing_the_last_panel_of_an_area_removes_the_area()
     {
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        NeighbourStage stage;
         QVERIFY(stage.Show());
         QCOMPARE(stage.root->getDockAreaList().size(), 2);
-        CloseButtonOf(*panel)->click();
+        CloseButtonOf(*stage.right)->click();
         DrainEvents();
         QCOMPARE(stage.root->getDockAreaList().size(), 1);
         VERIFY_SETTLED();
@@ -493,11 +507,9 @@ private Q_SLOTS:
 
     void a_panel_that_a_frame_of_the_hosts_takes_leaves_no_empty_area()
     {
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        NeighbourStage stage;
         TabStage taker;
-        taker.frame->addTab(panel->windowTitle(), panel);
+        taker.frame->addTab(stage.right->windowTitle(), stage.right);
         QCOMPARE(stage.root->getDockAreaList().size(), 1); // at once: it waits for its deletion
         VERIFY_SETTLED();
         QCOMPARE(taker.Tabs(), QStringLiteral("[B]"));
@@ -544,20 +556,18 @@ private Q_SLOTS:
 
     void a_panel_floats_where_it_was_under_the_registered_root()
     {
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        NeighbourStage stage;
         QVERIFY(stage.Show());
-        const QRect place(panel->mapToGlobal(QPoint(0, 0)), panel->size());
-        panel->swichToFloating();
-        QVERIFY(panel->isFloating());
-        QVERIFY(panel->isVisible());
-        QCOMPARE(panel->parentWidget(), stage.root.data());
-        QCOMPARE(panel->windowFlags(), Qt::Window | Qt::FramelessWindowHint);
-        QCOMPARE(panel->geometry(), place);
+        const QRect place(stage.right->mapToGlobal(QPoint(0, 0)), stage.right->size());
+        stage.right->swichToFloating();
+        QVERIFY(stage.right->isFloating());
+        QVERIFY(stage.right->isVisible());
+        QCOMPARE(stage.right->parentWidget(), stage.root.data());
+        QCOMPARE(stage.right->windowFlags(), Qt::Window | Qt::FramelessWindowHint);
+        QCOMPARE(stage.right->geometry(), place);
         DrainEvents();
         QCOMPARE(stage.root->getDockAreaList().size(), 1);
-        QCOMPARE(stage.root->getDockWidgetWindow(), QList<QcDockWidget *>({panel}));
+        QCOMPARE(stage.root->getDockWidgetWindow(), QList<QcDockWidget *>({stage.right}));
         VERIFY_SETTLED();
     }
 
@@ -702,22 +712,20 @@ private Q_SLOTS:
     void a_host_may_delete_what_a_panel_leaves_when_it_hears_of_that()
     {
         QFETCH(QString, what);
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
-        const QPointer<QLineEdit> edit = new QLineEdit(panel->getContentWidget());
+        NeighbourStage stage;
+        const QPointer<QLineEdit> edit = new QLineEdit(stage.right->getContentWidget());
         QVERIFY(stage.Show());
         edit->setFocus();
         const QPointer<QWidget> area = stage.root->getDockAreaList().constLast();
-        QVERIFY(area->isAncestorOf(panel));
-        const CallAt listener(*panel, QEvent::ParentChange, [&] {
+        QVERIFY(area->isAncestorOf(stage.right));
+        const CallAt listener(*stage.right, QEvent::ParentChange, [&] {
             if (what == QLatin1String("area"))
                 delete area;
             else
                 delete edit;
         });
-        panel->swichToFloating();
-        QVERIFY(panel->isFloating());
+        stage.right->swichToFloating();
+        QVERIFY(stage.right->isFloating());
         VERIFY_SETTLED();
         QCOMPARE(stage.root->getDockAreaList().size(), 1);
     }
@@ -911,9 +919,8 @@ private Q_SLOTS:
     void dragging_a_floating_panel_moves_it_and_runs_the_feedback()
     {
         FloatingStage stage;
-        QVERIFY(stage.Show());
         Mouse mouse;
-        mouse.PressAt(*stage.panel, stage.OnTitle());
+        QVERIFY(stage.ShowAndPress(mouse));
         const QPoint from = stage.panel->pos();
         mouse.MoveBy(1, 0); // however little
         QCOMPARE(stage.panel->pos(), from + QPoint(1, 0));
@@ -933,9 +940,8 @@ private Q_SLOTS:
     void a_dragged_panel_keeps_up_with_the_mouse_when_the_window_system_reports_late_where_it_was()
     {
         FloatingStage stage;
-        QVERIFY(stage.Show());
         Mouse mouse;
-        mouse.PressAt(*stage.panel, stage.OnTitle());
+        QVERIFY(stage.ShowAndPress(mouse));
         const QPoint from = stage.panel->pos();
         mouse.MoveBy(20, 30);
         QWindowSystemInterface::handleGeometryChange(stage.panel->windowHandle(), QRect(from, stage.panel->size()));
@@ -950,9 +956,8 @@ private Q_SLOTS:
     void a_dragged_panel_that_its_host_moves_goes_on_from_there()
     {
         FloatingStage stage;
-        QVERIFY(stage.Show());
         Mouse mouse;
-        mouse.PressAt(*stage.panel, stage.OnTitle());
+        QVERIFY(stage.ShowAndPress(mouse));
         mouse.MoveBy(20, 30);
         stage.panel->move(50, 60);
         mouse.MoveBy(1, 0);
@@ -1033,95 +1038,82 @@ private Q_SLOTS:
     void a_click_on_a_floating_title_runs_the_drop()
     {
         FloatingStage stage;
-        QVERIFY(stage.Show());
         Mouse mouse;
-        mouse.PressAt(*stage.panel, stage.OnTitle());
+        QVERIFY(stage.ShowAndPress(mouse));
         mouse.Release();
         QTRY_VERIFY(stage.panel->property("window").toBool());
     }
 
     void dragging_a_docked_panel_by_its_title_tears_it_out()
     {
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
-        QVERIFY(stage.Show());
+        NeighbourStage stage;
         Mouse mouse;
-        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
-        const QPoint from = panel->mapToGlobal(QPoint(0, 0));
+        QVERIFY(stage.ShowAndPress(mouse));
+        const QPoint from = stage.right->mapToGlobal(QPoint(0, 0));
         mouse.MoveBy(0, 1);
-        QVERIFY(panel->isFloating());
-        QCOMPARE(panel->pos(), from + QPoint(0, 1));
+        QVERIFY(stage.right->isFloating());
+        QCOMPARE(stage.right->pos(), from + QPoint(0, 1));
         mouse.MoveBy(-20, 5);
-        QCOMPARE(panel->pos(), from + QPoint(-20, 6));
+        QCOMPARE(stage.right->pos(), from + QPoint(-20, 6));
         DrainEvents();
         QCOMPARE(stage.root->getDockAreaList().size(), 1);
         QVERIFY(TopLevelIndicator()->isVisible());
-        CancelDrag(*panel);
+        CancelDrag(*stage.right);
         mouse.Release();
         VERIFY_SETTLED();
     }
 
     void escape_leaves_a_dragged_panel_where_it_is()
     {
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
-        QVERIFY(stage.Show());
+        NeighbourStage stage;
         Mouse mouse;
-        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        QVERIFY(stage.ShowAndPress(mouse));
         mouse.MoveBy(0, 10);
-        const QPoint at = panel->pos();
-        CancelDrag(*panel);
-        QVERIFY(!panel->property("draging").toBool());
-        QVERIFY(panel->property("window").toBool());
+        const QPoint at = stage.right->pos();
+        CancelDrag(*stage.right);
+        QVERIFY(!stage.right->property("draging").toBool());
+        QVERIFY(stage.right->property("window").toBool());
         mouse.MoveBy(10, 10);
         mouse.Release();
         DrainEvents();
-        QVERIFY(panel->isFloating());
-        QCOMPARE(panel->pos(), at);
+        QVERIFY(stage.right->isFloating());
+        QCOMPARE(stage.right->pos(), at);
         QVERIFY(!TopLevelIndicator()->isVisible());
         VERIFY_SETTLED();
     }
 
     void a_host_that_docks_the_dragged_panel_ends_its_drag()
     {
-        DockStage stage;
-        QcDockWidget *other = stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
-        QVERIFY(stage.Show());
+        NeighbourStage stage;
         Mouse mouse;
-        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        QVERIFY(stage.ShowAndPress(mouse));
         mouse.MoveBy(0, 10);
-        mouse.MoveTo(other->mapToGlobal(QPoint(100, 100)));
+        mouse.MoveTo(stage.left->mapToGlobal(QPoint(100, 100)));
         DrainEvents();
         QVERIFY(TopLevelIndicator()->isVisible());
-        stage.root->addWidget(panel, other, Center);
+        stage.root->addWidget(stage.right, stage.left, Center);
         QCOMPARE(Settled(), QString()); // nothing looks dragged, no indicator, no mask
         mouse.MoveBy(30, 30);
         mouse.Release();
         VERIFY_SETTLED();
-        QCOMPARE(TitlesIn(*FrameOf(*panel)), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+        QCOMPARE(TitlesIn(*FrameOf(*stage.right)), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
     }
 
     void a_host_that_takes_the_dragged_panel_out_of_its_window_ends_its_drag_with_the_release()
     {
-        DockStage stage;
-        QcDockWidget *other = stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
-        QVERIFY(stage.Show());
+        NeighbourStage stage;
         Mouse mouse;
-        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        QVERIFY(stage.ShowAndPress(mouse));
         mouse.MoveBy(0, 10);
-        mouse.MoveTo(other->mapToGlobal(QPoint(100, 100)));
+        mouse.MoveTo(stage.left->mapToGlobal(QPoint(100, 100)));
         DrainEvents();
         QVERIFY(TopLevelIndicator()->isVisible());
-        panel->setParent(&stage.window);
+        stage.right->setParent(&stage.window);
         QMouseEvent release(QEvent::MouseButtonRelease, QPoint(60, 15), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(panel, &release);
+        QCoreApplication::sendEvent(stage.right, &release);
         QVERIFY(!TopLevelIndicator()->isVisible());
         VERIFY_SETTLED();
-        QVERIFY(!panel->isFloating());
+        QVERIFY(!stage.right->isFloating());
     }
 
     void a_title_drag_whose_release_was_lost_ends_at_the_next_press()
@@ -1146,31 +1138,26 @@ private Q_SLOTS:
 
     void a_host_may_end_the_drag_when_it_hears_that_the_panel_floats()
     {
-        DockStage stage;
-        stage.Add(QStringLiteral("A"));
-        QcDockWidget *panel = stage.Add(QStringLiteral("B"), Right);
+        NeighbourStage stage;
         QVERIFY(stage.Show());
-        const CallAt listener(*panel, QEvent::Show, [] { DockDrag::Cancel(); });
+        const CallAt listener(*stage.right, QEvent::Show, [] { DockDrag::Cancel(); });
         Mouse mouse;
-        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
+        mouse.PressAt(*TitleRowOf(*stage.right), QPoint(60, 15));
         mouse.MoveBy(0, 10);
-        QVERIFY(panel->isFloating());
-        QVERIFY(!panel->property("draging").toBool());
+        QVERIFY(stage.right->isFloating());
+        QVERIFY(!stage.right->property("draging").toBool());
         mouse.Release();
         VERIFY_SETTLED();
     }
 
     void a_panel_that_dies_in_its_drag_takes_the_posted_steps_along()
     {
-        DockStage stage;
-        QcDockWidget *resident = stage.Add(QStringLiteral("A"));
-        const QPointer<QcDockWidget> panel = stage.Add(QStringLiteral("B"), Right);
-        QVERIFY(stage.Show());
+        NeighbourStage stage;
         Mouse mouse;
-        mouse.PressAt(*TitleRowOf(*panel), QPoint(60, 15));
-        MoveWithoutATurn(*panel, resident->mapToGlobal(QPoint(100, 100)));
-        QVERIFY(panel->property("draging").toBool()); // so its step is posted
-        delete panel;
+        QVERIFY(stage.ShowAndPress(mouse));
+        MoveWithoutATurn(*stage.right, stage.left->mapToGlobal(QPoint(100, 100)));
+        QVERIFY(stage.right->property("draging").toBool()); // so its step is posted
+        delete stage.right;
         mouse.Release();
         VERIFY_SETTLED();
         QVERIFY(!TopLevelIndicator()->isVisible());

@@ -632,11 +632,10 @@ private Q_SLOTS:
         deleter.root = new QcDockContainer(nullptr); // deleted by the host
         deleter.root->addWidget(NewPanel(1), nullptr, Center);
         const QPointer<QWidget> content(NewContent(isTaken ? 1 : 2));
-        QcDockArea::setSupportTypeList({{1}, {2}});
+        const TypeGroups groups({{1}, {2}});
         QCoreApplication::instance()->installEventFilter(&deleter);
         deleter.root->addDockWidgetContent(content, Left);
         QCoreApplication::instance()->removeEventFilter(&deleter);
-        QcDockArea::setSupportTypeList({});
         VERIFY_SETTLED();
         QVERIFY(!deleter.root);
         QCOMPARE(bool(content), !isTaken);
@@ -715,12 +714,11 @@ private Q_SLOTS:
     void two_crossing_placements_in_one_turn_lose_nothing()
     {
         const auto ofOwnGroup = [](int type) { return NewContent(type); };
-        QcDockArea::setSupportTypeList({{1}, {2}, {3}, {4}, {5}});
+        const TypeGroups groups({{1}, {2}, {3}, {4}, {5}});
         Row row({1, 2});
         row.root.addDockWidgetContent(ofOwnGroup(3), Top);
         row.root.addDockWidgetContent(ofOwnGroup(4), Left);
         row.root.addDockWidgetContent(ofOwnGroup(5), Bottom);
-        QcDockArea::setSupportTypeList({});
         VERIFY_SETTLED();
         QCOMPARE(Shape(row.root), QStringLiteral("((4 | (3 / (1 | 2))) / 5)"));
     }
@@ -911,6 +909,21 @@ private Q_SLOTS:
         QVERIFY(!root.isEmpty());
     }
 
+    void a_kept_container_inside_stays_in_its_place_without_a_panel()
+    {
+        Row row({1, 2});
+        QcDockWidget *three = NewPanel(3);
+        row.root.addWidget(three, row.Area(0), Bottom);
+        NestedIn(row.root, 0)->setEmptyKeep(true);
+        delete three;
+        delete row.panels.at(0);
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(row.root), QStringLiteral("(() | 2)"));
+        delete row.panels.at(1);
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(row.root), QStringLiteral("(())")); // and keeps what encloses it
+    }
+
     void an_emptied_nested_container_goes_with_its_wrapper()
     {
         Row row({1, 2});
@@ -989,7 +1002,7 @@ private Q_SLOTS:
 
     void content_that_no_area_takes_goes_where_it_was_to_go()
     {
-        QcDockArea::setSupportTypeList({{1}, {2}, {3}, {4}, {5}});
+        const TypeGroups groups({{1}, {2}, {3}, {4}, {5}});
         QcDockContainer root(nullptr);
         root.addDockWidgetContent(NewContent(1), Left);
         root.addDockWidgetContent(NewContent(2), Right);
@@ -1000,18 +1013,16 @@ private Q_SLOTS:
         QCOMPARE(Shape(root), QStringLiteral("(4 / (3 | 1 | 2))"));
         root.addDockWidgetContent(NewContent(5), Center);
         QCOMPARE(Shape(root), QStringLiteral("(4,5 / (3 | 1 | 2))"));
-        QcDockArea::setSupportTypeList({});
         VERIFY_SETTLED();
     }
 
     void content_for_no_place_stays_unplaced_in_its_panel()
     {
-        QcDockArea::setSupportTypeList({{1}, {2}});
+        const TypeGroups groups({{1}, {2}});
         QcDockContainer root(nullptr);
         root.addDockWidgetContent(NewContent(1), Left);
         QWidget *content = NewContent(2);
         root.addDockWidgetContent(content, NoPosition);
-        QcDockArea::setSupportTypeList({});
         QCOMPARE(Shape(root), QStringLiteral("(1)"));
         auto *panel = qobject_cast<QcDockWidget *>(content->window());
         QVERIFY(panel);
@@ -1021,13 +1032,12 @@ private Q_SLOTS:
 
     void the_order_of_areas_is_that_of_stacking()
     {
-        QcDockArea::setSupportTypeList({{1}, {2}});
+        const TypeGroups groups({{1}, {2}});
         QcDockContainer root(nullptr);
         root.addDockWidgetContent(NewContent(1), Left);
         root.addWidget(NewPanel(1), nullptr, Right); // a splitter lowers what it takes in
         root.addDockWidgetContent(NewContent(1), Left);
         QCOMPARE(Shape(root), QStringLiteral("(1 | 1,1)"));
-        QcDockArea::setSupportTypeList({});
         const auto areas = root.findChildren<QcDockArea *>();
         QCOMPARE(areas.first(), root.getDockAreaList().last());
     }

@@ -358,9 +358,12 @@ void QcDockContainer::SettleShares()
 
 void QcDockContainer::ForgetShare(const QObject *pane)
 {
-    for (int i = 0; i < m_splitter->count() && i < m_record->shares.size(); ++i)
-        if (m_splitter->widget(i) == pane)
-            m_record->shares.removeAt(i--);
+    for (int i = 0; i < m_splitter->count() && i < m_record->shares.size(); ++i) {
+        if (m_splitter->widget(i) == pane) { // which the splitter still holds
+            m_record->shares.removeAt(i);
+            return;
+        }
+    }
 }
 
 /// A container shows at least one area. Whoever took the last one away may be about to give another: the next turn will tell.

@@ -132,6 +132,21 @@ private Q_SLOTS:
         QCOMPARE(NestingBelow(tree.root.getDockAreaList().first()), 2);
     }
 
+    void of_two_sides_the_deeper_one_counts_whichever_it_is()
+    {
+        for (const int deeper : {0, 1}) {
+            QcDockContainer root(nullptr);
+            QcDockWidget *const sides[] = {NewPanel(1), NewPanel(2)};
+            root.addWidget(sides[0], nullptr, Center);
+            root.addWidget(sides[1], nullptr, Right);
+            for (QcDockWidget *side : sides)
+                root.addWidget(NewPanel(3), AreaOf(*side), Bottom);
+            QCOMPARE(NestingBelow(&root), 1);
+            root.addWidget(NewPanel(3), AreaOf(*sides[deeper]), Right);
+            QCOMPARE(NestingBelow(&root), 2);
+        }
+    }
+
     void only_a_page_has_an_area()
     {
         const Tree tree;

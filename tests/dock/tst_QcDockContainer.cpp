@@ -5,6 +5,7 @@
 #include "support/TestMain.h"
 #include "support/Tokens.h"
 
+#include <Velmora/QcDockAreaTabBarButton.h>
 #include <Velmora/QcDockAreaTabFrame.h>
 
 #include <QEventLoop>
@@ -385,6 +386,16 @@ private Q_SLOTS:
         row.root.addWidget(row.panels.at(0), row.Area(1), Center);
         QCOMPARE(Shape(row.root), QStringLiteral("(2,1 | 3)"));
         VERIFY_SETTLED();
+    }
+
+    void the_tab_of_a_docked_panel_does_not_stay_behind()
+    {
+        Row row({1});
+        QcDockWidget *leaving = NewPanel(2);
+        row.root.addWidget(leaving, row.Area(0), Center);
+        row.root.addWidget(leaving, row.Area(0), Right);
+        VERIFY_SETTLED();
+        QCOMPARE(row.Area(0)->findChildren<QcDockAreaTabBarButton *>().size(), 1);
     }
 
     void the_place_that_a_panel_leaves_does_not_count_for_the_new_one()
@@ -838,6 +849,33 @@ private Q_SLOTS:
         QVERIFY(!root);
     }
 
+    void a_hosts_own_deletion_of_an_emptied_area_is_not_revoked()
+    {
+        Row row({1, 2});
+        const QPointer<QcDockArea> area = row.Area(1);
+        const QPointer<QcDockWidget> panel = row.panels.at(1);
+        area->deleteLater();
+        panel->swichToFloating(); // an emptied area would go by itself
+        area->addWidget(panel);
+        VERIFY_SETTLED();
+        QVERIFY(!area && !panel);
+        QCOMPARE(Shape(row.root), QStringLiteral("(1)"));
+    }
+
+    void an_area_that_is_about_to_go_lives_where_its_host_takes_it_and_fills_it_again()
+    {
+        Row row({1, 2});
+        const QPointer<QcDockArea> area = row.Area(1);
+        row.panels.at(1)->swichToFloating();
+        area->setParent(nullptr);
+        area->addWidget(row.panels.at(1));
+        VERIFY_SETTLED();
+        QVERIFY(area);
+        QCOMPARE(area->count(), 1);
+        QCOMPARE(Shape(row.root), QStringLiteral("(1)"));
+        delete area;
+    }
+
     void an_area_that_its_host_deletes_later_takes_no_content()
     {
         Row row({1, 2});
@@ -1083,6 +1121,22 @@ private Q_SLOTS:
         VERIFY_SETTLED();
     }
 
+    void a_panel_for_which_no_content_is_left_keeps_its_own()
+    {
+        Row row({7, 7, 7});
+        const auto panels = row.root.findChildren<QcDockWidget *>();
+        const QPointer<QWidget> second = panels.at(1)->getContentWidget();
+        const QPointer<QWidget> third = panels.at(2)->getContentWidget();
+        QWidget *only = NewContent(7);
+        row.root.setDockWidgetContentList({only, only}); // named twice, used once
+        DrainEvents();
+        QCOMPARE(panels.at(0)->getContentWidget(), only);
+        QVERIFY(second && third);
+        QCOMPARE(panels.at(1)->getContentWidget(), second.data());
+        QCOMPARE(panels.at(2)->getContentWidget(), third.data());
+        VERIFY_SETTLED();
+    }
+
     void contents_of_one_type_are_dealt_in_their_order()
     {
         Row row({5, 5, 5});
@@ -1179,6 +1233,20 @@ private Q_SLOTS:
         QCOMPARE(root->getDockWidgetTypeList().size(), 1);
     }
 
+    void what_encloses_the_container_takes_the_turn_of_no_other_content()
+    {
+        Row row({7});
+        QWidget *outer = row.panels.at(0)->getContentWidget();
+        auto *inner = new QcDockContainer(outer);
+        QcDockWidget *panel = NewPanel(7);
+        inner->addWidget(panel, nullptr, Center);
+        QWidget *content = NewContent(7);
+        inner->setDockWidgetContentList({outer, content});
+        QCOMPARE(panel->getContentWidget(), content);
+        QCOMPARE(row.panels.at(0)->getContentWidget(), outer);
+        VERIFY_SETTLED();
+    }
+
     // --- Lists ---
 
     void an_empty_list_of_areas_leaves_the_default_area()
@@ -1261,6 +1329,36 @@ private Q_SLOTS:
         root.addWidget(NewPanel(3), other, Right);
         VERIFY_SETTLED();
         QCOMPARE(Shape(root), QStringLiteral("( | 2 | 3)"));
+    }
+
+    void a_full_area_that_a_host_lists_goes_once_it_is_emptied_and_another_comes_beside_it()
+    {
+        QcDockContainer root(nullptr);
+        root.setEmptyKeep(true);
+        auto *area = new QcDockArea(nullptr); // the container takes it
+        area->addWidget(NewPanel(1));
+        root.setDockAreaList({area});
+        delete area->widget(0);
+        VERIFY_SETTLED();
+        root.addWidget(NewPanel(2), nullptr, Left);
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(root), QStringLiteral("(2)"));
+    }
+
+    void an_emptied_area_inside_of_one_that_a_host_lists_stays_beside_others()
+    {
+        QcDockContainer root(nullptr);
+        auto *nested = new QcDockContainer(nullptr); // the root takes it
+        nested->setEmptyKeep(true);
+        root.addWidget(nested, nullptr, Center);
+        QcDockWidget *panel = NewPanel(1);
+        nested->addWidget(panel, nullptr, Center);
+        delete panel;
+        VERIFY_SETTLED();
+        root.setDockAreaList(root.getDockAreaList());
+        nested->addWidget(NewPanel(2), nullptr, Left);
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(root), QStringLiteral("((2 | ))"));
     }
 
     void a_container_robbed_of_its_areas_shows_another()
@@ -1350,6 +1448,30 @@ private Q_SLOTS:
         row.root.setSizes({100, 200, 600});
         row.Show();
         QCOMPARE(row.root.getSizes(), (QList<int>{100, 200, 600}));
+    }
+
+    void what_goes_before_the_first_show_takes_its_share_along()
+    {
+        Row row({1, 2, 3});
+        row.root.setSizes({100, 200, 600});
+        delete row.panels.at(1);
+        VERIFY_SETTLED();
+        QCOMPARE(Shape(row.root), QStringLiteral("(1 | 3)"));
+        row.Show();
+        const QList<int> sizes = row.root.getSizes();
+        QCOMPARE(sizes, (QList<int>{129, 775}));
+    }
+
+    void areas_fill_the_container_whatever_its_size()
+    {
+        Row row({1, 2});
+        row.Show();
+        for (const QSize &size : {QSize(1208, 500), QSize(608, 400)}) {
+            row.root.resize(size);
+            DrainEvents();
+            QCOMPARE(row.root.getSizes(), (QList<int>{(size.width() - 4) / 2, (size.width() - 4) / 2}));
+            QCOMPARE(row.Area(1)->geometry(), QRect((size.width() + 4) / 2, 0, (size.width() - 4) / 2, size.height()));
+        }
     }
 
     void sizes_given_before_the_first_show_are_those_saved()
@@ -1481,7 +1603,10 @@ private Q_SLOTS:
         row.Show();
         row.panels.at(1)->swichToFloating();
         QcDockContainer *nested = NestedIn(row.root, 0);
+        row.panels.at(0)->setParent(nested, Qt::Window); // even those that float under it
+        row.panels.at(0)->show();
         nested->hide();
+        QVERIFY(row.panels.at(0)->isVisible());
         QVERIFY(row.panels.at(1)->isVisible());
         nested->show();
         VERIFY_SETTLED();

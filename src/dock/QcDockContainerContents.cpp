@@ -2,7 +2,6 @@
 
 #include "core/LiesIn_p.h"
 #include "dock/DockTree_p.h"
-#include "dock/DropGeometry_p.h"
 #include "dock/PanelContents_p.h"
 #include "theme/WidgetChain_p.h"
 
@@ -90,10 +89,10 @@ void QcDockContainer::addDockWidgetContent(QWidget *content, DockPosition positi
     // Made where it stays: a panel has a stylesheet, and reparenting applies it anew.
     const QPointer<QcDockWidget> panel(new QcDockWidget(taker ? DockTree::PageParent(taker) : nullptr));
     panel->setContentWidget(content);
-    if (panel && area)
+    if (area)
         area->addWidget(panel);
-    else if (panel && self)
-        addWidget(panel, nullptr, WithoutOuter(position)); // no place at all leaves it without a parent
+    else if (self)
+        addWidget(panel, nullptr, position); // no place at all leaves it without a parent
 }
 
 void QcDockContainer::setDockWidgetContentList(QList<QWidget *> contents)

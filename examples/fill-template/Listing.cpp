@@ -62,12 +62,13 @@ QString PictureText(const QByteArray &image)
     return QStringLiteral("%1, %2 bytes").arg(format).arg(image.size());
 }
 
-/// A sheet is read when one of its cells is first asked for, and asking has no error to tell: putting no rows in has, and changes nothing.
-void RequireReadableSheet(XlsxTemplate &source, const QString &name)
+/// A sheet is read when one of its cells is first asked for.
+QVariant ValueOf(XlsxTemplate &source, const QString &name)
 {
-    if (source.setValues(name, {}) || source.error() != XlsxTemplate::Error::FormatError)
-        return;
-    throw FailureOf(source, name);
+    const QVariant value = source.value(name);
+    if (source.error() == XlsxTemplate::Error::FormatError)
+        throw FailureOf(source, name);
+    return value;
 }
 
 Element ElementOf(XlsxTemplate &source, const QString &name)
@@ -78,15 +79,13 @@ Element ElementOf(XlsxTemplate &source, const QString &name)
     element.kind = KindText(kind);
     element.place = source.reference(name);
     element.reason = source.unusableReason(name);
+    element.value = ValueOf(source, name);
     if (kind == Kind::Unusable)
         return element;
-    element.value = source.value(name);
     if (kind == Kind::Picture) {
         element.value = PictureText(element.value.toByteArray());
         return element;
     }
-    if (!element.value.isValid())
-        RequireReadableSheet(source, name);
     element.hasFormula = source.hasFormula(name);
     element.options = source.options(name);
     if (kind == Kind::Range)

@@ -148,6 +148,8 @@ std::string NumberText(double number)
 TemplateFault ContentOf(const QVariant &value, bool countsFrom1904, CellContent &content)
 {
     content = {};
+    if (value.isNull() && value.type() <= QVariant::Double) // numbers and truth: of a database that has none
+        return {};
     switch (int(value.type())) { // also of types that QVariant::Type has no name for
     case QMetaType::UnknownType:
     case QMetaType::Nullptr:

@@ -74,7 +74,7 @@ std::optional<std::string> ShownText(TemplateContext &context, const std::string
     const pugi::xml_node cell = sheet ? sheet->FindCell(place->range.firstRow, place->range.firstColumn) : pugi::xml_node();
     if (!cell || ChildOf(cell, "f"))
         return std::nullopt;
-    const QVariant value = context.ValueOf(cell);
+    const QVariant value = context.ValueOf(cell, fault);
     switch (value.userType()) {
     case QMetaType::QString:
     case QMetaType::LongLong:

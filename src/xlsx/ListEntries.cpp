@@ -5,6 +5,8 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+
 namespace Velmora {
 
 namespace {
@@ -13,6 +15,8 @@ namespace {
 constexpr int kDeepestSource = 8;
 /// Spreadsheet programs show no more.
 constexpr int kMostEntries = 32767;
+/// In characters: many cells may refer to one long text.
+constexpr qint64 kMostText = 4LL * 1024 * 1024;
 
 /// How a cell that holds the value is compared: numbers and dates by their number.
 QString KeyOf(const QVariant &value)
@@ -59,6 +63,17 @@ QString Unquoted(const std::string &text)
     return QString::fromStdString(text.substr(1, text.size() - 2)).replace(QLatin1String("\"\""), QLatin1String("\""));
 }
 
+/// INDIRECT("Table1[Color]"), which is how a validation has to write the column of a table; empty if it is none of a text alone.
+std::string TextOfIndirect(const std::string &source)
+{
+    const std::string begin = "INDIRECT(";
+    if (source.size() <= begin.size() || !IsSameName(source.substr(0, begin.size()), begin) || source.back() != ')')
+        return {};
+    const std::string text = source.substr(begin.size(), source.size() - begin.size() - 1);
+    const bool isOneText = IsQuoted(text) && text.find('"', 1) == text.size() - 1;
+    return isOneText ? text.substr(1, text.size() - 2) : std::string();
+}
+
 } // namespace
 
 ListEntries::ListEntries(TemplateContext &context, int sheet, const std::string &source)
@@ -90,6 +105,8 @@ bool ListEntries::ReadCells(TemplateContext &context, const std::string &source,
 {
     if (depth > kDeepestSource)
         return false;
+    if (const std::string text = TextOfIndirect(source); !text.empty())
+        return ReadCells(context, text, depth + 1);
     if (const auto range = ParseSheetRange(source)) {
         const int sheet = range->sheet.empty() ? m_sheet : context.workbook.SheetIndex(range->sheet);
         return sheet >= 0 && ReadPlaces(context, {{sheet, range->range}});
@@ -105,17 +122,9 @@ bool ListEntries::ReadCells(TemplateContext &context, const std::string &source,
     return !name->IsTable() && ReadCells(context, OwnText(name->node), depth + 1);
 }
 
-/// Of a table: Table1[Color], also as a text within INDIRECT, which is how a validation has to write it.
-bool ListEntries::ReadColumn(TemplateContext &context, const std::string &source)
+/// Of a table: Table1[Color].
+bool ListEntries::ReadColumn(TemplateContext &context, const std::string &text)
 {
-    std::string text = source;
-    const std::string indirect = "INDIRECT(";
-    if (text.size() > indirect.size() && IsSameName(text.substr(0, indirect.size()), indirect) && text.back() == ')') {
-        text = text.substr(indirect.size(), text.size() - indirect.size() - 1);
-        if (!IsQuoted(text))
-            return false;
-        text = Unquoted(text).toStdString();
-    }
     const std::size_t bracket = text.find('[');
     if (bracket == std::string::npos || text.back() != ']')
         return false;
@@ -123,7 +132,7 @@ bool ListEntries::ReadColumn(TemplateContext &context, const std::string &source
     if (!table || !table->IsTable() || table->places.empty())
         return false;
     const QString wanted = QString::fromStdString(text.substr(bracket + 1, text.size() - bracket - 2));
-    const int column = ColumnNamesOf(context, *table).indexOf(wanted);
+    const int column = ColumnNamesOf(context, *table, m_fault).indexOf(wanted);
     if (column < 0)
         return false;
     Place place = table->places.front();
@@ -133,25 +142,37 @@ bool ListEntries::ReadColumn(TemplateContext &context, const std::string &source
 
 bool ListEntries::ReadPlaces(TemplateContext &context, const std::vector<Place> &places)
 {
+    m_places = places;
+    qint64 textLeft = kMostText;
     for (const Place &place : places) {
-        TemplateFault fault;
-        TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
+        TemplateSheet *sheet = context.workbook.Sheet(place.sheet, m_fault);
         if (!sheet)
             return false;
-        sheet->ForEachRow([&](const pugi::xml_node &node, int row) {
-            if (row < place.range.firstRow || row > place.range.lastRow)
-                return;
-            TemplateSheet::ForEachCellOf(node, [&](const pugi::xml_node &cell, int column) {
-                const QVariant value = place.range.Contains(row, column) ? context.ValueOf(cell) : QVariant();
-                if (!value.isValid() || m_texts.size() > kMostEntries)
-                    return;
-                m_texts.append(TextOfEntry(value));
-                m_keys.insert(m_texts.last().trimmed().toCaseFolded());
-                m_keys.insert(KeyOf(value).toCaseFolded());
-            });
+        sheet->ForEachCellIn(place.range, [&](const pugi::xml_node &cell, int row, int column) {
+            const QVariant value = context.ValueOf(cell, m_fault);
+            if (m_fault)
+                m_fault = context.At(place.sheet, row, column, m_fault);
+            if (!value.isValid())
+                return !m_fault;
+            m_texts.append(TextOfEntry(value));
+            m_keys.insert(m_texts.last().trimmed().toCaseFolded());
+            m_keys.insert(KeyOf(value).toCaseFolded());
+            textLeft -= m_texts.last().size();
+            return textLeft >= 0 && m_texts.size() <= kMostEntries;
         });
+        if (m_fault || textLeft < 0 || m_texts.size() > kMostEntries) {
+            m_texts.clear(); // a part of them is no list
+            m_keys.clear();
+            return false;
+        }
     }
-    return !m_texts.isEmpty() && m_texts.size() <= kMostEntries;
+    return !m_texts.isEmpty();
+}
+
+bool ListEntries::AreIn(int sheet, int row, int column) const
+{
+    return std::any_of(m_places.begin(), m_places.end(),
+                       [=](const Place &place) { return place.sheet == sheet && place.range.Contains(row, column); });
 }
 
 bool ListEntries::Have(const QVariant &value) const

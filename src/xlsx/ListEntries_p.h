@@ -25,6 +25,11 @@ public:
     /// Typed entries are compared as they stand, those in cells whatever their case, as spreadsheet programs do it.
     bool Have(const QVariant &value) const;
 
+    /// Why the cells that they stand in cannot be read.
+    const TemplateFault &Fault() const { return m_fault; }
+    /// True if that cell is one of them, whether or not it holds one.
+    bool AreIn(int sheet, int row, int column) const;
+
     bool AreOf(int sheet, const std::string &source) const { return m_sheet == sheet && m_source == source; }
 
 private:
@@ -37,6 +42,8 @@ private:
     std::string m_source;
     bool m_areKnown = false;
     bool m_areTyped = false;
+    TemplateFault m_fault;
+    std::vector<Place> m_places; ///< where they stand
     QStringList m_texts;
     QSet<QString> m_keys;
 };

@@ -19,12 +19,16 @@ pugi::xml_node MakeContent(const pugi::xml_node &cell, const char *name)
     return MakeChild(cell, name, ChildOf(cell, "extLst"));
 }
 
-/// What a text of a cell may reasonably have, as the file holds it; programs write up to 32,767 characters.
+/// What a text of a cell may have, as the file holds it. The format allows 32,767 characters; some programs write more.
 constexpr std::size_t kLongestText = 1024 * 1024;
 
-QVariant TextValue(const std::string &text)
+QVariant TextValue(const std::string &text, TemplateFault &fault)
 {
-    return text.size() > kLongestText ? QVariant() : QVariant(Unescaped(text));
+    if (text.size() <= kLongestText)
+        return Unescaped(text);
+    fault = {Error::LimitError,
+             QCoreApplication::translate("XlsxTemplate", "A text of %1 bytes is too long to be read.").arg(qint64(text.size()))};
+    return {};
 }
 
 } // namespace
@@ -118,12 +122,12 @@ CellFormulas &TemplateContext::FormulasOf(int index, TemplateSheet &sheet)
 
 // --- Reading ---
 
-QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
+QVariant TemplateContext::ValueOf(const pugi::xml_node &cell, TemplateFault &fault)
 {
     const std::string_view type = AttributeOf(cell, "t").value();
     if (type == "inlineStr") {
         const pugi::xml_node item = ChildOf(cell, "is");
-        return item ? TextValue(TextOfStringItem(item)) : QVariant();
+        return item ? TextValue(TextOfStringItem(item), fault) : QVariant();
     }
     const pugi::xml_node content = ChildOf(cell, "v");
     if (!content)
@@ -132,11 +136,11 @@ QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
     if (type == "s") {
         bool isIndex = false;
         const unsigned index = QByteArray::fromStdString(text).trimmed().toUInt(&isIndex);
-        TemplateFault fault;
-        return isIndex ? TextValue(strings.TextAt(index, fault)) : QVariant();
+        const std::string shared = isIndex ? strings.TextAt(index, fault) : std::string();
+        return isIndex && !fault ? TextValue(shared, fault) : QVariant();
     }
     if (type == "str" || type == "e")
-        return TextValue(text);
+        return TextValue(text, fault);
     if (type == "b")
         return text == "1" || text == "true";
     if (type == "d") {
@@ -147,7 +151,11 @@ QVariant TemplateContext::ValueOf(const pugi::xml_node &cell)
         return iso.contains(QLatin1Char('T')) ? QVariant(moment) : QVariant(moment.date());
     }
     const QVariant number = NumberOf(text);
-    return number.isValid() ? DateOf(number, styles.ShownBy(AttributeOf(cell, "s").as_uint()), workbook.CountsFrom1904()) : QVariant();
+    const pugi::xml_attribute style = AttributeOf(cell, "s");
+    if (!number.isValid() || !style)
+        return number;
+    const TemplateStyles::Shows shows = styles.ShownBy(style.as_uint(), fault);
+    return fault ? QVariant() : DateOf(number, shows, workbook.CountsFrom1904());
 }
 
 // --- Writing ---
@@ -242,7 +250,8 @@ void TemplateContext::EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node 
     for (const char *name : {"t", "cm", "vm"})
         cell.remove_attribute(name);
     sheet.CellChanged(cell);
-    m_entries.reset();
+    if (m_entries && m_entries->AreIn(index, row, column))
+        m_entries.reset();
     CellChanged(index, row, column);
 }
 

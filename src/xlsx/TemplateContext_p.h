@@ -36,13 +36,15 @@ public:
     /// \a fault with its place in front.
     TemplateFault At(int sheet, int row, int column, const TemplateFault &fault) const;
 
-    /// What a cell holds; invalid if there is no such cell.
-    QVariant ValueOf(const pugi::xml_node &cell);
+    /// What a cell holds; invalid if there is no such cell, or with a fault if that cannot be told.
+    QVariant ValueOf(const pugi::xml_node &cell, TemplateFault &fault);
 
     /// The lists of a sheet; null if it cannot be read.
     CellLists *ListsOf(int sheet);
     /// What the list of a cell in that sheet takes from \a source. Good until the next change.
     const ListEntries &EntriesOf(int sheet, const std::string &source);
+    /// To be told after cells have lost results.
+    void ForgetEntries() { m_entries.reset(); }
     /// To be told after a list was changed.
     void ForgetLists(int sheet);
 

@@ -48,12 +48,17 @@ bool HasList(TemplateContext &context, const TemplateName &name)
     });
 }
 
-QStringList OptionsOf(TemplateContext &context, const TemplateName &name)
+QStringList OptionsOf(TemplateContext &context, const TemplateName &name, TemplateFault &fault)
 {
     const Place &place = name.places.front();
-    const CellLists *lists = context.ListsOf(place.sheet);
+    context.workbook.Sheet(place.sheet, fault);
+    const CellLists *lists = fault ? nullptr : context.ListsOf(place.sheet);
     const std::string source = lists ? lists->SourceAt(place.range.firstRow, place.range.firstColumn) : std::string();
-    return source.empty() ? QStringList() : context.EntriesOf(place.sheet, source).Texts();
+    if (source.empty())
+        return {};
+    const ListEntries &entries = context.EntriesOf(place.sheet, source);
+    fault = entries.Fault();
+    return entries.Texts();
 }
 
 TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, const QStringList &options)

@@ -17,6 +17,7 @@ constexpr qint64 kMostCells = kLastRow;
 /// What a value can reasonably hold.
 constexpr qint64 kMostCellsRead = 4LL * kLastRow;
 constexpr qint64 kMostTextRead = 64LL * 1024 * 1024; ///< in characters: many cells may refer to one long text
+constexpr qint64 kMemoryOfValue = 96;                ///< of a cell that is read: a QVariant in a list, and the text's own
 constexpr int kLongestFormula = 8192;
 
 qint64 CellCount(const CellRange &range)
@@ -89,25 +90,38 @@ bool IsOneCell(TemplateContext &context, const Place &place)
     return merge && *merge == place.range;
 }
 
-QVariant FirstValue(TemplateContext &context, const Place &place)
+QVariant ValueAt(TemplateContext &context, int sheet, int row, int column, TemplateFault &fault)
 {
-    TemplateFault fault;
-    TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
-    return sheet ? context.ValueOf(sheet->FindCell(place.range.firstRow, place.range.firstColumn)) : QVariant();
+    TemplateSheet *parsed = context.workbook.Sheet(sheet, fault);
+    if (!parsed)
+        return {};
+    const QVariant value = context.ValueOf(parsed->FindCell(row, column), fault);
+    if (fault)
+        fault = context.At(sheet, row, column, fault);
+    return value;
 }
 
-QVariant RowsOf(TemplateContext &context, const Place &place)
+TemplateFault TooMuchToRead(TemplateContext &context, const Place &place)
+{
+    return {Error::LimitError,
+            QCoreApplication::translate("XlsxTemplate", "%1: This is more than can be read at once.").arg(context.TextOf(place))};
+}
+
+QVariant RowsOf(TemplateContext &context, const Place &place, TemplateFault &fault)
 {
     const CellRange &range = place.range;
     int lastRow = range.firstRow - 1;
     int lastColumn = range.firstColumn - 1;
-    const TemplateFault fault = ForEachExistingCell(context, {place}, [&](int, const pugi::xml_node &, int row, int column) {
+    fault = ForEachExistingCell(context, {place}, [&](int, const pugi::xml_node &, int row, int column) {
         lastRow = std::max(lastRow, row);
         lastColumn = std::max(lastColumn, column);
         return true;
     });
     const int columns = lastColumn - range.firstColumn + 1;
-    if (fault || qint64(lastRow - range.firstRow + 1) * columns > kMostCellsRead)
+    const qint64 cells = qint64(lastRow - range.firstRow + 1) * columns;
+    if (!fault && (cells > kMostCellsRead || !context.package.HasMemory(cells * kMemoryOfValue)))
+        fault = TooMuchToRead(context, place);
+    if (fault)
         return {};
     QVector<QVariantList> rows;
     for (int row = range.firstRow; row <= lastRow; ++row) {
@@ -121,18 +135,33 @@ QVariant RowsOf(TemplateContext &context, const Place &place)
     ForEachExistingCell(context, {place}, [&](int, const pugi::xml_node &cell, int row, int column) {
         QVariant &value = rows[row - range.firstRow][column - range.firstColumn];
         if (!value.isValid()) // of two cells of one place the first counts
-            value = context.ValueOf(cell);
+            value = context.ValueOf(cell, fault);
         if (value.type() == QVariant::String)
             text += value.toString().size();
-        return text <= kMostTextRead;
+        if (fault)
+            fault = context.At(place.sheet, row, column, fault);
+        else if (text > kMostTextRead || !context.package.HasMemory(cells * kMemoryOfValue + 2 * text))
+            fault = TooMuchToRead(context, place);
+        return !fault;
     });
-    if (text > kMostTextRead)
+    if (fault)
         return {};
     QVariantList list;
     list.reserve(rows.size());
     for (const QVariantList &row : rows)
         list.append(QVariant(row));
     return list;
+}
+
+/// Why one of the sheets that the name leads to cannot be read.
+TemplateFault FaultOfSheets(TemplateContext &context, const TemplateName &name)
+{
+    TemplateFault fault;
+    for (const Place &place : name.places) {
+        if (!context.workbook.Sheet(place.sheet, fault))
+            break;
+    }
+    return fault;
 }
 
 QString HeaderText(const QVariant &value)
@@ -146,7 +175,7 @@ QString HeaderText(const QVariant &value)
 
 Kind KindOfName(TemplateContext &context, const TemplateName &name)
 {
-    if (name.places.empty())
+    if (name.places.empty() || FaultOfSheets(context, name))
         return Kind::Unusable;
     if (name.IsTable())
         return Kind::Range;
@@ -157,10 +186,10 @@ Kind KindOfName(TemplateContext &context, const TemplateName &name)
     return IsOneCell(context, name.places.front()) ? Kind::Cell : Kind::Range;
 }
 
-QString WhyUnusable(const TemplateName &name)
+QString WhyUnusable(TemplateContext &context, const TemplateName &name)
 {
     if (!name.places.empty())
-        return {};
+        return FaultOfSheets(context, name).text;
     switch (name.kind) {
     case NameMeaning::Kind::Constant:
         return QCoreApplication::translate("XlsxTemplate", "The name stands for a constant, not for a cell.");
@@ -188,24 +217,25 @@ QString ReferenceOfName(TemplateContext &context, const TemplateName &name)
     return QString::fromStdString(QuotedSheetName(context.workbook.SheetName(place.sheet)) + '!' + AbsoluteRangeText(place.range));
 }
 
-bool HasFormula(TemplateContext &context, const TemplateName &name)
+bool HasFormula(TemplateContext &context, const TemplateName &name, TemplateFault &fault)
 {
     bool hasFormula = false;
-    ForEachExistingCell(context, name.places, [&hasFormula](int, const pugi::xml_node &cell, int, int) {
+    fault = ForEachExistingCell(context, name.places, [&hasFormula](int, const pugi::xml_node &cell, int, int) {
         hasFormula = bool(ChildOf(cell, "f"));
         return !hasFormula;
     });
     return hasFormula;
 }
 
-QVariant ValueOfName(TemplateContext &context, const TemplateName &name)
+QVariant ValueOfName(TemplateContext &context, const TemplateName &name, TemplateFault &fault)
 {
-    if (name.places.empty())
-        return {};
-    return KindOfName(context, name) == Kind::Range ? RowsOf(context, name.places.front()) : FirstValue(context, name.places.front());
+    const Place &place = name.places.front();
+    if (KindOfName(context, name) == Kind::Range)
+        return RowsOf(context, place, fault);
+    return ValueAt(context, place.sheet, place.range.firstRow, place.range.firstColumn, fault);
 }
 
-QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name)
+QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name, TemplateFault &fault)
 {
     QStringList names;
     if (name.IsTable()) {
@@ -217,10 +247,10 @@ QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name)
     if (name.places.empty() || name.places.front().range.firstRow == 1)
         return {};
     const Place &place = name.places.front();
-    TemplateFault fault;
-    TemplateSheet *sheet = context.workbook.Sheet(place.sheet, fault);
-    for (int column = place.range.firstColumn; sheet && column <= place.range.lastColumn; ++column)
-        names.append(HeaderText(context.ValueOf(sheet->FindCell(place.range.firstRow - 1, column))));
+    for (int column = place.range.firstColumn; !fault && column <= place.range.lastColumn; ++column)
+        names.append(HeaderText(ValueAt(context, place.sheet, place.range.firstRow - 1, column, fault)));
+    if (fault)
+        return {};
     while (!names.isEmpty() && names.last().isEmpty()) // a whole row has thousands of them
         names.removeLast();
     return names;
@@ -258,8 +288,9 @@ TemplateFault SetValueOfName(TemplateContext &context, const TemplateName &name,
 
 TemplateFault SetFormulaOfName(TemplateContext &context, const TemplateName &name, const QString &formula)
 {
-    const QString text = formula.startsWith(QLatin1Char('=')) ? formula.mid(1) : formula;
-    if (text.trimmed().isEmpty() || text.size() > kLongestFormula) {
+    const QString trimmed = formula.trimmed();
+    const QString text = trimmed.startsWith(QLatin1Char('=')) ? trimmed.mid(1).trimmed() : trimmed;
+    if (text.isEmpty() || text.size() > kLongestFormula) {
         return {Error::ValueError,
                 text.size() > kLongestFormula
                     ? QCoreApplication::translate("XlsxTemplate", "The formula has %1 characters; a cell holds %2.")
@@ -365,7 +396,10 @@ TemplateFault ClearName(TemplateContext &context, const TemplateName &name)
 TemplateFault RowsByColumn(TemplateContext &context, const TemplateName &name, const QVector<QVariantHash> &named,
                            QVector<QVariantList> &rows)
 {
-    const QStringList columns = ColumnNamesOf(context, name);
+    TemplateFault unread;
+    const QStringList columns = ColumnNamesOf(context, name, unread);
+    if (unread)
+        return unread;
     QStringList shown = columns;
     shown.removeAll(QString());
     QHash<QString, int> columnOf;

@@ -14,15 +14,18 @@ namespace Velmora {
 
 /// What a name stands for; never None or Picture.
 XlsxTemplate::Kind KindOfName(TemplateContext &context, const TemplateName &name);
-/// Why nothing can be put there, for a user; else empty.
-QString WhyUnusable(const TemplateName &name);
+/// Why nothing can be put there, for a user; else empty. It may be for what the name stands for, or because a sheet cannot be read.
+QString WhyUnusable(TemplateContext &context, const TemplateName &name);
 /// Where the name leads, as formulas have it.
 QString ReferenceOfName(TemplateContext &context, const TemplateName &name);
-bool HasFormula(TemplateContext &context, const TemplateName &name);
+
+// Nothing, with a fault, if a sheet cannot be read.
+
+bool HasFormula(TemplateContext &context, const TemplateName &name, TemplateFault &fault);
 /// The value of the first cell, or the rows of a range.
-QVariant ValueOfName(TemplateContext &context, const TemplateName &name);
+QVariant ValueOfName(TemplateContext &context, const TemplateName &name, TemplateFault &fault);
 /// The headers of a table, or the texts above a range.
-QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name);
+QStringList ColumnNamesOf(TemplateContext &context, const TemplateName &name, TemplateFault &fault);
 
 // Nothing is changed by those that fail.
 

@@ -142,14 +142,14 @@ QString PictureReference(TemplateContext &context, const QString &name)
     return QString::fromStdString(references);
 }
 
-QByteArray PictureImage(TemplateContext &context, const QString &name)
+QByteArray PictureImage(TemplateContext &context, const QString &name, TemplateFault &fault)
 {
-    const std::vector<FoundPicture> &pictures = context.Pictures().Find(name);
     std::string part;
     QByteArray image;
-    if (pictures.empty() || FindImage(context, pictures.front(), part) || context.package.Bytes(part, image))
-        return {};
-    return image;
+    fault = FindImage(context, context.Pictures().Find(name).front(), part);
+    if (!fault)
+        fault = context.package.Bytes(part, image);
+    return fault ? QByteArray() : image;
 }
 
 TemplateFault SetPicture(TemplateContext &context, const QString &name, const QByteArray &image, XlsxTemplate::PictureFit fit)

@@ -16,7 +16,7 @@ QString WhyPictureIsUnusable(TemplateContext &context, const QString &name);
 /// The cells under the upper left corners of all pictures of that name, as formulas have them; nothing of those that lie in no cell.
 QString PictureReference(TemplateContext &context, const QString &name);
 /// The image of the first picture of that name.
-QByteArray PictureImage(TemplateContext &context, const QString &name);
+QByteArray PictureImage(TemplateContext &context, const QString &name, TemplateFault &fault);
 /// Nothing is changed if it fails.
 TemplateFault SetPicture(TemplateContext &context, const QString &name, const QByteArray &image, XlsxTemplate::PictureFit fit);
 

@@ -131,9 +131,11 @@ unsigned TemplateStyles::FormatOf(unsigned style) const
     return style < m_cellFormats.size() ? AttributeOf(m_cellFormats[style], "numFmtId").as_uint() : 0;
 }
 
-Shows TemplateStyles::ShownBy(unsigned style)
+Shows TemplateStyles::ShownBy(unsigned style, TemplateFault &fault)
 {
     Read();
+    if (m_fault)
+        fault = m_fault;
     const auto known = m_shown.find(style);
     if (known != m_shown.end())
         return known->second;
@@ -170,7 +172,8 @@ TemplateFault TemplateStyles::MakePart()
 TemplateFault TemplateStyles::StyleShowing(Shows what, unsigned style, unsigned &result)
 {
     result = style;
-    if (ShownBy(style) != Shows::Number)
+    TemplateFault unread;
+    if (ShownBy(style, unread) != Shows::Number)
         return {};
     if (const TemplateFault fault = FaultOfReading())
         return fault;

@@ -19,8 +19,8 @@ public:
 
     /// Why styles cannot be made.
     TemplateFault FaultOfReading();
-    /// What the number format of that style shows of a number.
-    Shows ShownBy(unsigned style);
+    /// What the number format of that style shows of a number; a fault if the styles cannot be read.
+    Shows ShownBy(unsigned style, TemplateFault &fault);
     /// A style like \a style that shows that. Nothing changes if it does.
     TemplateFault StyleShowing(Shows what, unsigned style, unsigned &result);
 

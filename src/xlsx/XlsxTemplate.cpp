@@ -108,10 +108,14 @@ struct XlsxTemplate::Private
     /// Does what is to be done by name, in cells: action(context, name) returns a fault.
     template <typename Action>
     bool DoByName(const QString &name, const Action &action);
+    /// Reads what stands in cells by name: read(context, name, fault) returns it, or what it returns for nothing.
+    template <typename Result, typename Read>
+    Result ReadByName(const QString &name, const Read &read);
     /// Of pictures: action(context) returns a fault.
     template <typename Action>
     bool DoWithPicture(const QString &name, const Action &action);
     const TemplateName *Find(const QString &name) const { return context ? context->workbook.FindName(name.toStdString()) : nullptr; }
+    bool IsPicture(const QString &name) const { return context && !Find(name) && HasPicture(*context, name); }
     TemplateFault Load(const QByteArray &package);
     TemplateFault Save(QByteArray &package, bool asTemplate);
     TemplateFault NotLoaded() const
@@ -136,9 +140,21 @@ bool XlsxTemplate::Private::DoByName(const QString &name, const Action &action)
     if (!found)
         return Done(Unknown(name));
     if (found->places.empty())
-        return Done({Error::UnusableName, name + QLatin1String(": ") + WhyUnusable(*found)});
+        return Done({Error::UnusableName, name + QLatin1String(": ") + WhyUnusable(*context, *found)});
     context->takesValuesOutsideLists = takesValuesOutsideLists;
     return Done(action(*context, *found));
+}
+
+template <typename Result, typename Read>
+Result XlsxTemplate::Private::ReadByName(const QString &name, const Read &read)
+{
+    Result result{};
+    DoByName(name, [&](TemplateContext &loaded, const TemplateName &found) {
+        TemplateFault reason;
+        result = read(loaded, found, reason);
+        return reason;
+    });
+    return result;
 }
 
 template <typename Action>
@@ -172,6 +188,7 @@ TemplateFault XlsxTemplate::Private::Save(QByteArray &package, bool asTemplate)
         if (TemplateFault reason = context->workbook.RequireCalculation())
             return reason;
         context->changed.clear();
+        context->ForgetEntries();
     }
     if (TemplateFault reason = context->workbook.SetTemplate(asTemplate))
         return reason;
@@ -246,14 +263,15 @@ XlsxTemplate::Kind XlsxTemplate::kindOf(const QString &name) const
 
 bool XlsxTemplate::hasFormula(const QString &name) const
 {
-    const TemplateName *found = d->Find(name);
-    return found && HasFormula(*d->context, *found);
+    if (d->IsPicture(name))
+        return !d->Done({}); // which has none
+    return d->ReadByName<bool>(name, HasFormula);
 }
 
 QString XlsxTemplate::unusableReason(const QString &name) const
 {
     if (const TemplateName *found = d->Find(name))
-        return WhyUnusable(*found);
+        return WhyUnusable(*d->context, *found);
     return d->context && HasPicture(*d->context, name) ? WhyPictureIsUnusable(*d->context, name) : QString();
 }
 
@@ -266,21 +284,25 @@ QString XlsxTemplate::reference(const QString &name) const
 
 QVariant XlsxTemplate::value(const QString &name) const
 {
-    if (const TemplateName *found = d->Find(name))
-        return ValueOfName(*d->context, *found);
-    return d->context && HasPicture(*d->context, name) ? QVariant(PictureImage(*d->context, name)) : QVariant();
+    if (!d->IsPicture(name))
+        return d->ReadByName<QVariant>(name, ValueOfName);
+    QVariant image;
+    d->DoWithPicture(name, [&](TemplateContext &context) {
+        TemplateFault fault;
+        image = PictureImage(context, name, fault);
+        return fault;
+    });
+    return image;
 }
 
 QStringList XlsxTemplate::options(const QString &name) const
 {
-    const TemplateName *found = d->Find(name);
-    return found && !found->places.empty() ? OptionsOf(*d->context, *found) : QStringList();
+    return d->ReadByName<QStringList>(name, OptionsOf);
 }
 
 QStringList XlsxTemplate::columnNames(const QString &name) const
 {
-    const TemplateName *found = d->Find(name);
-    return found ? ColumnNamesOf(*d->context, *found) : QStringList();
+    return d->ReadByName<QStringList>(name, ColumnNamesOf);
 }
 
 // --- Filling in ---

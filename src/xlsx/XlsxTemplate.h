@@ -10,6 +10,7 @@
 #include <QVector>
 
 #include <memory>
+#include <type_traits>
 
 namespace Velmora {
 
@@ -105,19 +106,23 @@ public:
     /// out.
     QStringList names() const;
     Kind kindOf(const QString &name) const;
-    /// True if a formula stands in any of the name's cells. setValue() puts the value in its place.
-    bool hasFormula(const QString &name) const;
-    /// Why the name is Kind::Unusable, for a user to read; else empty.
+    /// Why the name is Kind::Unusable, for a user to read; else empty. A sheet that is damaged or too large is such a reason, too.
     QString unusableReason(const QString &name) const;
     /// Where it stands: the reference of a defined name as the workbook has it, also of one that is Kind::Unusable; the data rows of a
     /// table, Sheet1!$A$2:$C$9; the cells under the upper left corners of the pictures of that name.
     QString reference(const QString &name) const;
+
+    // These fail if there is no such name, or if what it stands for cannot be read: they return nothing then, and leave error().
+
+    /// True if a formula stands in any of the name's cells. setValue() puts the value in its place.
+    bool hasFormula(const QString &name) const;
     /// What the name holds, or an invalid QVariant for nothing.
     ///
     /// A cell: bool, qlonglong, double, QString; QDate, QTime or QDateTime where its number format shows one; an error as its text,
     /// "#N/A". A time beyond a day stays a number of days. A cell with a formula: its last result. Places and lists: the first cell's. A
-    /// range: a QVariantList of rows, each a QVariantList, which ends where the sheet has no more cells (nothing, if it is more than
-    /// 4,194,304 cells or 67,108,864 characters). A picture: the image's bytes as QByteArray.
+    /// range: a QVariantList of rows, each a QVariantList, which ends where the sheet has no more cells. A picture: the image's bytes as
+    /// QByteArray. Not read are a text of more than 1 MiB (the format allows 32,767 characters, but some programs write more), and more
+    /// than 4,194,304 cells, 67,108,864 characters or the memory of a template at once.
     QVariant value(const QString &name) const;
     /// The entries of a list: typed in, or what stands in the cells that it takes them from.
     QStringList options(const QString &name) const;
@@ -130,13 +135,22 @@ public:
     ///
     /// Integers, also of 64 bits, and decimals are written with all their digits; infinity and NaN are refused. bool is a truth value.
     /// QDate, QTime and QDateTime are dates, in a cell that has no date format yet with one added; from 1900-01-01 or, in workbooks
-    /// that count from 1904, 1904-01-01 to 9999-12-31, else refused. An invalid QVariant empties the cell. All else that converts to a
-    /// text is a text, whatever it begins with, with its blanks and line ends; characters that XML has no room for are escaped as
-    /// office programs escape them (_x0007_). A QByteArray is UTF-8.
+    /// that count from 1904, 1904-01-01 to 9999-12-31, else refused. An invalid QVariant empties the cell, and so does a number or truth
+    /// value that isNull(), as databases give them. All else that converts to a text is a text, whatever it begins with, with its blanks
+    /// and line ends; characters that XML has no room for are escaped as office programs escape them (_x0007_). A QByteArray is UTF-8.
     ///
     /// Refused is a value that is not in the cell's list (setValuesOutsideListsAllowed()), and a cell that cannot change by itself: one of
     /// an array formula over several cells or of a data table, the header of a table's column, one that others are merged over.
     bool setValue(const QString &name, const QVariant &value);
+    /// long and unsigned long, std::int64_t and std::size_t among them, which do not become a QVariant by themselves.
+    template <typename Long, std::enable_if_t<std::is_same<Long, long>::value || std::is_same<Long, unsigned long>::value, int> = 0>
+    bool setValue(const QString &name, Long value)
+    {
+        return setValue(name, QVariant::fromValue(value));
+    }
+    /// No pointer is a truth value, which QVariant makes of L"" and u"", too.
+    template <typename Pointed, std::enable_if_t<!std::is_same<Pointed, char>::value, int> = 0>
+    bool setValue(const QString &name, const Pointed *value) = delete;
     /// Puts a formula into every cell of \a name, with or without a leading equals sign, in English and with commas as in the file.
     /// It is the same text in each of them, has no result yet, and is not checked.
     bool setFormula(const QString &name, const QString &formula);
@@ -149,7 +163,8 @@ public:
     /// is repeated, or the last go, until there are as many as \a rows. A row that is shorter than the name, and one with a Keep in it,
     /// keeps what the template has there.
     ///
-    /// No rows take the row away: what referred to nothing else is \#REF! then, but in SUM it is 0. A table keeps one row, emptied.
+    /// No rows take the row away: what referred to nothing else is \#REF! then, the name itself, too, but in SUM it is 0. The name is
+    /// Kind::Unusable from then on; to set rows anew, load the template anew. A table keeps one row, emptied.
     ///
     /// Refused, with its place, is what would have to be moved, stretched or repeated and cannot be: a pivot table beside or below; an
     /// array formula over several rows, a data table, another table or merged cells across the row; cells that would leave the sheet.
@@ -190,7 +205,7 @@ public:
 
     // --- What went wrong ---
 
-    /// Of the last operation that returns whether it succeeded: what failed, or Error::None.
+    /// Of the last operation but kindOf(), names(), reference() and unusableReason(), which cannot fail: what failed, or Error::None.
     Error error() const;
     /// The same for a user to read, in the application's language: what is wrong, and where (Sheet1!B3).
     QString errorString() const;

@@ -136,6 +136,19 @@ private Q_SLOTS:
                             "name=\"Gone\">Sheet1!#REF!</definedName><definedName name=\"Below\">Sheet1!$D$7</definedName>"));
     }
 
+    void without_its_row_a_name_says_that_it_leads_nowhere()
+    {
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(Invoice().Archive()));
+        VERIFY_DONE(workbook, setRows(QStringLiteral("Items"), Rows()));
+        QCOMPARE(int(workbook.kindOf(QStringLiteral("Items"))), int(XlsxTemplate::Kind::Unusable));
+        QVERIFY(!workbook.setRows(QStringLiteral("Items"), Entries(2)));
+        QCOMPARE(workbook.errorString(), QStringLiteral("Items: The name leads nowhere: its cells were deleted (#REF!)."));
+        XlsxTemplate again;
+        VERIFY_DONE(again, load(workbook.save()));
+        QCOMPARE(again.reference(QStringLiteral("Items")), QStringLiteral("Sheet1!#REF!"));
+    }
+
     void rows_may_be_set_again()
     {
         XlsxTemplate workbook;

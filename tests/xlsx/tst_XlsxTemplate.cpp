@@ -3,10 +3,13 @@
 #include "xlsx/Book.h"
 
 #include <QDateTime>
+#include <QJsonValue>
 #include <QUrl>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <type_traits>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -51,6 +54,17 @@ QVariant Back(const QVariant &value)
     XlsxTemplate again;
     return again.load(workbook.save()) ? again.value(kName) : QVariant(again.errorString());
 }
+
+/// Whether setValue() takes a value of that type.
+template <typename Value, typename = void>
+struct TakesValue : std::false_type
+{
+};
+template <typename Value>
+struct TakesValue<Value, std::void_t<decltype(std::declval<XlsxTemplate &>().setValue(QString(), std::declval<Value>()))>> : std::true_type
+{
+};
+static_assert(TakesValue<const char *>::value && TakesValue<int>::value && TakesValue<QVariant>::value, "values");
 
 } // namespace
 
@@ -100,12 +114,48 @@ private Q_SLOTS:
         QTest::newRow("address") << QVariant(QUrl("https://a.example/?b=c")) << text("<t>https://a.example/?b=c</t>");
         QTest::newRow("empty text") << QVariant(QString()) << text("<t></t>");
         QTest::newRow("nothing") << QVariant() << QByteArray("<c r=\"B2\"/>");
+        QTest::newRow("no number, of a database") << QVariant(QVariant::Int) << QByteArray("<c r=\"B2\"/>");
+        QTest::newRow("no truth, of a database") << QVariant(QVariant::Bool) << QByteArray("<c r=\"B2\"/>");
+        QTest::newRow("letter") << QVariant(QChar('x')) << text("<t>x</t>");
+        QTest::newRow("JSON number") << QVariant(QJsonValue(2.5)) << QByteArray("<c r=\"B2\"><v>2.5</v></c>");
+        QTest::newRow("JSON text") << QVariant(QJsonValue("2.5")) << text("<t>2.5</t>");
+        QTest::newRow("JSON null") << QVariant(QJsonValue()) << QByteArray("<c r=\"B2\"/>");
+        QTest::newRow("float") << QVariant(0.1f) << QByteArray("<c r=\"B2\"><v>0.1</v></c>");
     }
     void values_are_written_as_they_are()
     {
         QFETCH(QVariant, value);
         QFETCH(QByteArray, cell);
         QCOMPARE(Put("<row r=\"2\"><c r=\"B2\"><v>7</v></c></row>", value), "<row r=\"2\">" + cell + "</row>");
+    }
+
+    void an_argument_of_any_type_is_what_it_looks_like()
+    {
+        XlsxTemplate workbook;
+        QVERIFY(workbook.load(OneCell("<row r=\"2\"><c r=\"B2\"/></row>").Archive()));
+        const auto put = [&workbook](const auto &argument) {
+            return workbook.setValue("Name", argument) ? workbook.value("Name") : QVariant(workbook.errorString());
+        };
+        const char *text = "text";
+        char letters[] = "text";
+        QCOMPARE(put("text"), QVariant(QString("text")));
+        QCOMPARE(put(text), QVariant(QString("text")));
+        QCOMPARE(put(static_cast<char *>(letters)), QVariant(QString("text")));
+        QCOMPARE(put(QLatin1String("text")), QVariant(QString("text")));
+        QCOMPARE(put(QByteArray("text")), QVariant(QString("text")));
+        QCOMPARE(put(QChar('t')), QVariant(QString("t")));
+        QCOMPARE(put(0), QVariant(0LL));
+        QCOMPARE(put(-1L), QVariant(-1LL));
+        QCOMPARE(put(std::int64_t(-9007199254740993)), QVariant(-9007199254740993LL));
+        QCOMPARE(put(std::size_t(7)), QVariant(7LL));
+        QCOMPARE(put(4294967295U), QVariant(4294967295LL));
+        QCOMPARE(put(short(-3)), QVariant(-3LL));
+        QCOMPARE(put(0.5f), QVariant(0.5));
+        QCOMPARE(put(true), QVariant(true));
+        QCOMPARE(put(QJsonValue(true)), QVariant(true));
+        QCOMPARE(put(QDate(2026, 11, 22)), QVariant(QDate(2026, 11, 22)));
+        static_assert(!TakesValue<const char16_t *>::value && !TakesValue<const wchar_t *>::value && !TakesValue<int *>::value,
+                      "no pointer becomes a truth value");
     }
 
     void values_read_back_equal_data()
@@ -218,6 +268,9 @@ private Q_SLOTS:
         QCOMPARE(SheetDataOf(SavedParts(workbook).value(kSheet1)),
                  QByteArray("<row r=\"2\"><c r=\"B2\"><f>IF(A1&lt;2,\"a&amp;b\",SUM(A1:A9))</f></c></row>"));
         QVERIFY(workbook.hasFormula(kName));
+        VERIFY_DONE(workbook, setFormula(kName, " = A1 "));
+        QCOMPARE(SheetDataOf(SavedParts(workbook).value(kSheet1)), QByteArray("<row r=\"2\"><c r=\"B2\"><f>A1</f></c></row>"));
+        VERIFY_DONE(workbook, setFormula(kName, '=' + QString(8192, '1')));
         QVERIFY(!workbook.setFormula(kName, "="));
         QCOMPARE(workbook.error(), XlsxTemplate::Error::ValueError);
         QVERIFY(!workbook.setFormula(kName, QString(8193, '1')));

@@ -90,6 +90,10 @@ private Q_SLOTS:
                                            << QStringList{QStringLiteral("12"), QStringLiteral("0.5"), QStringLiteral("TRUE")};
         QTest::newRow("a whole column") << typed("'My Lists'!$A:$A") << colours;
         QTest::newRow("a range of its sheet") << typed("$D$1:$D$5") << QStringList();
+        QTest::newRow("a text that is a name") << typed("INDIRECT(\"Colours\")") << colours;
+        QTest::newRow("a text that is a range") << typed("INDIRECT(\"'My Lists'!$A$1:$A$4\")") << colours;
+        QTest::newRow("a text that is computed") << typed("INDIRECT(\"Col\"&amp;\"ours\")") << QStringList();
+        QTest::newRow("what stands in another cell") << typed("INDIRECT($A$1)") << QStringList();
         QTest::newRow("in an extension") << kMargins + Extension("B1:B9", "'My Lists'!$A$1:$A$4") << colours;
         QTest::newRow("a formula") << typed("OFFSET($A$1,0,0,3)") << QStringList();
         QTest::newRow("a sheet that is not there") << typed("Gone!$A$1:$A$4") << QStringList();
@@ -106,6 +110,36 @@ private Q_SLOTS:
         XlsxTemplate workbook;
         QVERIFY(Load(workbook, behind));
         QCOMPARE(workbook.options(kName), options);
+    }
+
+    void the_column_of_a_table_is_a_list_data()
+    {
+        QTest::addColumn<QByteArray>("list");
+        QTest::addColumn<QStringList>("options");
+        const QStringList colours{QStringLiteral("Red"), QStringLiteral("Green")};
+        QTest::newRow("by a text") << QByteArray("INDIRECT(\"Paints[Colour]\")") << colours;
+        QTest::newRow("by a text, in lower case") << QByteArray("indirect(\"paints[Colour]\")") << colours;
+        QTest::newRow("by itself") << QByteArray("Paints[Colour]") << colours;
+        QTest::newRow("by a name") << QByteArray("PaintColours") << colours;
+        QTest::newRow("the whole table, of one column") << QByteArray("INDIRECT(\"Paints\")") << colours;
+        QTest::newRow("no such column") << QByteArray("INDIRECT(\"Paints[Color]\")") << QStringList();
+        QTest::newRow("no such table") << QByteArray("INDIRECT(\"Paint[Colour]\")") << QStringList();
+    }
+    void the_column_of_a_table_is_a_list()
+    {
+        QFETCH(QByteArray, list);
+        QFETCH(QStringList, options);
+        Template source = Book(Validations(1, Validation("B2", list)));
+        source.Name("PaintColours", "Paints[Colour]");
+        source.parts["xl/tables/table1.xml"] =
+            "<table id=\"1\" name=\"Paints\" displayName=\"Paints\" ref=\"A1:A2\" headerRowCount=\"0\"><tableColumns count=\"1\">"
+            "<tableColumn id=\"1\" name=\"Colour\"/></tableColumns></table>";
+        source.parts["xl/worksheets/_rels/sheet2.xml.rels"] = Relationships(Relationship("rId1", "table", "../tables/table1.xml"));
+        XlsxTemplate workbook;
+        VERIFY_DONE(workbook, load(source.Archive()));
+        QCOMPARE(workbook.options(kName), options);
+        workbook.setValue(kName, QStringLiteral("Black"));
+        QCOMPARE(workbook.error(), options.isEmpty() ? XlsxTemplate::Error::None : XlsxTemplate::Error::ValueError);
     }
 
     void a_relative_source_moves_along_with_its_cell()

@@ -462,6 +462,63 @@ private Q_SLOTS:
         QVERIFY(!SavedParts(m_workbook).value(kSheet1).contains("<c r=\"A3\""));
     }
 
+    void a_damaged_sheet_is_told_where_it_is_read()
+    {
+        Template source = Names();
+        source.parts["xl/worksheets/sheet2.xml"] = "<worksheet><sheetData>";
+        QVERIFY(Load(source));
+        const QString reason = "A part of the workbook is damaged: xl/worksheets/sheet2.xml.";
+        QCOMPARE(m_workbook.kindOf("Places"), Kind::Unusable);
+        QCOMPARE(m_workbook.unusableReason("Places"), reason);
+        QCOMPARE(m_workbook.error(), Error::None); // asking what a name is does not fail
+        QVERIFY(!m_workbook.hasFormula("Places"));
+        QCOMPARE(m_workbook.error(), Error::FormatError);
+        QCOMPARE(m_workbook.errorString(), reason);
+        QVERIFY(!m_workbook.hasFormula("Cell"));
+        QCOMPARE(m_workbook.error(), Error::None);
+    }
+
+    void what_cannot_be_read_is_told()
+    {
+        Template source;
+        source.Sheet(
+            1,
+            "<row r=\"1\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"B1\" s=\"0\"><v>1</v></c><c r=\"C1\" t=\"inlineStr\"><is><t>"
+                + QByteArray(1024 * 1024 + 1, 'x') + "</t></is></c></row>",
+            "<dataValidations count=\"1\"><dataValidation type=\"list\" sqref=\"D1\"><formula1>$A$1:$A$1</formula1></dataValidation>"
+            "</dataValidations>");
+        source.Name("Shared", "Sheet1!$A$1").Name("Styled", "Sheet1!$B$1").Name("Long", "Sheet1!$C$1").Name("All", "Sheet1!$A$1:$C$1");
+        source.Name("List", "Sheet1!$D$1").Name("Below", "Sheet1!$A$2:$A$3");
+        source.Strings({});
+        source.parts["xl/sharedStrings.xml"] = "<sst><si>";
+        source.parts["xl/styles.xml"] = "<styleSheet>";
+        QVERIFY(Load(source));
+        const auto failure = [this](const QString &name) {
+            return m_workbook.value(name).isValid() ? QString("none") : m_workbook.errorString();
+        };
+        QCOMPARE(failure("Shared"), QString("Sheet1!A1: A part of the workbook is damaged: xl/sharedStrings.xml."));
+        QCOMPARE(failure("Styled"), QString("Sheet1!B1: A part of the workbook is damaged: xl/styles.xml."));
+        QCOMPARE(failure("Long"), QString("Sheet1!C1: A text of 1048577 bytes is too long to be read."));
+        QCOMPARE(m_workbook.error(), Error::LimitError);
+        QCOMPARE(failure("All"), QString("Sheet1!A1: A part of the workbook is damaged: xl/sharedStrings.xml."));
+        QCOMPARE(m_workbook.options("List"), QStringList());
+        QCOMPARE(m_workbook.error(), Error::FormatError);
+        QCOMPARE(m_workbook.columnNames("Below"), QStringList());
+        QCOMPARE(m_workbook.error(), Error::FormatError);
+        QCOMPARE(failure("Nmae"), QString("There is no name Nmae in the workbook."));
+        QCOMPARE(m_workbook.error(), Error::UnknownName);
+    }
+
+    void a_text_longer_than_the_format_allows_is_read()
+    {
+        Template source;
+        source.Sheet(1, "<row r=\"1\"><c r=\"A1\" t=\"str\"><v>" + QByteArray(1024 * 1024, 'x') + "</v></c></row>");
+        source.Name("Long", "Sheet1!$A$1");
+        QVERIFY(Load(source));
+        QCOMPARE(m_workbook.value("Long").toString().size(), 1024 * 1024);
+        QCOMPARE(m_workbook.error(), Error::None);
+    }
+
     void a_name_in_a_chart_sheet_is_unusable()
     {
         Template source = Names();

@@ -44,9 +44,9 @@ CellFormulas::CellFormulas(TemplateSheet &sheet)
 
 const CellRange *CellFormulas::GroupAt(int row, int column) const
 {
-    const auto found =
-        std::find_if(m_groups.begin(), m_groups.end(), [row, column](const CellRange &group) { return group.Contains(row, column); });
-    return found == m_groups.end() ? nullptr : &*found;
+    const CellRange *found = nullptr;
+    m_groupIndex.ForEachMeeting({row, row, column, column}, [&](int group) { found = &m_groups[std::size_t(group)]; });
+    return found;
 }
 
 void CellFormulas::RemoveFrom(pugi::xml_node cell, int row, int column)

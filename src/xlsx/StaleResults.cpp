@@ -29,9 +29,26 @@ void AddNames(const TemplateWorkbook &workbook, FormulaDependencies &dependencie
     }
 }
 
+bool HasResult(const pugi::xml_node &cell)
+{
+    return ChildOf(cell, "v") || ChildOf(cell, "is");
+}
+
+/// Where cells have changed, by sheet.
+std::map<int, RangeIndex> ChangesOf(const TemplateContext &context)
+{
+    std::map<int, RangeIndex> changes;
+    for (const Place &place : context.changed)
+        changes[place.sheet].Add(place.range, 0);
+    for (auto &[sheet, ranges] : changes)
+        ranges.Build();
+    return changes;
+}
+
 /// Adds the formulas of all sheets to \a dependencies, and tells where they stand by the numbers that they have there.
 TemplateFault AddFormulas(TemplateContext &context, FormulaDependencies &dependencies, std::vector<PlacedFormula> &formulas)
 {
+    std::map<int, RangeIndex> changes = ChangesOf(context);
     for (int i = 0; i < context.workbook.SheetCount(); ++i) {
         if (!context.package.Has(context.workbook.SheetPartName(i)))
             continue; // listed, but not there
@@ -46,6 +63,9 @@ TemplateFault AddFormulas(TemplateContext &context, FormulaDependencies &depende
         if (!sheet)
             return fault;
         ForEachFormula(*sheet, [&](const FormulaCell &formula) {
+            // It has none to lose, and what uses it uses what changed: so it is with all that were made of a repeated row.
+            if (formula.cells.IsCell() && !HasResult(formula.cell) && changes[i].Meets(formula.cells))
+                return;
             formulas.push_back({i, formula.cells, formula.cell});
             if (formula.isDataTable || formula.isLost)
                 dependencies.AddVolatileFormula(i, formula.cells);

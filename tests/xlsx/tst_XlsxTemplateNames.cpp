@@ -577,6 +577,43 @@ private Q_SLOTS:
         QCOMPARE(m_workbook.value("Row"), QVariant(QVariantList{QVariant(row)}));
     }
 
+    void a_sheet_may_have_an_apostrophe()
+    {
+        Template source;
+        source.Sheet(1, "<row r=\"2\"><c r=\"A2\"><v>1</v></c></row><row r=\"3\"><c r=\"A3\"><f>SUM('It''s mine'!A2:A2)</f></c></row>",
+                     "<pageMargins left=\"0.7\"/>", "It's mine");
+        source.Name("Row", "'It''s mine'!$A$2");
+        source.parts["xl/workbook.xml"].replace(
+            "</definedNames>", "<definedName name=\"Total\" localSheetId=\"0\">'It''s mine'!$A$3</definedName></definedNames>");
+        QVERIFY(Load(source));
+        QCOMPARE(m_workbook.names(), (QStringList{"Row", "'It''s mine'!Total"}));
+        QVERIFY(m_workbook.hasFormula("'it''s MINE'!total"));
+        VERIFY_DONE(m_workbook, setRows("Row", QVector<QVariantList>{{4}, {5}}));
+        QCOMPARE(m_workbook.reference("'It''s mine'!Total"), QString("'It''s mine'!$A$4"));
+        QVERIFY(SavedParts(m_workbook).value(kSheet1).contains("<f>SUM('It''s mine'!A2:A3)</f>"));
+        QVERIFY(!m_workbook.setValue("Row", qInf()));
+    }
+
+    void a_template_may_be_saved_filled_in_and_loaded_again_and_again()
+    {
+        QVERIFY(Load(Names()));
+        for (int i = 0; i < 3000; ++i) { // more often than changes are kept one by one
+            VERIFY_DONE(m_workbook, setValue("Cell", i));
+            VERIFY_DONE(m_workbook, setValue("Places", -i));
+        }
+        const QByteArray first = m_workbook.save();
+        QCOMPARE(m_workbook.save(), first);
+        VERIFY_DONE(m_workbook, setValue("CELL", 7));
+        VERIFY_DONE(m_workbook, load(m_workbook.save()));
+        QCOMPARE(m_workbook.value("cell"), QVariant(7LL));
+        QCOMPARE(m_workbook.value("Places"), QVariant(-2999LL));
+        QVERIFY(!m_workbook.load(QByteArray("no workbook")));
+        QVERIFY(!m_workbook.value("Cell").isValid());
+        QCOMPARE(m_workbook.error(), Error::NotLoaded);
+        QVERIFY(m_workbook.save().isEmpty());
+        QVERIFY(Load(Names()));
+    }
+
     void a_workbook_can_be_moved()
     {
         QVERIFY(Load(Names()));

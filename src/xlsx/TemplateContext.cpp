@@ -122,6 +122,20 @@ CellFormulas &TemplateContext::FormulasOf(int index, TemplateSheet &sheet)
 
 // --- Reading ---
 
+QVariant TemplateContext::SharedText(unsigned index, TemplateFault &fault)
+{
+    constexpr std::size_t kLong = 1024;
+    if (m_longText.isValid() && m_longTextIndex == index)
+        return m_longText;
+    const std::string text = strings.TextAt(index, fault);
+    const QVariant value = fault ? QVariant() : TextValue(text, fault);
+    if (text.size() > kLong) {
+        m_longText = value;
+        m_longTextIndex = index;
+    }
+    return value;
+}
+
 QVariant TemplateContext::ValueOf(const pugi::xml_node &cell, TemplateFault &fault)
 {
     const std::string_view type = AttributeOf(cell, "t").value();
@@ -136,8 +150,7 @@ QVariant TemplateContext::ValueOf(const pugi::xml_node &cell, TemplateFault &fau
     if (type == "s") {
         bool isIndex = false;
         const unsigned index = QByteArray::fromStdString(text).trimmed().toUInt(&isIndex);
-        const std::string shared = isIndex ? strings.TextAt(index, fault) : std::string();
-        return isIndex && !fault ? TextValue(shared, fault) : QVariant();
+        return isIndex ? SharedText(index, fault) : QVariant();
     }
     if (type == "str" || type == "e")
         return TextValue(text, fault);

@@ -73,6 +73,7 @@ public:
     void ForgetRows(int sheet);
 
 private:
+    QVariant SharedText(unsigned index, TemplateFault &fault);
     void EmptyCell(TemplateSheet &sheet, int index, pugi::xml_node cell, int row, int column);
     void CellChanged(int sheet, int row, int column);
     void ForgetRepetitions();
@@ -84,7 +85,9 @@ private:
     std::unique_ptr<CellExtents> m_extents;
     int m_sheetOfExtents = -1;
     std::unique_ptr<ListEntries> m_entries; ///< those asked for last
-    std::size_t m_mostChanged = 1024;       ///< before changed is looked through for what is in it more than once
+    QVariant m_longText;                    ///< the long one that was read last: many cells may share it
+    unsigned m_longTextIndex = 0;
+    std::size_t m_mostChanged = 1024; ///< before changed is looked through for what is in it more than once
 };
 
 } // namespace Velmora

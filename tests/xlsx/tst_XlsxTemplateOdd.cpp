@@ -84,6 +84,8 @@ private Q_SLOTS:
         VERIFY_DONE(workbook, load(source.Archive()));
         QCOMPARE(workbook.value(kName).toString().size(), 32767);
         QCOMPARE(workbook.value(QStringLiteral("Range")), QVariant());
+        const QString once = workbook.value(kName).toString();
+        QVERIFY(workbook.value(kName).toString().constData() == once.constData()); // nor is it read for each name
     }
 
     void cells_in_any_order_are_found_in_time()

@@ -163,12 +163,14 @@ void InvoiceForm::AddLogo(QVBoxLayout *column)
 
 bool InvoiceForm::FillLogo(XlsxTemplate &invoice)
 {
-    const QString name = QStringLiteral("Logo");
     const auto fit = m_fit->CurrentIndex() == 0 ? XlsxTemplate::PictureFit::Fit : XlsxTemplate::PictureFit::Stretch;
-    const bool isDone = m_logo->getText().isEmpty() || invoice.setPicture(name, m_logo->getText(), fit);
-    m_image.loadFromData(invoice.value(name).toByteArray());
+    return m_logo->getText().isEmpty() || invoice.setPicture(QStringLiteral("Logo"), m_logo->getText(), fit);
+}
+
+void InvoiceForm::ShowLogo(const XlsxTemplate &invoice)
+{
+    m_image.loadFromData(invoice.value(QStringLiteral("Logo")).toByteArray());
     m_preview->update();
-    return isDone;
 }
 
 // --- The items ---
@@ -248,6 +250,7 @@ QStringList InvoiceForm::Fill(XlsxTemplate &invoice)
     note(invoice.setValue(QStringLiteral("Shipping"), m_shipping->value()));
     note(invoice.setRows(QStringLiteral("Items"), Items()));
     m_logo->setWarning(!note(FillLogo(invoice)));
+    ShowLogo(invoice); // after the reason of a refusal was taken, which a question replaces
     return refusals;
 }
 

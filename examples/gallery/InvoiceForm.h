@@ -47,6 +47,7 @@ private:
     void AddItem(const QStringList &texts);
     QVector<QVariantList> Items() const;
     bool FillLogo(Velmora::XlsxTemplate &invoice);
+    void ShowLogo(const Velmora::XlsxTemplate &invoice);
 
     Field *m_customer = nullptr;
     Field *m_date = nullptr;

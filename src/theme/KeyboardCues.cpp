@@ -21,7 +21,7 @@ void SetKeyboardCuesEnabled(bool enabled)
     if (enabled == isEnabledNow)
         return;
     isEnabledNow = enabled;
-    emit KeyboardCuesNotifier::GetInstance()->Changed(enabled);
+    Q_EMIT KeyboardCuesNotifier::GetInstance()->Changed(enabled);
 }
 
 bool KeyboardCuesEnabled()

@@ -12,7 +12,7 @@ class KeyboardCuesNotifier : public QObject
 public:
     static KeyboardCuesNotifier *GetInstance();
 
-signals:
+Q_SIGNALS:
     /// KeyboardCuesEnabled() gives \a enabled already, which is not what it gave before.
     void Changed(bool enabled);
 };

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Write docs/tokens.md, the table of all colour tokens, from the two built-in colour tables.
+"""Write docs/tokens.md, the table of all colour tokens, from the four built-in colour tables.
 
 make_token_table.py          write the document
 make_token_table.py --check  exit with 1 when the document differs from what would be written
@@ -22,10 +22,13 @@ Every colour of the kit has a name, its token, and every colour table gives each
 A control or a stylesheet names the token, never the colour: `ColorParams("brand/brand")` in code,
 `${brand/brand}` in a stylesheet, `${brand/brand, 0.5}` with an alpha of its own.
 
-The built-in tables are `:/colors/blue_light.ini` and `:/colors/blue_dark.ini`. A number after the comma
-is the colour's alpha, from 0 (transparent) to 1 (opaque, the same as no number).
+The built-in tables are `:/colors/blue_light.ini` and `:/colors/blue_dark.ini`, and for those who need more contrast
+`:/colors/contrast_light.ini` and `:/colors/contrast_dark.ini`. A number after the comma is the colour's alpha, from 0
+(transparent) to 1 (opaque, the same as no number).
 
 """
+
+TABLES = {"Light": "blue_light", "Dark": "blue_dark", "Contrast light": "contrast_light", "Contrast dark": "contrast_dark"}
 
 
 def read_table(path):
@@ -52,19 +55,23 @@ def tokens_of(families):
 
 
 def document():
-    light = read_table(COLORS / "blue_light.ini")
-    dark = read_table(COLORS / "blue_dark.ini")
-    names = tokens_of(light)
-    if names != tokens_of(dark):
-        sys.exit("blue_light.ini and blue_dark.ini must hold the same tokens in the same order")
+    families = read_table(COLORS / "blue_light.ini")
+    names = tokens_of(families)
     if len(names) != len(set(names)):
         sys.exit("a token stands twice in the colour tables")
-    dark_values = {token: value for _, entries in dark for token, value, _ in entries}
+    values = {}
+    for heading, name in TABLES.items():
+        table = read_table(COLORS / f"{name}.ini")
+        if tokens_of(table) != names:
+            sys.exit(f"blue_light.ini and {name}.ini must hold the same tokens in the same order")
+        values[heading] = {token: value for _, entries in table for token, value, _ in entries}
 
-    lines = [f"There are {len(names)} tokens in {len(light)} families."]
-    for title, entries in light:
-        lines += ["", f"## {title}", "", "| Token | Light | Dark | Use |", "|---|---|---|---|"]
-        lines += [f"| `{token}` | `{value}` | `{dark_values[token]}` | {use} |" for token, value, use in entries]
+    lines = [f"There are {len(names)} tokens in {len(families)} families."]
+    for title, entries in families:
+        lines += ["", f"## {title}", "", "| Token | " + " | ".join(TABLES) + " | Use |", "|---" * (len(TABLES) + 2) + "|"]
+        for token, _, use in entries:
+            cells = " | ".join(f"`{values[heading][token]}`" for heading in TABLES)
+            lines.append(f"| `{token}` | {cells} | {use} |")
     return INTRODUCTION + "\n".join(lines) + "\n"
 
 

@@ -13,6 +13,7 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QSet>
+#include <QSettings>
 #include <QStandardItemModel>
 #include <QTreeView>
 
@@ -426,10 +427,24 @@ private Q_SLOTS:
         QVERIFY(text.count('\n') >= 123);
     }
 
-    void the_dark_table_has_a_mark()
+    void the_dark_table_has_a_mark() { QVERIFY(BytesOf(QStringLiteral(":/colors/blue_dark.ini")).startsWith("\xEF\xBB\xBF")); }
+
+    void there_are_four_tables()
     {
-        QVERIFY(BytesOf(QStringLiteral(":/colors/blue_dark.ini")).startsWith("\xEF\xBB\xBF"));
-        QCOMPARE(FilesBelow(QStringLiteral(":/colors/")), QStringList({QStringLiteral("blue_dark.ini"), QStringLiteral("blue_light.ini")}));
+        QCOMPARE(FilesBelow(QStringLiteral(":/colors/")),
+                 QStringList({QStringLiteral("blue_dark.ini"), QStringLiteral("blue_light.ini"), QStringLiteral("contrast_dark.ini"),
+                              QStringLiteral("contrast_light.ini")}));
+    }
+
+    void the_tables_of_high_contrast_have_every_token_of_the_others()
+    {
+        const QSettings light(QStringLiteral(":/colors/blue_light.ini"), QSettings::IniFormat);
+        for (const char *path : {":/colors/contrast_light.ini", ":/colors/contrast_dark.ini"}) {
+            QCOMPARE(QSettings(QLatin1String(path), QSettings::IniFormat).allKeys(), light.allKeys());
+            QcStyleManager::GetInstance()->SetColorFilePath(QLatin1String(path));
+            for (const QString &token : TokensOf(Table::Light))
+                QVERIFY2(QcStyleManager::GetInstance()->GetColor(token).isValid(), qPrintable(token));
+        }
     }
 
     // --- Stylesheets ---

@@ -2,6 +2,7 @@
 #include "Render.h"
 #include "Tables.h"
 
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
@@ -141,6 +142,7 @@ int main(int argc, char *argv[])
 
     ApplyTable(table);
     app.Initialize();
+    Velmora::SetKeyboardCuesEnabled(true);
     app.setDebugTipEnabled(true);
     SetUpLook();
     ApplyPalette();

@@ -7,6 +7,7 @@ int main(int argc, char **argv)
     Velmora::QcApplication app(argc, argv);
     Velmora::QcStyleManager::GetInstance()->SetColorFilePath(":/colors/blue_light.ini");
     app.Initialize();
+    Velmora::SetKeyboardCuesEnabled(true);
 
     Velmora::QcFrame window;
     window.setBackgroundColorParams("bg/bg_box");

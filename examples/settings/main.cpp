@@ -1,5 +1,6 @@
 #include "SettingsDialog.h"
 
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/ModalDialogs.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcPrimaryButton.h>
@@ -82,6 +83,7 @@ int main(int argc, char **argv)
     const Settings settings = LoadSettings(path);
     ApplyLook(settings.look);
     app.Initialize();
+    SetKeyboardCuesEnabled(true);
     if (parser.isSet(renderOption))
         return Render(parser.value(renderOption), settings);
 

@@ -1,5 +1,6 @@
 #include "Workbench.h"
 
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
@@ -46,6 +47,7 @@ int main(int argc, char **argv)
     // A table must stand before Initialize(); the workbench puts in the one of its last run.
     QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
     app.Initialize();
+    SetKeyboardCuesEnabled(true);
     Workbench workbench(folders.isEmpty() ? QDir::currentPath() : folders.first(), parser.value(stateOption));
     workbench.show();
     return QcApplication::exec();

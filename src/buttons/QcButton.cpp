@@ -6,6 +6,7 @@
 #include "buttons/ButtonPainting_p.h"
 #include "buttons/ButtonStateTracker_p.h"
 #include "buttons/TextWidth_p.h"
+#include "theme/FocusShape_p.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -29,6 +30,7 @@ QcButton::QcButton(QWidget *parent)
     , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
+    InstallFocusShape<QcButton>([](const QcButton &button) { return FocusShape{button.rect(), button.m_borderRadius}; });
     setFixedHeight(kHeight);
     QFont font;
     font.setPixelSize(kFontPixels);

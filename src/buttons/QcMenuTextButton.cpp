@@ -5,6 +5,7 @@
 #include "buttons/ButtonPainting_p.h"
 #include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
+#include "theme/FocusShape_p.h"
 
 #include <QDebug>
 #include <QFontMetrics>
@@ -35,6 +36,7 @@ QcMenuTextButton::QcMenuTextButton(QWidget *parent)
     , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
+    InstallFocusShape<QcMenuTextButton>([](const QcMenuTextButton &button) { return FocusShape{button.rect(), button.m_borderRadius}; });
     setMinimumHeight(kHeight);
     QFont font;
     font.setPixelSize(kFontPixels);

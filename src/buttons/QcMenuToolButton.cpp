@@ -4,6 +4,7 @@
 #include "buttons/ButtonAccessible_p.h"
 #include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -31,6 +32,7 @@ QcMenuToolButton::QcMenuToolButton(QWidget *parent)
     , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
+    InstallFocusShape<QcMenuToolButton>([](const QcMenuToolButton &button) { return FocusShape{button.rect(), button.m_borderRadius}; });
     setFixedSize(44, 32);
     setCheckable(true);
     setIconSize(size());

@@ -1,6 +1,7 @@
 #include <Velmora/QcSwitchButton.h>
 
 #include "buttons/ButtonState_p.h"
+#include "theme/FocusShape_p.h"
 
 namespace Velmora {
 
@@ -29,6 +30,7 @@ constexpr SwitchLook kLooks[] = {
 QcSwitchButton::QcSwitchButton(QWidget *parent)
     : QcButton(parent)
 {
+    InstallFocusShape<QcSwitchButton>([](const QcSwitchButton &button) { return FocusShape{button.rect(), button.height() / 2}; });
     setCheckable(true);
     setFixedSize(28, 14);
     setIconSize(size());

@@ -1,3 +1,4 @@
+#include <Velmora/QcCombinedToolButton.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/QcToolButton.h>
 
@@ -5,6 +6,7 @@
 #include "buttons/ButtonPainting_p.h"
 #include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
+#include "theme/FocusShape_p.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -24,6 +26,10 @@ QcToolButton::QcToolButton(QWidget *parent)
     , m_tracker(std::make_unique<ButtonStateTracker>(*this, m_state))
 {
     InstallButtonAccessibility();
+    InstallFocusShape<QcToolButton>([](const QcToolButton &button) {
+        const bool isHalf = qobject_cast<const QcCombinedToolButton *>(button.parentWidget()); // beside the other one
+        return FocusShape{button.rect(), button.m_borderRadius, isHalf};
+    });
     setFixedHeight(kHeight);
     SetBorderRadius(kRadius);
     connect(this, &QAbstractButton::toggled, this, &QcToolButton::OnToggled);

@@ -5,6 +5,7 @@
 #include "display/HtmlBomb_p.h"
 #include "display/MultiLineTextAccessible_p.h"
 #include "display/TextLayout_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessible>
@@ -25,6 +26,7 @@ namespace Velmora {
 
 namespace {
 
+constexpr int kRingRadius = 2;
 constexpr qreal kGreatestHeight = QWIDGETSIZE_MAX / 2; // which leaves room to what the text lies in
 
 /// Writes \a html into the empty \a document.
@@ -60,6 +62,7 @@ QcMultiLineText::QcMultiLineText(QWidget *parent)
     , m_document(new QTextDocument(this))
 {
     InstallTextAccessibility();
+    InstallFocusShape<QcMultiLineText>([](const QcMultiLineText &text) { return FocusShape{text.MarkedPlace(), kRingRadius}; });
     m_document->setDocumentMargin(0.0);
     m_document->setDefaultFont(QcStyleManager::GetDefaultFont());
     m_paintContext.cursorPosition = -1;
@@ -336,6 +339,14 @@ int QcMultiLineText::MarkedLink() const
     const auto isMarked = [begin](const TextLink &link) { return link.begin == begin; };
     const auto found = std::find_if(links.begin(), links.end(), isMarked);
     return found == links.end() ? -1 : int(found - links.begin());
+}
+
+/// Where the user sees that the text has the keyboard: at the marked link, or all of the text.
+QRect QcMultiLineText::MarkedPlace() const
+{
+    const int marked = MarkedLink();
+    const QRect place = marked < 0 ? QRect() : RectOf(*m_document, LinksOf(*m_document).at(marked)).toAlignedRect() & rect();
+    return place.isEmpty() ? rect() : place; // as for a link below what the text has room for
 }
 
 /// Marks the link behind or, unless \a next, before the marked one: the first or last if none is. False if there is none, and

@@ -91,6 +91,7 @@ private:
     void LayOutIn(int width);
     void FollowLinks();
     int MarkedLink() const;
+    QRect MarkedPlace() const;
     bool MarkLink(bool next);
     void AnnounceText();
     void AnnounceMarkedLink();

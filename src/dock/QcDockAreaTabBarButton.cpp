@@ -1,3 +1,4 @@
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcDockAreaTabBarButton.h>
 #include <Velmora/QcIconButton.h>
 
@@ -5,6 +6,7 @@
 #include "display/OneLine_p.h"
 #include "display/TextStyles_p.h"
 #include "dock/DockAccessible_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessible>
@@ -52,6 +54,7 @@ QcDockAreaTabBarButton::QcDockAreaTabBarButton(QWidget *parent)
     : QPushButton(parent)
 {
     InstallDockAccessibility();
+    InstallFocusShape<QcDockAreaTabBarButton>([](const QcDockAreaTabBarButton &tab) { return FocusShape{tab.rect(), 0, true}; });
     setCheckable(true);
     setFlat(true);
     setAutoDefault(false);
@@ -181,7 +184,7 @@ void QcDockAreaTabBarButton::paintEvent(QPaintEvent * /*event*/)
         const int bottom = (height() + kLineHeight) / 2;
         painter.fillRect(x, top, 1, bottom - top + 1, TokenColor(QStringLiteral("#FFFFFF, 0.36")));
     }
-    if (hasFocus())
+    if (hasFocus() && !KeyboardCuesEnabled()) // whose ring then shows it
         OutlineRounded(painter, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 0.0, QStringLiteral("brand/brand"));
 }
 

@@ -4,6 +4,7 @@
 #include "dock/DockTree_p.h"
 #include "theme/TokenPainting_p.h"
 
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockContainer.h>
 
@@ -120,7 +121,9 @@ void QcSplitterHandle::leaveEvent(QEvent *event)
 void QcSplitterHandle::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), TokenColor(m_hover || hasFocus() ? QStringLiteral("brand/brand") : QStringLiteral("transparent")));
+    painter.fillRect(
+        rect(),
+        TokenColor(m_hover || (hasFocus() && !KeyboardCuesEnabled()) ? QStringLiteral("brand/brand") : QStringLiteral("transparent")));
 }
 
 void QcSplitterHandle::keyPressEvent(QKeyEvent *event)

@@ -1,5 +1,6 @@
 #include <Velmora/QCSlider.h>
 
+#include "theme/FocusShape_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -74,6 +75,9 @@ QCSlider::QCSlider(QWidget *parent)
 QCSlider::QCSlider(Qt::Orientation orientation, QWidget *parent)
     : QSlider(orientation, parent)
 {
+    InstallFocusShape<QCSlider>([](const QCSlider &slider) {
+        return FocusShape{slider.rect(), qMin(slider.width(), slider.height()) / 2};
+    });
     initColorParams();
 }
 

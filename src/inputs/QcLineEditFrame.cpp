@@ -9,6 +9,7 @@
 #include "inputs/NumericInput_p.h"
 #include "inputs/PlaceholderColor_p.h"
 #include "inputs/WarningTip_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/StyleProperty_p.h"
 
 #include <QAccessible>
@@ -26,6 +27,7 @@ namespace Velmora {
 namespace {
 
 constexpr int kHeight = 24;
+constexpr int kRadius = 2; // as the stylesheet says
 constexpr int kButtonSize = 22;
 constexpr int kMargin = 8;
 constexpr int kUnitSpacing = 8;
@@ -96,6 +98,7 @@ QcLineEditFrame::QcLineEditFrame(QWidget *parent)
     , m_button(new QcGhostButton(this))
     , m_warningTip(new WarningTip(this))
 {
+    InstallFocusShape<QcLineEditFrame>([](const QcLineEditFrame &frame) { return FocusShape{frame.rect(), kRadius, false, true}; });
     setFixedHeight(kHeight);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin, 0, kMargin, 0);

@@ -7,6 +7,7 @@
 #include "display/OneLine_p.h"
 #include "inputs/QcSelectorViewItemDelegate_p.h"
 #include "inputs/SelectorAccessible_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -24,6 +25,7 @@ namespace Velmora {
 namespace {
 
 constexpr int kHeight = 28;
+constexpr int kRadius = 3; // as the stylesheet says
 constexpr int kMostRows = 7;
 
 } // namespace
@@ -32,6 +34,7 @@ QcSelector::QcSelector(QWidget *parent)
     : QComboBox(parent)
 {
     InstallSelectorAccessibility();
+    InstallFocusShape<QcSelector>([](const QcSelector &selector) { return FocusShape{selector.rect(), kRadius}; });
     setFixedHeight(kHeight);
     setContentsMargins(m_leftPadding, 0, m_rightPadding, 0);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

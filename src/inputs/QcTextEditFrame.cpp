@@ -4,6 +4,7 @@
 #include "display/TextStyles_p.h"
 #include "inputs/PlaceholderColor_p.h"
 #include "inputs/TextEdit_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/StyleProperty_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -19,6 +20,7 @@ namespace Velmora {
 
 namespace {
 
+constexpr int kRadius = 4; // as the stylesheet says
 constexpr int kMargin = 8;
 constexpr int kSpacing = 7;
 constexpr int kCounterHeight = 12;
@@ -30,6 +32,7 @@ QcTextEditFrame::QcTextEditFrame(QWidget *parent)
     , m_textEdit(new TextEdit(this))
     , m_counterLabel(new QLabel(this))
 {
+    InstallFocusShape<QcTextEditFrame>([](const QcTextEditFrame &frame) { return FocusShape{frame.rect(), kRadius, false, true}; });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSpacing);

@@ -4,6 +4,7 @@
 
 #include "core/OwnText_p.h"
 #include "inputs/TextEdit_p.h"
+#include "theme/FocusShape_p.h"
 #include "theme/StyleProperty_p.h"
 
 #include <QEvent>
@@ -16,6 +17,7 @@ namespace Velmora {
 
 namespace {
 
+constexpr int kRadius = 2;                // as the stylesheet says
 constexpr QMargins kMargins(4, 4, 2, 20); // the counter's strip is below
 constexpr int kCounterRight = 8;
 constexpr int kCounterBottom = 4;
@@ -29,6 +31,7 @@ QcTextEditLimiter::QcTextEditLimiter(QWidget *parent)
     , m_counterLabel(new QcLabel(this)) // above the edit, outside of the layout
     , m_placeholder(std::make_unique<OwnText>())
 {
+    InstallFocusShape<QcTextEditLimiter>([](const QcTextEditLimiter &frame) { return FocusShape{frame.rect(), kRadius, false, true}; });
     setAttribute(Qt::WA_StyledBackground);
     m_textEdit->setObjectName(QStringLiteral("limitedTextEdit"));
     m_textEdit->SetLimit(m_maxNum);

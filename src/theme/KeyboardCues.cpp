@@ -1,5 +1,6 @@
 #include <Velmora/KeyboardCues.h>
 
+#include "theme/FocusRing_p.h"
 #include "theme/KeyboardCues_p.h"
 
 namespace Velmora {
@@ -21,6 +22,7 @@ void SetKeyboardCuesEnabled(bool enabled)
     if (enabled == isEnabledNow)
         return;
     isEnabledNow = enabled;
+    FollowKeyboardCues();
     Q_EMIT KeyboardCuesNotifier::GetInstance()->Changed(enabled);
 }
 

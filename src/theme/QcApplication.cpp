@@ -2,6 +2,7 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "core/MainThreadPosting_p.h"
+#include "theme/FocusRing_p.h"
 #include "theme/WidgetChain_p.h"
 
 #include <QMouseEvent>
@@ -25,6 +26,7 @@ void QcApplication::Initialize()
     // The filter is not yet in place while fonts and the global stylesheet load.
     QcStyleManager::GetInstance()->Initialize();
     installEventFilter(this);
+    FollowKeyboardCues();
 }
 
 void QcApplication::UnInitialize() {}

@@ -20,6 +20,7 @@ install(FILES ${headers} "${VELMORA_INCLUDE_DIR}/Velmora/Velmora.h" "${VELMORA_I
 install(EXPORT VelmoraTargets NAMESPACE Velmora:: DESTINATION "${VELMORA_CMAKE_DIR}" COMPONENT Development)
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/VelmoraConfig.cmake.in" "${PROJECT_BINARY_DIR}/VelmoraConfig.cmake"
     INSTALL_DESTINATION "${VELMORA_CMAKE_DIR}"
+    PATH_VARS VELMORA_TRANSLATIONS_DIR
     NO_SET_AND_CHECK_MACRO
 )
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/VelmoraConfigVersion.cmake" COMPATIBILITY SameMajorVersion)

@@ -5,9 +5,12 @@
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
+#include <Velmora/Translations.h>
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFont>
+#include <QLocale>
 #include <QStyleFactory>
 #include <QTextStream>
 #include <QTranslator>
@@ -52,16 +55,14 @@ bool ChoosePlatform(int argc, char **argv)
     return HasDisplay();
 }
 
-/// The kit's tip under the title of a dragged panel is a key: its wording is the program's.
-class Texts : public QTranslator
+/// The languages that the kit's texts are compiled into, as QLocale names them.
+QStringList Languages()
 {
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return qstrcmp(text, "PleaseMoveToTheIMsg") == 0 ? QStringLiteral("Drop it on a place of the cross") : QString();
-    }
-};
+    QStringList names;
+    for (const QString &file : QDir(Velmora::TranslationsFolder()).entryList({QStringLiteral("velmora_*.qm")}))
+        names.append(file.mid(8).chopped(3));
+    return names;
+}
 
 void SetUpLook()
 {
@@ -98,8 +99,6 @@ int main(int argc, char *argv[])
     }
 
     Velmora::QcApplication app(argc, argv);
-    Texts texts;
-    QCoreApplication::installTranslator(&texts);
     QCoreApplication::setApplicationName(QStringLiteral("gallery"));
     QCoreApplication::setApplicationVersion(QStringLiteral(GALLERY_VERSION));
 
@@ -113,11 +112,14 @@ int main(int argc, char *argv[])
     const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open, or render, the page NAME."), QStringLiteral("NAME"));
     const QCommandLineOption tableOption(QStringLiteral("table"), QStringLiteral("Start with the table light (the default) or dark."),
                                          QStringLiteral("TABLE"), QStringLiteral("light"));
+    const QCommandLineOption languageOption(QStringLiteral("language"),
+                                            QStringLiteral("Show the kit's texts in LANGUAGE (as in de or zh_CN) in place of the user's."),
+                                            QStringLiteral("LANGUAGE"));
     const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Print the names of the pages."));
     QCommandLineOption positionsOption(QStringLiteral("print-positions"),
                                        QStringLiteral("Print where the named controls are in the window, each time it becomes active."));
     positionsOption.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({renderOption, pageOption, tableOption, listOption, positionsOption});
+    parser.addOptions({renderOption, pageOption, tableOption, languageOption, listOption, positionsOption});
     parser.process(app);
 
     const QVector<PageInfo> pages = Pages();
@@ -139,6 +141,18 @@ int main(int argc, char *argv[])
         return 1;
     }
     const Table table = tableName == QLatin1String("dark") ? Table::Dark : Table::Light;
+
+    const QString language = parser.value(languageOption);
+    if (parser.isSet(languageOption) && !Languages().contains(language)) {
+        QTextStream(stderr) << "gallery: the language is one of " << Languages().join(QStringLiteral(", ")) << ", not \"" << language
+                            << "\".\n";
+        return 1;
+    }
+    if (parser.isSet(languageOption))
+        QLocale::setDefault(QLocale(language));
+    QTranslator texts;
+    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
+    QCoreApplication::installTranslator(&texts);
 
     ApplyTable(table);
     app.Initialize();

@@ -7,10 +7,13 @@
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/QcToastManager.h>
 #include <Velmora/QcWindow.h>
+#include <Velmora/Translations.h>
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLocale>
 #include <QStandardPaths>
+#include <QTranslator>
 #include <QVBoxLayout>
 
 using namespace Velmora;
@@ -69,6 +72,9 @@ int main(int argc, char **argv)
 {
     QcApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("settings"));
+    QTranslator texts;
+    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm"));
+    QCoreApplication::installTranslator(&texts);
 
     QCommandLineParser parser;
     parser.addHelpOption();

@@ -3,28 +3,15 @@
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
+#include <Velmora/Translations.h>
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QTranslator>
 
 using namespace Velmora;
-
-namespace {
-
-/// The kit's tip under the title of a dragged panel is a key: its wording is the program's.
-class Texts : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return qstrcmp(text, "PleaseMoveToTheIMsg") == 0 ? Workbench::tr("Drop it on a place of the cross") : QString();
-    }
-};
-
-} // namespace
 
 int main(int argc, char **argv)
 {
@@ -41,7 +28,8 @@ int main(int argc, char **argv)
     parser.process(app);
     const QStringList folders = parser.positionalArguments();
 
-    Texts texts;
+    QTranslator texts;
+    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm"));
     QCoreApplication::installTranslator(&texts);
 
     // A table must stand before Initialize(); the workbench puts in the one of its last run.

@@ -71,8 +71,8 @@ TemplateFault SetDate(const QDate &date, const QTime &time, bool countsFrom1904,
 TemplateFault SetText(const QString &text, CellContent &content)
 {
     if (text.size() > kLongestText)
-        return Refusal(
-            QCoreApplication::translate("XlsxTemplate", "The text has %1 characters; a cell holds %2.").arg(text.size()).arg(kLongestText));
+        return Refusal(QCoreApplication::translate("XlsxTemplate", "The text has %n characters; a cell holds %1.", nullptr, text.size())
+                           .arg(kLongestText));
     content.kind = CellContent::Kind::Text;
     content.text = Escaped(text);
     return {};

@@ -128,10 +128,9 @@ private:
         const int row = std::min(newRow, m_place.range.lastRow); // the one it is, or is a copy of
         if (values.size() > m_place.range.ColumnCount()) {
             return {Error::ValueError,
-                    QCoreApplication::translate("XlsxTemplate", "There are %1 values, but %2 has %3 columns.")
-                        .arg(values.size())
-                        .arg(QString::fromStdString(m_name.display))
-                        .arg(m_place.range.ColumnCount())};
+                    QCoreApplication::translate("XlsxTemplate", "There are %1 values, but %2 has %n columns.", nullptr,
+                                                m_place.range.ColumnCount())
+                        .arg(QString::number(values.size()), QString::fromStdString(m_name.display))};
         }
         TemplateFault fault;
         for (int i = 0; i < values.size() && !fault; ++i) {

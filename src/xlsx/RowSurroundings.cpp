@@ -101,10 +101,8 @@ TemplateFault ObstacleOfSize(TemplateContext &context, TemplateSheet &sheet, con
 {
     if (move.Shift() > 0 && !context.package.HasMemory(MemoryOfMove(sheet, move))) {
         return {Error::LimitError,
-                QCoreApplication::translate("XlsxTemplate", "Row %1 of %2 is too large to be repeated %3 times.")
-                    .arg(move.last)
-                    .arg(QString::fromStdString(sheet.Name()))
-                    .arg(move.Shift())};
+                QCoreApplication::translate("XlsxTemplate", "Row %1 of %2 is too large to be repeated %n times.", nullptr, move.Shift())
+                    .arg(QString::number(move.last), QString::fromStdString(sheet.Name()))};
     }
     int lastRow = move.last;
     sheet.ForEachRow([&lastRow](const pugi::xml_node &row, int number) {
@@ -113,12 +111,10 @@ TemplateFault ObstacleOfSize(TemplateContext &context, TemplateSheet &sheet, con
     });
     if (qint64(lastRow) + move.Shift() <= kLastRow)
         return {};
-    return Obstacle(
-        QCoreApplication::translate("XlsxTemplate", "%1 has no room for %2 rows: it ends with row %3, and row %4 would have to move down.")
-            .arg(QString::fromStdString(sheet.Name()))
-            .arg(move.count)
-            .arg(kLastRow)
-            .arg(lastRow));
+    return Obstacle(QCoreApplication::translate("XlsxTemplate",
+                                                "%1 has no room for %n rows: it ends with row %2, and row %3 would have to move down.",
+                                                nullptr, move.count)
+                        .arg(QString::fromStdString(sheet.Name()), QString::number(kLastRow), QString::number(lastRow)));
 }
 
 TemplateFault ObstacleOfMerges(TemplateContext &context, int index, TemplateSheet &sheet, const RowMove &move, const CellRange &filled)

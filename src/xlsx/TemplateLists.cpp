@@ -65,12 +65,12 @@ TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, con
 {
     TemplateFault fault = FaultOfOptions(options);
     const std::string source = SourceOf(options);
-    if (!fault && QString::fromStdString(source).size() - 2 > kLongestList) {
-        fault = {
-            Error::LimitError,
-            QCoreApplication::translate("XlsxTemplate", "The entries of the list have %1 characters with their commas; a list holds %2.")
-                .arg(QString::fromStdString(source).size() - 2)
-                .arg(kLongestList)};
+    const int length = QString::fromStdString(source).size() - 2;
+    if (!fault && length > kLongestList) {
+        fault = {Error::LimitError,
+                 QCoreApplication::translate(
+                     "XlsxTemplate", "The entries of the list have %n characters with their commas; a list holds %1.", nullptr, length)
+                     .arg(kLongestList)};
     }
     std::map<int, std::vector<CellRange>> rangesOf;
     for (const Place &place : name.places) {

@@ -293,8 +293,7 @@ TemplateFault SetFormulaOfName(TemplateContext &context, const TemplateName &nam
     if (text.isEmpty() || text.size() > kLongestFormula) {
         return {Error::ValueError,
                 text.size() > kLongestFormula
-                    ? QCoreApplication::translate("XlsxTemplate", "The formula has %1 characters; a cell holds %2.")
-                          .arg(text.size())
+                    ? QCoreApplication::translate("XlsxTemplate", "The formula has %n characters; a cell holds %1.", nullptr, text.size())
                           .arg(kLongestFormula)
                     : QCoreApplication::translate("XlsxTemplate", "The formula is empty.")};
     }

@@ -37,7 +37,8 @@ for name in packages:
     expect(name, "control file", dpkg("--field", name), rf"^Version: {re.escape(version)}$", r"^Maintainer: .+", r"^Description: .+")
 
 expect(runtime, "dependencies", dpkg("--field", runtime, "Depends"), r"\blibqt5widgets5\b", r"\blibqt5svg5\b", r"\blibc6\b")
-expect(runtime, "content", dpkg("--contents", runtime), rf"/libVelmora\.so\.{major} -> ", r"/share/doc/velmora/")
+expect(runtime, "content", dpkg("--contents", runtime), rf"/libVelmora\.so\.{major} -> ", r"/share/doc/velmora/",
+       r"/usr/share/velmora/translations/velmora_de\.qm$", r"/usr/share/velmora/translations/velmora\.qm$")
 refuse(runtime, "content", dpkg("--contents", runtime), r"/include/", r"\.cmake$", r"/libVelmora\.so ->")
 
 expect(development, "dependencies", dpkg("--field", development, "Depends"), rf"{runtime} \(= {re.escape(version)}\)", r"\bqtbase5-dev\b")

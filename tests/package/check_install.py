@@ -19,6 +19,8 @@ headers = {h.name for h in pathlib.Path(source, "src").rglob("*.h") if not h.nam
 expected = {f"include/Velmora/{name}" for name in headers | {"Velmora.h", "VelmoraExport.h"}}
 expected |= {f"{libdir}/{name}" for name in ("libVelmora.so", f"libVelmora.so.{major}", f"libVelmora.so.{version}")}
 expected |= {f"{libdir}/pkgconfig/Velmora.pc"}
+expected |= {f"share/velmora/translations/{ts.stem}.qm" for ts in pathlib.Path(source, "resources/translations").glob("*.ts")}
+expected |= {"share/velmora/translations/velmora.qm"}
 expected |= {
     f"{libdir}/cmake/Velmora/{name}.cmake" for name in ("VelmoraConfig", "VelmoraConfigVersion", "VelmoraTargets", "VelmoraTargets-?")
 }

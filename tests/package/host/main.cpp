@@ -1,8 +1,10 @@
-// A host that checks what it links: the resources, the theme, a control on the screen, a task.
+// A host that checks what it links: the resources, the theme, a control on the screen, a task, the texts in another language.
 #include <Velmora/Velmora.h>
 
 #include <QFile>
 #include <QImage>
+#include <QLocale>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -22,6 +24,15 @@ int main(int argc, char **argv)
             std::fprintf(stderr, "no %s\n", resource);
             return 1;
         }
+    }
+
+    QTranslator german;
+    german.load(QLocale(QStringLiteral("de_AT")), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(),
+                QStringLiteral(".qm"));
+    QCoreApplication::installTranslator(&german);
+    if (QCoreApplication::translate("QcWindow", "Close") != QStringLiteral("Schließen")) {
+        std::fprintf(stderr, "no German in %s\n", qPrintable(Velmora::TranslationsFolder()));
+        return 4;
     }
 
     Velmora::QcPrimaryButton button;

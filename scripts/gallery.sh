@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # gallery.sh [ARGUMENT...]: installs what is missing, builds the library and shows the gallery. Without a display it renders
-# every page in both colour tables instead, and says where the pictures are. The arguments go to the gallery, as
-# --page NAME does, which shows one page.
+# every page in both colour tables instead, from left to right and, in Arabic, from right to left, and says where the pictures
+# are. The arguments go to the gallery, as --page NAME does, which shows one page.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -26,5 +26,7 @@ rm -rf "$pictures"
 mkdir -p "$pictures"
 runtime=$(mktemp -d)
 trap 'rm -rf "$runtime"' EXIT
-env QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 XDG_RUNTIME_DIR="$runtime" "$gallery" --render "$pictures" "$@"
+render() { env QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 XDG_RUNTIME_DIR="$runtime" "$gallery" --render "$@"; }
+render "$pictures" "$@"
+render "$pictures/right-to-left" --language ar "$@"
 echo "== $(find "$pictures" -name '*.png' | wc -l) pictures are in $pictures"

@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>اسحب إلى إحدى العلامات للإرساء</translation>
+        <translation>اسحب إلى إحدى العلامات</translation>
     </message>
 </context>
 <context>

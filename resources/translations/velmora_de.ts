@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>Zum Andocken auf eine der Markierungen ziehen</translation>
+        <translation>Auf eine Markierung ziehen</translation>
     </message>
 </context>
 <context>

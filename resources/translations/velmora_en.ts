@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>Drag onto one of the marks to dock</translation>
+        <translation>Drag onto one of the marks</translation>
     </message>
 </context>
 <context>

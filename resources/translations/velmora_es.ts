@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>Arrastre hasta una de las marcas para acoplar</translation>
+        <translation>Arrastre hasta una marca</translation>
     </message>
 </context>
 <context>

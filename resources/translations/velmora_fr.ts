@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>Faites glisser sur un des repères pour ancrer</translation>
+        <translation>Faites glisser sur un repère</translation>
     </message>
 </context>
 <context>

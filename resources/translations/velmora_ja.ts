@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>いずれかのマークの上にドラッグするとドッキングします</translation>
+        <translation>マークにドラッグしてください</translation>
     </message>
 </context>
 <context>

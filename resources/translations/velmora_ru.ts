@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>Чтобы закрепить, перетащите на одну из меток</translation>
+        <translation>Перетащите на метку</translation>
     </message>
 </context>
 <context>

@@ -205,7 +205,7 @@
     <name>Velmora::QcDockWidget</name>
     <message>
         <source>PleaseMoveToTheIMsg</source>
-        <translation>拖到任一标记上即可停靠</translation>
+        <translation>拖到标记上即可停靠</translation>
     </message>
 </context>
 <context>

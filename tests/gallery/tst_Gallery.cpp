@@ -66,6 +66,7 @@ class tst_Gallery : public TestCase
 private Q_SLOTS:
     void every_page_renders_in_both_tables();
     void one_page_renders_alone();
+    void a_language_from_right_to_left_mirrors_a_page();
     void list_names_the_pages();
     void wrong_calls_fail_data();
     void wrong_calls_fail();
@@ -107,6 +108,23 @@ void tst_Gallery::one_page_renders_alone()
              QStringList({QStringLiteral("labels-dark.png"), QStringLiteral("labels-light.png")}));
 }
 
+void tst_Gallery::a_language_from_right_to_left_mirrors_a_page()
+{
+    // The ground at both edges: that of the list of pages, and that of the page.
+    const auto grounds = [](const QString &language) {
+        QTemporaryDir folder;
+        const Run run = RunGallery({QStringLiteral("--render"), folder.path(), QStringLiteral("--page"), QStringLiteral("windows"),
+                                    QStringLiteral("--language"), language});
+        const QImage image(folder.filePath(QStringLiteral("windows-light.png")));
+        const bool isFine = run.exitCode == 0 && Complaints(run.log).isEmpty();
+        return isFine ? QVector<QRgb>{image.pixel(6, 400), image.pixel(image.width() - 7, 400)} : QVector<QRgb>{0, 0};
+    };
+    const QVector<QRgb> german = grounds(QStringLiteral("de"));
+    const QVector<QRgb> arabic = grounds(QStringLiteral("ar"));
+    QVERIFY(german.at(0) != german.at(1));
+    QCOMPARE(arabic, QVector<QRgb>({german.at(1), german.at(0)}));
+}
+
 void tst_Gallery::list_names_the_pages()
 {
     const Run run = RunGallery({QStringLiteral("--list")});
@@ -125,6 +143,9 @@ void tst_Gallery::wrong_calls_fail_data()
     QTest::newRow("unknown table") << QStringList(
         {QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--table"), QStringLiteral("blue")})
                                    << QStringLiteral("the table is light or dark, not \"blue\"");
+    QTest::newRow("unknown language") << QStringList(
+        {QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--language"), QStringLiteral("tlh")})
+                                      << QStringLiteral("the language is one of ar, de, en, es, fr, ja, ru, zh_CN, not \"tlh\"");
     QTest::newRow("a file in the folder's place")
         << QStringList({QStringLiteral("--render"), QStringLiteral(GALLERY_PROGRAM)}) << QStringLiteral("cannot make the folder");
     QTest::newRow("a window without a display") << QStringList() << QStringLiteral("there is no display");

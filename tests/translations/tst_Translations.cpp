@@ -16,6 +16,7 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QLabel>
 #include <QTextEdit>
 #include <QTranslator>
 
@@ -108,6 +109,7 @@ private Q_SLOTS:
     void a_user_gets_the_language_of_the_locale();
     void a_switch_of_language_relabels_what_the_kit_shows();
     void texts_of_a_host_survive_a_switch();
+    void the_tip_of_a_dragged_panel_fits_into_a_small_one();
     void numbers_take_the_form_of_their_language_data();
     void numbers_take_the_form_of_their_language();
     void faults_of_a_workbook_are_told_in_the_language();
@@ -202,6 +204,21 @@ void tst_Translations::texts_of_a_host_survive_a_switch()
     QCOMPARE(window.windowTitle(), QStringLiteral("Post"));
     QCOMPARE(window.findChild<QcLabel *>(QStringLiteral("m_titleLabel"))->text(), QStringLiteral("Letters"));
     QCOMPARE(field.findChild<QTextEdit *>()->placeholderText(), QStringLiteral("Dear Sir"));
+}
+
+void tst_Translations::the_tip_of_a_dragged_panel_fits_into_a_small_one()
+{
+    QcDockWidget panel;
+    panel.resize(240, 160);
+    panel.show();
+    for (const QString &name : Languages()) {
+        const Speaking language(name);
+        panel.SetDragTipVisible(true);
+        DrainEvents();
+        const auto *tip = panel.findChild<QLabel *>(QStringLiteral("m_dragTipLabel"));
+        QVERIFY(tip->isVisible());
+        QVERIFY2(panel.rect().contains(tip->geometry()), qPrintable(QStringLiteral("%1 %2").arg(name).arg(tip->width())));
+    }
 }
 
 void tst_Translations::numbers_take_the_form_of_their_language_data()

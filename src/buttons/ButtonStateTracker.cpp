@@ -1,10 +1,14 @@
 #include "buttons/ButtonStateTracker_p.h"
 
 #include "buttons/ButtonState_p.h"
+#include "buttons/HeldEnter_p.h"
 #include "core/ApplicationEvents_p.h"
+
+#include <Velmora/KeyboardCues.h>
 
 #include <QAbstractButton>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QResizeEvent>
 
@@ -22,6 +26,7 @@ ButtonStateTracker::ButtonStateTracker(QAbstractButton &half, const QAbstractBut
     , m_state(state)
 {
     FollowEnabled();
+    HeldEnter::Watch();
 }
 
 QStyle::State ButtonStateTracker::Flags() const
@@ -29,12 +34,25 @@ QStyle::State ButtonStateTracker::Flags() const
     QStyle::State flags(QFlag(m_state.Flags()));
     if (m_checked.isChecked() != m_wasChecked)
         flags.setFlag(QStyle::State_Selected, m_checked.isChecked());
+    if (IsHeldByKey())
+        flags |= QStyle::State_Sunken;
     return flags;
 }
 
 QStyle::State ButtonStateTracker::Look() const
 {
     return ButtonState::LookFor(Flags());
+}
+
+// --- The keyboard ---
+
+bool ButtonStateTracker::IsHeldByKey() const
+{
+    if (!KeyboardCuesEnabled())
+        return false;
+    // What the mouse does to the look is told by its events. Without it, Qt counts a button as down while Space is held, until the focus
+    // goes or Escape comes, and for a moment when its mnemonic clicks it.
+    return (m_button.isDown() && QGuiApplication::mouseButtons() == Qt::NoButton) || HeldEnter::Presses(m_button);
 }
 
 // --- The mouse ---

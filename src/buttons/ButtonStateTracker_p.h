@@ -60,7 +60,7 @@ public:
     ButtonStateTracker(QAbstractButton &half, const QAbstractButton &checked, QWidget &painter, StateWord state);
 
     /// The state word, but for a change of the check that nobody told: of a button that stopped being checkable, or was checked with its
-    /// signals blocked.
+    /// signals blocked. While keyboard cues are on, a button that a key holds down is sunken too.
     QStyle::State Flags() const;
     QStyle::State Look() const;
 
@@ -92,6 +92,7 @@ private:
     void WatchWhileTouched();
     void ShowMenuOpen(bool isOpen);
     bool IsUnderCursor() const;
+    bool IsHeldByKey() const;
 
     QAbstractButton &m_button;
     const QAbstractButton &m_checked;

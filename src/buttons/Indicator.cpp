@@ -2,6 +2,7 @@
 
 #include "buttons/ButtonState_p.h"
 #include "core/ApplicationEvents_p.h"
+#include "theme/Mnemonics_p.h"
 #include "theme/ThemedPixmap_p.h"
 
 #include <Velmora/ImageParams.h>
@@ -96,7 +97,7 @@ void PaintLabel(QAbstractButton &button, const IndicatorParts &parts, const QSty
     QRect rect = QStyle::visualRect(option.direction, option.rect, contents);
     rect.setRight(button.width());
     label.rect = QStyle::visualRect(option.direction, option.rect, rect);
-    label.text = QFontMetrics(button.font()).elidedText(option.text, Qt::ElideRight, label.rect.width());
+    label.text = ElidedMarked(QFontMetrics(button.font()), option.text, label.rect.width());
     button.style()->drawControl(parts.label, &label, &painter, &button);
 }
 

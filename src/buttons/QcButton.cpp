@@ -7,6 +7,7 @@
 #include "buttons/ButtonStateTracker_p.h"
 #include "buttons/TextWidth_p.h"
 #include "theme/FocusShape_p.h"
+#include "theme/Mnemonics_p.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -109,7 +110,7 @@ QSize QcButton::minimumSizeHint() const
     const bool hasIcon = !m_iconPath.isEmpty() || std::any_of(m_iconParams.cbegin(), m_iconParams.cend(), namesIcon);
     const int iconWidth = hasIcon ? height() : 0;
     const int spacing = hasIcon && !text().isEmpty() ? m_iconTextSpacing : 0;
-    return QSize(m_textWidth->Of(text(), QFontMetrics(font())) + spacing + 2 * m_horizontalMargin + iconWidth, kHeight);
+    return QSize(m_textWidth->Of(ShownText(text()), QFontMetrics(font())) + spacing + 2 * m_horizontalMargin + iconWidth, kHeight);
 }
 
 // --- State ---
@@ -196,15 +197,15 @@ void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QS
     painter.setPen(CaptionColor(*this, textCode));
     painter.setFont(font());
     if (picture.pixmap.isNull()) {
-        painter.drawText(rect(), Qt::AlignCenter, caption);
+        DrawMarked(painter, rect(), Qt::AlignCenter, caption, style(), this);
         return;
     }
     // Icon and text side by side, centred together.
-    const int textWidth = m_textWidth->Of(caption, QFontMetrics(font(), painter.device()));
+    const int textWidth = m_textWidth->Of(ShownText(caption), QFontMetrics(font(), painter.device()));
     const int x = (width() - (textWidth + iconSize.width())) / 2;
     const int y = (height() - iconSize.height()) / 2;
     DrawPixmap(painter, QRect(QPoint(x, y), iconSize), picture);
-    painter.drawText(QRect(x + iconSize.width(), 0, textWidth, height()), Qt::AlignVCenter, caption);
+    DrawMarked(painter, QRect(x + iconSize.width(), 0, textWidth, height()), Qt::AlignVCenter, caption, style(), this);
 }
 
 } // namespace Velmora

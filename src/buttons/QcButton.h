@@ -28,6 +28,9 @@ struct FilledTables;
 /// paints only its text, in the palette's button-text colour. 24 pixels high, with a 12-pixel font. Hover and press follow the mouse alone;
 /// a menu that closes ends the press whose release it took, and the hover that the cursor has left meanwhile.
 ///
+/// An & of the text is painted, though Qt makes the letter behind it a key, and a press of Space or Enter does not show; both unless
+/// keyboard cues are on: see SetKeyboardCuesEnabled().
+///
 /// A handler of its signals, of its menu or of an entry may delete the button, but of toggled() only by deleteLater(): Qt touches the
 /// button once more.
 ///

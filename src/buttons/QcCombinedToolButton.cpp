@@ -325,7 +325,9 @@ QPair<QString, ImageParams> QcCombinedToolButton::getCurMainImageParams() const
 QPair<QString, ImageParams> QcCombinedToolButton::getCurArrowImageParams() const
 {
     const QStyle::State look = m_arrowTracker->Look();
-    const auto &icons = look == QStyle::State(ButtonState::kPressed) ? m_mainIconParams : m_arrowIconParams;
+    // Pressed by a key, of which the state word knows nothing, it keeps its arrow.
+    const bool isPressed = ButtonState::LookFor(int(m_arrowState)) == QStyle::State(ButtonState::kPressed);
+    const auto &icons = isPressed ? m_mainIconParams : m_arrowIconParams;
     return {m_backgroundColors.value(look), icons.value(look)};
 }
 

@@ -6,6 +6,7 @@
 #include "buttons/ButtonStateTracker_p.h"
 #include "buttons/ButtonTables_p.h"
 #include "theme/FocusShape_p.h"
+#include "theme/Mnemonics_p.h"
 
 #include <QDebug>
 #include <QFontMetrics>
@@ -102,7 +103,8 @@ QSize QcMenuTextButton::minimumSizeHint() const
 {
     if (m_horizontalMargin == 0)
         QMessageLogger().debug();
-    return QSize(m_arrowWidth + m_textArrowSpacing + QFontMetrics(font()).horizontalAdvance(text()) + 2 * m_horizontalMargin, kHeight);
+    const int textWidth = QFontMetrics(font()).horizontalAdvance(ShownText(text()));
+    return QSize(m_arrowWidth + m_textArrowSpacing + textWidth + 2 * m_horizontalMargin, kHeight);
 }
 
 // --- State ---
@@ -173,7 +175,7 @@ void QcMenuTextButton::paintEvent(QPaintEvent * /*event*/)
     if (!text().isEmpty()) {
         painter.setPen(CaptionColor(*this, m_textColors.value(look)));
         painter.setFont(font());
-        painter.drawText(QRect(0, 0, width() - m_arrowWidth, height()), Qt::AlignCenter, text());
+        DrawMarked(painter, QRect(0, 0, width() - m_arrowWidth, height()), Qt::AlignCenter, text(), style(), this);
     }
 
     // One pixel stays free at the right.

@@ -23,7 +23,8 @@ class ButtonStateTracker;
 /// button once more.
 ///
 /// The text is painted as it is and not elided. As in every button of Qt, a letter behind an & becomes its mnemonic; the & is
-/// painted all the same, so give a key with setShortcut(), after setText(), instead. Space opens the menu, in a dialog Enter too.
+/// painted all the same, unless keyboard cues are on: see SetKeyboardCuesEnabled(). Without them give a key with setShortcut(), after
+/// setText(), instead. Space opens the menu, in a dialog Enter too.
 class VELMORA_EXPORT QcMenuTextButton : public QPushButton
 {
     Q_OBJECT

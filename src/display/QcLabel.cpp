@@ -2,6 +2,7 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "display/TextStyles_p.h"
+#include "theme/Mnemonics_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -65,7 +66,7 @@ QSize QcLabel::TextSize() const
 {
     ensurePolished();
     const QFontMetricsF metrics(font(), this);
-    const QString text = QLabel::text();
+    const QString text = buddy() ? ShownText(QLabel::text()) : QLabel::text();
     // Eliding takes all lines for one, and cuts what is wider by a fraction of a pixel.
     const qreal run = metrics.horizontalAdvance(text);
     const QSizeF lines = metrics.size(0, text);
@@ -131,8 +132,12 @@ void QcLabel::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setLayoutDirection(layoutDirection()); // a painter begins with the application's
     painter.setPen(TokenColor(isEnabled() ? m_textColorParams : QStringLiteral("text/text_disabled")));
-    const QString elided = painter.fontMetrics().elidedText(QLabel::text(), Qt::ElideRight, width(), 0);
-    painter.drawText(rect(), int(alignment()), elided);
+    // As in any QLabel, an & marks a letter only for a buddy's sake.
+    const QString text = QLabel::text();
+    if (buddy())
+        DrawMarked(painter, rect(), int(alignment()), ElidedMarked(painter.fontMetrics(), text, width()), style(), this);
+    else
+        painter.drawText(rect(), int(alignment()), painter.fontMetrics().elidedText(text, Qt::ElideRight, width(), 0));
 }
 
 /// True while QLabel would paint our icon as it is: not one that keeps a colour which was taken away, not a picture that the host has

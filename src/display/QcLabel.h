@@ -10,9 +10,12 @@ namespace Velmora {
 
 /// A themed label: text as it stands, elided at its right end, or an icon that fills it.
 ///
-/// Word wrap, rich text, mnemonics, indent, margin and frame of QLabel play no part, in what is painted and in the size hints
+/// Word wrap, rich text, indent, margin and frame of QLabel play no part, in what is painted and in the size hints
 /// alike: those are of the whole text. A text with line breaks is painted in lines, and elided as if it had none. With both a text and an
 /// icon only the text shows; the icon appears when the text goes.
+///
+/// With a buddy, a letter behind an & takes the keyboard there, as in any QLabel. The & itself is painted all the same, unless
+/// keyboard cues are on: see SetKeyboardCuesEnabled().
 ///
 /// Give a label that shows an icon a fixed size. The icon is made as large as the label, and the size hints of QLabel ask for
 /// room for the picture: in a layout the label never shrinks, and with a margin it grows at each pass.

@@ -6,8 +6,10 @@
 
 #include "core/AccessibleAction_p.h"
 #include "core/InstallAccessible_p.h"
+#include "theme/Mnemonics_p.h"
 
 #include <QAccessibleWidget>
+#include <QKeySequence>
 #include <QLabel>
 
 namespace Velmora {
@@ -26,7 +28,7 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         const QString name = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && name.isEmpty() ? widget()->windowTitle() : name;
+        return kind == QAccessible::Name && name.isEmpty() ? ShownText(widget()->windowTitle()) : name;
     }
 };
 
@@ -49,9 +51,11 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
+        if (kind == QAccessible::Accelerator)
+            return Tab()->shortcut().toString(QKeySequence::NativeText);
         const QString name = QAccessibleWidget::text(kind);
         const auto *label = widget()->findChild<QLabel *>(QStringLiteral("m_textLabel"), Qt::FindDirectChildrenOnly);
-        return kind == QAccessible::Name && name.isEmpty() && label ? label->text() : name;
+        return kind == QAccessible::Name && name.isEmpty() && label ? ShownText(label->text()) : name;
     }
 
     QAccessible::State state() const override

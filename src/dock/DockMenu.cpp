@@ -3,6 +3,7 @@
 #include "dock/DockMove_p.h"
 #include "dock/DockTree_p.h"
 
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcAction.h>
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockWidget.h>
@@ -21,10 +22,10 @@ namespace Velmora {
 
 namespace {
 
-/// An '&' in a title is no mark of a shortcut.
+/// An '&' in a title is the mark of a key only where cues are shown.
 QString AsItem(QString title)
 {
-    return title.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return KeyboardCuesEnabled() ? title : title.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 void AddItem(QcMenu &menu, const QString &text, bool isEnabled, const std::function<void()> &work)

@@ -6,6 +6,7 @@
 #include "dock/DockRegistry_p.h"
 #include "dock/DockTree_p.h"
 #include "dock/DropGeometry_p.h"
+#include "theme/Mnemonics_p.h"
 
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockContainer.h>
@@ -131,7 +132,7 @@ QcDockContainer *DockMove::Outer() const
 QString DockMove::Spoken() const
 {
     return QCoreApplication::translate("QcDockIndicator", "%1, %2 of %3")
-        .arg(SpokenPlace(m_place).arg(NameOfArea(m_area)))
+        .arg(SpokenPlace(m_place).arg(ShownText(NameOfArea(m_area))))
         .arg(m_offered.indexOf(m_place) + 1)
         .arg(m_offered.size());
 }

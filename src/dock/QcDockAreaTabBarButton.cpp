@@ -7,6 +7,8 @@
 #include "display/TextStyles_p.h"
 #include "dock/DockAccessible_p.h"
 #include "theme/FocusShape_p.h"
+#include "theme/KeyboardCues_p.h"
+#include "theme/Mnemonics_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QAccessible>
@@ -80,6 +82,10 @@ QcDockAreaTabBarButton::QcDockAreaTabBarButton(QWidget *parent)
     NameCloseButton();
     connect(this, &QAbstractButton::toggled, this, &QcDockAreaTabBarButton::onToggled);
     connect(m_closeButton, &QAbstractButton::clicked, this, &QcDockAreaTabBarButton::signalCloseButtonClicked);
+    connect(KeyboardCuesNotifier::GetInstance(), &KeyboardCuesNotifier::Changed, this, [this] {
+        FollowMnemonic();
+        NameCloseButton();
+    });
 }
 
 QcDockAreaTabBarButton::~QcDockAreaTabBarButton() = default;
@@ -90,6 +96,8 @@ void QcDockAreaTabBarButton::setText(const QString &text)
         return;
     m_textLabel->setText(text);
     NameCloseButton();
+    if (KeyboardCuesEnabled())
+        FollowMnemonic();
     update();
     QAccessibleEvent renamed(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&renamed);
@@ -97,8 +105,18 @@ void QcDockAreaTabBarButton::setText(const QString &text)
 
 void QcDockAreaTabBarButton::NameCloseButton()
 {
-    const QString name = QCoreApplication::translate("QcDockWidget", "Close %1").arg(m_textLabel->text());
+    const QString name = QCoreApplication::translate("QcDockWidget", "Close %1").arg(ShownText(m_textLabel->text()));
     m_closeButton->setAccessibleName(name);
+}
+
+/// As a QTabBar has it. Without cues the tab has no key of ours, while one that the host gave it stays.
+void QcDockAreaTabBarButton::FollowMnemonic()
+{
+    const QKeySequence mnemonic = QKeySequence::mnemonic(m_textLabel->text());
+    if (KeyboardCuesEnabled())
+        setShortcut(mnemonic);
+    else if (shortcut() == mnemonic)
+        setShortcut(QKeySequence());
 }
 
 QString QcDockAreaTabBarButton::Title() const
@@ -144,7 +162,7 @@ bool QcDockAreaTabBarButton::event(QEvent *event)
     if (event->type() == QEvent::LanguageChange)
         NameCloseButton();
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
-        const QString title = Title();
+        const QString title = ShownText(Title());
         const bool fades = QFontMetrics(TitleFont()).horizontalAdvance(title) > m_textLabel->width() - GRADIENT_WIDTH;
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), fades ? title.toHtmlEscaped() : QString(), this);
         return true;
@@ -168,7 +186,7 @@ void QcDockAreaTabBarButton::PaintLabel()
     painter.setPen(TokenColor(isChecked() ? QStringLiteral("text/text_caption") : QStringLiteral("text/text_secondary ")));
     // A title's own direction orders its words; its beginning is at the left, since its end fades out at the right.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(m_textLabel->rect(), Qt::AlignLeft | Qt::AlignVCenter, Title());
+    DrawMarked(painter, m_textLabel->rect(), Qt::AlignLeft | Qt::AlignVCenter, Title(), style(), m_textLabel);
     PaintFade(painter, QRect(m_textLabel->width() - GRADIENT_WIDTH, 0, GRADIENT_WIDTH, height()), TokenColor(GroundOf(*this)));
 }
 

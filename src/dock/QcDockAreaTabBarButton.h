@@ -15,6 +15,8 @@ class QcIconButton;
 /// One tab of a QcDockAreaTabBar: a title that fades out at its end, and a close button while the tab is the current one.
 ///
 /// A title that does not fit is shown in a tool tip, unless the host gave the tab one of its own.
+///
+/// While keyboard cues are on, a letter behind an & is the tab's key, as in a QTabBar: see SetKeyboardCuesEnabled().
 class VELMORA_EXPORT QcDockAreaTabBarButton : public QPushButton
 {
     Q_OBJECT
@@ -47,6 +49,7 @@ private:
     friend class QcDockAreaTabFrame; // knows by it which tab goes with a page
 
     void NameCloseButton();
+    void FollowMnemonic();
     QString Title() const;
     void PaintLabel();
 

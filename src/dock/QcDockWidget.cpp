@@ -17,6 +17,8 @@
 #include "dock/DockMove_p.h"
 #include "dock/DockTree_p.h"
 #include "dock/OnScreen_p.h"
+#include "theme/KeyboardCues_p.h"
+#include "theme/Mnemonics_p.h"
 #include "theme/StyleProperty_p.h"
 #include "windows/QcWindowHandler_p.h"
 #include "windows/WindowParts_p.h"
@@ -98,6 +100,7 @@ QcDockWidget::QcDockWidget(QWidget *parent)
     column->addWidget(m_contentFrame);
     MakeDragTip();
     connect(m_closeButton, &QAbstractButton::clicked, this, &QWidget::close);
+    connect(KeyboardCuesNotifier::GetInstance(), &KeyboardCuesNotifier::Changed, this, &QcDockWidget::FollowTitle);
     m_windowHandler = new QcWindowHandler(this);
     m_windowHandler->setWidget(this);
     QcStyleManager::GetInstance()->RegisterQss(this, QStringLiteral(":/qss/DockWidget.qss"));
@@ -154,7 +157,7 @@ void QcDockWidget::PutTipText()
 
 void QcDockWidget::FollowTitle()
 {
-    m_titleLabel->setText(windowTitle());
+    m_titleLabel->setText(ShownText(windowTitle())); // a panel that has its row to itself has no key
     NameCloseButton();
     QAccessibleEvent renamed(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&renamed);
@@ -163,7 +166,7 @@ void QcDockWidget::FollowTitle()
 void QcDockWidget::NameCloseButton()
 {
     m_private->closeName.PutInto<QWidget>(*m_closeButton, &QWidget::accessibleName, &QWidget::setAccessibleName,
-                                          QCoreApplication::translate("QcDockWidget", "Close %1").arg(windowTitle()));
+                                          QCoreApplication::translate("QcDockWidget", "Close %1").arg(ShownText(windowTitle())));
 }
 
 int QcDockWidget::getType()

@@ -2,6 +2,7 @@
 
 #include "core/InstallAccessible_p.h"
 #include "dock/DockTree_p.h"
+#include "theme/Mnemonics_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <Velmora/KeyboardCues.h>
@@ -28,7 +29,7 @@ QString TitleOf(const QWidget *pane)
         area = NestedContainer(area)->getDockAreaList().value(0);
     if (area)
         pane = area->widget(area->currentIndex());
-    return pane ? pane->windowTitle() : QString();
+    return pane ? ShownText(pane->windowTitle()) : QString();
 }
 
 /// A splitter with a value: where it stands, and how far it goes.

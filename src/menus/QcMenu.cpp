@@ -1,3 +1,4 @@
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcMenu.h>
 
 #include "core/ApplicationEvents_p.h"
@@ -14,6 +15,12 @@ namespace {
 
 constexpr int kMinimumWidth = 120;
 constexpr int kMaximumWidth = 320;
+
+/// The key may still be held that opened the menu or a submenu, where another item would be chosen next.
+bool IsRepeatedChoice(const QKeyEvent &event)
+{
+    return event.isAutoRepeat() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
+}
 
 } // namespace
 
@@ -97,6 +104,8 @@ void QcMenu::actionEvent(QActionEvent *event)
 
 void QcMenu::keyPressEvent(QKeyEvent *event)
 {
+    if (KeyboardCuesEnabled() && IsRepeatedChoice(*event))
+        return;
     const QPointer<QcMenu> self(this); // an action may be triggered
     QMenu::keyPressEvent(event);
     // Qt leaves a long menu where it is when the first key goes to its last item.

@@ -17,8 +17,8 @@ class QcMenuStyle;
 /// checked or has an icon; one that could be checked opens none, nor does the icon that only a submenu has. Where two items have the same
 /// label, both show the first one's icon. A QIcon, a font and a default action do not show.
 ///
-/// Write texts without an &: it is painted, though Qt makes the letter behind it a key. Give shortcuts with QAction::setShortcut(), or
-/// behind a tab in the text.
+/// As in any QMenu, a letter behind an & is the key of its item. The & itself is painted all the same, unless keyboard cues are on: see
+/// SetKeyboardCuesEnabled(). A held Enter key then chooses once. Give shortcuts with QAction::setShortcut(), or behind a tab in the text.
 ///
 /// A receiver of triggered() that does away with the menu calls deleteLater(): QMenu has not done with itself when it emits.
 ///

@@ -3,6 +3,7 @@
 #include "display/OneLine_p.h"
 #include "display/TextStyles_p.h"
 #include "menus/MenuIcon_p.h"
+#include "theme/Mnemonics_p.h"
 #include "theme/ThemedPixmap_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -85,7 +86,7 @@ struct ItemWidths
     ItemWidths(const ItemText &text, bool isSubMenu, bool hasIconColumn, const QFontMetrics &metrics)
         : iconWidth(hasIconColumn ? kMenuIconSize : 0)
         , iconSpacing(hasIconColumn ? -8 : 0)
-        , textWidth(metrics.horizontalAdvance(text.label) + kTextSlack)
+        , textWidth(metrics.horizontalAdvance(ShownText(text.label)) + kTextSlack)
     {
         if (!text.shortcut.isEmpty()) {
             rightWidth = metrics.horizontalAdvance(text.shortcut);
@@ -275,22 +276,20 @@ void QcMenuStyle::PaintItem(const QStyleOptionMenuItem &option, QPainter &painte
     }
 
     painter.setPen(TokenColor(isEnabled ? QStringLiteral("text/text_primary") : QStringLiteral("text/text_disabled")));
-    const auto drawText = [&](const QRect &place, Qt::Alignment alignment, const QString &line) {
-        const Qt::Alignment visual = visualAlignment(option.direction, alignment) | Qt::AlignAbsolute;
-        painter.drawText(mirrored(place), int(visual), line);
-    };
+    const auto flagsFor = [&](Qt::Alignment alignment) { return int(visualAlignment(option.direction, alignment) | Qt::AlignAbsolute); };
     const int left = rect.left() + widths.LabelLeft();
     const int labelWidth = std::max(0, rect.right() - widths.rightMargin - widths.rightWidth - widths.rightSpacing - left);
     const bool labelFits = widths.textWidth - kTextSlack < labelWidth; // eliding would lay the text out once more
-    drawText(QRect(left, rect.top(), labelWidth, rect.height()), Qt::AlignLeft | Qt::AlignVCenter,
-             labelFits ? text.label : metrics.elidedText(text.label, Qt::ElideRight, labelWidth));
+    // The application's style knows whether the user reaches for Alt; the one below has never been told.
+    DrawMarked(painter, mirrored(QRect(left, rect.top(), labelWidth, rect.height())), flagsFor(Qt::AlignLeft | Qt::AlignVCenter),
+               labelFits ? text.label : ElidedMarked(metrics, text.label, labelWidth), QApplication::style(), widget);
 
     const int rightEnd = rect.right() + 1 - widths.rightSpacing;
     if (!text.shortcut.isEmpty()) {
         const int width = std::min(widths.rightWidth, rightEnd - left);
         const bool fits = width == widths.rightWidth; // else it is wider than the menu; asked, eliding would take one that just fits
-        drawText(QRect(rightEnd - width, rect.top(), width, rect.height()), Qt::AlignRight | Qt::AlignVCenter,
-                 fits ? text.shortcut : metrics.elidedText(text.shortcut, Qt::ElideRight, width));
+        painter.drawText(mirrored(QRect(rightEnd - width, rect.top(), width, rect.height())), flagsFor(Qt::AlignRight | Qt::AlignVCenter),
+                         fits ? text.shortcut : metrics.elidedText(text.shortcut, Qt::ElideRight, width));
     } else if (isSubMenu) {
         PaintArrow(painter, mirrored(SquareIn(rect, rightEnd - widths.rightWidth, kArrowSize)), option.direction, iconCode);
     }

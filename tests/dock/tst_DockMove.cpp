@@ -4,6 +4,7 @@
 
 #include "support/AccessibleEvents.h"
 #include "support/CallAt.h"
+#include "support/Cues.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -261,6 +262,18 @@ private Q_SLOTS:
         stage.right->getContentWidget()->setWindowTitle(QStringLiteral("Find & replace"));
         OpenDockMenu(stage.left);
         QCOMPARE(ItemsOf(*ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu()), QStringList({QStringLiteral("Find && replace")}));
+        OpenMenu()->close();
+    }
+
+    void with_keyboard_cues_a_title_gives_its_item_the_key_of_its_tab()
+    {
+        DragStage stage;
+        QcDockWidget *left = stage.Add(1);
+        QcDockWidget *right = stage.Add(2, left, Right);
+        right->getContentWidget()->setWindowTitle(QStringLiteral("&Find"));
+        const Cues cues;
+        OpenDockMenu(left);
+        QCOMPARE(ItemsOf(*ItemOf(*OpenMenu(), QStringLiteral("Move to"))->menu()), QStringList({QStringLiteral("&Find")}));
         OpenMenu()->close();
     }
 

@@ -54,8 +54,8 @@ void SettingsDialog::MakeFrame()
     setTitle(tr("Settings"));
     setWindowTitle(tr("Settings"));
     setBottomFrameVisible(true);
-    setOkButtonText(tr("Save"));
-    setCancelButtonText(tr("Cancel"));
+    setOkButtonText(tr("&Save"));
+    setCancelButtonText(tr("&Cancel"));
     resize(620, 460);
 
     auto *content = new QHBoxLayout(getContentFrame());
@@ -73,13 +73,13 @@ void SettingsDialog::MakeFrame()
 void SettingsDialog::MakeMenu()
 {
     auto *menu = new QcMenu(this);
-    auto *defaults = menu->addQcAction(tr("Restore Defaults"));
+    auto *defaults = menu->addQcAction(tr("&Restore Defaults"));
     connect(defaults, &QAction::triggered, this, [this] { SetSettings(Settings()); });
-    auto *check = menu->addQcAction(tr("Check Folder"));
+    auto *check = menu->addQcAction(tr("&Check Folder"));
     connect(check, &QAction::triggered, this, &SettingsDialog::CheckFolder);
 
     auto *more = new QcMenuTextButton;
-    more->setText(tr("More"));
+    more->setText(tr("M&ore"));
     more->setMenu(menu);
     more->setAutoDefault(false);
     m_chooser->addStretch();
@@ -113,7 +113,7 @@ QLabel *SettingsDialog::AddField(QGridLayout *form, const QString &title, QWidge
     label->setText(title);
     label->setMinimumHeight(24);
     label->setBuddy(field);
-    field->setAccessibleName(title);
+    field->setAccessibleName(QString(title).remove(QLatin1Char('&')));
     const int row = form->rowCount();
     form->addWidget(label, row, 0);
     form->addWidget(field, row, 1, alignment);
@@ -129,11 +129,11 @@ QcLineEditFrame *SettingsDialog::AddLine(QGridLayout *form, const QString &title
 
 void SettingsDialog::MakeUserPage()
 {
-    QGridLayout *form = AddPage(tr("User"));
-    m_name = AddLine(form, tr("Name"));
+    QGridLayout *form = AddPage(tr("&User"));
+    m_name = AddLine(form, tr("&Name"));
     Require(m_name, tr("Enter a name"), [](const QString &text) { return !text.trimmed().isEmpty(); });
 
-    m_mail = AddLine(form, tr("E-mail"));
+    m_mail = AddLine(form, tr("&E-mail"));
     m_mail->setPlaceholderText(tr("None"));
     Require(m_mail, tr("An address looks like anna@example.org"), [](const QString &text) {
         static const QRegularExpression address(QStringLiteral("^[^@\\s]+@[^@\\s]+$"));
@@ -144,15 +144,15 @@ void SettingsDialog::MakeUserPage()
     m_language->addItem(tr("English"), QStringLiteral("en"));
     m_language->addItem(tr("French"), QStringLiteral("fr"));
     m_language->addItem(tr("German"), QStringLiteral("de"));
-    AddField(form, tr("Language"), m_language);
+    AddField(form, tr("L&anguage"), m_language);
 
     auto *look = new QWidget;
     auto *looks = new QHBoxLayout(look);
     looks->setContentsMargins(0, 0, 0, 0);
     m_light = new QcRadioButton;
-    m_light->setText(tr("Light"));
+    m_light->setText(tr("&Light"));
     m_dark = new QcRadioButton;
-    m_dark->setText(tr("Dark"));
+    m_dark->setText(tr("&Dark"));
     looks->addWidget(m_light);
     looks->addWidget(m_dark);
     looks->addStretch();
@@ -161,44 +161,44 @@ void SettingsDialog::MakeUserPage()
     m_remarks = new QcTextEditFrame;
     m_remarks->setMaxLength(kLongestRemarks);
     m_remarks->getTextEdit()->setTabChangesFocus(true);
-    form->setAlignment(AddField(form, tr("Remarks"), m_remarks), Qt::AlignTop);
+    form->setAlignment(AddField(form, tr("&Remarks"), m_remarks), Qt::AlignTop);
 }
 
 void SettingsDialog::MakeStoragePage()
 {
-    QGridLayout *form = AddPage(tr("Storage"));
-    m_folder = AddLine(form, tr("Folder"));
+    QGridLayout *form = AddPage(tr("S&torage"));
+    m_folder = AddLine(form, tr("&Folder"));
     m_folder->setPlaceholderText(tr("None"));
     Require(m_folder, tr("There is no such folder"), [](const QString &text) { return text.isEmpty() || QDir(text).exists(); });
 
-    m_timeout = AddLine(form, tr("Time-out"));
+    m_timeout = AddLine(form, tr("Ti&me-out"));
     m_timeout->setUnit(tr("s"));
     m_timeout->setValidator(1, 600, 0); // puts wrong numbers right by itself
 
     m_keepDays = new QcSpinBox;
     m_keepDays->setRange(1, 365);
     m_keepDays->setSuffix(tr(" days"));
-    AddField(form, tr("Keep"), m_keepDays);
+    AddField(form, tr("&Keep"), m_keepDays);
 
     m_limit = new QcDoubleSpinBox;
     m_limit->bSetBorder(true);
     m_limit->setRange(0.5, 100);
     m_limit->setSingleStep(0.5);
     m_limit->setSuffix(tr(" GB"));
-    AddField(form, tr("At most"), m_limit);
+    AddField(form, tr("&At most"), m_limit);
 
     m_autoSave = new QcSwitchButton;
-    AddField(form, tr("Save by itself"), m_autoSave, Qt::AlignLeft | Qt::AlignVCenter);
+    AddField(form, tr("Save &by itself"), m_autoSave, Qt::AlignLeft | Qt::AlignVCenter);
     form->setRowStretch(form->rowCount(), 1);
 }
 
 void SettingsDialog::MakeNoticesPage()
 {
-    QGridLayout *form = AddPage(tr("Notices"));
+    QGridLayout *form = AddPage(tr("Not&ices"));
     m_tellErrors = new QcCheckBox;
-    m_tellErrors->setText(tr("Errors"));
+    m_tellErrors->setText(tr("&Errors"));
     m_tellUpdates = new QcCheckBox;
-    m_tellUpdates->setText(tr("Updates"));
+    m_tellUpdates->setText(tr("U&pdates"));
     auto *kinds = new QWidget;
     auto *column = new QVBoxLayout(kinds);
     column->setContentsMargins(0, 5, 0, 0);
@@ -207,10 +207,10 @@ void SettingsDialog::MakeNoticesPage()
     form->setAlignment(AddField(form, tr("Tell me of"), kinds), Qt::AlignTop);
 
     m_sound = new QcSwitchButton;
-    AddField(form, tr("Sound"), m_sound, Qt::AlignLeft | Qt::AlignVCenter);
+    AddField(form, tr("Soun&d"), m_sound, Qt::AlignLeft | Qt::AlignVCenter);
     m_volume = new QCSlider;
     m_volume->setRange(0, 100);
-    AddField(form, tr("Volume"), m_volume);
+    AddField(form, tr("&Volume"), m_volume);
     form->setRowStretch(form->rowCount(), 1);
     connect(m_sound, &QAbstractButton::toggled, m_volume, &QWidget::setEnabled);
 }

@@ -78,6 +78,7 @@ void Editor::closeEvent(QCloseEvent *event)
 
 void Editor::ShowTitle()
 {
-    const QString name = QFileInfo(m_path).fileName();
+    // In the title of a panel a single & marks a key.
+    const QString name = QFileInfo(m_path).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
     setWindowTitle(document()->isModified() ? name + QLatin1Char('*') : name);
 }

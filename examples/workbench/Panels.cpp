@@ -170,10 +170,10 @@ PropertiesPanel::PropertiesPanel(QWidget *parent)
     setBackgroundColorParams(QStringLiteral("bg/bg_primary"));
     m_fontSize->setRange(6, 40);
     m_fontSize->setFixedHeight(32);
-    m_wrap->setText(tr("Wrap lines"));
+    m_wrap->setText(tr("Wra&p lines"));
     auto *label = new QcLabel;
     label->setType(QcLabel::Body);
-    label->setText(tr("Font size"));
+    label->setText(tr("Font si&ze"));
     label->setBuddy(m_fontSize);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);

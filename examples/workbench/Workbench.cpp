@@ -140,10 +140,10 @@ QWidget *Workbench::MakeToolRow()
         connect(button, &QAbstractButton::clicked, this, slot);
         layout->addWidget(button);
     };
-    add(tr("Save layout"), QStringLiteral("saveLayout"), &Workbench::SaveLayout);
-    add(tr("Load layout"), QStringLiteral("loadLayout"), &Workbench::LoadLayout);
-    add(tr("Reset layout"), QStringLiteral("resetLayout"), &Workbench::ResetLayout);
-    add(tr("Second window"), QStringLiteral("secondWindow"), &Workbench::ShowSecondWindow);
+    add(tr("&Save layout"), QStringLiteral("saveLayout"), &Workbench::SaveLayout);
+    add(tr("&Load layout"), QStringLiteral("loadLayout"), &Workbench::LoadLayout);
+    add(tr("&Reset layout"), QStringLiteral("resetLayout"), &Workbench::ResetLayout);
+    add(tr("Second &window"), QStringLiteral("secondWindow"), &Workbench::ShowSecondWindow);
     layout->addStretch();
     m_darkSwitch = new QcSwitchButton;
     m_darkSwitch->setObjectName(QStringLiteral("dark"));
@@ -151,7 +151,7 @@ QWidget *Workbench::MakeToolRow()
     m_darkSwitch->setAccessibleName(tr("Dark"));
     auto *label = new QcLabel;
     label->setType(QcLabel::Body);
-    label->setText(tr("Dark"));
+    label->setText(tr("&Dark"));
     label->setBuddy(m_darkSwitch);
     layout->addWidget(label);
     layout->addWidget(m_darkSwitch);

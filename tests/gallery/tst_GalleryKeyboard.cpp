@@ -1,14 +1,21 @@
 #include "gallery/GalleryTestCase.h"
+#include "support/Cues.h"
 #include "support/TestMain.h"
 
 #include "GalleryWindow.h"
 #include "Page.h"
 
+#include <Velmora/QcSwitchButton.h>
+
 #include <QAbstractButton>
 #include <QApplication>
+#include <QKeySequence>
+#include <QLabel>
 #include <QSet>
 #include <QTableWidget>
 #include <QWindow>
+
+#include <algorithm>
 
 using namespace Gallery;
 using namespace VelmoraTest;
@@ -24,6 +31,15 @@ bool IsSpecimen(const QWidget *widget)
             return true;
     }
     return false;
+}
+
+/// The key that a text of \a widget names.
+QString KeyOf(const QWidget &widget)
+{
+    if (const auto *button = qobject_cast<const QAbstractButton *>(&widget))
+        return QKeySequence::mnemonic(button->text()).toString();
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    return label && label->buddy() ? QKeySequence::mnemonic(label->text()).toString() : QString();
 }
 
 QString Describe(const QWidget *widget)
@@ -80,6 +96,45 @@ private Q_SLOTS:
             const bool isOpen = widget->isVisibleTo(&window) && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
             QVERIFY2(!isOpen || widget->focusProxy() || visited.contains(widget), qPrintable(Describe(widget)));
         }
+    }
+
+    void no_key_is_given_twice_on_a_page()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        int given = 0;
+        const QVector<PageInfo> pages = Pages();
+        for (const PageInfo &page : pages) {
+            QVERIFY(window.ShowPage(page.id));
+            QSet<QString> keys;
+            const QList<QWidget *> widgets = window.findChildren<QWidget *>();
+            for (const QWidget *widget : widgets) {
+                const QString key = KeyOf(*widget);
+                if (key.isEmpty() || !widget->isVisibleTo(&window) || !widget->isEnabled())
+                    continue;
+                QVERIFY2(!keys.contains(key), qPrintable(page.id + QLatin1Char(' ') + key));
+                keys.insert(key);
+            }
+            given += keys.size();
+        }
+        QVERIFY(given > 20);
+    }
+
+    void a_marked_letter_of_a_label_operates_what_it_names()
+    {
+        const Cues cues;
+        GalleryWindow window(Gallery::Table::Light);
+        QVERIFY(window.ShowPage(QStringLiteral("checkables")));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const QList<Velmora::QcSwitchButton *> switches = window.findChildren<Velmora::QcSwitchButton *>();
+        const auto isOn = [&] {
+            return std::any_of(switches.begin(), switches.end(), [](auto *one) { return one->isChecked() && !IsSpecimen(one); });
+        };
+        QVERIFY(!isOn());
+        QTest::keyClick(window.windowHandle(), Qt::Key_S, Qt::AltModifier);
+        QTRY_VERIFY(isOn());
     }
 
     void arrows_choose_a_segment()

@@ -60,14 +60,15 @@ public:
 private:
     void AddLive()
     {
-        Card *card = AddSection(QStringLiteral("Live"), QStringLiteral("Space toggles, arrows move among radio buttons."));
+        Card *card = AddSection(QStringLiteral("Live"),
+                                QStringLiteral("Space toggles, and so does Alt with a letter; arrows move among radio buttons."));
         QHBoxLayout *boxes = card->AddRow(3 * kGrid);
         auto *all = new QcCheckBox;
-        all->setText(QStringLiteral("All of them"));
+        all->setText(QStringLiteral("&All of them"));
         all->setTristate();
         boxes->addWidget(all);
         QVector<QcCheckBox *> parts;
-        for (const char *name : {"Rulers", "Grid", "Guides"}) {
+        for (const char *name : {"&Rulers", "&Grid", "G&uides"}) {
             auto *part = new QcCheckBox;
             part->setText(QLatin1String(name));
             boxes->addWidget(part);
@@ -95,14 +96,14 @@ private:
         auto *choices = new QHBoxLayout(group);
         choices->setContentsMargins(0, 0, 0, 0);
         choices->setSpacing(3 * kGrid);
-        for (const char *name : {"Left", "Centre", "Right"}) {
+        for (const char *name : {"&Left", "&Centre", "R&ight"}) {
             auto *choice = new QcRadioButton;
             choice->setText(QLatin1String(name));
             choice->setChecked(choices->isEmpty());
             choices->addWidget(choice);
         }
         auto *triggered = new QcRadioButton;
-        triggered->setText(QStringLiteral("Justified"));
+        triggered->setText(QStringLiteral("&Justified"));
         choices->addWidget(triggered);
         QcLabel *trigger = MakeLabel(QStringLiteral("(or click here)"), QcLabel::Hint);
         triggered->setTriggerWidget(trigger);
@@ -114,7 +115,9 @@ private:
         auto *toggle = new QcSwitchButton;
         toggle->setAccessibleName(QStringLiteral("Snap to grid"));
         row->addWidget(toggle);
-        row->addWidget(MakeLabel(QStringLiteral("Snap to grid"), QcLabel::Body));
+        QcLabel *name = MakeLabel(QStringLiteral("&Snap to grid"), QcLabel::Body);
+        name->setBuddy(toggle);
+        row->addWidget(name);
         row->addStretch();
 
         QHBoxLayout *longTexts = card->AddRow(3 * kGrid);

@@ -85,7 +85,7 @@ private:
         AddNumber(QStringLiteral("Temperature"), QStringLiteral("\u00B0C"), -30, 30, 1, -18);
 
         auto *book = new Velmora::QcPrimaryButton;
-        book->setText(QStringLiteral("Book"));
+        book->setText(QStringLiteral("&Book"));
         book->setObjectName(QStringLiteral("bookContainer"));
         book->setHorizontalMargin(3 * kGrid);
         connect(book, &QAbstractButton::clicked, this, &LineEditsPage::Book);
@@ -135,8 +135,9 @@ private:
         field->setFixedWidth(kFieldWidth);
         field->setAccessibleName(name);
         field->setPlaceholderText(placeholder);
-        QcLabel *label = MakeLabel(name, QcLabel::Body);
+        QcLabel *label = MakeLabel(QLatin1Char('&') + name, QcLabel::Body);
         label->setFixedWidth(kLabelWidth);
+        label->setBuddy(field);
         const int row = m_form->rowCount();
         m_form->addWidget(label, row, 0);
         m_form->addWidget(field, row, 1);

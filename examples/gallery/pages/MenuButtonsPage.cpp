@@ -63,35 +63,36 @@ private:
             else
                 menu->addAction(entry);
         }
-        connect(menu, &QMenu::triggered, status, [status](const QAction *action) { status->setText(action->text()); });
+        connect(menu, &QMenu::triggered, status, [status](const QAction *action) { status->setText(action->iconText()); });
         return menu;
     }
 
     void AddMenuBar()
     {
-        Card *card = AddSection(QStringLiteral("A row of menus"),
-                                QStringLiteral("Space opens a menu, arrows move in it, Enter chooses, Escape closes."));
+        Card *card = AddSection(
+            QStringLiteral("A row of menus"),
+            QStringLiteral("Space opens a menu, and so does Alt with its letter; arrows move in it, Enter chooses, Escape closes."));
         QcLabel *status = MakeLabel(QStringLiteral("Nothing chosen yet"), QcLabel::BodySecondary);
         QHBoxLayout *row = card->AddRow(kGrid / 2);
         const auto add = [&](const QString &text, const QStringList &entries) {
             QcMenuTextButton *button = MakeText(text);
-            button->setObjectName(QStringLiteral("menu-") + text.toLower());
+            button->setObjectName(QStringLiteral("menu-") + text.toLower().remove(QLatin1Char('&')));
             button->setMenu(MakeTelling(entries, status));
             row->addWidget(button);
             return button;
         };
-        add(QStringLiteral("File"),
-            {QStringLiteral("New"), QStringLiteral("Open"), QString(), QStringLiteral("Save"), QStringLiteral("Save as")});
-        add(QStringLiteral("Edit"), {QStringLiteral("Undo"), QStringLiteral("Redo"), QString(), QStringLiteral("Select all")});
-        QMenu *view = add(QStringLiteral("View"), {QStringLiteral("Zoom in"), QStringLiteral("Zoom out"), QString()})->menu();
-        auto *panels = new QcMenu(QStringLiteral("Panels"), view);
+        add(QStringLiteral("&File"),
+            {QStringLiteral("&New"), QStringLiteral("&Open"), QString(), QStringLiteral("&Save"), QStringLiteral("Save &as")});
+        add(QStringLiteral("&Edit"), {QStringLiteral("&Undo"), QStringLiteral("&Redo"), QString(), QStringLiteral("Select &all")});
+        QMenu *view = add(QStringLiteral("&View"), {QStringLiteral("Zoom &in"), QStringLiteral("Zoom &out"), QString()})->menu();
+        auto *panels = new QcMenu(QStringLiteral("&Panels"), view);
         view->addMenu(panels);
-        for (const char *name : {"Layers", "History", "Properties"}) {
+        for (const char *name : {"&Layers", "&History", "&Properties"}) {
             QAction *action = panels->addAction(QLatin1String(name));
             action->setCheckable(true);
             action->setChecked(panels->actions().size() == 1);
         }
-        QcMenuTextButton *help = add(QStringLiteral("Help"), {QStringLiteral("Contents")});
+        QcMenuTextButton *help = add(QStringLiteral("&Help"), {QStringLiteral("&Contents")});
         help->setEnabled(false);
         row->addSpacing(2 * kGrid);
         row->addWidget(status);

@@ -35,23 +35,23 @@ QcAction *AddAction(QcMenu *menu, const char *text, const char *icon, const QKey
 
 QcMenu *MakeIcons(QWidget *parent)
 {
-    auto *menu = new QcMenu(QStringLiteral("Icons and shortcuts"), parent);
-    AddAction(menu, "Undo", "undo", QKeySequence::Undo);
-    AddAction(menu, "Redo", "redo", QKeySequence::Redo)->setEnabled(false);
+    auto *menu = new QcMenu(QStringLiteral("&Icons and shortcuts"), parent);
+    AddAction(menu, "&Undo", "undo", QKeySequence::Undo);
+    AddAction(menu, "&Redo", "redo", QKeySequence::Redo)->setEnabled(false);
     menu->addSeparator();
-    AddAction(menu, "Copy", "copy", QKeySequence::Copy);
-    AddAction(menu, "Paste", "paste", QKeySequence::Paste)->SetIconColor(QStringLiteral("brand/brand"));
-    AddAction(menu, "Paste without its colours", nullptr);
+    AddAction(menu, "&Copy", "copy", QKeySequence::Copy);
+    AddAction(menu, "&Paste", "paste", QKeySequence::Paste)->SetIconColor(QStringLiteral("brand/brand"));
+    AddAction(menu, "Paste &without its colours", nullptr);
     return menu;
 }
 
 QcMenu *MakeTicks(QWidget *parent)
 {
-    auto *menu = new QcMenu(QStringLiteral("Ticks"), parent);
-    for (const char *name : {"Rulers", "Grid", "Guides", "Status bar"}) {
+    auto *menu = new QcMenu(QStringLiteral("&Ticks"), parent);
+    for (const char *name : {"&Rulers", "&Grid", "G&uides", "&Status bar"}) {
         QcAction *action = menu->addQcAction(QLatin1String(name));
         action->setCheckable(true);
-        action->setChecked(*name == 'G');
+        action->setChecked(QLatin1String(name).contains(QLatin1Char('G')));
     }
     menu->actions().last()->setEnabled(false);
     return menu;
@@ -59,27 +59,28 @@ QcMenu *MakeTicks(QWidget *parent)
 
 QcMenu *MakeSubmenus(QWidget *parent)
 {
-    auto *menu = new QcMenu(QStringLiteral("Submenus"), parent);
-    auto *align = new QcMenu(QStringLiteral("Align"), menu);
+    auto *menu = new QcMenu(QStringLiteral("&Submenus"), parent);
+    auto *align = new QcMenu(QStringLiteral("&Align"), menu);
     align->SetIconPath(IconPath("align_left"));
     for (const char *name : {"align_left", "align_center", "align_right"}) {
         QString text = QLatin1String(name + 6);
         text[0] = text.at(0).toUpper();
+        text.prepend(QLatin1Char('&'));
         AddAction(align, qPrintable(text), name);
     }
     menu->addQcMenu(align);
-    auto *text = new QcMenu(QStringLiteral("Text"), menu);
-    AddAction(text, "Bold", "bold");
-    AddAction(text, "Italic", "italic");
-    text->addQcMenu(MakeTicks(text))->setText(QStringLiteral("Show"));
+    auto *text = new QcMenu(QStringLiteral("&Text"), menu);
+    AddAction(text, "&Bold", "bold");
+    AddAction(text, "&Italic", "italic");
+    text->addQcMenu(MakeTicks(text))->setText(QStringLiteral("&Show"));
     menu->addQcMenu(text)->SetIconPath(IconPath("bold"));
-    AddAction(menu, "Properties", nullptr);
+    AddAction(menu, "&Properties", nullptr);
     return menu;
 }
 
 QcMenu *MakeLongLabels(QWidget *parent)
 {
-    auto *menu = new QcMenu(QStringLiteral("Long labels"), parent);
+    auto *menu = new QcMenu(QStringLiteral("&Long labels"), parent);
     AddAction(menu, "Short", nullptr);
     AddAction(menu, "A label of more words than a menu ever has room for", nullptr);
     AddAction(menu, "One with a shortcut, which is never cut off", nullptr, Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
@@ -91,7 +92,7 @@ QcMenu *MakeLongLabels(QWidget *parent)
 
 QcMenu *MakeSixty(QWidget *parent)
 {
-    auto *menu = new QcMenu(QStringLiteral("Sixty items"), parent);
+    auto *menu = new QcMenu(QStringLiteral("Si&xty items"), parent);
     for (int i = 1; i <= 60; ++i)
         menu->addQcAction(QStringLiteral("Item %1").arg(i));
     return menu;
@@ -99,7 +100,7 @@ QcMenu *MakeSixty(QWidget *parent)
 
 QcMenu *MakeRightToLeft(QWidget *parent)
 {
-    auto *menu = new QcMenu(QStringLiteral("Right to left"), parent);
+    auto *menu = new QcMenu(QStringLiteral("&Right to left"), parent);
     menu->setLayoutDirection(Qt::RightToLeft);
     QcAction *copy = AddAction(menu, "", "copy", QKeySequence::Copy);
     copy->setText(QStringLiteral("\u0646\u0633\u062e"));
@@ -220,7 +221,7 @@ private:
 
     void Tell(QMenu *menu)
     {
-        connect(menu, &QMenu::triggered, m_status, [this](const QAction *action) { m_status->setText(action->text()); });
+        connect(menu, &QMenu::triggered, m_status, [this](const QAction *action) { m_status->setText(action->iconText()); });
     }
 
     QcLabel *m_status = nullptr;

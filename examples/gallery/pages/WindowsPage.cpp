@@ -72,9 +72,9 @@ private:
                        QStringLiteral("Drag the title row with any mouse button. A double click there maximises a window, and does "
                                       "nothing to a dialog. Enter and Escape answer a dialog."));
         QHBoxLayout *row = card->AddRow(2 * kGrid);
-        auto *window = MakeAction<QcSecondaryButton>(QStringLiteral("Open a window"), QStringLiteral("openWindow"));
-        auto *dialog = MakeAction<QcSecondaryButton>(QStringLiteral("Open a dialog"), QStringLiteral("openDialog"));
-        auto *question = MakeAction<QcPrimaryButton>(QStringLiteral("Ask over a veil"), QStringLiteral("askOverVeil"));
+        auto *window = MakeAction<QcSecondaryButton>(QStringLiteral("Open a &window"), QStringLiteral("openWindow"));
+        auto *dialog = MakeAction<QcSecondaryButton>(QStringLiteral("Open a &dialog"), QStringLiteral("openDialog"));
+        auto *question = MakeAction<QcPrimaryButton>(QStringLiteral("Ask over a &veil"), QStringLiteral("askOverVeil"));
         m_answer = MakeElidingLabel(QStringLiteral("No answer yet"), QcLabel::BodySecondary);
         row->addWidget(window);
         row->addWidget(dialog);
@@ -117,8 +117,8 @@ private:
         dialog.setWindowTitle(QStringLiteral("Velmora question"));
         dialog.setTitle(QStringLiteral("Leave without saving?"));
         dialog.setBottomFrameVisible(true);
-        dialog.setOkButtonText(QStringLiteral("Leave"));
-        dialog.setCancelButtonText(QStringLiteral("Stay"));
+        dialog.setOkButtonText(QStringLiteral("&Leave"));
+        dialog.setCancelButtonText(QStringLiteral("&Stay"));
         dialog.resize(420, 240);
         FillContent(dialog.getContentFrame(), QStringLiteral("Three letters have changed"),
                     QStringLiteral("What was typed since the last save is lost."));

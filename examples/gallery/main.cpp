@@ -10,6 +10,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFont>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QStyleFactory>
 #include <QTextStream>
@@ -73,6 +74,40 @@ void SetUpLook()
     QApplication::setFont(font);
 }
 
+/// Prints which widget has the keyboard after each press of the Tab key, and where on the screen: "stop name class x y width height".
+class StopPrinter : public QObject
+{
+public:
+    explicit StopPrinter(QObject *parent)
+        : QObject(parent)
+    {
+        qApp->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool isRelease = watched->isWindowType() && event->type() == QEvent::KeyRelease;
+        const int key = isRelease ? static_cast<QKeyEvent *>(event)->key() : 0;
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
+            QMetaObject::invokeMethod(this, &StopPrinter::Print, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    void Print()
+    {
+        const QWidget *focus = QApplication::focusWidget();
+        if (!focus)
+            return;
+        const QPoint at = focus->mapToGlobal(QPoint());
+        const QString name = focus->objectName().isEmpty() ? QStringLiteral("-") : focus->objectName();
+        QTextStream(stdout) << "stop " << name << ' ' << focus->metaObject()->className() << ' ' << at.x() << ' ' << at.y() << ' '
+                            << focus->width() << ' ' << focus->height() << '\n'
+                            << Qt::flush;
+    }
+};
+
 int ShowWindow(Table table, const QString &page, bool printPositions)
 {
     GalleryWindow window(table);
@@ -85,6 +120,7 @@ int ShowWindow(Table table, const QString &page, bool printPositions)
             if (state == Qt::ApplicationActive)
                 QTextStream(stdout) << window.ControlPositions() << Qt::flush;
         });
+        new StopPrinter(&window);
     }
     return QApplication::exec();
 }
@@ -116,8 +152,9 @@ int main(int argc, char *argv[])
                                             QStringLiteral("Show the kit's texts in LANGUAGE (as in de or zh_CN) in place of the user's."),
                                             QStringLiteral("LANGUAGE"));
     const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Print the names of the pages."));
-    QCommandLineOption positionsOption(QStringLiteral("print-positions"),
-                                       QStringLiteral("Print where the named controls are in the window, each time it becomes active."));
+    QCommandLineOption positionsOption(
+        QStringLiteral("print-positions"),
+        QStringLiteral("Print where the named controls are in the window, each time it becomes active, and where Tab leads."));
     positionsOption.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({renderOption, pageOption, tableOption, languageOption, listOption, positionsOption});
     parser.process(app);

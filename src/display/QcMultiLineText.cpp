@@ -1,3 +1,4 @@
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/MultiLineTextElide.h>
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
@@ -276,9 +277,12 @@ void QcMultiLineText::paintEvent(QPaintEvent *event)
     QFrame::paintEvent(event);
     QPainter painter(this);
     m_paintContext.clip = QRectF(rect());
-    for (QAbstractTextDocumentLayout::Selection &link : m_paintContext.selections)
-        link.format = FocusFormat(this, m_paintContext.palette);
-    m_document->documentLayout()->draw(&painter, m_paintContext);
+    QAbstractTextDocumentLayout::PaintContext context = m_paintContext;
+    if (KeyboardCuesEnabled())
+        context.selections.clear(); // the ring marks the link
+    for (QAbstractTextDocumentLayout::Selection &link : context.selections)
+        link.format = FocusFormat(this, context.palette);
+    m_document->documentLayout()->draw(&painter, context);
 }
 
 void QcMultiLineText::resizeEvent(QResizeEvent *event)

@@ -7,11 +7,11 @@
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/QcStyleManager.h>
 
-#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScrollArea>
 
 #include <algorithm>
 #include <utility>
@@ -59,6 +59,16 @@ QRect RoomOf(const QWidget &control)
         room &= scrolls ? place : Grown(place, kReach);
     }
     return room;
+}
+
+/// Qt scrolls to what Tab reaches only when it came from within the same area.
+void ScrollIntoSight(QWidget &control)
+{
+    for (QWidget *outer = control.parentWidget(); outer; outer = outer->parentWidget()) {
+        auto *area = qobject_cast<QScrollArea *>(outer);
+        if (area && area->widget() && area->widget()->isAncestorOf(&control))
+            area->ensureWidgetVisible(&control, kReach, kReach);
+    }
 }
 
 /// Whether a press of \a key moves the focus, or within \a focus what has it.
@@ -214,6 +224,7 @@ void FocusRing::FollowReason(Qt::FocusReason reason)
     case Qt::BacktabFocusReason:
     case Qt::ShortcutFocusReason:
         m_isNavigating = true;
+        m_isArriving = true;
         break;
     case Qt::OtherFocusReason: // by the program, as an answer to what the user did last
         m_isNavigating = m_isNavigating || m_isKeyLast;
@@ -254,6 +265,8 @@ void FocusRing::Update()
         return;
     }
     Follow(control);
+    if (std::exchange(m_isArriving, false))
+        ScrollIntoSight(*control);
     QWidget *window = control->window();
     shape.rect.translate(control->mapTo(window, QPoint()));
     if (m_overlay && m_overlay->parentWidget() != window)

@@ -162,6 +162,13 @@ class Desktop:
                                 timeout=TIMEOUT, check=False)
         return "#" + result.stdout[:3].hex()
 
+    def picture(self, x, y, width, height):
+        """A part of the screen, as rows of red, green and blue."""
+        result = subprocess.run(["import", "-silent", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "rgb:-"],
+                                env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                timeout=TIMEOUT, check=True)
+        return [result.stdout[row * width * 3:(row + 1) * width * 3] for row in range(height)]
+
     # --- Acting ---
 
     def place(self, window, x, y, size=None):
@@ -261,6 +268,7 @@ class Program:
         self.log_name = f"gallery-{Program.count}.log"
         self.process = desktop.start([program, "--print-positions", *arguments], log=self.log_name, stdout=subprocess.PIPE)
         self.positions = {}
+        self.stops = [] # of the Tab key, in the order of its presses: name, class, and place on the screen
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
         self.window = wait_for(self._find_window, "the gallery's window")
@@ -275,6 +283,9 @@ class Program:
                 found = {}
                 continue
             name, *numbers = line.split()
+            if name == "stop":
+                self.stops.append((*numbers[:2], *(int(number) for number in numbers[2:])))
+                continue
             found[name] = tuple(int(number) for number in numbers)
 
     def _find_window(self):

@@ -483,6 +483,28 @@ private Q_SLOTS:
         QVERIFY(RingIn(*m_stage));
     }
 
+    void what_tab_reaches_out_of_sight_scrolls_into_sight_with_its_ring()
+    {
+        QScrollArea area(m_stage.get());
+        area.setFocusPolicy(Qt::NoFocus);
+        area.setGeometry(200, 40, 180, 100);
+        auto *page = new QWidget;
+        page->resize(100, 900);
+        auto *button = m_stage->Add<QcButton>(QRect(20, 700, 60, 24), page);
+        area.setWidget(page);
+        QVERIFY(m_stage->Begin());
+        QWidget::setTabOrder(m_second, button);
+        m_second->setFocus();
+        m_stage->Press(Qt::Key_Tab); // from outside of the area
+        QVERIFY(button->hasFocus());
+        const QRect ring = RingIn(*m_stage)->geometry();
+        QVERIFY(area.geometry().contains(ring.adjusted(1, 1, -1, -1)));
+        QCOMPARE(ring.size(), button->size() + QSize(8, 8)); // around it
+        area.verticalScrollBar()->setValue(0);
+        QVERIFY(!RingIn(*m_stage)); // and the user scrolls where he likes
+        QCOMPARE(area.verticalScrollBar()->value(), 0);
+    }
+
     void it_stays_above_what_comes_over_it()
     {
         Arrive();

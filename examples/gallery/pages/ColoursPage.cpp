@@ -49,7 +49,7 @@ protected:
     void paintEvent(QPaintEvent * /*event*/) override
     {
         QPainter painter(this);
-        const bool marked = underMouse() || hasFocus();
+        const bool marked = underMouse();
         if (m_shape == Tile)
             PaintTile(painter, marked);
         else

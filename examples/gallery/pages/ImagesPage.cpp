@@ -134,7 +134,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         PaintColor(painter, QRectF(rect()).adjusted(4, 4, -4, -4), 8, TokenColor(m_token));
-        if (!isChecked() && !hasFocus())
+        if (!isChecked())
             return;
         painter.setPen(QPen(TokenColor(QStringLiteral("others/focus")), 2.0));
         painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));

@@ -46,16 +46,21 @@ void FillBand(QPainter &painter, const QRectF &outer, qreal radius, qreal width,
     painter.fillPath(band, TokenColor(code));
 }
 
-/// The part of its window in which a ring of \a control can be seen. What lies close around it, as a row of a layout does, leaves room
-/// for the ring; what scrolls does not.
-QRect RoomOf(const QWidget &control)
+/// On what a ring of \a control is painted: its window, or what of that is a window to the window system, which would cover the ring.
+QWidget *GroundOf(QWidget &control)
 {
-    const QWidget *window = control.window();
-    QRect room = window->rect();
-    for (const QWidget *outer = control.parentWidget(); outer && outer != window; outer = outer->parentWidget()) {
+    return control.isWindow() ? &control : control.nativeParentWidget();
+}
+
+/// The part of \a ground in which a ring of \a control can be seen. What lies close around it, as a row of a layout does, leaves room
+/// for the ring; what scrolls does not.
+QRect RoomOf(const QWidget &control, const QWidget *ground)
+{
+    QRect room = ground->rect();
+    for (const QWidget *outer = control.parentWidget(); outer && outer != ground; outer = outer->parentWidget()) {
         const auto *area = qobject_cast<const QAbstractScrollArea *>(outer->parentWidget());
         const bool scrolls = area && area->viewport() == outer;
-        const QRect place(outer->mapTo(window, QPoint()), outer->size());
+        const QRect place(outer->mapTo(ground, QPoint()), outer->size());
         room &= scrolls ? place : Grown(place, kReach);
     }
     return room;
@@ -92,8 +97,8 @@ bool Navigates(int key, const QWidget *focus)
 
 // --- The ring ---
 
-FocusRingOverlay::FocusRingOverlay(QWidget &window)
-    : QFocusFrame(&window)
+FocusRingOverlay::FocusRingOverlay(QWidget &ground)
+    : QFocusFrame(&ground)
 {
     connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, this, QOverload<>::of(&QWidget::update));
 }
@@ -267,13 +272,13 @@ void FocusRing::Update()
     Follow(control);
     if (std::exchange(m_isArriving, false))
         ScrollIntoSight(*control);
-    QWidget *window = control->window();
-    shape.rect.translate(control->mapTo(window, QPoint()));
-    if (m_overlay && m_overlay->parentWidget() != window)
+    QWidget *ground = GroundOf(*control);
+    shape.rect.translate(control->mapTo(ground, QPoint()));
+    if (m_overlay && m_overlay->parentWidget() != ground)
         delete m_overlay;
     if (!m_overlay)
-        m_overlay = new FocusRingOverlay(*window);
-    m_overlay->Surround(shape, RoomOf(*control));
+        m_overlay = new FocusRingOverlay(*ground);
+    m_overlay->Surround(shape, RoomOf(*control, ground));
 }
 
 void FocusRing::Hide()

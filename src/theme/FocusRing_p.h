@@ -20,9 +20,9 @@ class FocusRingOverlay : public QFocusFrame
     Q_OBJECT
 
 public:
-    explicit FocusRingOverlay(QWidget &window);
+    explicit FocusRingOverlay(QWidget &ground);
 
-    /// Goes round \a shape, given in the window's coordinates, as far as it lies in \a room.
+    /// Goes round \a shape, given in the ground's coordinates, as far as it lies in \a room.
     void Surround(const FocusShape &shape, const QRect &room);
 
 protected:
@@ -31,7 +31,7 @@ protected:
 private:
     void Rise();
 
-    QRect m_rect; // in the window
+    QRect m_rect; // on the ground
     int m_radius = 0;
     bool m_isWithin = false;
 };

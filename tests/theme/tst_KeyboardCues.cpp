@@ -505,6 +505,19 @@ private Q_SLOTS:
         QCOMPARE(area.verticalScrollBar()->value(), 0);
     }
 
+    void what_the_window_system_knows_as_a_window_has_its_ring_on_itself()
+    {
+        auto *page = m_stage->Add<QWidget>(QRect(180, 0, 200, 200));
+        auto *button = m_stage->Add<QcButton>(kPlace, page);
+        QVERIFY(m_stage->Begin());
+        page->setAttribute(Qt::WA_NativeWindow); // it would cover a ring that the stage paints
+        button->setFocus(Qt::TabFocusReason);
+        const QFocusFrame *ring = RingIn(*m_stage);
+        QVERIFY(ring);
+        QCOMPARE(ring->parentWidget(), page);
+        QVERIFY(ring->geometry().contains(kPlace));
+    }
+
     void it_stays_above_what_comes_over_it()
     {
         Arrive();

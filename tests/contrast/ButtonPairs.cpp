@@ -120,6 +120,9 @@ constexpr Maker kMakers[] = {
     {"QcMenuTextButton", TablesOfNew<QcMenuTextButton>},   {"QcMenuToolButton", TablesOfNew<QcMenuToolButton>},
 };
 
+/// A button's border is centred on its edge, where half of it is clipped.
+constexpr double kBorderCoverage = 0.5;
+
 constexpr int kEnabled = QStyle::State_Enabled;
 constexpr int kChecked = QStyle::State_Selected;
 
@@ -172,12 +175,12 @@ void AddState(Looks &looks, const QString &control, const Tables &tables, const 
     const Kind graphic = isEnabled ? Kind::Graphic : Kind::DisabledGraphic;
     const QStringList grounds = GroundsOf(tables, state);
     const QString name = QString::fromLatin1(named.name);
-    const auto add = [&](const char *part, Kind kind, const QString &code, const QStringList &below) {
+    const auto add = [&](const char *part, Kind kind, const QString &code, const QStringList &below, double coverage = 1.0) {
         if (Paints(code))
-            looks.pairs.append({control, QStringLiteral("%1, %2").arg(QLatin1String(part), name), kind, code, below});
+            looks.pairs.append({control, QStringLiteral("%1, %2").arg(QLatin1String(part), name), kind, code, below, coverage});
     };
     add("text", KindOfText(tables.text.value(state), isEnabled), tables.text.value(state), grounds);
-    add("border", graphic, tables.border.value(state), QStringList(QStringLiteral("*")));
+    add("border", graphic, tables.border.value(state), QStringList(QStringLiteral("*")), kBorderCoverage);
     for (const Icons &icons : tables.icons) {
         const ImageParams icon = icons.value(state);
         add("icon", graphic, TextOf(icon.color), grounds);
@@ -187,7 +190,7 @@ void AddState(Looks &looks, const QString &control, const Tables &tables, const 
 }
 
 /// In the tables of one part: wherever two of the looks are to be told apart by it.
-void AddChanges(Looks &looks, const QString &control, const char *part, const Codes &codes, bool isGround)
+void AddChanges(Looks &looks, const QString &control, const char *part, const Codes &codes, bool isGround, double coverage = 1.0)
 {
     constexpr std::array<std::array<int, 2>, 4> kSteps = {{{1, 2}, {2, 3}, {1, 3}, {1, 5}}}; // normal to hovered to pressed; to checked
     for (const auto &step : kSteps) {
@@ -196,9 +199,8 @@ void AddChanges(Looks &looks, const QString &control, const char *part, const Co
         const QString before = codes.value(QStyle::State(QFlag(from.state)));
         const QString after = codes.value(QStyle::State(QFlag(to.state)));
         if (before != after && (Paints(after) || isGround))
-            looks.changes.append(
-                {control, QStringLiteral("%1, %2 and %3").arg(QLatin1String(part), QLatin1String(from.name), QLatin1String(to.name)),
-                 before, after, QStringList(QStringLiteral("*"))});
+            looks.changes.append({control, QStringLiteral("%1 and %2").arg(QLatin1String(from.name), QLatin1String(to.name)),
+                                  QString::fromLatin1(part), before, after, QStringList(QStringLiteral("*")), coverage});
     }
 }
 
@@ -213,7 +215,7 @@ Looks ButtonLooks()
         for (const NamedState &state : kStates)
             AddState(looks, control, tables, state);
         AddChanges(looks, control, "background", tables.background, true);
-        AddChanges(looks, control, "border", tables.border, false);
+        AddChanges(looks, control, "border", tables.border, false, kBorderCoverage);
         AddChanges(looks, control, "text", tables.text, false);
     }
     return looks;

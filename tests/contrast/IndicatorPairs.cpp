@@ -61,8 +61,10 @@ Looks IndicatorLooks(const QString &sources)
                 const Row colors = {CodeIn(cells.captured(1)), CodeIn(cells.captured(2)), CodeIn(cells.captured(3))};
                 AddRow(looks, control, QStringLiteral("%1, %2").arg(match.captured(1), QLatin1String(kStates[state])), colors, state > 0);
                 if (state > 1 && fillBefore != colors.fill)
-                    looks.changes.append({control, QStringLiteral("%1, %2").arg(match.captured(1), QLatin1String(kStates[state])),
-                                          fillBefore, colors.fill, QStringList(QStringLiteral("*"))});
+                    looks.changes.append({control,
+                                          QStringLiteral("%1, %2 and %3")
+                                              .arg(match.captured(1), QLatin1String(kStates[state - 1]), QLatin1String(kStates[state])),
+                                          QStringLiteral("fill"), fillBefore, colors.fill, QStringList(QStringLiteral("*"))});
                 fillBefore = colors.fill;
             }
         }

@@ -11,17 +11,19 @@ double Contrast(const QColor &one, const QColor &other);
 /// \a color as it is seen on the opaque \a ground.
 QColor Over(const QColor &color, const QColor &ground);
 
-/// In the active table, on the surface on which it is least: what a pair has, and what a change makes.
+/// In the active table, on the surface on which it is least.
 double ContrastOf(const Pair &pair);
 double ContrastOf(const Change &change);
+/// Whether a user tells the two apart: they differ in brightness, or as much in hue.
+bool IsSeen(const Change &change);
 
 /// The name of a built-in table's file, without folder and ending: "blue_light".
 QStringList TableNames();
 /// Makes it the active table.
 void UseTableNamed(const QString &name);
 
-/// What a pair must have in a table: what its kind must, but for the few that have a colour that no table decides.
-double WantedOf(const Pair &pair, const QString &table);
+/// What a pair must have in the tables of high contrast: what its kind must, or less if it is excused.
+double WantedOf(const Pair &pair);
 
 /// For each control the least contrast of its texts, and of its other parts, in each table: the rows of a page.
 QString ContrastPage(const Looks &looks);

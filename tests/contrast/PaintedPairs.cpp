@@ -14,7 +14,11 @@ struct Row
     Kind kind;
     const char *code;
     std::initializer_list<const char *> grounds;
+    double coverage = 1.0;
 };
+
+/// Of a line between two pixels.
+constexpr double kHalf = 0.5;
 
 constexpr const char *kHover = "bg/bg_transluent_subtle_hover";
 constexpr const char *kPress = "bg/bg_transluent_strong_press";
@@ -25,6 +29,10 @@ constexpr const char *kVeil = "overlay/overlay_primary";
 constexpr const char *kGuide = "docs/tokens.md";
 
 const Row kRows[] = {
+    // --- Theme ---
+    {"src/theme/FocusRing.cpp", "ring", Kind::Graphic, "others/focus", {"*"}},
+    {"src/theme/FocusRing.cpp", "ring of a filled button", Kind::Graphic, "others/focus", {"brand/brand"}},
+    {"src/theme/FocusRing.cpp", "line in a ring that lies within", Kind::Graphic, "bg/bg_box", {"others/focus"}},
     // --- Display ---
     {"src/display/QcArrowTip.cpp", "text, unless told otherwise", Kind::Body, "text/text_primary", {kBubble}},
     {"src/display/TipInfo.h", "text, unless told otherwise", Kind::Body, "text/text_primary", {kBubble}},
@@ -54,15 +62,15 @@ const Row kRows[] = {
     {"src/inputs/QcSelectorViewItemDelegate.cpp", "text of a row, hovered", Kind::Body, "text/text_primary", {"bg/bg_float", kHover}},
     {"src/inputs/QCSlider.cpp", "groove", Kind::Graphic, "border/border_secondary", {"*"}},
     {"src/inputs/QCSlider.cpp", "groove, disabled", Kind::DisabledGraphic, "border/border_secondary_disabled", {"*"}},
-    {"src/inputs/QCSlider.cpp", "filled part of the groove", Kind::Graphic, "brand/brand", {"border/border_secondary"}},
     {"src/inputs/QCSlider.cpp", "handle, disabled", Kind::DisabledGraphic, "brand/brand_disable", {"*"}},
     {"src/inputs/QCSlider.cpp", "handle", Kind::Graphic, "brand/brand", {"*"}},
     {"src/inputs/QCSlider.cpp", "handle, hovered", Kind::Graphic, "brand/brand_hover", {"*"}},
     {"src/inputs/QCSlider.cpp", "handle, pressed", Kind::Graphic, "brand/brand_press", {"*"}},
     {"src/inputs/QCSlider.cpp", "ring of the handle", Kind::Graphic, "border/border_normal", {"*"}},
+    {"src/inputs/QCSlider.cpp", "handle in its ring", Kind::Graphic, "brand/brand", {"border/border_normal"}},
     {"src/inputs/QCSlider.cpp", "ring of the handle, disabled", Kind::DisabledGraphic, "border/border_disable", {"*"}},
     // --- Menus ---
-    {"src/menus/QcMenuStyle.cpp", "outline", Kind::Graphic, "border/border_tertairy", {"*"}},
+    {"src/menus/QcMenuStyle.cpp", "outline", Kind::Line, "border/border_tertairy", {"*"}, kHalf},
     {"src/menus/QcMenuStyle.cpp", "separator", Kind::Graphic, "border/border_tertairy", {"bg/bg_float"}},
     {"src/menus/QcMenuStyle.cpp", "text", Kind::Body, "text/text_primary", {"bg/bg_float"}},
     {"src/menus/QcMenuStyle.cpp", "text, hovered", Kind::Body, "text/text_primary", {"bg/bg_float", kHover}},
@@ -76,8 +84,8 @@ const Row kRows[] = {
     // --- Windows ---
     {"src/windows/QcWindow.cpp", "text", Kind::Body, "text/text_primary", {"bg/bg_box"}},
     {"src/windows/QcDialog.h", "text", Kind::Body, "text/text_primary", {"bg/bg_box"}},
-    {"src/windows/QcDialog.h", "outline", Kind::Graphic, "border/border_tertairy", {"*"}},
-    {"src/windows/WindowParts.cpp", "line under the title", Kind::Graphic, "border/border_tertairy", {"bg/bg_box"}},
+    {"src/windows/QcDialog.h", "outline", Kind::Line, "border/border_tertairy", {"*"}, kHalf},
+    {"src/windows/WindowParts.cpp", "line under the title", Kind::Line, "border/border_tertairy", {"bg/bg_box"}, kHalf},
     // --- Feedback ---
     {"src/feedback/QcNotificationPage.cpp", "title", Kind::Body, "text/text_caption", {"bg/bg_float"}},
     {"src/feedback/QcNotificationPage.cpp", "text", Kind::Body, "text/text_secondary", {"bg/bg_float"}},
@@ -93,6 +101,7 @@ const Row kRows[] = {
     {"src/dock/QcDockIndicator.cpp", "ring, by the keyboard", Kind::Graphic, "brand/brand", {"*"}},
     {"src/dock/QcSplitterHandle.cpp", "handle, hovered", Kind::Graphic, "brand/brand", {"*"}},
     // --- What a host does by the guide ---
+    {"docs/feedback.md", "caption on a veil", Kind::Text, "#FFFFFF, 0.7", {"*", kVeil}},
     {kGuide, "text/text_caption", Kind::Body, "text/text_caption", {"*"}},
     {kGuide, "text/text_primary", Kind::Body, "text/text_primary", {"*"}},
     {kGuide, "text/text_secondary", Kind::Body, "text/text_secondary", {"*"}},
@@ -136,8 +145,6 @@ const Row kRows[] = {
     {kGuide, "border/border_secondary", Kind::Graphic, "border/border_secondary", {"*"}},
     {kGuide, "border/border_tertairy", Kind::Graphic, "border/border_tertairy", {"*"}},
     {kGuide, "table/table_divider", Kind::Graphic, "table/table_divider", {"*"}},
-    {kGuide, "others/focus", Kind::Graphic, "others/focus", {"*"}},
-    {kGuide, "others/focus around a button", Kind::Graphic, "others/focus", {"brand/brand"}},
     {kGuide, "text/text_primary on bg/bg_unselected", Kind::Body, "text/text_primary", {"bg/bg_unselected"}},
     {kGuide, "text/text_primary on bg/bg_tertiary", Kind::Body, "text/text_primary", {"bg/bg_tertiary"}},
     {kGuide, "text/text_primary on bg/bg_tertiary_hover", Kind::Body, "text/text_primary", {"bg/bg_tertiary_hover"}},
@@ -159,7 +166,7 @@ const Row kRows[] = {
 struct ChangeRow
 {
     const char *file;
-    const char *part;
+    const char *states;
     const char *before;
     const char *after;
     std::initializer_list<const char *> grounds;
@@ -168,6 +175,8 @@ struct ChangeRow
 const ChangeRow kChangeRows[] = {
     {"src/display/QcArrowTip.cpp", "bubble and what it lies on", "transparent", kBubble, {"*"}},
     {"src/inputs/QcSelectorViewItemDelegate.cpp", "row, normal and hovered", "transparent", kHover, {"bg/bg_float"}},
+    // The handle tells the value; what is filled repeats it.
+    {"src/inputs/QCSlider.cpp", "groove and its filled part", "border/border_secondary", "brand/brand", {"*"}},
     {"src/inputs/QCSlider.cpp", "handle, normal and hovered", "brand/brand", "brand/brand_hover", {"*"}},
     {"src/inputs/QCSlider.cpp", "handle, hovered and pressed", "brand/brand_hover", "brand/brand_press", {"*"}},
     {"src/menus/QcMenuStyle.cpp", "item, normal and hovered", "transparent", kHover, {"bg/bg_float"}},
@@ -182,12 +191,14 @@ const ChangeRow kChangeRows[] = {
 QString ControlOf(const QString &file)
 {
     static const QMap<QString, QString> others = {
-        {QString::fromLatin1(kGuide), QStringLiteral("A host, by the guide")},
+        {QString::fromLatin1(kGuide), QStringLiteral("A host, by the guides")},
+        {QStringLiteral("docs/feedback.md"), QStringLiteral("A host, by the guides")},
         {QStringLiteral("src/display/TextStyles.cpp"), QStringLiteral("QcLabel")},
         {QStringLiteral("src/display/TipInfo.h"), QStringLiteral("QcArrowTip")},
         {QStringLiteral("src/inputs/PlaceholderColor.cpp"), QStringLiteral("QcLineEdit")},
         {QStringLiteral("src/inputs/QcSelectorViewItemDelegate.cpp"), QStringLiteral("QcSelector")},
         {QStringLiteral("src/menus/QcMenuStyle.cpp"), QStringLiteral("QcMenu")},
+        {QStringLiteral("src/theme/FocusRing.cpp"), QStringLiteral("The ring of the focus")},
         {QStringLiteral("src/windows/Veil.cpp"), QStringLiteral("QcMaskFrame")},
         {QStringLiteral("src/windows/WindowParts.cpp"), QStringLiteral("QcWindow")},
     };
@@ -209,10 +220,10 @@ Looks PaintedLooks()
     Looks looks;
     for (const Row &row : kRows)
         looks.pairs.append({ControlOf(QString::fromLatin1(row.file)), QString::fromLatin1(row.part), row.kind,
-                            QString::fromLatin1(row.code), GroundsOf(row.grounds)});
+                            QString::fromLatin1(row.code), GroundsOf(row.grounds), row.coverage});
     for (const ChangeRow &row : kChangeRows)
-        looks.changes.append({ControlOf(QString::fromLatin1(row.file)), QString::fromLatin1(row.part), QString::fromLatin1(row.before),
-                              QString::fromLatin1(row.after), GroundsOf(row.grounds)});
+        looks.changes.append({ControlOf(QString::fromLatin1(row.file)), QString::fromLatin1(row.states), QString(),
+                              QString::fromLatin1(row.before), QString::fromLatin1(row.after), GroundsOf(row.grounds)});
     return looks;
 }
 

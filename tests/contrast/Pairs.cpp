@@ -18,6 +18,7 @@ double LeastOf(Kind kind)
     case Kind::Graphic:
     case Kind::DisabledText:
         return 3.0;
+    case Kind::Line:
     case Kind::DisabledGraphic:
         break;
     }

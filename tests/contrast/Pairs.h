@@ -12,6 +12,7 @@ enum class Kind {
     Body,            ///< text that is read: 7 to 1
     Text,            ///< any other text: 4.5 to 1
     Graphic,         ///< a border, icon, handle or indicator that carries meaning: 3 to 1
+    Line,            ///< around or between what stands apart without it: 2 to 1
     DisabledText,    ///< 3 to 1, though nobody asks for it
     DisabledGraphic, ///< 2 to 1, likewise
 };
@@ -24,16 +25,19 @@ struct Pair
     Kind kind;
     QString code;
     QStringList grounds;
+    double coverage = 1.0; ///< what an antialiased line covers of its pixels: one centred on an edge half of each
 };
 
-/// Two codes that one part of a control has in two states, between which a user is to see a difference.
+/// Two codes that one part of a control has in two states. A user is to see the difference of the states, by this part or by another.
 struct Change
 {
     QString control;
-    QString where;
+    QString states;
+    QString part;
     QString before;
     QString after;
     QStringList grounds;
+    double coverage = 1.0;
 };
 
 struct Looks
@@ -46,8 +50,6 @@ struct Looks
 QStringList Surfaces();
 
 double LeastOf(Kind kind);
-/// What two states of a part must differ by to be told apart.
-constexpr double kLeastChange = 1.15;
 
 /// The kind of a text in \a code, by the rank that its token has.
 Kind KindOfText(const QString &code, bool isEnabled);

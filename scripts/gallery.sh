@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # gallery.sh [ARGUMENT...]: installs what is missing, builds the library and shows the gallery. Without a display it renders
-# every page in both colour tables instead, from left to right and, in Arabic, from right to left, and says where the pictures
-# are. The arguments go to the gallery, as --page NAME does, which shows one page.
+# every page in all four colour tables instead, from left to right and, in Arabic, from right to left, and says where the
+# pictures are. The arguments go to the gallery, as --page NAME does, which shows one page.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/help.sh"
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -21,7 +21,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 pictures=$PWD/build/gallery
-echo "== No display: rendering every page in both colour tables"
+echo "== No display: rendering every page in all colour tables"
 rm -rf "$pictures"
 mkdir -p "$pictures"
 runtime=$(mktemp -d)

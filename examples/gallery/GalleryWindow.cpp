@@ -66,7 +66,7 @@ GalleryWindow::GalleryWindow(Table table, QWidget *parent)
     UpdateOutline();
 
     AddShortcuts();
-    m_tableSwitch->SetCurrentIndex(table == Table::Light ? 0 : 1);
+    FollowDesktop(table);
     if (!m_pages.isEmpty())
         ShowPage(m_pages.first().id);
 }
@@ -162,13 +162,19 @@ QWidget *GalleryWindow::MakeHeader()
     words->addWidget(m_summary);
     layout->addLayout(words, 1);
 
-    m_tableSwitch = new Segmented({QStringLiteral("Light"), QStringLiteral("Dark")});
+    m_tableSwitch =
+        new Segmented({QStringLiteral("Light"), QStringLiteral("Dark"), QStringLiteral("Light contrast"), QStringLiteral("Dark contrast")});
     m_tableSwitch->setObjectName(QStringLiteral("tableSwitch"));
     m_tableSwitch->setAccessibleName(QStringLiteral("Colour table"));
     m_tableSwitch->setToolTip(QStringLiteral("Colour table (Ctrl+T)"));
     m_tableSwitch->Segment(0)->setObjectName(QStringLiteral("tableLight"));
     m_tableSwitch->Segment(1)->setObjectName(QStringLiteral("tableDark"));
-    connect(m_tableSwitch, &Segmented::SignalCurrentChanged, this, [](int index) { ApplyTable(index == 0 ? Table::Light : Table::Dark); });
+    m_tableSwitch->Segment(2)->setObjectName(QStringLiteral("tableContrastLight"));
+    m_tableSwitch->Segment(3)->setObjectName(QStringLiteral("tableContrastDark"));
+    connect(m_tableSwitch, &Segmented::SignalCurrentChanged, this, [this](int index) {
+        m_hasOwnChoice = m_hasOwnChoice || !m_isFollowing;
+        ApplyTable(Table(index));
+    });
     layout->addWidget(m_tableSwitch, 0, Qt::AlignTop);
     return header;
 }
@@ -182,7 +188,8 @@ void GalleryWindow::AddShortcuts()
         m_search->setFocus();
         m_search->getLineEdit()->selectAll();
     });
-    add(QKeySequence(QStringLiteral("Ctrl+T")), [this] { m_tableSwitch->SetCurrentIndex(1 - m_tableSwitch->CurrentIndex()); });
+    add(QKeySequence(QStringLiteral("Ctrl+T")),
+        [this] { m_tableSwitch->SetCurrentIndex((m_tableSwitch->CurrentIndex() + 1) % int(kTables.size())); });
     add(QKeySequence(QStringLiteral("Ctrl+Q")), [this] { close(); });
 }
 
@@ -315,7 +322,16 @@ void GalleryWindow::ShowItem(QListWidgetItem *item)
 
 void GalleryWindow::SetTable(Table table)
 {
-    m_tableSwitch->SetCurrentIndex(table == Table::Light ? 0 : 1);
+    m_tableSwitch->SetCurrentIndex(int(table));
+}
+
+void GalleryWindow::FollowDesktop(Table table)
+{
+    if (m_hasOwnChoice)
+        return;
+    m_isFollowing = true;
+    SetTable(table);
+    m_isFollowing = false;
 }
 
 bool GalleryWindow::GrowToContent()

@@ -35,6 +35,8 @@ public:
     /// False if there is no such page.
     bool ShowPage(const QString &id);
     void SetTable(Table table);
+    /// The same, unless the user has chosen a table here: then that stays.
+    void FollowDesktop(Table table);
     /// Makes the window as high as the whole page needs. The page must have been laid out.
     bool GrowToContent();
     /// Where the named controls in sight are in the window, a line each: name, x, y, width, height; of those that share a name the
@@ -67,6 +69,8 @@ private:
     Segmented *m_tableSwitch = nullptr;
     QScrollArea *m_scroll = nullptr;
     QSizeGrip *m_grip = nullptr;
+    bool m_hasOwnChoice = false; // of a table
+    bool m_isFollowing = false;
 };
 
 } // namespace Gallery

@@ -61,12 +61,11 @@ int RenderPages(const QString &folder, const QString &onlyPage)
     GalleryWindow window(Table::Light);
     window.setAttribute(Qt::WA_DontShowOnScreen); // laid out and themed as when shown, but never on a screen
     window.show();
-    for (const Table table : {Table::Light, Table::Dark}) {
+    for (const Table table : kTables) {
         for (const PageInfo &page : Pages()) {
             if (!onlyPage.isEmpty() && page.id != onlyPage)
                 continue;
-            const QString suffix = table == Table::Light ? QStringLiteral("light") : QStringLiteral("dark");
-            const QString file = dir.absoluteFilePath(QStringLiteral("%1-%2.png").arg(page.id, suffix));
+            const QString file = dir.absoluteFilePath(QStringLiteral("%1-%2.png").arg(page.id, TableName(table)));
             const QImage image = RenderPage(window, page.id, table);
             if (image.isNull() || !image.save(file, "PNG")) {
                 err << "gallery: cannot write " << file << '\n';

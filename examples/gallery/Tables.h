@@ -4,12 +4,19 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
+#include <optional>
+
 namespace Gallery {
 
-/// The two built-in colour tables.
-enum class Table { Light, Dark };
+/// The built-in colour tables.
+enum class Table { Light, Dark, ContrastLight, ContrastDark };
+constexpr std::array<Table, 4> kTables = {Table::Light, Table::Dark, Table::ContrastLight, Table::ContrastDark};
 
 QString TablePath(Table table);
+/// The name of a table on the command line and in the names of pictures: "light", "contrast-dark".
+QString TableName(Table table);
+std::optional<Table> TableNamed(const QString &name);
 /// Makes a built-in table the program's, and remembers which one it was.
 void ApplyTable(Table table);
 /// The built-in table that was applied last. Another file may have been loaded since.

@@ -1,6 +1,9 @@
 #include "GalleryWindow.h"
 #include "Render.h"
 #include "Tables.h"
+#ifdef GALLERY_HAS_DBUS
+#include "DesktopWish.h"
+#endif
 
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/QcApplication.h>
@@ -17,6 +20,8 @@
 #include <QTranslator>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 using namespace Gallery;
 
@@ -108,9 +113,21 @@ private:
     }
 };
 
-int ShowWindow(Table table, const QString &page, bool printPositions)
+/// With a table of the user's choice, or else the one that the desktop wishes, now and later.
+int ShowWindow(Table table, [[maybe_unused]] bool isChosen, const QString &page, bool printPositions)
 {
+#ifdef GALLERY_HAS_DBUS
+    std::unique_ptr<DesktopWish> wish;
+    if (!isChosen) {
+        wish = std::make_unique<DesktopWish>();
+        table = ApplyWishedTable(*wish, table);
+    }
+#endif
     GalleryWindow window(table);
+#ifdef GALLERY_HAS_DBUS
+    if (wish)
+        Follow(window, *wish);
+#endif
     if (!page.isEmpty())
         window.ShowPage(page);
     window.show();
@@ -139,14 +156,16 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(GALLERY_VERSION));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("The gallery of Velmora: every control, token and image in both colour tables."));
+    parser.setApplicationDescription(QStringLiteral("The gallery of Velmora: every control, token and image in all colour tables."));
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption renderOption(QStringLiteral("render"),
-                                          QStringLiteral("Render the pages in both tables to PNG files in DIR, without a display."),
+                                          QStringLiteral("Render the pages in all tables to PNG files in DIR, without a display."),
                                           QStringLiteral("DIR"));
     const QCommandLineOption pageOption(QStringLiteral("page"), QStringLiteral("Open, or render, the page NAME."), QStringLiteral("NAME"));
-    const QCommandLineOption tableOption(QStringLiteral("table"), QStringLiteral("Start with the table light (the default) or dark."),
+    const QCommandLineOption tableOption(QStringLiteral("table"),
+                                         QStringLiteral("Start with the table light, dark, contrast-light or contrast-dark, and not with "
+                                                        "the one that the desktop wishes."),
                                          QStringLiteral("TABLE"), QStringLiteral("light"));
     const QCommandLineOption languageOption(QStringLiteral("language"),
                                             QStringLiteral("Show the kit's texts in LANGUAGE (as in de or zh_CN) in place of the user's."),
@@ -172,12 +191,12 @@ int main(int argc, char *argv[])
         QTextStream(stderr) << "gallery: no page \"" << page << "\"; --list names them.\n";
         return 1;
     }
-    const QString tableName = parser.value(tableOption);
-    if (tableName != QLatin1String("light") && tableName != QLatin1String("dark")) {
-        QTextStream(stderr) << "gallery: the table is light or dark, not \"" << tableName << "\".\n";
+    const std::optional<Table> table = TableNamed(parser.value(tableOption));
+    if (!table) {
+        QTextStream(stderr) << "gallery: the table is light, dark, contrast-light or contrast-dark, not \"" << parser.value(tableOption)
+                            << "\".\n";
         return 1;
     }
-    const Table table = tableName == QLatin1String("dark") ? Table::Dark : Table::Light;
 
     const QString language = parser.value(languageOption);
     if (parser.isSet(languageOption) && !Languages().contains(language)) {
@@ -191,7 +210,7 @@ int main(int argc, char *argv[])
     texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
     QCoreApplication::installTranslator(&texts);
 
-    ApplyTable(table);
+    ApplyTable(*table);
     app.Initialize();
     Velmora::SetKeyboardCuesEnabled(true);
     app.setDebugTipEnabled(true);
@@ -201,5 +220,5 @@ int main(int argc, char *argv[])
 
     if (parser.isSet(renderOption))
         return RenderPages(parser.value(renderOption), page);
-    return ShowWindow(table, page, parser.isSet(positionsOption));
+    return ShowWindow(*table, parser.isSet(tableOption), page, parser.isSet(positionsOption));
 }

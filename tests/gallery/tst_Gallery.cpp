@@ -64,7 +64,7 @@ class tst_Gallery : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void every_page_renders_in_both_tables();
+    void every_page_renders_in_every_table();
     void one_page_renders_alone();
     void a_language_from_right_to_left_mirrors_a_page();
     void list_names_the_pages();
@@ -72,7 +72,7 @@ private Q_SLOTS:
     void wrong_calls_fail();
 };
 
-void tst_Gallery::every_page_renders_in_both_tables()
+void tst_Gallery::every_page_renders_in_every_table()
 {
     const QString folder = QStringLiteral(GALLERY_PICTURES);
     QDir(folder).removeRecursively();
@@ -83,20 +83,19 @@ void tst_Gallery::every_page_renders_in_both_tables()
     QCOMPARE(Complaints(run.log), QStringList());
     QCOMPARE(run.exitCode, 0);
     for (const QString &page : pages) {
-        const QString light = QStringLiteral("%1/%2-light.png").arg(folder, page);
-        const QString dark = QStringLiteral("%1/%2-dark.png").arg(folder, page);
-        QVERIFY2(run.out.contains(light) && run.out.contains(dark), qPrintable(page));
-        const QImage lightImage(light);
-        const QImage darkImage(dark);
-        for (const QImage &image : {lightImage, darkImage}) {
-            QVERIFY2(image.width() >= 1280 && image.height() >= 800, qPrintable(page));
-            QVERIFY2(HasContent(image), qPrintable(page));
+        for (const QString &table :
+             {QStringLiteral("light"), QStringLiteral("dark"), QStringLiteral("contrast-light"), QStringLiteral("contrast-dark")}) {
+            const QString file = QStringLiteral("%1/%2-%3.png").arg(folder, page, table);
+            const QImage image(file);
+            QVERIFY2(run.out.contains(file), qPrintable(file));
+            QVERIFY2(image.width() >= 1280 && image.height() >= 800, qPrintable(file));
+            QVERIFY2(HasContent(image), qPrintable(file));
+            // The ground at the right edge, where no page paints: bright in light tables, dark in the others.
+            const int ground = qGray(image.pixel(image.width() - 4, 400));
+            QVERIFY2(table.endsWith(QLatin1String("light")) ? ground > 200 : ground < 60, qPrintable(file));
         }
-        // The ground at the right edge, where no page paints: bright in one table, dark in the other.
-        QVERIFY2(qGray(lightImage.pixel(lightImage.width() - 4, 400)) > 200, qPrintable(page));
-        QVERIFY2(qGray(darkImage.pixel(darkImage.width() - 4, 400)) < 60, qPrintable(page));
     }
-    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2 * pages.size());
+    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 4 * pages.size());
 }
 
 void tst_Gallery::one_page_renders_alone()
@@ -105,7 +104,8 @@ void tst_Gallery::one_page_renders_alone()
     const Run run = RunGallery({QStringLiteral("--render"), folder.path(), QStringLiteral("--page"), QStringLiteral("labels")});
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
-             QStringList({QStringLiteral("labels-dark.png"), QStringLiteral("labels-light.png")}));
+             QStringList({QStringLiteral("labels-contrast-dark.png"), QStringLiteral("labels-contrast-light.png"),
+                          QStringLiteral("labels-dark.png"), QStringLiteral("labels-light.png")}));
 }
 
 void tst_Gallery::a_language_from_right_to_left_mirrors_a_page()
@@ -142,7 +142,7 @@ void tst_Gallery::wrong_calls_fail_data()
                                   << QStringLiteral("no page \"nosuch\"");
     QTest::newRow("unknown table") << QStringList(
         {QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--table"), QStringLiteral("blue")})
-                                   << QStringLiteral("the table is light or dark, not \"blue\"");
+                                   << QStringLiteral("the table is light, dark, contrast-light or contrast-dark, not \"blue\"");
     QTest::newRow("unknown language") << QStringList(
         {QStringLiteral("--render"), QStringLiteral("x"), QStringLiteral("--language"), QStringLiteral("tlh")})
                                       << QStringLiteral("the language is one of ar, de, en, es, fr, ja, ru, zh_CN, not \"tlh\"");

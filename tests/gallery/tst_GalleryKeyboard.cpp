@@ -151,6 +151,21 @@ private Q_SLOTS:
         QVERIFY(light->hasFocus() && light->isChecked());
     }
 
+    void the_keyboard_reaches_all_four_tables()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QSet<QString> brands;
+        for (const Gallery::Table table :
+             {Gallery::Table::Dark, Gallery::Table::ContrastLight, Gallery::Table::ContrastDark, Gallery::Table::Light}) {
+            QTest::keyClick(&window, Qt::Key_T, Qt::ControlModifier);
+            QVERIFY(LastTable() == table);
+            brands.insert(TokenColor(QStringLiteral("brand/brand")).name());
+        }
+        QCOMPARE(brands.size(), 4);
+    }
+
     void a_table_shows_which_cell_has_the_keyboard()
     {
         GalleryWindow window(Gallery::Table::Light);

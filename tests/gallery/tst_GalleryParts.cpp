@@ -49,6 +49,24 @@ class TestGalleryParts : public GalleryTestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void pictures_of_tips_follow_the_table()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        QVERIFY(window.ShowPage(QStringLiteral("arrowtip")));
+        window.show();
+        DrainEvents();
+        QLabel *picture = nullptr;
+        for (QLabel *label : window.findChildren<QLabel *>())
+            picture = label->accessibleName() == QLatin1String("Back") ? label : picture;
+        QVERIFY(picture);
+        for (const Gallery::Table table : kTables) {
+            window.SetTable(table);
+            DrainEvents();
+            const QImage image = picture->pixmap(Qt::ReturnByValue).toImage();
+            QCOMPARE(image.pixelColor(6, image.height() / 2), TokenColor(QStringLiteral("base/neutral/neutral_invert")));
+        }
+    }
+
     void a_page_shows_no_control_of_qt_that_the_kit_has_data()
     {
         QTest::addColumn<QString>("page");

@@ -3,6 +3,7 @@
 
 #include <Velmora/QcArrowTipGlobal.h>
 #include <Velmora/QcSecondaryButton.h>
+#include <Velmora/QcStyleManager.h>
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,6 +13,7 @@
 using namespace Gallery;
 using Velmora::QcArrowTip;
 using Velmora::QcArrowTipGlobal;
+using Velmora::QcStyleManager;
 using Velmora::TipInfo;
 
 namespace {
@@ -34,7 +36,7 @@ TipInfo InfoOf(const Side &side)
 {
     TipInfo info;
     info.text = QLatin1String(side.text);
-    info.textColorParams = QStringLiteral("base/neutral/neutral"); // light on the bubble in either table
+    info.textColorParams = QStringLiteral("base/neutral/neutral"); // stands out on the bubble in every table
     info.direction = side.direction;
     return info;
 }
@@ -48,8 +50,7 @@ Velmora::QcButton *MakeTarget(const QString &text, const TipInfo &info)
     return button;
 }
 
-/// A picture of the tip that \a info brings up, for a page that nobody hovers over.
-QLabel *MakePicture(const TipInfo &info)
+QPixmap PictureOf(const TipInfo &info)
 {
     QWidget reference;
     QcArrowTip tip;
@@ -61,9 +62,15 @@ QLabel *MakePicture(const TipInfo &info)
     tip.setTriangleDirection(info.direction);
     tip.show();
     tip.layout()->activate(); // the text has its height by now
+    return tip.grab();
+}
+
+/// A picture of the tip that \a info brings up, for a page that nobody hovers over.
+QLabel *MakePicture(const TipInfo &info)
+{
     auto *picture = new QLabel;
-    picture->setPixmap(tip.grab());
     picture->setAccessibleName(info.text);
+    QcStyleManager::GetInstance()->RegisterColorHandler(picture, [picture, info] { picture->setPixmap(PictureOf(info)); });
     return picture;
 }
 

@@ -47,12 +47,13 @@ private:
         Card *card =
             AddSection(QStringLiteral("Loading"),
                        QStringLiteral("The dialog has no ground of its own: it lies on a QcMaskFrame here, as it should on any window. Its "
-                                      "caption is dark in the light table, where a host gives it another colour."));
+                                      "caption would be dark in the light tables, so that a host gives it another colour."));
         auto *veil = new Velmora::QcMaskFrame;
         veil->setFixedHeight(22 * kGrid);
         card->Body()->addWidget(veil);
         m_loading = QcLoadingDialog::getInstance();
         m_loading->setText(QStringLiteral("Fetching 3 of 12 letters"));
+        m_loading->findChild<QLabel *>(QStringLiteral("m_textLabel"))->setStyleSheet(QStringLiteral("color: rgba(255, 255, 255, 70%);"));
         veil->layout()->addWidget(m_loading); // a child now, as of any widget
         m_loading->show();
     }

@@ -1,5 +1,6 @@
 #include "Kit.h"
 #include "Page.h"
+#include "Tables.h"
 
 #include <Velmora/QcScrollBar.h>
 #include <Velmora/QcStyleManager.h>
@@ -20,13 +21,14 @@ namespace {
 
 constexpr int kPaneHeight = 24 * kGrid;
 
-/// What lies under a bar, the same in both tables: the handle's colour is made for one of them.
+/// What lies under a bar: the handle's colour is made for one of them. Without colours it is the table's.
 struct Ground
 {
     const char *name;
     const char *color;
     const char *text;
 };
+constexpr Ground kOwn = {"On the table's ground", nullptr, nullptr};
 constexpr Ground kDark = {"On dark ground", "#1F2430", "#C9CFDB"};
 constexpr Ground kLight = {"On light ground", "#F2F4F8", "#4A5264"};
 
@@ -52,13 +54,18 @@ QScrollArea *MakeArea()
     return area;
 }
 
+QColor ColorOf(const char *color, const char *token)
+{
+    return color ? QColor(QLatin1String(color)) : TokenColor(QLatin1String(token));
+}
+
 /// Fills \a area with its ground and \a text on it.
 void Fill(QScrollArea *area, const Ground &ground, const QString &text = QString())
 {
     constexpr int kMargin = 2 * kGrid;
     auto *content = new Canvas([ground, text](QPainter &painter, const QRect &rect) {
-        painter.fillRect(rect, QColor(QLatin1String(ground.color)));
-        painter.setPen(QColor(QLatin1String(ground.text)));
+        painter.fillRect(rect, ColorOf(ground.color, "bg/bg_secondary"));
+        painter.setPen(ColorOf(ground.text, "text/text_secondary"));
         painter.drawText(rect.adjusted(kMargin, kMargin, 0, 0), Qt::AlignLeft | Qt::AlignTop, text);
     });
     if (!text.isEmpty())
@@ -95,7 +102,7 @@ private:
         choice->addWidget(modes);
         choice->addStretch();
         QHBoxLayout *row = card->AddRow(3 * kGrid);
-        for (const Ground &ground : {kDark, kLight}) {
+        for (const Ground &ground : {kOwn, kDark, kLight}) {
             auto *column = new QVBoxLayout;
             column->setSpacing(kGrid);
             column->addWidget(MakeLabel(QLatin1String(ground.name), QcLabel::BodySecondary));
@@ -122,17 +129,18 @@ private:
     /// Real bars, each held in one look.
     void AddStates()
     {
-        Card *card = AddSection(QStringLiteral("States"),
-                                QStringLiteral("The handle's colour is a translucent white in both tables. On light ground it needs one of "
-                                               "the host's: the token in a table of its own, or a rule for the bar."));
-        QHBoxLayout *row = card->AddRow(3 * kGrid);
-        for (const Ground &ground : {kDark, kLight}) {
+        Card *card =
+            AddSection(QStringLiteral("States"),
+                       QStringLiteral("The handle's colour is a translucent white in the tables Light and Dark. On light ground it "
+                                      "needs one of the host's: the token in a table of its own, as in those of high contrast, or "
+                                      "a rule for the bar."));
+        for (const Ground &ground : {kOwn, kDark, kLight}) {
+            QHBoxLayout *row = card->AddRow(3 * kGrid);
             AddState(row, QStringLiteral("%1, at rest").arg(QLatin1String(ground.name)), ground, false, false, QString());
             AddState(row, QStringLiteral("area hovered"), ground, true, false, QString());
             AddState(row, QStringLiteral("handle hovered"), ground, true, true, QString());
+            AddState(row, QStringLiteral("a host's colour"), ground, true, true, QStringLiteral("rgba(128, 128, 128, 0.9)"));
         }
-        AddState(row, QStringLiteral("a host's colour"), kLight, true, true, QStringLiteral("rgba(0, 0, 0, 0.25)"));
-        row->addStretch();
     }
 
     static void AddState(QHBoxLayout *row, const QString &name, const Ground &ground, bool isShown, bool isHandleHovered,

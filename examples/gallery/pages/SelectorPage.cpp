@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QHoverEvent>
 #include <QPainter>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 using namespace Gallery;
@@ -66,8 +67,14 @@ public:
         setFixedSize(kFieldWidth, qMin(selector->count(), kPopupRows) * kRowHeight + 4);
         // Longer lists have the handle of their scroll bar as with the mouse over them.
         const auto bars = selector->view()->findChildren<QcScrollBar *>();
-        for (QcScrollBar *bar : bars)
+        for (QcScrollBar *bar : bars) {
             bar->setDisplayModeM(QcScrollBar::DisplayAlways);
+            // What is hidden takes the table's colours when it is shown, and this list never is.
+            connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, bar, [bar] {
+                QShowEvent show;
+                QCoreApplication::sendEvent(bar, &show);
+            });
+        }
         QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] { update(); });
     }
 

@@ -203,9 +203,10 @@ private:
 
     void AddBars()
     {
-        Card *card = AddSection(QStringLiteral("The scroll bar of a limiter"),
-                                QStringLiteral("Its handle is a translucent white in both tables, and not seen on white: on light ground a "
-                                               "host gives the tokens colours of its own."));
+        Card *card =
+            AddSection(QStringLiteral("The scroll bar of a limiter"),
+                       QStringLiteral("Its handle is a translucent white in the tables Light and Dark, and not seen on white: on light "
+                                      "ground a host gives the tokens colours of its own."));
         QHBoxLayout *row = card->AddRow(2 * kGrid);
         using Bar = WithHeldBar;
         AddBar(row, QStringLiteral("Field hovered"), Bar::FieldHovered);

@@ -1,7 +1,9 @@
 #include "Kit.h"
 #include "Page.h"
+#include "Tables.h"
 
 #include <Velmora/QcSecondaryButton.h>
+#include <Velmora/QcStyleManager.h>
 #include <Velmora/QcToastManager.h>
 
 #include <QGridLayout>
@@ -9,6 +11,7 @@
 #include <QVBoxLayout>
 
 using namespace Gallery;
+using Velmora::QcStyleManager;
 using Velmora::QcToast;
 using Velmora::QcToastManager;
 
@@ -25,10 +28,16 @@ constexpr Kind kKinds[] = {
     {"Information", QcToast::Information, "A new version is ready."},
     {"Success", QcToast::Success, "12 letters were sent."},
     {"Warning", QcToast::Warning, "The disk is almost full: 2 letters were kept in the outbox until there is room again."},
-    {"Error", QcToast::Error, "The letter was not sent. <a href=\"retry\" style=\"color: #3A82F7\">Try again</a>"},
+    {"Error", QcToast::Error, "The letter was not sent. <a href=\"retry\" style=\"color: %1\">Try again</a>"},
 };
 
 constexpr int kRepeated = 1;
+
+/// \a text with its links in the table's colour: HTML has no tokens.
+QString WithLinks(const QString &text)
+{
+    return text.contains(QLatin1String("%1")) ? text.arg(TokenColor(QStringLiteral("link/link")).name()) : text;
+}
 
 class ToastsPage : public PageWidget
 {
@@ -50,7 +59,9 @@ private:
         for (int i = 0; i < 4; ++i) {
             auto *toast = new QcToast(nullptr);
             toast->setType(kKinds[i].type);
-            toast->setText(QLatin1String(kKinds[i].text));
+            const auto write = [toast, text = QString::fromLatin1(kKinds[i].text)] { toast->setText(WithLinks(text)); };
+            write();
+            connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, toast, write);
             grid->addWidget(toast, i / 2, i % 2, Qt::AlignTop);
             toast->showToast(false);
         }
@@ -99,8 +110,11 @@ private:
         auto *button = new Velmora::QcSecondaryButton;
         button->setText(text);
         button->setHorizontalMargin(2 * kGrid);
-        connect(button, &QPushButton::clicked, this,
-                [this, params, topLevel] { QcToastManager::getInstance()->showToast(params, window(), topLevel); });
+        connect(button, &QPushButton::clicked, this, [this, params, topLevel] {
+            QcToast::Params shown = params;
+            shown.text = WithLinks(params.text);
+            QcToastManager::getInstance()->showToast(shown, window(), topLevel);
+        });
         row->addWidget(button);
     }
 };

@@ -3,7 +3,10 @@
 #include "contrast/Sources.h"
 #include "support/TestMain.h"
 
-#include <QSet>
+#include <Velmora/QcFrame.h>
+#include <Velmora/QcTertiaryButton.h>
+
+#include <QFile>
 
 using namespace VelmoraTest;
 
@@ -229,6 +232,24 @@ private Q_SLOTS:
                                  "QLineEdit:disabled, text: ${text/text_tertairy} on *+${base/neutral/neutral-30}",
                                  "::handle, fill: ${base/neutral/neutral-50} on *+${bg/bg_box}"})
             QVERIFY2(told.contains(QLatin1String(pair)), pair);
+    }
+
+    void a_border_is_seen_as_its_pair_says()
+    {
+        UseTableNamed(QStringLiteral("contrast_light"));
+        Velmora::QcFrame ground;
+        ground.setBackgroundColorParams(QStringLiteral("bg/bg_box"));
+        ground.resize(120, 60);
+        Velmora::QcTertiaryButton button(&ground);
+        button.setGeometry(10, 10, 100, 24);
+        DrainEvents(); // which fills its tables
+        const QImage image = ground.grab().toImage();
+        const double painted = Contrast(image.pixelColor(60, 10), image.pixelColor(60, 8));
+        for (Pair pair : PairsOf(ButtonLooks(), QStringLiteral("QcTertiaryButton"))) {
+            pair.grounds = QStringList(QStringLiteral("bg/bg_box"));
+            if (pair.where == QLatin1String("border, normal"))
+                QVERIFY2(qAbs(painted - ContrastOf(pair)) < 0.1, qPrintable(Described(pair, painted)));
+        }
     }
 
     void a_button_gives_its_text_on_its_ground_in_each_state()

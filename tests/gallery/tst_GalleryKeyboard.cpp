@@ -5,15 +5,20 @@
 #include "GalleryWindow.h"
 #include "Page.h"
 
+#include <Velmora/KeyboardCues.h>
+
 #include <Velmora/QcSwitchButton.h>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFocusFrame>
 #include <QKeySequence>
 #include <QLabel>
 #include <QSet>
 #include <QTableWidget>
 #include <QWindow>
+
+#include <algorithm>
 
 #include <algorithm>
 
@@ -48,6 +53,13 @@ QString Describe(const QWidget *widget)
                   : QStringLiteral("nothing");
 }
 
+bool IsRinged(const QWidget &window)
+{
+    DrainEvents();
+    const auto rings = window.findChildren<QFocusFrame *>();
+    return std::any_of(rings.begin(), rings.end(), [](const QWidget *ring) { return ring->isVisible(); });
+}
+
 } // namespace
 
 /// The gallery without a mouse.
@@ -56,7 +68,7 @@ class TestGalleryKeyboard : public GalleryTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void tab_goes_round_every_page_and_enters_no_specimen_data()
+    void tab_goes_round_every_page_with_its_ring_and_enters_no_specimen_data()
     {
         QTest::addColumn<QString>("page");
         QTest::addColumn<Qt::Key>("key");
@@ -67,10 +79,11 @@ private Q_SLOTS:
         }
     }
 
-    void tab_goes_round_every_page_and_enters_no_specimen()
+    void tab_goes_round_every_page_with_its_ring_and_enters_no_specimen()
     {
         QFETCH(QString, page);
         QFETCH(Qt::Key, key);
+        Velmora::SetKeyboardCuesEnabled(true);
         GalleryWindow window(Gallery::Table::Light);
         QVERIFY(window.ShowPage(page));
         window.show();
@@ -86,6 +99,7 @@ private Q_SLOTS:
             QVERIFY2(focus && focus->window() == &window, qPrintable(Describe(focus)));
             QVERIFY2(!IsSpecimen(focus), qPrintable(Describe(focus)));
             QVERIFY2(++presses < kTooMany, qPrintable(Describe(focus)));
+            QVERIFY2(IsRinged(window), qPrintable(Describe(focus)));
             visited.insert(focus);
         } while (QApplication::focusWidget() != start);
         QVERIFY(visited.contains(window.findChild<QWidget *>(QStringLiteral("pageList"))));

@@ -7,11 +7,16 @@
 #include <Velmora/QcButton.h>
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcSelector.h>
 #include <Velmora/QcSwitchButton.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QDialog>
+#include <QGraphicsProxyWidget>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPainter>
@@ -390,6 +395,41 @@ private Q_SLOTS:
         bar.setFocus(Qt::TabFocusReason);
         QVERIFY(bar.hasFocus());
         QVERIFY(!RingIn(*m_stage));
+    }
+
+    void a_list_that_drops_down_gets_none_and_gives_it_back()
+    {
+        auto *selector = m_stage->Add<QcSelector>(QRect(40, 200, 100, 28));
+        selector->addItems({QStringLiteral("One"), QStringLiteral("Two")});
+        QVERIFY(m_stage->Begin());
+        m_second->setFocus();
+        m_stage->Press(Qt::Key_Tab);
+        QVERIFY(selector->hasFocus());
+        QVERIFY(RingIn(*m_stage));
+        selector->showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(selector->view()->window()));
+        QVERIFY(!RingIn(*m_stage));
+        QVERIFY(!RingIn(*selector->view()->window()));
+        QTest::keyClick(selector->view(), Qt::Key_Escape);
+        QTRY_VERIFY(!selector->view()->isVisible());
+        QTRY_VERIFY(RingIn(*m_stage));
+    }
+
+    void a_scene_is_ringed_as_a_whole()
+    {
+        QGraphicsScene scene;
+        QGraphicsView view(&scene, m_stage.get());
+        view.setGeometry(180, 0, 200, 200);
+        auto *panel = new QWidget;
+        panel->resize(150, 150);
+        auto *button = m_stage->Add<QcButton>(QRect(20, 20, 80, 24), panel);
+        scene.addWidget(panel);
+        QVERIFY(m_stage->Begin());
+        m_second->setFocus();
+        m_stage->Press(Qt::Key_Tab);
+        button->setFocus(Qt::TabFocusReason);
+        QCOMPARE(QApplication::focusWidget(), &view);
+        QVERIFY(RingIn(*m_stage)); // on the view, which passes the keyboard on
     }
 
     // --- What it follows ---

@@ -208,11 +208,8 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
         if (!m_followed.empty() && watched == m_followed.front())
             UpdateLater();
         break;
-    case QEvent::Move:
+    case QEvent::Move: // who is hidden or gets another parent loses the focus besides
     case QEvent::Resize:
-    case QEvent::Show:
-    case QEvent::Hide:
-    case QEvent::ParentChange:
     case QEvent::ChildAdded: // over the ring
         UpdateLater();
         break;
@@ -263,7 +260,7 @@ void FocusRing::Update()
 {
     m_isUpdatePending = false;
     QWidget *focus = m_isNavigating ? QApplication::focusWidget() : nullptr;
-    QWidget *control = focus && focus->isVisible() ? FocusedControl(*focus) : nullptr;
+    QWidget *control = focus ? FocusedControl(*focus) : nullptr;
     FocusShape shape = control ? FocusShapeOf(*control) : FocusShape();
     if (shape.rect.isEmpty()) {
         Hide();

@@ -1,6 +1,7 @@
 #include "theme/FocusStage.h"
 
 #include "support/EventCounter.h"
+#include "support/PaintedRegion.h"
 #include "support/TestMain.h"
 
 #include <Velmora/KeyboardCues.h>
@@ -204,23 +205,40 @@ private Q_SLOTS:
         }
     }
 
+    void a_row_that_lies_close_leaves_room_for_it()
+    {
+        auto *row = m_stage->Add<QWidget>(QRect(40, 200, 100, 24));
+        auto *button = m_stage->Add<QcButton>(row->rect(), row);
+        QVERIFY(m_stage->Begin());
+        m_second->setFocus();
+        m_stage->Press(Qt::Key_Tab);
+        QVERIFY(button->hasFocus());
+        QCOMPARE(RingIn(*m_stage)->geometry(), row->geometry().adjusted(-4, -4, 4, 4));
+        // A part of a control that its parent does not show has no ring.
+        row->setFixedWidth(50);
+        QVERIFY(RingIn(*m_stage)->mask().boundingRect().width() < 60);
+        COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(141.5, 212)), QColor(Qt::white));
+        COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(60.5, 201)), RingColor());
+    }
+
     void corners_follow_the_control()
     {
         m_first->SetBorderRadius(0);
         Arrive();
         COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(kPlace.left() - 2.5, kPlace.top() - 2.5)), RingColor());
         m_first->SetBorderRadius(12); // while the ring is shown
-        m_stage->grab();
-        QTRY_VERIFY(Close(PixelAt(m_stage->Look(), QPointF(kPlace.left() - 0.5, kPlace.top() - 0.5)), Qt::white));
+        FinishPainting();
+        COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(kPlace.left() - 2.5, kPlace.top() - 2.5)), QColor(Qt::white));
     }
 
     void a_change_of_the_table_repaints_it()
     {
         Arrive();
-        EventCounter paints(*RingIn(*m_stage), QEvent::Paint);
+        FinishPainting();
+        const PaintedRegion painted(*RingIn(*m_stage));
         UseTable(Table::Dark);
-        DrainEvents();
-        QVERIFY(paints.Take() > 0);
+        FinishPainting();
+        QVERIFY(painted.region.contains(QPoint(RingIn(*m_stage)->width() / 2, 2)));
         COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(kPlace.center().x(), kPlace.top() - 2.5)), TokenOf(Table::Dark, kToken));
     }
 
@@ -383,6 +401,35 @@ private Q_SLOTS:
         m_stage->activateWindow(); // as a window manager does
         QVERIFY(QTest::qWaitForWindowActive(m_stage.get()));
         QTRY_VERIFY(RingIn(*m_stage));
+    }
+
+    void a_dialog_opened_by_the_mouse_shows_none()
+    {
+        QDialog dialog(m_stage.get());
+        auto *layout = new QVBoxLayout(&dialog);
+        auto *field = new QLineEdit;
+        layout->addWidget(field);
+        connect(m_first, &QAbstractButton::clicked, &dialog, &QDialog::open); // Qt tells the field of a Tab then
+        QVERIFY(m_stage->Begin());
+        QTest::mouseClick(m_first, Qt::LeftButton);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(field->hasFocus());
+        QVERIFY(!RingIn(dialog));
+    }
+
+    void an_arrow_after_a_click_shows_it_where_the_keyboard_is()
+    {
+        auto *tabs = m_stage->Add<QTabBar>(QRect(40, 200, 300, 30));
+        tabs->addTab(QStringLiteral("One"));
+        tabs->addTab(QStringLiteral("Two"));
+        QVERIFY(m_stage->Begin());
+        tabs->setFocus(Qt::MouseFocusReason);
+        QTest::mouseClick(tabs, Qt::LeftButton, Qt::NoModifier, tabs->tabRect(0).center());
+        QVERIFY(tabs->hasFocus());
+        QVERIFY(!RingIn(*m_stage));
+        m_stage->Press(Qt::Key_Right);
+        QCOMPARE(tabs->currentIndex(), 1);
+        QVERIFY(RingIn(*m_stage));
     }
 
     void menus_highlight_and_get_none()

@@ -87,6 +87,8 @@ const Row kRows[] = {
     {"src/windows/QcDialog.h", "outline", Kind::Line, "border/border_tertairy", {"*"}, kHalf},
     {"src/windows/WindowParts.cpp", "line under the title", Kind::Line, "border/border_tertairy", {"bg/bg_box"}, kHalf},
     // --- Feedback ---
+    {"src/feedback/QcLoadingDialog.cpp", "ring of the picture", Kind::Graphic, "#3A90FF", {"*", kVeil}},
+    {"src/feedback/QcLoadingDialog.cpp", "gap in the ring", Kind::Graphic, "#FFFFFF", {"*", kVeil}},
     {"src/feedback/QcNotificationPage.cpp", "title", Kind::Body, "text/text_caption", {"bg/bg_float"}},
     {"src/feedback/QcNotificationPage.cpp", "text", Kind::Body, "text/text_secondary", {"bg/bg_float"}},
     // --- Docking ---

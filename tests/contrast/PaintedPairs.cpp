@@ -31,6 +31,7 @@ constexpr const char *kGuide = "docs/tokens.md";
 const Row kRows[] = {
     // --- Theme ---
     {"src/theme/FocusRing.cpp", "ring", Kind::Graphic, "others/focus", {"*"}},
+    {"src/theme/FocusRing.cpp", "ring on a row of tabs", Kind::Graphic, "others/focus", {"bg/bg_unselected"}},
     {"src/theme/FocusRing.cpp", "ring of a filled button", Kind::Graphic, "others/focus", {"brand/brand"}},
     {"src/theme/FocusRing.cpp", "line in a ring that lies within", Kind::Graphic, "bg/bg_box", {"others/focus"}},
     // --- Display ---

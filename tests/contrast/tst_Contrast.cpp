@@ -26,7 +26,6 @@ bool IsExempt(const QString &token)
         QStringLiteral("base/neutral/"),   // but for those that the kit itself uses, which are in pairs
         QStringLiteral("overlay/overlay"), // laid over what is not to be used meanwhile
         QStringLiteral("mask/mask"),       // ends of gradients, into which a text fades
-        QStringLiteral("bg/bg_"),          // grounds: each is the ground of pairs, or filled in a control that has them
     };
     return std::any_of(exempt.cbegin(), exempt.cend(), [&token](const QString &start) { return token.startsWith(start); });
 }

@@ -4,7 +4,9 @@
 #include "core/InstallAccessible_p.h"
 #include "display/MultiLineTextAccessible_p.h"
 #include "display/TextLayout_p.h"
+#include "display/TextPieces_p.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <QTextDocument>
@@ -31,7 +33,7 @@ QVector<TextLink> LinksIn(const QcMultiLineText &text)
 /// Where \a link is drawn in \a text.
 QRect PlaceOf(const QcMultiLineText &text, const TextLink &link)
 {
-    return RectOf(DocumentOf(text), link).toAlignedRect();
+    return RectOf(DocumentOf(text), link.begin, link.end).toAlignedRect();
 }
 
 /// One of a text's links. Which one its number says, so that it changes with the text, and is none when there are fewer.
@@ -107,7 +109,8 @@ private:
     int m_index;
 };
 
-class MultiLineTextAccessible : public QAccessibleWidget
+/// The whole text is its name; what can be read by pieces is what the screen shows of it.
+class MultiLineTextAccessible : public QAccessibleWidget, public QAccessibleTextInterface
 {
 public:
     explicit MultiLineTextAccessible(QcMultiLineText *widget)
@@ -119,6 +122,13 @@ public:
     {
         for (const QAccessible::Id id : qAsConst(m_links))
             QAccessible::deleteAccessibleInterface(id);
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::TextInterface)
+            return static_cast<QAccessibleTextInterface *>(this);
+        return QAccessibleWidget::interface_cast(type);
     }
 
     QString text(QAccessible::Text kind) const override
@@ -158,8 +168,66 @@ public:
         return marked && widget()->hasFocus() ? marked : QAccessibleWidget::focusChild();
     }
 
+    // --- Text ---
+
+    int characterCount() const override { return Pieces().Length(); }
+    QString text(int start, int end) const override { return Pieces().Text(start, end); }
+    QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
+    {
+        return Pieces().Before(offset, type, start, end);
+    }
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
+    {
+        return Pieces().At(offset, type, start, end);
+    }
+    QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
+    {
+        return Pieces().After(offset, type, start, end);
+    }
+
+    /// That of the link which has the keyboard.
+    int cursorPosition() const override
+    {
+        const int marked = widget()->hasFocus() ? widget()->property("markedLink").toInt() : -1;
+        return marked < 0 ? -1 : LinksIn(*Text()).at(marked).begin;
+    }
+    void setCursorPosition(int /*position*/) override {}
+
+    int selectionCount() const override { return 0; }
+    void selection(int /*index*/, int *start, int *end) const override { *start = *end = 0; }
+    void addSelection(int /*start*/, int /*end*/) override {}
+    void removeSelection(int /*index*/) override {}
+    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+
+    QRect characterRect(int offset) const override
+    {
+        if (offset < 0 || offset >= characterCount())
+            return QRect();
+        const QRect place = RectOf(DocumentOf(*Text()), offset, offset + 1).toAlignedRect();
+        return place.isEmpty() ? QRect() : QRect(widget()->mapToGlobal(place.topLeft()), place.size());
+    }
+
+    int offsetAtPoint(const QPoint &point) const override
+    {
+        const QPoint place = widget()->mapFromGlobal(point);
+        const int nearest = DocumentOf(*Text()).documentLayout()->hitTest(place, Qt::FuzzyHit); // the gap between two characters
+        for (const int offset : {nearest, nearest - 1}) {
+            if (characterRect(offset).contains(point))
+                return offset;
+        }
+        return -1;
+    }
+
+    void scrollToSubstring(int /*start*/, int /*end*/) override {}
+    QString attributes(int /*offset*/, int *start, int *end) const override
+    {
+        *start = *end = 0; // none
+        return QString();
+    }
+
 private:
     QcMultiLineText *Text() const { return static_cast<QcMultiLineText *>(widget()); }
+    TextPieces Pieces() const { return TextPieces(&DocumentOf(*Text())); }
 
     mutable QVector<QAccessible::Id> m_links;
 };

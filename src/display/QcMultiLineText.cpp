@@ -104,6 +104,7 @@ void QcMultiLineText::clear()
     FollowLinks();
     update();
     AnnounceText();
+    AnnounceShownText();
 }
 
 QString QcMultiLineText::WholeText() const
@@ -117,6 +118,17 @@ void QcMultiLineText::AnnounceText()
         return;
     QAccessibleEvent event(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
+}
+
+/// What the screen shows changes with the width and the number of lines too.
+void QcMultiLineText::AnnounceShownText()
+{
+    const QString shown = QAccessible::isActive() ? m_document->toPlainText() : QString();
+    if (shown == m_toldText)
+        return;
+    QAccessibleTextUpdateEvent event(this, 0, m_toldText, shown);
+    m_toldText = shown;
+    QAccessible::updateAccessibility(&event); // nobody is told while nobody listens
 }
 
 /// Always writes the whole text, which cutting never shortens.
@@ -208,6 +220,7 @@ void QcMultiLineText::CutToLines()
     if (needElideText())
         multiLineTextElide(m_document, m_lineCount);
     FollowLinks();
+    AnnounceShownText();
 }
 
 int QcMultiLineText::lineCount() const
@@ -349,7 +362,10 @@ int QcMultiLineText::MarkedLink() const
 QRect QcMultiLineText::MarkedPlace() const
 {
     const int marked = MarkedLink();
-    const QRect place = marked < 0 ? QRect() : RectOf(*m_document, LinksOf(*m_document).at(marked)).toAlignedRect() & rect();
+    if (marked < 0)
+        return rect();
+    const TextLink link = LinksOf(*m_document).at(marked);
+    const QRect place = RectOf(*m_document, link.begin, link.end).toAlignedRect() & rect();
     return place.isEmpty() ? rect() : place; // as for a link below what the text has room for
 }
 

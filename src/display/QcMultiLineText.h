@@ -19,9 +19,9 @@ namespace Velmora {
 ///
 /// Text is read as HTML, so that "<" and "&" of plain text must be escaped. It wraps anywhere, in the middle of words too.
 /// A text that shows links takes the Tab key, which goes from one to the next; Enter and Space press the marked one, once however
-/// long they are held. Assistive technology finds each link in sight inside the text.
-/// A link that names no colour has that of the application's palette at the time of setText(), not one of the table.
-/// Without setHeightAdaptive() the control takes the height that its host gives it.
+/// long they are held. Assistive technology reads what is shown by characters, words and lines, and finds each link in sight inside the
+/// text. A link that names no colour has that of the application's palette at the time of setText(), not one of the table. Without
+/// setHeightAdaptive() the control takes the height that its host gives it.
 class VELMORA_EXPORT QcMultiLineText : public QFrame
 {
     Q_OBJECT
@@ -94,6 +94,7 @@ private:
     QRect MarkedPlace() const;
     bool MarkLink(bool next);
     void AnnounceText();
+    void AnnounceShownText();
     void AnnounceMarkedLink();
 
     QTextDocument *m_document;
@@ -107,6 +108,7 @@ private:
     int m_heightUpdates = 0; // under way, one inside the other
     int m_fillings = 0;
     std::optional<Qt::FocusPolicy> m_ownFocusPolicy = Qt::NoFocus; // none once the host chose one
+    QString m_toldText;                                            // what assistive technology was told that the screen shows
 };
 
 } // namespace Velmora

@@ -69,20 +69,21 @@ QTextCursor SelectionOf(QTextDocument &document, const TextLink &link)
     return selection;
 }
 
-QRectF RectOf(const QTextDocument &document, const TextLink &link)
+QRectF RectOf(const QTextDocument &document, int begin, int end)
 {
-    const QTextBlock block = document.findBlock(link.begin);
-    const int begin = link.begin - block.position();
-    const int end = link.end - block.position();
+    const QTextBlock block = document.findBlock(begin);
+    const QPointF origin = document.documentLayout()->blockBoundingRect(block).topLeft(); // which lays out what is not yet
+    const int first = begin - block.position();
+    const int last = end - block.position();
     QRectF rect;
     for (int i = 0; i < block.layout()->lineCount(); ++i) {
         const QTextLine line = block.layout()->lineAt(i);
-        const int from = qMax(begin, line.textStart());
-        const int to = qMin(end, line.textStart() + line.textLength());
+        const int from = qMax(first, line.textStart());
+        const int to = qMin(last, line.textStart() + line.textLength());
         if (from < to)
             rect |= QRectF(QPointF(line.cursorToX(from), line.y()), QPointF(line.cursorToX(to), line.y() + line.height())).normalized();
     }
-    return rect.translated(document.documentLayout()->blockBoundingRect(block).topLeft());
+    return rect.translated(origin);
 }
 
 } // namespace Velmora

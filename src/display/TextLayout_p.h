@@ -40,7 +40,7 @@ QVector<TextLink> LinksOf(const QTextDocument &document);
 /// The characters of \a link, one of \a document's.
 QTextCursor SelectionOf(QTextDocument &document, const TextLink &link);
 
-/// Where \a link, one of \a document's, is drawn.
-QRectF RectOf(const QTextDocument &document, const TextLink &link);
+/// Where the characters from \a begin to before \a end, of one paragraph of \a document, are drawn.
+QRectF RectOf(const QTextDocument &document, int begin, int end);
 
 } // namespace Velmora

@@ -4,6 +4,7 @@
 #include <Velmora/QcTextEditLimiter.h>
 
 #include "core/InstallAccessible_p.h"
+#include "display/TextPieces_p.h"
 #include "inputs/FramedEditAccessible_p.h"
 #include "inputs/TextEdit_p.h"
 
@@ -56,11 +57,8 @@ public:
 
     // --- Text ---
 
-    int characterCount() const override { return TextLength(Edit()); }
-    QString text(int start, int end) const override
-    {
-        return Selecting(start, end).selectedText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
-    }
+    int characterCount() const override { return Pieces().Length(); }
+    QString text(int start, int end) const override { return Pieces().Text(start, end); }
     int cursorPosition() const override { return Edit()->textCursor().position(); }
     void setCursorPosition(int position) override { setSelection(0, position, position); }
     void scrollToSubstring(int start, int end) override
@@ -71,21 +69,15 @@ public:
 
     QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
     {
-        const int before = PieceAt(offset, type).first - 1;
-        return Piece(before < 0 ? qMakePair(0, 0) : PieceAt(before, type), start, end);
+        return Pieces().Before(offset, type, start, end);
     }
     QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
     {
-        return Piece(PieceAt(offset, type), start, end);
+        return Pieces().At(offset, type, start, end);
     }
     QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
     {
-        const QPair<int, int> piece = PieceAt(offset, type);
-        for (int after = piece.second; after <= characterCount(); ++after) {
-            if (PieceAt(after, type) != piece) // the place at its end may still be of it
-                return Piece(PieceAt(after, type), start, end);
-        }
-        return Piece(qMakePair(characterCount(), characterCount()), start, end);
+        return Pieces().After(offset, type, start, end);
     }
 
     int selectionCount() const override { return Edit()->textCursor().hasSelection() ? 1 : 0; }
@@ -135,27 +127,8 @@ public:
 private:
     TextEdit *Edit() const { return static_cast<TextEdit *>(widget()); }
     QWidget *Frame() const override { return Edit()->Frame(); }
-
-    QTextCursor Selecting(int start, int end) const
-    {
-        QTextCursor cursor(Edit()->document());
-        cursor.setPosition(qBound(0, start, characterCount()));
-        cursor.setPosition(qBound(0, end, characterCount()), QTextCursor::KeepAnchor);
-        return cursor;
-    }
-
-    /// The bounds of the word, line or whatever \a type is around \a offset.
-    QPair<int, int> PieceAt(int offset, QAccessible::TextBoundaryType type) const
-    {
-        return QAccessible::qAccessibleTextBoundaryHelper(Selecting(offset, offset), type);
-    }
-
-    QString Piece(const QPair<int, int> &bounds, int *start, int *end) const
-    {
-        *start = bounds.first;
-        *end = bounds.second;
-        return text(*start, *end);
-    }
+    TextPieces Pieces() const { return TextPieces(Edit()->document()); }
+    QTextCursor Selecting(int start, int end) const { return Pieces().Selecting(start, end); }
 };
 
 } // namespace

@@ -54,6 +54,12 @@ Qt::Alignment AlignmentOf(const QcMultiLineText &text)
     return DocumentOf(text)->defaultTextOption().alignment();
 }
 
+/// What assistive technology reads of \a text.
+QAccessibleTextInterface *TextOf(QcMultiLineText &text)
+{
+    return QAccessible::queryAccessibleInterface(&text)->textInterface();
+}
+
 QString Words(int count)
 {
     return QStringLiteral("several words ").repeated(count / 2);
@@ -788,11 +794,94 @@ private Q_SLOTS:
         const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&shower.text);
         AccessibleEvents told(shower.text);
         shower.text.setText(QStringLiteral("<b>Some</b> words"));
-        QCOMPARE(told.Take(), QStringList(QStringLiteral("NameChanged")));
+        QCOMPARE(told.Take(), (QStringList{QStringLiteral("TextUpdated"), QStringLiteral("NameChanged")}));
         QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Some words"));
-        shower.text.clear();
+        shower.text.setText(QStringLiteral("Some words"));
         QCOMPARE(told.Take(), QStringList(QStringLiteral("NameChanged")));
+        shower.text.setLineCount(1);
+        QCOMPARE(told.Take(), QStringList());
+        shower.text.resize(50, 100);
+        QCOMPARE(told.Take(), QStringList(QStringLiteral("TextUpdated"))); // less of it shows
+        shower.text.clear();
+        QCOMPARE(told.Take(), (QStringList{QStringLiteral("NameChanged"), QStringLiteral("TextUpdated")}));
         QCOMPARE(accessible->text(QAccessible::Name), QString());
+    }
+
+    void assistive_technology_reads_what_shows_by_characters_words_and_lines()
+    {
+        Shower shower(QSize(300, 100));
+        shower.text.setText(QStringLiteral("The <b>first</b> line<br>and another &amp; more<p>Last</p>"));
+        QAccessibleTextInterface *read = TextOf(shower.text);
+        const QString all = QStringLiteral("The first line\nand another & more\nLast");
+        QCOMPARE(read->characterCount(), all.size());
+        QCOMPARE(read->text(0, all.size()), all);
+        QCOMPARE(read->text(4, 9), QStringLiteral("first"));
+        QCOMPARE(read->text(-3, 1000), all);
+
+        int start = 0;
+        int end = 0;
+        QCOMPARE(read->textAtOffset(5, QAccessible::CharBoundary, &start, &end), QStringLiteral("i"));
+        QCOMPARE(start, 5);
+        QCOMPARE(end, 6);
+        QCOMPARE(read->textAtOffset(5, QAccessible::WordBoundary, &start, &end).trimmed(), QStringLiteral("first"));
+        QCOMPARE(start, 4);
+        QCOMPARE(read->textBeforeOffset(5, QAccessible::WordBoundary, &start, &end).trimmed(), QStringLiteral("The"));
+        QCOMPARE(read->textAfterOffset(5, QAccessible::WordBoundary, &start, &end).trimmed(), QStringLiteral("line"));
+        QCOMPARE(read->textAtOffset(5, QAccessible::LineBoundary, &start, &end).trimmed(), QStringLiteral("The first line"));
+        QCOMPARE(read->textAfterOffset(5, QAccessible::LineBoundary, &start, &end).trimmed(), QStringLiteral("and another & more"));
+        QCOMPARE(start, 15);
+        QCOMPARE(read->textBeforeOffset(35, QAccessible::LineBoundary, &start, &end).trimmed(), QStringLiteral("and another & more"));
+
+        QCOMPARE(read->selectionCount(), 0);
+        read->setSelection(0, 1, 2); // read only
+        QCOMPARE(read->selectionCount(), 0);
+        QCOMPARE(read->cursorPosition(), -1);
+    }
+
+    void assistive_technology_reads_a_line_as_the_screen_wraps_and_cuts_it()
+    {
+        Shower shower(QSize(100, 100));
+        shower.text.setLineCount(2);
+        shower.text.setText(Words(40));
+        const QString shown = Shown(shower.text);
+        QVERIFY(shown.endsWith(kSuffix));
+        QAccessibleTextInterface *read = TextOf(shower.text);
+        QCOMPARE(read->text(0, read->characterCount()), shown);
+        int start = 0;
+        int end = 0;
+        const QString first = read->textAtOffset(0, QAccessible::LineBoundary, &start, &end);
+        const QString second = read->textAtOffset(shown.size() - 1, QAccessible::LineBoundary, &start, &end);
+        QVERIFY(!first.isEmpty());
+        QVERIFY(second.endsWith(kSuffix));
+        QCOMPARE(first.trimmed() + QLatin1Char(' ') + second, shown);
+        shower.text.clear();
+        QCOMPARE(read->characterCount(), 0);
+        QCOMPARE(read->textAtOffset(0, QAccessible::LineBoundary, &start, &end), QString());
+        QCOMPARE(read->characterRect(0), QRect());
+    }
+
+    void assistive_technology_finds_each_character_where_it_shows()
+    {
+        Shower shower(QSize(300, 100));
+        shower.text.setText(QStringLiteral("mmmm<br>mmmm<p>mmmm</p>"));
+        QAccessibleTextInterface *read = TextOf(shower.text);
+        const QRect place = QAccessible::queryAccessibleInterface(&shower.text)->rect();
+        const auto rectOf = [&](int offset) { return read->characterRect(offset); };
+        for (const int offset : {0, 1, 3, 5, 8, 10, 13}) {
+            QVERIFY(!rectOf(offset).isEmpty());
+            QVERIFY(place.contains(rectOf(offset)));
+            const int inset = rectOf(offset).width() / 4;
+            const QPoint centre = rectOf(offset).center();
+            QCOMPARE(read->offsetAtPoint(centre - QPoint(inset, 0)), offset);
+            QCOMPARE(read->offsetAtPoint(centre + QPoint(inset, 0)), offset);
+        }
+        QVERIFY(rectOf(0).left() < rectOf(1).left());
+        QVERIFY(rectOf(0).bottom() <= rectOf(5).top());
+        QVERIFY(rectOf(5).bottom() <= rectOf(10).top());
+        QCOMPARE(rectOf(-1), QRect());
+        QCOMPARE(rectOf(14), QRect());
+        QCOMPARE(read->offsetAtPoint(place.topLeft() - QPoint(5, 5)), -1);
+        QCOMPARE(read->offsetAtPoint(place.bottomRight()), -1);
     }
 
     void assistive_technology_reads_each_link_that_shows_and_presses_it()
@@ -880,12 +969,16 @@ private Q_SLOTS:
         QCOMPARE(told.Take(), (QStringList{QStringLiteral("Focus"), QStringLiteral("Focus of child 0")}));
         QVERIFY(accessible->child(0)->state().focused);
         QCOMPARE(accessible->focusChild(), accessible->child(0));
+        QCOMPARE(accessible->textInterface()->cursorPosition(), 0);
         QTest::keyClick(&shower.text, Qt::Key_Tab);
         DrainEvents();
         QCOMPARE(told.Take(), QStringList(QStringLiteral("Focus of child 1")));
         QVERIFY(!accessible->child(0)->state().focused);
         QVERIFY(accessible->child(1)->state().focused);
         QCOMPARE(accessible->focusChild(), accessible->child(1));
+        QCOMPARE(accessible->textInterface()->cursorPosition(), 8);
+        shower.text.clearFocus();
+        QCOMPARE(accessible->textInterface()->cursorPosition(), -1);
     }
 
     void a_frame_is_painted_around_the_text()

@@ -39,6 +39,10 @@ struct FilledTables;
 class VELMORA_EXPORT QcButton : public QPushButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText) // through our setText()
+    Q_PROPERTY(QString iconPath MEMBER m_iconPath WRITE SetIconPath)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE SetBorderRadius)
+    Q_PROPERTY(int horizontalMargin MEMBER m_horizontalMargin WRITE setHorizontalMargin)
 
 public:
     explicit QcButton(QWidget *parent = nullptr);

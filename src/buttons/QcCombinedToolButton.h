@@ -36,6 +36,8 @@ class QcToolButton;
 class VELMORA_EXPORT QcCombinedToolButton : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconPath MEMBER m_iconPath WRITE SetIconPath)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE SetBorderRadius)
 
 public:
     explicit QcCombinedToolButton(QWidget *parent = nullptr);

@@ -28,6 +28,9 @@ class ButtonStateTracker;
 class VELMORA_EXPORT QcMenuTextButton : public QPushButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText) // through our setText()
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE SetBorderRadius)
+    Q_PROPERTY(int horizontalMargin MEMBER m_horizontalMargin WRITE setHorizontalMargin)
 
 public:
     explicit QcMenuTextButton(QWidget *parent = nullptr);

@@ -27,6 +27,9 @@ class ButtonStateTracker;
 class VELMORA_EXPORT QcMenuToolButton : public QToolButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconPath MEMBER m_iconPath WRITE SetIconPath)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE SetBorderRadius)
+    Q_PROPERTY(bool arrowIconVisible MEMBER m_arrowIconVisible WRITE SetArrowIconVisible)
 
 public:
     explicit QcMenuToolButton(QWidget *parent = nullptr);

@@ -30,6 +30,8 @@ class ButtonStateTracker;
 class VELMORA_EXPORT QcToolButton : public QToolButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconPath MEMBER m_iconPath WRITE SetIconPath)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE SetBorderRadius)
 
 public:
     explicit QcToolButton(QWidget *parent = nullptr);

@@ -24,6 +24,10 @@ class QcMultiLineText;
 class VELMORA_EXPORT QcArrowTip : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString text MEMBER m_text WRITE setText)
+    Q_PROPERTY(int maxWidth MEMBER m_maxWidth WRITE setMaxWidth)
+    Q_PROPERTY(QString textColorParams MEMBER m_textColorParams WRITE setTextColorParams)
+    Q_PROPERTY(TriangleDirection triangleDirection MEMBER m_direction WRITE setTriangleDirection)
 
 public:
     /// The side of the bubble that the triangle sits on; the bubble stands on the other side of the reference.

@@ -11,6 +11,10 @@ namespace Velmora {
 class VELMORA_EXPORT QcFrame : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString backgroundColorParams MEMBER m_backgroundColorParams WRITE setBackgroundColorParams)
+    Q_PROPERTY(QString borderColorParams MEMBER m_borderColorParams WRITE setBorderColorParams)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE setBorderRadius)
+    Q_PROPERTY(BorderSides borderSides READ ShownSides WRITE setBorderSides)
 
 public:
     enum BorderSide {
@@ -38,6 +42,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    BorderSides ShownSides() const { return m_borderSides; }
+
     QString m_backgroundColorParams = QStringLiteral("transparent");
     QString m_borderColorParams = QStringLiteral("transparent");
     int m_borderRadius = 0;

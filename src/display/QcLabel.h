@@ -22,6 +22,10 @@ namespace Velmora {
 class VELMORA_EXPORT QcLabel : public QLabel
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText) // through our setText()
+    Q_PROPERTY(LabelType type MEMBER m_type WRITE setType)
+    Q_PROPERTY(QString iconPath MEMBER m_iconPath WRITE SetIconPath)
+    Q_PROPERTY(QString iconColorParams MEMBER m_iconColorParams WRITE SetIconColorParams)
 
 public:
     /// The text styles, by family, pixel size and colour token.

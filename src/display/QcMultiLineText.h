@@ -25,9 +25,14 @@ namespace Velmora {
 class VELMORA_EXPORT QcMultiLineText : public QFrame
 {
     Q_OBJECT
-    Q_PROPERTY(QString text READ WholeText)
+    Q_PROPERTY(QString text READ WholeText WRITE setText)
     Q_PROPERTY(int markedLink READ MarkedLink)
     Q_PROPERTY(Qt::FocusPolicy focusPolicy READ focusPolicy WRITE setFocusPolicy)
+    Q_PROPERTY(QString defaultTextColorParams MEMBER m_textColorParams WRITE setDefaultTextColorParams)
+    Q_PROPERTY(int lineCount MEMBER m_lineCount WRITE setLineCount)
+    Q_PROPERTY(bool heightAdaptive MEMBER m_heightAdaptive WRITE setHeightAdaptive)
+    Q_PROPERTY(Qt::Alignment alignment MEMBER m_alignment WRITE setAlignment)
+    Q_PROPERTY(bool autoAlignment MEMBER m_autoAlignment WRITE setAutoAlignment)
 
 public:
     explicit QcMultiLineText(QWidget *parent = nullptr);

@@ -37,6 +37,7 @@ class QcWindowHandler;
 class VELMORA_EXPORT QcDockWidget : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(int type MEMBER m_type WRITE setType)
 
 public:
     explicit QcDockWidget(QWidget *parent = nullptr);

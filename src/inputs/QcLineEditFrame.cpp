@@ -158,6 +158,11 @@ void QcLineEditFrame::clear()
     m_lineEdit->clear();
 }
 
+QString QcLineEditFrame::PlaceholderText() const
+{
+    return m_lineEdit->placeholderText();
+}
+
 void QcLineEditFrame::setPlaceholderText(const QString &text)
 {
     m_lineEdit->setPlaceholderText(text);
@@ -180,16 +185,26 @@ int QcLineEditFrame::valueInt() const
 
 // Unit and button share the one spacing: the last call wins.
 
+QString QcLineEditFrame::Unit() const
+{
+    return m_unitLabel->isHidden() ? QString() : m_unitLabel->text();
+}
+
 void QcLineEditFrame::setUnit(const QString &unit)
 {
     const bool isShown = !unit.isEmpty();
-    const bool isNews = unit != (m_unitLabel->isHidden() ? QString() : m_unitLabel->text());
+    const bool isNews = unit != Unit();
     if (isShown)
         m_unitLabel->setText(unit);
     m_unitLabel->setVisible(isShown);
     SetDistances(kMargin, isShown ? kUnitSpacing : 0);
     if (isNews)
         AnnounceDescription();
+}
+
+QString QcLineEditFrame::ButtonIconPath() const
+{
+    return m_button->isHidden() ? QString() : m_button->property("iconPath").toString();
 }
 
 void QcLineEditFrame::setButtonIconPath(const QString &path)

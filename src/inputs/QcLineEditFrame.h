@@ -48,6 +48,12 @@ class QcLineEdit;
 class VELMORA_EXPORT QcLineEditFrame : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ getText WRITE setText NOTIFY signalTextChanged USER true)
+    Q_PROPERTY(QString placeholderText READ PlaceholderText WRITE setPlaceholderText)
+    Q_PROPERTY(QString unit READ Unit WRITE setUnit)
+    Q_PROPERTY(QString buttonIconPath READ ButtonIconPath WRITE setButtonIconPath)
+    Q_PROPERTY(bool warning READ getWarning WRITE setWarning)
+    Q_PROPERTY(QString warningText MEMBER m_warningText WRITE setWarningText)
 
 public:
     explicit QcLineEditFrame(QWidget *parent = nullptr);
@@ -104,6 +110,9 @@ private:
     using IntegerText = QString (*)(const QString &text, const QIntValidator &range);
     using DoubleText = QString (*)(const QString &text, const QDoubleValidator &range);
 
+    QString PlaceholderText() const;
+    QString Unit() const;
+    QString ButtonIconPath() const;
     void editControlCheck();
     void editControlCheckV2();
     void setFocus(bool on);

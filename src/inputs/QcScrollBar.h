@@ -30,6 +30,7 @@ namespace Velmora {
 class VELMORA_EXPORT QcScrollBar : public QScrollBar
 {
     Q_OBJECT
+    Q_PROPERTY(DisplayMode displayMode READ getDisplayModeM WRITE setDisplayModeM)
 
 public:
     enum DisplayMode : int {

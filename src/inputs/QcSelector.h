@@ -33,6 +33,7 @@ namespace Velmora {
 class VELMORA_EXPORT QcSelector : public QComboBox
 {
     Q_OBJECT
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable) // through our setEditable()
 
 public:
     explicit QcSelector(QWidget *parent = nullptr);

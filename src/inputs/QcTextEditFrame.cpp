@@ -85,6 +85,12 @@ void QcTextEditFrame::setText(const QString &text)
     updateCharCount();
 }
 
+void QcTextEditFrame::SetPlainText(const QString &text)
+{
+    if (m_textEdit)
+        m_textEdit->setPlainText(text);
+}
+
 void QcTextEditFrame::clear()
 {
     if (m_textEdit)
@@ -100,6 +106,11 @@ QString QcTextEditFrame::getText()
 QString QcTextEditFrame::toPlainText()
 {
     return getText();
+}
+
+QString QcTextEditFrame::PlaceholderText() const
+{
+    return m_textEdit ? m_textEdit->placeholderText() : QString();
 }
 
 void QcTextEditFrame::setPlaceholderText(const QString &text)

@@ -38,6 +38,11 @@ class TextEdit;
 class VELMORA_EXPORT QcTextEditFrame : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString text READ getText WRITE setText NOTIFY signalTextChanged)
+    // What mappers and delegates read and write: a text of theirs is data, and no HTML.
+    Q_PROPERTY(QString plainText READ getText WRITE SetPlainText NOTIFY signalTextChanged DESIGNABLE false STORED false USER true)
+    Q_PROPERTY(QString placeholderText READ PlaceholderText WRITE setPlaceholderText)
+    Q_PROPERTY(int maxLength READ getMaxLength WRITE setMaxLength)
 
 public:
     explicit QcTextEditFrame(QWidget *parent = nullptr);
@@ -79,6 +84,8 @@ private Q_SLOTS:
     void updateCharCount();
 
 private:
+    void SetPlainText(const QString &text);
+    QString PlaceholderText() const;
     void setFocus(bool on);
     void updateStyle();
     void AnnounceText();

@@ -8,6 +8,7 @@
 #include "theme/StyleProperty_p.h"
 
 #include <QEvent>
+#include <QMetaMethod>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -53,6 +54,7 @@ QcTextEditLimiter::QcTextEditLimiter(QWidget *parent)
     setFocusProxy(m_textEdit); // the frame's own policy is none: with one, Qt would name the mouse as the reason before we do
 
     connect(m_textEdit, &QTextEdit::textChanged, this, &QcTextEditLimiter::onTextChanged); // first, so that hosts see what is cut
+    connect(m_textEdit, &QTextEdit::textChanged, this, &QcTextEditLimiter::AnnounceText);
     updateCounter();
     TranslatePlaceholder();
     installEventFilter(this);
@@ -88,6 +90,11 @@ void QcTextEditLimiter::setMaxNum(int max)
     updateCounter();
 }
 
+QString QcTextEditLimiter::PlaceholderText() const
+{
+    return m_textEdit ? m_textEdit->placeholderText() : QString();
+}
+
 void QcTextEditLimiter::setPlaceholderText(const QString &text)
 {
     if (m_textEdit)
@@ -104,6 +111,24 @@ void QcTextEditLimiter::setText(const QString &text)
 {
     if (m_textEdit)
         m_textEdit->SetTextOrHtml(text);
+}
+
+QString QcTextEditLimiter::PlainText() const
+{
+    return m_textEdit ? m_textEdit->toPlainText() : QString();
+}
+
+void QcTextEditLimiter::SetPlainText(const QString &text)
+{
+    if (m_textEdit)
+        m_textEdit->setPlainText(text);
+}
+
+void QcTextEditLimiter::AnnounceText()
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&QcTextEditLimiter::signalTextChanged);
+    if (isSignalConnected(signal)) // for nobody else the text is put together, at each key
+        Q_EMIT signalTextChanged(PlainText());
 }
 
 void QcTextEditLimiter::onTextChanged()

@@ -40,6 +40,11 @@ class TextEdit;
 class VELMORA_EXPORT QcTextEditLimiter : public QFrame
 {
     Q_OBJECT
+    Q_PROPERTY(int maxNum MEMBER m_maxNum WRITE setMaxNum)
+    Q_PROPERTY(QString text READ PlainText WRITE setText NOTIFY signalTextChanged)
+    // What mappers and delegates read and write: a text of theirs is data, and no HTML.
+    Q_PROPERTY(QString plainText READ PlainText WRITE SetPlainText NOTIFY signalTextChanged DESIGNABLE false STORED false USER true)
+    Q_PROPERTY(QString placeholderText READ PlaceholderText WRITE setPlaceholderText)
 
 public:
     explicit QcTextEditLimiter(QWidget *parent = nullptr);
@@ -62,6 +67,8 @@ public:
 Q_SIGNALS:
     /// The edit lost the keyboard, to another widget, another window or a menu.
     void SignalFousOut(const QString &qstrText);
+    /// The text changed, by the user or by a call.
+    void signalTextChanged(const QString &text);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -72,6 +79,10 @@ private Q_SLOTS:
     void onTextChanged();
 
 private:
+    QString PlainText() const;
+    void SetPlainText(const QString &text);
+    QString PlaceholderText() const;
+    void AnnounceText();
     void updateCntPos();
     void updateCounter();
     void updateScrollStyle(bool on);

@@ -151,6 +151,11 @@ void QcDialog::Retranslate()
 
 // --- What the host sets ---
 
+QString QcDialog::Title() const
+{
+    return ui->m_titleLabel->text();
+}
+
 void QcDialog::setTitle(const QString &title)
 {
     ui->m_titleLabel->setText(title);
@@ -181,9 +186,19 @@ void QcDialog::setCancelButtonVisible(bool visible)
     ui->m_cancelButton->setVisible(visible);
 }
 
+QString QcDialog::OkButtonText() const
+{
+    return ui->m_okButton->text();
+}
+
 void QcDialog::setOkButtonText(const QString &text)
 {
     ui->m_okButton->setText(text);
+}
+
+QString QcDialog::CancelButtonText() const
+{
+    return ui->m_cancelButton->text();
 }
 
 void QcDialog::setCancelButtonText(const QString &text)

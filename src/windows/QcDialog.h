@@ -30,6 +30,12 @@ struct Ui_QcDialog;
 class VELMORA_EXPORT QcDialog : public QDialog
 {
     Q_OBJECT
+    Q_PROPERTY(QString title READ Title WRITE setTitle)
+    Q_PROPERTY(QString okButtonText READ OkButtonText WRITE setOkButtonText)
+    Q_PROPERTY(QString cancelButtonText READ CancelButtonText WRITE setCancelButtonText)
+    Q_PROPERTY(QString backgroundColorParams MEMBER m_backgroundColorParams WRITE setBackgroundColorParams)
+    Q_PROPERTY(QString borderColorParams MEMBER m_borderColorParams WRITE setBorderColorParams)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE setBorderRadius)
 
 public:
     explicit QcDialog(QWidget *parent = nullptr);
@@ -87,6 +93,9 @@ private Q_SLOTS:
     void onCloseButtonClicked();
 
 private:
+    QString Title() const;
+    QString OkButtonText() const;
+    QString CancelButtonText() const;
     void SetUpForm();
     void SetUpBottomRow();
     void Retranslate();

@@ -74,6 +74,11 @@ void QcWindow::Retranslate()
     });
 }
 
+QString QcWindow::Title() const
+{
+    return ui->m_titleLabel->text();
+}
+
 void QcWindow::setTitle(const QString &title)
 {
     ui->m_titleLabel->setText(title);

@@ -28,6 +28,7 @@ struct Ui_QcWindow;
 class VELMORA_EXPORT QcWindow : public QcFrame
 {
     Q_OBJECT
+    Q_PROPERTY(QString title READ Title WRITE setTitle)
 
 public:
     explicit QcWindow(QWidget *parent = nullptr);
@@ -65,6 +66,7 @@ private Q_SLOTS:
     void onCloseButtonClicked();
 
 private:
+    QString Title() const;
     void SetUpForm();
     void Retranslate();
     void FollowWindowState();

@@ -37,4 +37,16 @@ QStringList TokensIn(const QString &text)
     return tokens;
 }
 
+QStringList ColorsIn(const QString &text)
+{
+    static const QRegularExpression literal(
+        QStringLiteral("\"(#[0-9A-Fa-f]{6}[^\"]*)\"|\\bQt::(white|black|red|green|blue|gray|yellow|cyan)\\b"));
+    QStringList colors;
+    for (auto match = literal.globalMatch(text); match.hasNext();)
+        colors.append(match.next().captured(0).remove(QLatin1Char('"')));
+    colors.removeDuplicates();
+    colors.sort();
+    return colors;
+}
+
 } // namespace VelmoraTest

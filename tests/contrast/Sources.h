@@ -12,4 +12,7 @@ QStringList SourcesBelow(const QString &folder);
 /// The tokens that stand as literals in \a text, with or without "${", blanks or an alpha.
 QStringList TokensIn(const QString &text);
 
+/// The colours that stand as literals in \a text, "#RRGGBB" with or without an alpha, and those of Qt's that are seen (Qt::red).
+QStringList ColorsIn(const QString &text);
+
 } // namespace VelmoraTest

@@ -196,6 +196,26 @@ private Q_SLOTS:
         QCOMPARE(UnknownTokens(QStringLiteral("buttons/QcGhostButton.cpp"), code), QStringList(QStringLiteral("tip/info")));
     }
 
+    void no_control_paints_a_colour_that_no_table_decides()
+    {
+        const QStringList known = {
+            QStringLiteral("buttons/Indicator.cpp: #0000FF, #00FF00, #FF0000"), // replaced in pictures
+            QStringLiteral("buttons/QcCheckBox.cpp: #FFFFFF"),                  // the tick, which is in pairs
+            QStringLiteral("buttons/QcSwitchButton.cpp: #CCCCCC"),              // replaced
+            QStringLiteral("dock/QcDockAreaTabBarButton.cpp: #FFFFFF, 0.36"),   // between tabs, as the guide says
+            QStringLiteral("inputs/QCSlider.cpp: #005CD1, #FFFFFF"),            // replaced
+            QStringLiteral("inputs/QcSelector.cpp: Qt::red"),                   // for a debugging host
+            QStringLiteral("theme/PaintingHelpers.cpp: Qt::black"),             // shadows
+        };
+        QStringList found;
+        for (const QString &file : SourcesBelow(kSources)) {
+            const QStringList colors = ColorsIn(CodeOf(kSources + QLatin1Char('/') + file));
+            if (!colors.isEmpty())
+                found.append(QStringLiteral("%1: %2").arg(file, colors.join(QStringLiteral(", "))));
+        }
+        QCOMPARE(found, known);
+    }
+
     void every_token_of_a_table_is_in_a_pair()
     {
         const QStringList missing = Without(TokensOf(Table::Light), CodesIn(AllLooks(kSources).pairs));

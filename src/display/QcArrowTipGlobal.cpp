@@ -1,7 +1,13 @@
+#include <Velmora/KeyboardCues.h>
 #include <Velmora/QcArrowTipGlobal.h>
 
-#include <QCoreApplication>
-#include <QEvent>
+#include "core/ApplicationEvents_p.h"
+#include "theme/FocusShape_p.h"
+#include "theme/KeyboardCues_p.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QTextDocumentFragment>
 
 // Declared by Qt as a friend of QWidget only.
@@ -20,6 +26,7 @@ QcArrowTipGlobal *QcArrowTipGlobal::instance()
 QcArrowTipGlobal::QcArrowTipGlobal()
 {
     MakeTip();
+    connect(KeyboardCuesNotifier::GetInstance(), &KeyboardCuesNotifier::Changed, this, &QcArrowTipGlobal::FollowKeyboardCues);
 }
 
 QcArrowTipGlobal::~QcArrowTipGlobal()
@@ -48,6 +55,7 @@ void QcArrowTipGlobal::registerWidget(QWidget *widget, const TipInfo &info)
     widget->installEventFilter(this);
     connect(widget, &QObject::destroyed, this, &QcArrowTipGlobal::onWidgetDestroyed, Qt::UniqueConnection);
     Describe(widget, QTextDocumentFragment::fromHtml(info.text).toPlainText());
+    FollowKeyboardCues(); // in the application that there is now
 }
 
 void QcArrowTipGlobal::registerWidget(QWidget *widget, const QString &text)
@@ -70,8 +78,11 @@ void QcArrowTipGlobal::unregisterWidget(QWidget *widget)
 void QcArrowTipGlobal::onWidgetDestroyed(QObject *obj)
 {
     // A widget announces its end while guarded pointers to it still hold, so its entry is found by its key.
-    if (auto *widget = qobject_cast<QWidget *>(obj))
+    if (auto *widget = qobject_cast<QWidget *>(obj)) {
+        if (widget == m_tipOfFocus)
+            HideTipOfFocus();
         m_infos.erase(widget);
+    }
     m_descriptions.remove(obj);
 }
 
@@ -90,16 +101,84 @@ void QcArrowTipGlobal::Describe(QWidget *widget, const QString &description)
 
 bool QcArrowTipGlobal::eventFilter(QObject *watched, QEvent *event)
 {
-    const QEvent::Type type = event->type();
-    if ((type == QEvent::Enter || type == QEvent::Leave) && watched->isWidgetType()) {
-        auto *widget = static_cast<QWidget *>(watched);
-        const auto found = m_infos.find(widget);
-        if (found != m_infos.end() && type == QEvent::Enter)
-            ShowTip(widget, TipInfo(found->second)); // a copy: what the tip's show causes may register anew
-        else if (found != m_infos.end() && m_tip && !qt_qwidget_data(widget)->in_destructor)
-            m_tip->hide(); // but not when a dying widget is left: its tip stays until the mouse leaves another
+    switch (event->type()) {
+    // Of a registered widget
+    case QEvent::Enter:
+    case QEvent::Leave:
+        if (watched->isWidgetType())
+            FollowMouse(static_cast<QWidget *>(watched), event->type());
+        break;
+    // Of the whole application, with keyboard cues
+    case QEvent::FocusIn:
+        if (watched == QApplication::focusWidget())
+            ShowTipOfFocus(*QApplication::focusWidget(), static_cast<QFocusEvent *>(event)->reason());
+        break;
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+            HideTipOfFocus();
+        break;
+    case QEvent::FocusOut:
+    case QEvent::MouseButtonPress:
+    case QEvent::TabletPress:
+    case QEvent::TouchBegin:
+        HideTipOfFocus();
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void QcArrowTipGlobal::FollowMouse(QWidget *widget, QEvent::Type type)
+{
+    const auto found = m_infos.find(widget);
+    if (found == m_infos.end())
+        return;
+    if (type == QEvent::Enter) {
+        m_tipOfFocus = nullptr;
+        ShowTip(widget, TipInfo(found->second)); // a copy: what the tip's show causes may register anew
+    } else if (m_tip && !m_tipOfFocus && !qt_qwidget_data(widget)->in_destructor) {
+        m_tip->hide(); // but not when a dying widget is left: its tip stays until the mouse leaves another
+    }
+}
+
+// --- Keyboard ---
+
+void QcArrowTipGlobal::FollowKeyboardCues()
+{
+    if (!QCoreApplication::instance())
+        return;
+    if (KeyboardCuesEnabled()) {
+        WatchApplicationEvents(
+            this, {QEvent::FocusIn, QEvent::FocusOut, QEvent::KeyPress, QEvent::MouseButtonPress, QEvent::TabletPress, QEvent::TouchBegin});
+    } else {
+        UnwatchApplicationEvents(this);
+        HideTipOfFocus();
+    }
+}
+
+void QcArrowTipGlobal::ShowTipOfFocus(QWidget &focus, Qt::FocusReason reason)
+{
+    const bool isByKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    if (!isByKey || !KeyboardCuesEnabled())
+        return; // by the mouse or the program, or back from another window
+    for (QWidget *widget : {&focus, FocusedControl(focus)}) {
+        const auto found = m_infos.find(widget);
+        if (found == m_infos.end())
+            continue;
+        if (widget == m_tipOfFocus)
+            return; // told of a registered widget twice
+        m_tipOfFocus = widget;
+        ShowTip(widget, TipInfo(found->second));
+        return;
+    }
+}
+
+void QcArrowTipGlobal::HideTipOfFocus()
+{
+    if (m_tip && m_tipOfFocus)
+        m_tip->hide();
+    m_tipOfFocus = nullptr;
 }
 
 void QcArrowTipGlobal::ShowTip(QWidget *widget, const TipInfo &info)

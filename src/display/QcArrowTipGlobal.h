@@ -4,6 +4,7 @@
 #include <Velmora/TipInfo.h>
 #include <Velmora/VelmoraExport.h>
 
+#include <QEvent>
 #include <QHash>
 #include <QObject>
 #include <QPointer>
@@ -14,6 +15,9 @@
 namespace Velmora {
 
 /// Hover tips: shows one shared QcArrowTip as the mouse enters a registered widget and hides it as it leaves. Main thread only.
+///
+/// With KeyboardCuesEnabled() it shows as well when Tab or a key of a text brings the keyboard to a registered widget, or to an edit in a
+/// registered frame. It goes with the keyboard, with Escape, which does what else it does, and with a press of the mouse.
 class VELMORA_EXPORT QcArrowTipGlobal : public QObject
 {
     Q_OBJECT
@@ -46,10 +50,15 @@ private:
     static void DeleteTip();
     void ShowTip(QWidget *widget, const TipInfo &info);
     void Describe(QWidget *widget, const QString &description);
+    void FollowMouse(QWidget *widget, QEvent::Type type);
+    void FollowKeyboardCues();
+    void ShowTipOfFocus(QWidget &focus, Qt::FocusReason reason);
+    void HideTipOfFocus();
 
     QPointer<QcArrowTip> m_tip;
     std::unordered_map<QPointer<QWidget>, TipInfo, PointerHashFunc, PointerEqualFunc> m_infos;
     QHash<const QObject *, QString> m_descriptions; // those given here, to tell them from a host's
+    QPointer<QWidget> m_tipOfFocus;                 // whose tip shows since it got the keyboard
 };
 
 } // namespace Velmora

@@ -1,13 +1,17 @@
 #include "support/AccessibleEvents.h"
+#include "support/Cues.h"
+#include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcArrowTipGlobal.h>
+#include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcMultiLineText.h>
 
 #include <QApplication>
 #include <QCursor>
 #include <QEventLoop>
+#include <QPushButton>
 #include <QTextDocument>
 #include <QTimer>
 
@@ -23,7 +27,8 @@ QcArrowTip *SharedTip()
     QcArrowTip *tip = nullptr;
     const auto widgets = QApplication::topLevelWidgets();
     for (QWidget *widget : widgets) {
-        if (auto *candidate = qobject_cast<QcArrowTip *>(widget))
+        auto *candidate = qobject_cast<QcArrowTip *>(widget);
+        if (candidate && !candidate->parentWidget()) // which that of a line edit's warning has
             tip = candidate;
     }
     return tip;
@@ -56,6 +61,35 @@ struct Stage
     QWidget window;
     QWidget *first;
     QWidget *second;
+};
+
+/// A window whose three buttons Tab reaches one after the other; the first two have tips. No events are processed while one shows:
+/// the offscreen platform would activate it.
+struct KeyboardStage
+{
+    KeyboardStage()
+        : first(new QPushButton(&window))
+        , second(new QPushButton(&window))
+        , third(new QPushButton(&window))
+    {
+        window.setGeometry(0, 0, 400, 300);
+        first->setGeometry(50, 100, 60, 30);
+        second->setGeometry(160, 100, 60, 30);
+        third->setGeometry(270, 100, 60, 30);
+        QcArrowTipGlobal::instance()->registerWidget(first, QStringLiteral("One"));
+        QcArrowTipGlobal::instance()->registerWidget(second, QStringLiteral("Two"));
+        third->setFocus();
+        window.show();
+        QCursor::setPos(window.mapToGlobal(QPoint(5, 295)));
+    }
+
+    bool IsActive() { return QTest::qWaitForWindowActive(&window); }
+    void Tab() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); }
+
+    QWidget window;
+    QPushButton *first;
+    QPushButton *second;
+    QPushButton *third;
 };
 
 } // namespace
@@ -261,6 +295,114 @@ private Q_SLOTS:
         Stage stage; // whose widgets may have the addresses of dead ones
         stage.Hover(*stage.first);
         DrainEvents();
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void it_shows_for_what_tab_reaches_with_keyboard_cues()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        QVERIFY(stage.IsActive());
+        QVERIFY(!SharedTip()->isVisible());
+        stage.Tab();
+        QVERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("One"));
+        stage.Tab();
+        QVERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
+        stage.Tab();
+        QVERIFY(stage.third->hasFocus());
+        QVERIFY(!SharedTip()->isVisible());
+        QTest::keyClick(stage.third, Qt::Key_Backtab);
+        QVERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
+        SetKeyboardCuesEnabled(false);
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void without_keyboard_cues_it_shows_for_the_mouse_alone()
+    {
+        KeyboardStage stage;
+        QVERIFY(stage.IsActive());
+        for (QPushButton *button : {stage.first, stage.second, stage.third}) {
+            stage.Tab();
+            QVERIFY(button->hasFocus());
+            QVERIFY(!SharedTip()->isVisible());
+        }
+    }
+
+    void it_shows_for_the_edit_in_a_registered_frame()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        auto *frame = new QcLineEditFrame(&stage.window);
+        frame->setGeometry(50, 200, 200, 32);
+        QcArrowTipGlobal::instance()->registerWidget(frame, QStringLiteral("Four"));
+        frame->show();
+        QVERIFY(stage.IsActive());
+        stage.third->setFocus();
+        stage.Tab();
+        QVERIFY(frame->isAncestorOf(QApplication::focusWidget()));
+        QVERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Four"));
+    }
+
+    void escape_takes_it_away_and_does_what_it_does()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        EventCounter keys(*stage.first, QEvent::KeyPress);
+        QVERIFY(stage.IsActive());
+        stage.Tab();
+        QVERIFY(SharedTip()->isVisible());
+        QTest::keyClick(stage.first, Qt::Key_A);
+        QVERIFY(SharedTip()->isVisible());
+        QTest::keyClick(stage.first, Qt::Key_Escape);
+        QVERIFY(!SharedTip()->isVisible());
+        QCOMPARE(keys.Take(), 2);
+        QVERIFY(stage.first->hasFocus());
+    }
+
+    void a_press_of_the_mouse_takes_it_away()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        QVERIFY(stage.IsActive());
+        stage.Tab();
+        QVERIFY(SharedTip()->isVisible());
+        QTest::mousePress(&stage.window, Qt::LeftButton, Qt::NoModifier, QPoint(5, 290));
+        QVERIFY(!SharedTip()->isVisible());
+        QTest::mouseRelease(&stage.window, Qt::LeftButton, Qt::NoModifier, QPoint(5, 290));
+        stage.second->setFocus(Qt::MouseFocusReason);
+        QVERIFY(!SharedTip()->isVisible());
+        stage.first->setFocus(); // by the program
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void the_mouse_leaves_the_tip_of_the_keyboard_alone()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        QVERIFY(stage.IsActive());
+        stage.Tab();
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(stage.second, &leave);
+        QVERIFY(SharedTip()->isVisible());
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QApplication::sendEvent(stage.second, &enter);
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
+        QApplication::sendEvent(stage.second, &leave);
+        QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void it_goes_with_what_had_the_keyboard()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        QVERIFY(stage.IsActive());
+        stage.Tab();
+        QVERIFY(SharedTip()->isVisible());
+        delete stage.first;
         QVERIFY(!SharedTip()->isVisible());
     }
 

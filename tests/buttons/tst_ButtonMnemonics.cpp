@@ -6,6 +6,7 @@
 #include <Velmora/QcCheckBox.h>
 #include <Velmora/QcGhostButton.h>
 #include <Velmora/QcHighlightButton.h>
+#include <Velmora/QcMenu.h>
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcRadioButton.h>
@@ -18,6 +19,7 @@
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QSignalSpy>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -219,6 +221,22 @@ private Q_SLOTS:
         QSignalSpy clicks(stage.button, &QAbstractButton::clicked);
         QTest::keyClick(&stage.window, Qt::Key_A, Qt::AltModifier);
         QTRY_COMPARE(clicks.count(), 1);
+    }
+
+    void the_marked_letter_opens_a_menu_once()
+    {
+        const Cues cues;
+        Stage stage(Make<QcMenuTextButton>, kMarked);
+        QcMenu menu;
+        menu.addQcAction(QStringLiteral("Item"));
+        static_cast<QcMenuTextButton *>(stage.button)->setMenu(&menu);
+        QSignalSpy openings(&menu, &QMenu::aboutToShow);
+        QSignalSpy clicks(stage.button, &QAbstractButton::clicked);
+        connect(&menu, &QMenu::aboutToShow, &menu, [&] { QTimer::singleShot(0, &menu, &QWidget::close); });
+        QTest::keyClick(&stage.window, Qt::Key_A, Qt::AltModifier); // returns when the menu has closed
+        QTRY_COMPARE(clicks.count(), 1);
+        QCOMPARE(openings.count(), 1);
+        QVERIFY(!stage.button->isDown());
     }
 
     void assistive_technology_reads_the_text_that_is_shown_data() { AddMakers(); }

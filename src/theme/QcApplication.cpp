@@ -3,6 +3,7 @@
 
 #include "core/MainThreadPosting_p.h"
 #include "theme/FocusRing_p.h"
+#include "theme/ThemeChecks_p.h"
 #include "theme/WidgetChain_p.h"
 
 #include <QMouseEvent>
@@ -14,6 +15,7 @@ QcApplication::QcApplication(int &argc, char **argv)
     : QApplication(argc, argv)
 {
     SetPostingDispatcher(&m_taskDispatcher);
+    FollowThemeChecks();
 }
 
 QcApplication::~QcApplication()

@@ -7,6 +7,7 @@
 #include "theme/ImageCache_p.h"
 #include "theme/StyleSheetAlone_p.h"
 #include "theme/SvgRecoloring_p.h"
+#include "theme/ThemeChecks_p.h"
 #include "theme/WholeRepaint_p.h"
 
 #include <QApplication>
@@ -94,6 +95,15 @@ void RefreshVisible(const Registry &registry, const char *hiddenMark, const Refr
     }
 }
 
+/// The colour that Qt knows by that name. One that it does not know either is no colour, of which a developer may want to hear.
+QColor ColorOfQt(const QString &name, const QString &table)
+{
+    const QColor color(name);
+    if (ThemeChecks *checks = color.isValid() ? nullptr : ActiveThemeChecks())
+        checks->TellUnknown(name, table);
+    return color;
+}
+
 } // namespace
 
 QcStyleManager *QcStyleManager::GetInstance()
@@ -163,6 +173,7 @@ void QcStyleManager::SetColorFilePath(const QString &path)
     m_colorFilePath = path;
     m_colorTable = ReadColorTable(path);
     m_resolvedTexts.clear();
+    TellChecksOfTable();
     Q_EMIT SignalColorChanged();
 }
 
@@ -177,7 +188,7 @@ QColor QcStyleManager::GetColor(const ColorParams &params)
     else if (params.code == QLatin1String("transparent"))
         color = Qt::transparent;
     else
-        color = QColor(params.code);
+        color = ColorOfQt(params.code, m_colorFilePath);
     if (params.alpha >= 0.0)
         SetAlphaQuietly(color, params.alpha);
     return color;
@@ -266,6 +277,8 @@ void QcStyleManager::WatchWidget(QWidget *widget)
 {
     widget->installEventFilter(this);
     connect(widget, &QObject::destroyed, this, &QcStyleManager::OnRegisteredWidgetDestroyed);
+    if (ThemeChecks *checks = ActiveThemeChecks())
+        checks->NoteRegistered(widget);
 }
 
 /// Told who dies: Qt finds sender() by a search of all that are registered, for each widget of a window that goes.

@@ -113,6 +113,33 @@ class GalleryTest(unittest.TestCase):
             self.desktop.click(x + 2, y + height + 2)
             wait_for(lambda: look() == rest, "the button to rest")
 
+    def test_a_key_of_a_text_opens_its_menu(self):
+        gallery = self.start("--page", "menu-buttons")
+        x, y = gallery.centre_of("menu-view")
+        _, _, width, _ = gallery.positions["menu-view"]
+        look = lambda: self.desktop.pixel(x - width // 2 + 4, y)
+        self.desktop.point_at(*gallery.centre_of("pageTitle"))
+        rest = look()
+        self.desktop.keys("alt+v")
+        wait_for(lambda: look() != rest, "the look of an open menu")
+        self.desktop.keys("Escape")
+        wait_for(lambda: look() == rest, "the button to rest")
+
+    def test_space_shows_the_press_for_as_long_as_it_is_held(self):
+        gallery = self.start("--page", "lineedits")
+        x, y = gallery.centre_of("bookContainer")
+        _, _, width, _ = gallery.positions["bookContainer"]
+        look = lambda: self.desktop.pixel(x - width // 2 + 6, y)
+        gallery.click("bookContainer") # which takes the keyboard to the field that is wrong
+        self.desktop.point_at(*gallery.centre_of("pageTitle"))
+        wait_for(lambda: look() == token("light", "brand/brand"), "the button at rest")
+        self.desktop.keys("alt+t", "Tab") # from the last field
+        self.desktop.run("xdotool", "keydown", "space")
+        self.addCleanup(self.desktop.run, "xdotool", "keyup", "space")
+        wait_for(lambda: look() == token("light", "brand/brand_press"), "the pressed look")
+        self.desktop.run("xdotool", "keyup", "space")
+        wait_for(lambda: look() == token("light", "brand/brand"), "the button at rest")
+
     def test_shift_f1_shows_the_debug_tip(self):
         gallery = self.start("--page", "debugtip")
         self.desktop.point_at(*gallery.centre_of("approveButton"))

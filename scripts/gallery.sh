@@ -26,7 +26,7 @@ rm -rf "$pictures"
 mkdir -p "$pictures"
 runtime=$(mktemp -d)
 trap 'rm -rf "$runtime"' EXIT
-render() { env QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 XDG_RUNTIME_DIR="$runtime" "$gallery" --render "$@"; }
+render() { env QT_QPA_PLATFORM=offscreen QT_FONT_DPI=96 LC_ALL=C.UTF-8 LANGUAGE= XDG_RUNTIME_DIR="$runtime" "$gallery" --render "$@"; }
 render "$pictures" "$@"
 render "$pictures/right-to-left" --language ar "$@"
 echo "== $(find "$pictures" -name '*.png' | wc -l) pictures are in $pictures"

@@ -929,6 +929,30 @@ private Q_SLOTS:
         QVERIFY2(m_errors.contains("the template cannot be prepared: "), m_errors.constData());
         QVERIFY(!QFile::exists(OutputPath()));
     }
+
+    // --- languages ---
+
+    void a_fault_of_the_workbook_is_told_in_the_language_of_the_user_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("de_AT.UTF-8") << QStringLiteral("Die Datei ist leer.");
+        QTest::newRow("zh_CN.UTF-8") << QStringLiteral("文件为空。");
+        for (const char *english : {"en_GB.UTF-8", "it_IT.UTF-8", "zh_TW.UTF-8", "C.UTF-8"})
+            QTest::newRow(english) << QStringLiteral("The file is empty.");
+    }
+
+    void a_fault_of_the_workbook_is_told_in_the_language_of_the_user()
+    {
+        QFETCH(QString, fault);
+        WriteFile(TemplatePath(), QByteArray());
+        FillTemplateProgram program({QStringLiteral("list"), TemplatePath()});
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("LC_ALL"));
+        environment.insert(QStringLiteral("LANG"), QLatin1String(QTest::currentDataTag()));
+        program.setProcessEnvironment(environment);
+        QVERIFY(program.Run() != 0);
+        QVERIFY2(QString::fromUtf8(program.Errors()).contains(fault), program.Errors().constData());
+    }
 };
 
 VELMORA_TEST_MAIN(tst_FillTemplate)

@@ -121,7 +121,7 @@ function(_velmora_copy_font source target)
 endfunction()
 
 function(_velmora_install_licence_of_package package)
-    if(NOT VELMORA_INSTALL)
+    if(NOT VELMORA_INSTALL_RUNTIME)
         return()
     endif()
     set(copyright "/usr/share/doc/${package}/copyright")
@@ -137,7 +137,7 @@ function(_velmora_install_licence_of_package package)
 endfunction()
 
 function(_velmora_install_licences_of_folder folder)
-    if(NOT VELMORA_INSTALL)
+    if(NOT VELMORA_INSTALL_RUNTIME)
         return()
     endif()
     file(GLOB licences LIST_DIRECTORIES false

@@ -1,5 +1,15 @@
 # What `cmake --install` lays out: two components, Runtime (the library) and Development (everything a host compiles with).
 
+# A project that has this one as a folder installs the first alone, unless it asks for both.
+
+if(NOT VELMORA_INSTALL)
+    install(TARGETS Velmora
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_SKIP
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime
+    )
+    return()
+endif()
+
 include(CMakePackageConfigHelpers)
 
 set(VELMORA_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Velmora")

@@ -46,15 +46,27 @@ void CheckWhatIsIgnored()
     button.setText(QStringLiteral("Save"));
     QMenu menu;
     const QSize size = button.sizeHint();
-    Check(Ignores(button, [&] { button.setIcon(AnyIcon()); button.setIconSize(QSize(40, 40)); }), "a button ignores setIcon");
+    Check(Ignores(button,
+                  [&] {
+                      button.setIcon(AnyIcon());
+                      button.setIconSize(QSize(40, 40));
+                  }),
+          "a button ignores setIcon");
     Check(Ignores(button, [&] { button.setDown(true); }), "setDown");
     button.setDown(false);
-    Check(Ignores(button, [&] { button.setFlat(true); button.setDefault(true); }), "setFlat, and that it is the default");
+    Check(Ignores(button,
+                  [&] {
+                      button.setFlat(true);
+                      button.setDefault(true);
+                  }),
+          "setFlat, and that it is the default");
     Check(Ignores(button, [&] { button.setPalette(Loud()); }), "its palette");
-    Check(Ignores(button, [&] { button.setStyleSheet(QStringLiteral("color: red; border: 3px solid red;")); }), "text and border of a sheet");
+    Check(Ignores(button, [&] { button.setStyleSheet(QStringLiteral("color: red; border: 3px solid red;")); }),
+          "text and border of a sheet");
     button.setStyleSheet(QStringLiteral("background: red;"));
     const QImage corners = Shot(button);
-    Check(corners.pixelColor(0, 0) == QColor(Qt::red) && corners.pixelColor(4, 12) != QColor(Qt::red), "whose ground shows in the corners only");
+    Check(corners.pixelColor(0, 0) == QColor(Qt::red) && corners.pixelColor(4, 12) != QColor(Qt::red),
+          "whose ground shows in the corners only");
     Check(Ignores(button, [&] { button.setMenu(&menu); }) && button.sizeHint() == size, "and shows no arrow for its menu");
     button.setMenu(nullptr);
     Check(!Ignores(button, [&] { button.setFont(Large()); }) && button.sizeHint().width() > size.width(), "but its font it has");
@@ -76,7 +88,12 @@ void CheckToolButtons()
     QcToolButton button;
     QAction action(AnyIcon(), QStringLiteral("Save"), nullptr);
     action.setCheckable(true);
-    Check(Ignores(button, [&] { button.setDefaultAction(&action); button.setToolButtonStyle(Qt::ToolButtonTextBesideIcon); button.setArrowType(Qt::DownArrow); }),
+    Check(Ignores(button,
+                  [&] {
+                      button.setDefaultAction(&action);
+                      button.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+                      button.setArrowType(Qt::DownArrow);
+                  }),
           "a tool button shows no icon of its action, no text and no arrow");
     button.click();
     Check(action.isChecked() && button.isChecked() && button.toolTip() == QStringLiteral("Save"), "but triggers it");
@@ -125,7 +142,12 @@ void CheckMenus()
     QAction *action = menu.addAction(AnyIcon(), QStringLiteral("Save"));
     QFont bold;
     bold.setBold(true);
-    Check(Ignores(menu, [&] { menu.setDefaultAction(action); action->setFont(bold); action->setIcon(QIcon()); }),
+    Check(Ignores(menu,
+                  [&] {
+                      menu.setDefaultAction(action);
+                      action->setFont(bold);
+                      action->setIcon(QIcon());
+                  }),
           "a menu shows no default action, no font and no QIcon");
 }
 
@@ -155,7 +177,12 @@ void CheckLabels()
     QcLabel typed(&ground);
     typed.setType(QcLabel::Body);
     typed.setText(QStringLiteral("words"));
-    Check(Ignores(typed, [&] { typed.setPalette(Loud()); typed.setStyleSheet(QStringLiteral("color: red;")); }), "its colour is the type's");
+    Check(Ignores(typed,
+                  [&] {
+                      typed.setPalette(Loud());
+                      typed.setStyleSheet(QStringLiteral("color: red;"));
+                  }),
+          "its colour is the type's");
     Check(!Ignores(label, [&] { label.setStyleSheet(QStringLiteral("background: red;")); }), "its ground a stylesheet's");
     label.setFont(Large());
     Check(label.sizeHint().height() > 30, "a font holds that comes after the type");

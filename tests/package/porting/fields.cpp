@@ -30,7 +30,12 @@ void CheckFonts()
 {
     QcLineEditFrame field;
     field.setText(QStringLiteral("text"));
-    Check(Ignores(field, [&] { field.setFont(Large()); field.getLineEdit()->setFont(Large()); }), "a font does not reach a field");
+    Check(Ignores(field,
+                  [&] {
+                      field.setFont(Large());
+                      field.getLineEdit()->setFont(Large());
+                  }),
+          "a font does not reach a field");
     QcSelector selector;
     selector.addItem(QStringLiteral("item"));
     Check(Ignores(selector, [&] { selector.setFont(Large()); }) && selector.height() == 28, "nor a selector, of 28 pixels");
@@ -68,7 +73,8 @@ void CheckAge()
     dialog.show();
     Check(QTest::qWaitForWindowActive(&dialog), "the dialog shows");
     Enter(dialog.field(), QStringLiteral("300"));
-    Check(dialog.isVisible() && dialog.field()->getWarning() && dialog.field()->getText() == QStringLiteral("300"), "a wrong age stays to be mended");
+    Check(dialog.isVisible() && dialog.field()->getWarning() && dialog.field()->getText() == QStringLiteral("300"),
+          "a wrong age stays to be mended");
     Enter(dialog.field(), QStringLiteral("30"));
     Check(!dialog.isVisible() && dialog.result() == QDialog::Accepted && !dialog.field()->getWarning(), "a right one is taken");
 }
@@ -82,7 +88,8 @@ void CheckWizard()
     wizard.show();
     Check(!wizard.button(QWizard::NextButton)->isEnabled(), "without a name there is no next page");
     page->findChild<QcLineEditFrame *>()->setText(QStringLiteral("Ada"));
-    Check(wizard.button(QWizard::NextButton)->isEnabled() && wizard.field(QStringLiteral("name")) == QStringLiteral("Ada"), "with one there is");
+    Check(wizard.button(QWizard::NextButton)->isEnabled() && wizard.field(QStringLiteral("name")) == QStringLiteral("Ada"),
+          "with one there is");
 }
 
 } // namespace

@@ -33,7 +33,8 @@ QString RowOf(const QWidget &window)
 void CheckTitles()
 {
     QcWindow window;
-    Check(window.windowTitle() == QStringLiteral("window") && RowOf(window) == QStringLiteral("TextLabel"), "a window has titles of its own at first");
+    Check(window.windowTitle() == QStringLiteral("window") && RowOf(window) == QStringLiteral("TextLabel"),
+          "a window has titles of its own at first");
     window.setWindowTitle(QStringLiteral("given"));
     Check(RowOf(window) == QStringLiteral("TextLabel"), "the row does not follow the window's title");
     const QcDialog dialog;
@@ -46,10 +47,12 @@ void CheckSizes()
 {
     QcWindow window;
     window.show();
-    Check(window.size() == QSize(600, 400) && window.getContentFrame()->size() == QSize(600, 360), "a title row takes 40 pixels of the window");
+    Check(window.size() == QSize(600, 400) && window.getContentFrame()->size() == QSize(600, 360),
+          "a title row takes 40 pixels of the window");
     QcDialog dialog;
     dialog.show();
-    Check(dialog.size() == QSize(600, 400) && dialog.getContentFrame()->size() == QSize(580, 340), "of a dialog its shadow takes 10 at each side");
+    Check(dialog.size() == QSize(600, 400) && dialog.getContentFrame()->size() == QSize(580, 340),
+          "of a dialog its shadow takes 10 at each side");
 }
 
 void CheckGeometry()
@@ -76,7 +79,10 @@ void CheckShell()
     notes->setWindowTitle(QStringLiteral("Notes"));
     Shell shell(notes);
     int quits = 0;
-    notes->menuBar()->addMenu(QStringLiteral("File"))->addAction(QStringLiteral("Quit"), &shell, [&] { ++quits; }, QKeySequence(QStringLiteral("Ctrl+Q")));
+    notes->menuBar()
+        ->addMenu(QStringLiteral("File"))
+        ->addAction(
+            QStringLiteral("Quit"), &shell, [&] { ++quits; }, QKeySequence(QStringLiteral("Ctrl+Q")));
     auto *text = new QWidget;
     text->setFocusPolicy(Qt::StrongFocus);
     notes->setCentralWidget(text);
@@ -89,7 +95,8 @@ void CheckShell()
     QTest::keyClick(text, Qt::Key_Q, Qt::ControlModifier);
     Check(quits == 1, "its shortcuts work");
     notes->setWindowTitle(QStringLiteral("Other notes"));
-    Check(shell.windowTitle() == QStringLiteral("Other notes") && RowOf(shell) == QStringLiteral("Other notes"), "its title is the shell's");
+    Check(shell.windowTitle() == QStringLiteral("Other notes") && RowOf(shell) == QStringLiteral("Other notes"),
+          "its title is the shell's");
     Check(!shell.close() && shell.isVisible(), "it may refuse to be closed");
     notes->isSaved = true;
     Check(shell.close() && !shell.isVisible(), "or agree");

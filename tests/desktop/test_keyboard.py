@@ -11,7 +11,9 @@ from desktop import Desktop, Program, wait_for
 
 GALLERY = os.environ["GALLERY_PROGRAM"]
 TABLES = os.environ["COLOUR_TABLES"]
-PICTURES = os.environ.get("WALK_PICTURES")
+PICTURES = os.environ["WALK_PICTURES"]
+KEEPS_ALL = "WALK_KEEPS_ALL" in os.environ # pictures, to be looked at; else only those in which nothing can be seen
+FILES = {"light": "blue_light", "dark": "blue_dark", "contrast-light": "contrast_light", "contrast-dark": "contrast_dark"} # of the tables
 START = "searchField"
 TOO_MANY = 300 # stops of one page
 AROUND = 16 # pixels: a frame around an edit, and the ring around that
@@ -19,7 +21,7 @@ LEAST = 60 # pixels that a stop changes: the ring of the smallest control has mo
 
 
 def focus_colour(table):
-    with open(os.path.join(TABLES, f"blue_{table}.ini"), encoding="utf-8-sig") as file:
+    with open(os.path.join(TABLES, f"{FILES[table]}.ini"), encoding="utf-8-sig") as file:
         code = re.search(r"^others/focus *= *#(\w{6})", file.read(), re.MULTILINE).group(1)
     return bytes.fromhex(code)
 
@@ -71,12 +73,14 @@ class Walk:
             known = [b""] * len(before) if is_in_place and after != before else before
             return self.new_pixels(stop, known, after) >= LEAST
         try:
-            wait_for(shows, "the ring", 3)
+            wait_for(shows, "the ring", 10)
             self.seen += 1
+            if KEEPS_ALL:
+                self.keep(page, after)
         except AssertionError:
             self.unseen.append(stop)
+            self.keep(page, after)
         self.last = stop
-        self.keep(page, after)
         return after
 
     def new_pixels(self, stop, before, after):
@@ -96,8 +100,6 @@ class Walk:
         return count
 
     def keep(self, page, picture):
-        if not PICTURES:
-            return
         width, height = self.frame[2:]
         path = os.path.join(PICTURES, f"{page}-{self.seen + len(self.unseen):03}.png")
         subprocess.run(["convert", "-size", f"{width}x{height}", "-depth", "8", "rgb:-", path], input=b"".join(picture), check=True)
@@ -108,14 +110,13 @@ class KeyboardTest(unittest.TestCase):
     def setUpClass(cls):
         cls.desktop = Desktop(1400, 900)
         cls.addClassCleanup(cls.desktop.close)
-        if PICTURES:
-            shutil.rmtree(PICTURES, ignore_errors=True)
-            os.makedirs(PICTURES)
+        shutil.rmtree(PICTURES, ignore_errors=True)
+        os.makedirs(PICTURES)
 
     def test_every_stop_of_every_page_can_be_seen(self):
         seen, unseen = 0, []
         for number, page in enumerate(pages()):
-            table = ("light", "dark")[number % 2]
+            table = list(FILES)[number % len(FILES)]
             gallery = Program(self.desktop, GALLERY, "--page", page, "--table", table)
             walk = Walk(self.desktop, gallery, table)
             try:

@@ -72,7 +72,7 @@ void ScrollIntoSight(QWidget &control)
     for (QWidget *outer = control.parentWidget(); outer; outer = outer->parentWidget()) {
         auto *area = qobject_cast<QScrollArea *>(outer);
         if (area && area->widget() && area->widget()->isAncestorOf(&control))
-            area->ensureWidgetVisible(&control, kReach, kReach);
+            area->ensureWidgetVisible(&control); // which leaves room for a ring
     }
 }
 

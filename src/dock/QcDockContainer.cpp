@@ -7,6 +7,7 @@
 #include "dock/DockSplitter_p.h"
 #include "dock/DockTree_p.h"
 #include "dock/DropGeometry_p.h"
+#include "dock/FloatsAbove_p.h"
 
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockDragController.h>
@@ -430,6 +431,8 @@ void QcDockContainer::showEvent(QShowEvent *event)
 {
     const QPointer<QcDockContainer> self(this);
     updatetDockWidgetWindowsVisible();
+    if (self && IsRoot(this))
+        BringFloatsAbove(*this);
     if (self)
         QWidget::showEvent(event);
 }

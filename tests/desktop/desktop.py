@@ -8,16 +8,7 @@ import tempfile
 import threading
 import time
 
-# No button binding for a window's inside: the window manager leaves a press there to the program, so
-# that a window which comes to the front has done so by itself. Two keys, by which the desktop maximises and restores, and closes.
-OPENBOX_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
-  <desktops><number>1</number><popupTime>0</popupTime></desktops>
-  <keyboard><keybind key="W-m"><action name="ToggleMaximize"/></keybind><keybind key="W-q"><action name="Close"/></keybind></keyboard>
-  <mouse/>
-</openbox_config>
-"""
+from managers import chosen_manager
 
 TIMEOUT = 60
 
@@ -41,9 +32,10 @@ def wait_for(condition, what, timeout=TIMEOUT):
 
 
 class Desktop:
-    """An X server on a free display number, with screens side by side, and openbox; close() ends all that was started on it."""
+    """An X server on a free display number, with screens side by side, and a window manager; close() ends all that was started on it."""
 
     def __init__(self, width, height, screens=1):
+        self.manager = chosen_manager()
         self.folder = tempfile.mkdtemp(prefix="desktop-")
         self.processes = []
         runtime = os.path.join(self.folder, "runtime")
@@ -87,10 +79,14 @@ class Desktop:
         self._start_server("Xephyr", "+xinerama", "-extension", "RANDR", *(word for screen in screens for word in screen))
 
     def _start_window_manager(self):
-        config = os.path.join(self.folder, "rc.xml")
-        with open(config, "w", encoding="utf-8") as file:
-            file.write(OPENBOX_CONFIG)
-        self.start(["openbox", "--sm-disable", "--config-file", config], log="openbox.log")
+        for name, text in self.manager.files.items():
+            path = os.path.join(self.folder, name)
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(text)
+        command = [word.replace("FOLDER", self.folder) for word in self.manager.command]
+        settings = [f"{name}={value}" for name, value in self.manager.environment.items()]
+        self.start(["env", *settings, *command], log="manager.log")
         # It says who it is before it says what it can do, and a program asks for that only once, when it starts.
         wait_for(lambda: "_NET_WM_MOVERESIZE" in self.run("xprop", "-root", "_NET_SUPPORTED"), "the window manager")
 
@@ -231,7 +227,8 @@ class Desktop:
             wait_for(arrives, f"{expected} after a drag", 20)
         finally:
             self.release(button)
-            if button != 1: # Qt names the left button to the window manager, whose move ends with a release of that one
+            # Qt names the left button to the window manager, whose move ends with a release of that one.
+            if button != 1 and not self.manager.any_release_ends_a_move:
                 self.run("xdotool", "click", "1")
 
     def press_twice(self, x, y):

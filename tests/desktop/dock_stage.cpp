@@ -165,6 +165,7 @@ QRect Place(const QString &text)
 } // namespace
 
 /// dock_stage PLACE [PLACE]: a window with "Files" at the left and the tabs "One" and "Two" at the right, and another one with "Output".
+/// With "floating" a panel "Back" floats over the first one from the start.
 /// Types: Files 1, One and Two 2, Output 3; type 9 would join none of them but Files.
 int main(int argc, char **argv)
 {
@@ -183,12 +184,21 @@ int main(int argc, char **argv)
     root->addWidget(one, files, Right);
     root->addWidget(NewPanel(QStringLiteral("Two"), 2), one, Center);
 
+    // As a layout of the last run brings it back, over the window's lower left corner.
+    if (arguments.contains(QLatin1String("floating"))) {
+        auto *back = new QcDockWidget(root);
+        back->setWindowTitle(QStringLiteral("Back"));
+        back->SetWindowFlags();
+        back->setWindowStyle(true);
+        back->setGeometry(window.x() - 40, window.y() + 300, 240, 200);
+    }
+
     QWidget second;
     QcDockContainer *other = ShowRoot(second, QStringLiteral("window2"), Place(arguments.value(2)));
     other->addWidget(NewPanel(QStringLiteral("Output"), 3), nullptr, Center);
 
     new Reporter(&application); // the application's
-    if (arguments.size() > 2)
+    if (arguments.value(2).contains(QLatin1Char(',')))
         second.show();
     window.show();
     return QApplication::exec();

@@ -283,13 +283,13 @@ class WindowsTest(unittest.TestCase):
     def test_one_click_answers_a_window_that_the_desktop_maximised_or_restored(self):
         stage = self.show("window")
         before = stage.geometry
-        self.desktop.keys("super+m")
+        self.desktop.keys(self.desktop.manager.maximise)
         wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "the desktop to maximise the window")
         self.desktop.click(*stage.at("m_maxRestoreButton"))
         wait_for(lambda: not stage.maximized and stage.geometry == before, "one click to restore it")
         self.desktop.click(*stage.at("m_maxRestoreButton"))
         wait_for(lambda: stage.maximized and stage.geometry == (0, 0, 1280, 900), "one click to maximise it")
-        self.desktop.keys("super+m")
+        self.desktop.keys(self.desktop.manager.maximise)
         wait_for(lambda: not stage.maximized and stage.geometry == before, "the desktop to restore the window")
         button = stage.at("m_maxRestoreButton", 3, 3)
         self.desktop.point_at(*stage.inside(20, 250))

@@ -61,7 +61,7 @@ class WorkbenchTest(unittest.TestCase):
     def close_by_key(self, is_closed, what):
         """The window manager may be late to take the keyboard for its key: then it is pressed again, as by hand."""
         for _ in range(10):
-            self.desktop.keys("super+q")
+            self.desktop.keys(self.desktop.manager.close)
             try:
                 return wait_for(is_closed, what, 6)
             except AssertionError:

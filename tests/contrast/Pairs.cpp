@@ -44,7 +44,7 @@ bool Paints(const QString &code)
 Looks AllLooks(const QString &sources)
 {
     Looks all;
-    for (const Looks &part : {ButtonLooks(), IndicatorLooks(sources), SheetLooks(), PaintedLooks()}) {
+    for (const Looks &part : {ButtonLooks(), IndicatorLooks(sources), PaletteLooks(sources), SheetLooks(), PaintedLooks()}) {
         all.pairs += part.pairs;
         all.changes += part.changes;
     }

@@ -62,6 +62,8 @@ Looks ButtonLooks();
 QStringList ButtonClasses();
 /// Of check box and radio button, read from the tables in the sources under \a sources.
 Looks IndicatorLooks(const QString &sources);
+/// Of the palette that plain widgets of Qt have, read from its table in the sources under \a sources.
+Looks PaletteLooks(const QString &sources);
 /// Of one stylesheet, and of all in the library. What a rule for a state does not say it has from the rule at rest.
 Looks LooksOfSheet(const QString &text);
 Looks SheetLooks();

@@ -1,0 +1,24 @@
+#include "AddressBook.h"
+
+#include <Velmora/KeyboardCues.h>
+#include <Velmora/QcApplication.h>
+#include <Velmora/QcStyleManager.h>
+#include <Velmora/Translations.h>
+
+#include <QLocale>
+#include <QTranslator>
+
+int main(int argc, char **argv)
+{
+    Velmora::QcApplication app(argc, argv);
+    QTranslator texts;
+    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
+    QCoreApplication::installTranslator(&texts);
+    Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
+    app.Initialize();
+    Velmora::SetKeyboardCuesEnabled(true);
+
+    AddressBook book;
+    book.show();
+    return Velmora::QcApplication::exec();
+}

@@ -9,6 +9,7 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/Translations.h>
+#include <Velmora/Veils.h>
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -113,6 +114,41 @@ private:
     }
 };
 
+/// Prints of which class each widget in sight is, and where on the screen, when a window gets a new title, as it does with each page:
+/// "class name x y width height", and at last "classes" and the title.
+class ClassPrinter : public QObject
+{
+public:
+    explicit ClassPrinter(QWidget *window)
+        : QObject(window)
+    {
+        window->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::WindowTitleChange)
+            QMetaObject::invokeMethod(this, &ClassPrinter::Print, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    void Print()
+    {
+        const auto *window = static_cast<QWidget *>(parent());
+        QTextStream out(stdout);
+        for (const QWidget *widget : window->findChildren<QWidget *>()) {
+            if (!widget->isVisible())
+                continue;
+            const QPoint at = widget->mapToGlobal(QPoint());
+            out << "class " << widget->metaObject()->className() << ' ' << at.x() << ' ' << at.y() << ' ' << widget->width() << ' '
+                << widget->height() << '\n';
+        }
+        out << "classes " << window->windowTitle() << '\n' << Qt::flush;
+    }
+};
+
 /// With a table of the user's choice, or else the one that the desktop wishes, now and later.
 int ShowWindow(Table table, [[maybe_unused]] bool isChosen, const QString &page, bool printPositions)
 {
@@ -138,6 +174,7 @@ int ShowWindow(Table table, [[maybe_unused]] bool isChosen, const QString &page,
                 QTextStream(stdout) << window.ControlPositions() << Qt::flush;
         });
         new StopPrinter(&window);
+        new ClassPrinter(&window);
     }
     return QApplication::exec();
 }
@@ -173,7 +210,8 @@ int main(int argc, char *argv[])
     const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Print the names of the pages."));
     QCommandLineOption positionsOption(
         QStringLiteral("print-positions"),
-        QStringLiteral("Print where the named controls are in the window, each time it becomes active, and where Tab leads."));
+        QStringLiteral("Print where the named controls are in the window, each time it becomes active, where Tab leads, and of "
+                       "which classes a page is."));
     positionsOption.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({renderOption, pageOption, tableOption, languageOption, listOption, positionsOption});
     parser.process(app);
@@ -213,6 +251,7 @@ int main(int argc, char *argv[])
     ApplyTable(*table);
     app.Initialize();
     Velmora::SetKeyboardCuesEnabled(true);
+    Velmora::SetVeilsStopKeyboard(true);
     app.setDebugTipEnabled(true);
     SetUpLook();
     ApplyPalette();

@@ -8,6 +8,7 @@
 #include <Velmora/QcToastManager.h>
 #include <Velmora/QcWindow.h>
 #include <Velmora/Translations.h>
+#include <Velmora/Veils.h>
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -90,6 +91,7 @@ int main(int argc, char **argv)
     ApplyLook(settings.look);
     app.Initialize();
     SetKeyboardCuesEnabled(true);
+    SetVeilsStopKeyboard(true);
     if (parser.isSet(renderOption))
         return Render(parser.value(renderOption), settings);
 

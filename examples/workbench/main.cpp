@@ -4,6 +4,7 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/Translations.h>
+#include <Velmora/Veils.h>
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -36,6 +37,7 @@ int main(int argc, char **argv)
     QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
     app.Initialize();
     SetKeyboardCuesEnabled(true);
+    SetVeilsStopKeyboard(true);
     Workbench workbench(folders.isEmpty() ? QDir::currentPath() : folders.first(), parser.value(stateOption));
     workbench.show();
     return QcApplication::exec();

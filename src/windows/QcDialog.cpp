@@ -7,6 +7,7 @@
 #include <Velmora/QcSecondaryButton.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/InstallAccessible_p.h"
 #include "theme/TokenPainting_p.h"
 #include "windows/WindowParts_p.h"
 
@@ -30,6 +31,23 @@ constexpr double kShadowOpacity = 0.1;
 constexpr int kBottomMargin = 16;
 constexpr int kBottomSpacing = 12;
 constexpr int kBottomButtonWidth = 80;
+
+/// Qt says of no dialog whether it blocks others.
+class DialogAccessible : public QAccessibleWidget
+{
+public:
+    explicit DialogAccessible(QcDialog *dialog)
+        : QAccessibleWidget(dialog, QAccessible::Dialog)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = widget()->isModal() && widget()->isVisible();
+        return state;
+    }
+};
 
 template <typename Button>
 Button *MakeBottomButton(QFrame *row, const QString &name)
@@ -73,6 +91,7 @@ QcDialog::QcDialog(QWidget *parent)
     : QDialog(parent, Qt::WindowFlags())
     , ui(new Ui_QcDialog) // deleted by the destructor
 {
+    InstallAccessible<DialogAccessible, QcDialog>();
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     SetUpForm();

@@ -1,5 +1,6 @@
 #include <Velmora/QcMaskFrame.h>
 
+#include "core/InstallAccessible_p.h"
 #include "windows/Veil_p.h"
 
 namespace Velmora {
@@ -8,6 +9,7 @@ QcMaskFrame::QcMaskFrame(QWidget *parent)
     : QFrame(parent, Qt::WindowFlags())
 {
     setAttribute(Qt::WA_AlwaysStackOnTop);
+    InstallAccessible<VeilAccessible, QcMaskFrame>();
     SetUpVeil(*this);
 }
 

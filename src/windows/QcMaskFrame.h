@@ -12,7 +12,8 @@ namespace Velmora {
 
 /// A veil inside a window, in the colour table's overlay colour, with an empty horizontal layout.
 ///
-/// The host places, sizes, shows and deletes it. It stops the mouse alone: the keyboard still reaches what lies under it.
+/// The host places, sizes, shows and deletes it. It stops the mouse, and the keyboard too
+/// with SetVeilsStopKeyboard(): without, that still reaches what lies under it.
 class VELMORA_EXPORT QcMaskFrame : public QFrame
 {
     Q_OBJECT

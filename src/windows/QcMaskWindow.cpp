@@ -1,5 +1,6 @@
 #include <Velmora/QcMaskWindow.h>
 
+#include "core/InstallAccessible_p.h"
 #include "windows/Veil_p.h"
 
 namespace Velmora {
@@ -8,6 +9,7 @@ QcMaskWindow::QcMaskWindow(QWidget *parent)
     : QFrame(parent, Qt::WindowFlags())
 {
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    InstallAccessible<VeilAccessible, QcMaskWindow>();
     SetUpVeil(*this);
 }
 

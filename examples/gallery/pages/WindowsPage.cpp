@@ -197,7 +197,7 @@ private:
         words->addWidget(MakeLabel(QStringLiteral("What lies under a veil can be read and not be used."), QcLabel::Headline), 0,
                          Qt::AlignCenter);
         words->addWidget(MakeAction<QcPrimaryButton>(QStringLiteral("Under the veil"), QStringLiteral("underVeil")), 0, Qt::AlignCenter);
-        MakeSpecimen(ground); // a veil stops the mouse alone
+        MakeSpecimen(ground);
         auto *over = new QWidget;
         auto *halves = new QHBoxLayout(over);
         halves->setContentsMargins(0, 0, 0, 0);

@@ -237,6 +237,8 @@ void QcArrowTip::showEvent(QShowEvent *event)
     if (windowHandle() && parentWidget())
         windowHandle()->setTransientParent(parentWidget()->window()->windowHandle());
     WatchReference();
+    if (IsPlacedBeforeShown())
+        Place();
     adjustPositionAsync();
     QFrame::showEvent(event);
 }

@@ -91,6 +91,14 @@ void CheckSheets()
     UseTable("contrast_dark");
     Check(Shot(field).pixelColor(0, 12) == Theme()->GetColor("brand/brand"), "and follows the table");
     UseTable("blue_light");
+
+    QLabel label;
+    Shot(label);
+    label.setFont(Large());
+    label.setStyleSheet(QStringLiteral("color: red;"));
+    Check(label.font() != Large(), "Qt takes a font away with a sheet");
+    label.setFont(Large());
+    Check(label.font() == Large(), "and takes it again");
 }
 
 } // namespace

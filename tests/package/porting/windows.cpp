@@ -73,6 +73,15 @@ void CheckGeometry()
     Check(QTest::qWaitFor([&] { return next.geometry() == old.geometry(); }), "with the place from before");
 }
 
+void CheckFlags()
+{
+    QcWindow window;
+    window.setWindowFlag(Qt::WindowStaysOnTopHint);
+    Check(window.windowFlags().testFlag(Qt::FramelessWindowHint), "one flag more leaves the window without a frame");
+    window.setWindowFlags(Qt::Window | Qt::WindowStaysOnTopHint);
+    Check(!window.windowFlags().testFlag(Qt::FramelessWindowHint), "other flags bring the frame back");
+}
+
 void CheckShell()
 {
     auto *notes = new Notes;
@@ -113,5 +122,6 @@ void CheckWindows()
     CheckTitles();
     CheckSizes();
     CheckGeometry();
+    CheckFlags();
     CheckShell();
 }

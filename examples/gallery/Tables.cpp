@@ -7,7 +7,6 @@
 #include <QHash>
 #include <QPalette>
 #include <QSettings>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -101,11 +100,6 @@ void ApplyPalette()
         palette.setColor(QPalette::Disabled, role, TokenColor(QStringLiteral("text/text_disabled")));
     }
     QApplication::setPalette(palette);
-
-    QPalette tip = palette;
-    tip.setColor(QPalette::ToolTipBase, TokenColor(QStringLiteral("bg/bg_float")));
-    tip.setColor(QPalette::ToolTipText, TokenColor(QStringLiteral("text/text_primary")));
-    QToolTip::setPalette(tip);
 }
 
 } // namespace Gallery

@@ -6,6 +6,7 @@
 #endif
 
 #include <Velmora/KeyboardCues.h>
+#include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/Translations.h>
@@ -255,6 +256,7 @@ int main(int argc, char *argv[])
     app.setDebugTipEnabled(true);
     SetUpLook();
     ApplyPalette();
+    Velmora::SetPlainWidgetsFollowTable(true);
     QObject::connect(Velmora::QcStyleManager::GetInstance(), &Velmora::QcStyleManager::SignalColorChanged, &app, [] { ApplyPalette(); });
 
     if (parser.isSet(renderOption))

@@ -3,6 +3,7 @@
 
 #include "core/MainThreadPosting_p.h"
 #include "theme/FocusRing_p.h"
+#include "theme/PlainPalette_p.h"
 #include "theme/ThemeChecks_p.h"
 #include "theme/WidgetChain_p.h"
 
@@ -29,6 +30,7 @@ void QcApplication::Initialize()
     QcStyleManager::GetInstance()->Initialize();
     installEventFilter(this);
     FollowKeyboardCues();
+    FollowPlainWidgets();
 }
 
 void QcApplication::UnInitialize() {}

@@ -34,7 +34,7 @@ QColor SeenOn(const QColor &ground, const QString &code, double coverage)
         return ground;
     QColor color = ColorOf(code);
     color.setAlphaF(color.alphaF() * coverage);
-    return Over(color, ground);
+    return Blended(color, ground);
 }
 
 /// How far apart two colours look: in CIE L*a*b*, whose unit is about the least difference that is seen.
@@ -68,7 +68,7 @@ QVector<QColor> GroundsOf(QStringList codes)
     for (const QString &surface : lowest) {
         QColor ground = ColorOf(surface);
         for (const QString &code : qAsConst(codes))
-            ground = Over(ColorOf(code), ground);
+            ground = Blended(ColorOf(code), ground);
         grounds.append(ground);
     }
     return grounds;
@@ -151,7 +151,7 @@ double Contrast(const QColor &one, const QColor &other)
     return std::max(a, b) / std::min(a, b);
 }
 
-QColor Over(const QColor &color, const QColor &ground)
+QColor Blended(const QColor &color, const QColor &ground)
 {
     const double alpha = color.alphaF();
     const auto mix = [alpha](double upper, double lower) { return upper * alpha + lower * (1.0 - alpha); };

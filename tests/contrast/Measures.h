@@ -9,7 +9,7 @@ namespace VelmoraTest {
 /// How much two opaque colours differ, from 1 to 21, by the WCAG's formula.
 double Contrast(const QColor &one, const QColor &other);
 /// \a color as it is seen on the opaque \a ground.
-QColor Over(const QColor &color, const QColor &ground);
+QColor Blended(const QColor &color, const QColor &ground);
 
 /// In the active table, on the surface on which it is least.
 double ContrastOf(const Pair &pair);

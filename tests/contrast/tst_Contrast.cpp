@@ -116,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(Contrast(Qt::black, Qt::white), 21.0);
         QCOMPARE(Contrast(Qt::white, Qt::white), 1.0);
         QVERIFY(qAbs(Contrast(QColor(0x77, 0x77, 0x77), Qt::white) - 4.48) < 0.01);
-        QCOMPARE(Over(QColor(0, 0, 0, 128), Qt::white).red(), 127);
+        QCOMPARE(Blended(QColor(0, 0, 0, 128), Qt::white).red(), 127);
     }
 
     void all_that_is_read_and_seen_stands_out_data()

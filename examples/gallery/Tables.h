@@ -27,8 +27,8 @@ QStringList TokensOf(const QString &path);
 QColor TokenColor(const QString &token);
 /// A colour as a table writes it: "#336FFF", or "#0670F9, 0.4" with an alpha.
 QString ColorText(const QColor &color);
-/// Gives the palette the table's colours, for what Qt paints by itself: tool tips, selections, and the text of a QcButton
-/// whose state names no text colour.
+/// Gives the palette the table's colours, for what the kit's controls take from it: selections, and the text of a QcButton whose state
+/// names no text colour.
 void ApplyPalette();
 
 } // namespace Gallery

@@ -8,6 +8,7 @@ int main(int argc, char **argv)
     Velmora::QcStyleManager::GetInstance()->SetColorFilePath(":/colors/blue_light.ini");
     app.Initialize();
     Velmora::SetKeyboardCuesEnabled(true);
+    Velmora::SetPlainWidgetsFollowTable(true);
 
     Velmora::QcFrame window;
     window.setBackgroundColorParams("bg/bg_box");

@@ -2,6 +2,7 @@
 
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/ModalDialogs.h>
+#include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcStyleManager.h>
@@ -92,6 +93,7 @@ int main(int argc, char **argv)
     app.Initialize();
     SetKeyboardCuesEnabled(true);
     SetVeilsStopKeyboard(true);
+    SetPlainWidgetsFollowTable(true);
     if (parser.isSet(renderOption))
         return Render(parser.value(renderOption), settings);
 

@@ -1,6 +1,7 @@
 #include "Workbench.h"
 
 #include <Velmora/KeyboardCues.h>
+#include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/Translations.h>
@@ -38,6 +39,7 @@ int main(int argc, char **argv)
     app.Initialize();
     SetKeyboardCuesEnabled(true);
     SetVeilsStopKeyboard(true);
+    SetPlainWidgetsFollowTable(true);
     Workbench workbench(folders.isEmpty() ? QDir::currentPath() : folders.first(), parser.value(stateOption));
     workbench.show();
     return QcApplication::exec();

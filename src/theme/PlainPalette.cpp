@@ -39,9 +39,9 @@ constexpr Role kRoles[] = {
     {QPalette::ButtonText, "text/text_primary", "text/text_disabled", QPalette::Button},
     {QPalette::ToolTipText, "text/text_primary", "text/text_primary", QPalette::ToolTipBase},
     {QPalette::BrightText, "text/text_caption", "text/text_disabled", QPalette::Window},
-    {QPalette::PlaceholderText, "text/text_tertairy", "text/text_disabled", QPalette::Base},
+    {QPalette::PlaceholderText, "text/text_secondary", "text/text_disabled", QPalette::Base},
     {QPalette::Highlight, "brand/brand_press", "bg/bg_transluent_strong_active", QPalette::Base},
-    {QPalette::HighlightedText, "text/text_button", "text/text_disabled", QPalette::Highlight},
+    {QPalette::HighlightedText, "${text/text_button, 1}", "text/text_disabled", QPalette::Highlight},
     {QPalette::Link, "link/link", "link/link_disable", QPalette::Base},
     {QPalette::LinkVisited, "link/link_visited", "link/link_disable", QPalette::Base},
     // The shades of bevels and of lines that are sunken or raised.
@@ -197,11 +197,12 @@ void PlainPalette::OnPaletteChanged(const QPalette &palette)
 void PlainPalette::SetClasses()
 {
     m_areClassesSet = true;
+    // First, so that none is a plain button for a moment.
+    for (auto kit = m_ofKit.cbegin(); kit != m_ofKit.cend(); ++kit)
+        KeepAsBefore(kit.key(), kit.value());
     const QPalette outlined = OutlinedPalette(QApplication::palette());
     for (const char *name : kOutlinedClasses)
         QApplication::setPalette(outlined, name);
-    for (auto kit = m_ofKit.cbegin(); kit != m_ofKit.cend(); ++kit)
-        KeepAsBefore(kit.key(), kit.value());
 }
 
 /// Qt asks for the palette of a widget's very class first, and then for that of any class that it inherits.

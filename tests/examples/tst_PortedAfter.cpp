@@ -3,9 +3,12 @@
 #include "support/TestMain.h"
 
 #include <Velmora/KeyboardCues.h>
+#include <Velmora/PlainWidgets.h>
 
 int main(int argc, char **argv)
 {
-    Velmora::SetKeyboardCuesEnabled(true); // as the program does
+    // As the program does.
+    Velmora::SetKeyboardCuesEnabled(true);
+    Velmora::SetPlainWidgetsFollowTable(true);
     return VelmoraTest::RunInApplication<PortedSteps>(argc, argv);
 }

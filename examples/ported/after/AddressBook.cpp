@@ -68,10 +68,9 @@ void AddressBook::MakeList()
 {
     m_names->setObjectName(QStringLiteral("names"));
     m_names->setAccessibleName(tr("Names"));
-    // The kit has no list: a plain one gets the colours of the table, and the border that plain frames lose.
+    // Its colours are the table's; its border it loses as all plain frames do.
     QcStyleManager::GetInstance()->RegisterStyleSheet(m_names,
-                                                      QStringLiteral("QListView { border: 1px solid ${border/border_secondary};"
-                                                                     " background: ${bg/bg_box}; color: ${text/text_primary}; }"));
+                                                      QStringLiteral("QListView { border: 1px solid ${border/border_secondary}; }"));
     m_add->setObjectName(QStringLiteral("add"));
     m_find->setObjectName(QStringLiteral("find"));
     m_remove->setObjectName(QStringLiteral("remove"));

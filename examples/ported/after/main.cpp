@@ -1,6 +1,7 @@
 #include "AddressBook.h"
 
 #include <Velmora/KeyboardCues.h>
+#include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/Translations.h>
@@ -17,6 +18,7 @@ int main(int argc, char **argv)
     Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
     app.Initialize();
     Velmora::SetKeyboardCuesEnabled(true);
+    Velmora::SetPlainWidgetsFollowTable(true); // the list, for which the kit has no control
 
     AddressBook book;
     book.show();

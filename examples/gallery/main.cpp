@@ -116,7 +116,7 @@ private:
 };
 
 /// Prints of which class each widget in sight is, and where on the screen, when a window gets a new title, as it does with each page:
-/// "class name x y width height", and at last "classes" and the title.
+/// "class name x y width height", or "specimen" for one that is to be looked at only, and at last "classes" and the title.
 class ClassPrinter : public QObject
 {
 public:
@@ -143,8 +143,8 @@ private:
             if (!widget->isVisible())
                 continue;
             const QPoint at = widget->mapToGlobal(QPoint());
-            out << "class " << widget->metaObject()->className() << ' ' << at.x() << ' ' << at.y() << ' ' << widget->width() << ' '
-                << widget->height() << '\n';
+            out << (widget->property("isSpecimen").toBool() ? "specimen " : "class ") << widget->metaObject()->className() << ' ' << at.x()
+                << ' ' << at.y() << ' ' << widget->width() << ' ' << widget->height() << '\n';
         }
         out << "classes " << window->windowTitle() << '\n' << Qt::flush;
     }

@@ -265,6 +265,8 @@ class Program:
         self.log_name = f"gallery-{Program.count}.log"
         self.process = desktop.start([program, "--print-positions", *arguments], log=self.log_name, stdout=subprocess.PIPE)
         self.positions = {}
+        self.classes = [] # of the widgets in sight: "class" or "specimen", name, and place on the screen
+        self.page = "" # to which they belong
         self.stops = [] # of the Tab key, in the order of its presses: name, class, and place on the screen
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
@@ -274,12 +276,20 @@ class Program:
 
     def _read(self):
         found = {}
+        classes = []
         for line in self.process.stdout:
             if line.strip() == "end":
                 self.positions = found
                 found = {}
                 continue
             name, *numbers = line.split()
+            if name in ("class", "specimen"):
+                classes.append((name, numbers[0], *(int(number) for number in numbers[1:])))
+                continue
+            if name == "classes":
+                self.classes, classes = classes, []
+                self.page = line.strip().partition(" ")[2]
+                continue
             if name == "stop":
                 self.stops.append((*numbers[:2], *(int(number) for number in numbers[2:])))
                 continue

@@ -181,6 +181,7 @@ private:
     {
         auto *column = new QVBoxLayout;
         column->setSpacing(0);
+        selector->setAccessibleName(QStringLiteral("Dropped down"));
         MakeSpecimen(selector);
         column->addWidget(selector);
         column->addWidget(new PopupPicture(selector, hovered));
@@ -228,6 +229,7 @@ private:
         for (int column = 1; column <= 3; ++column) {
             QcSelector *selector = MakeSelector(kPorts);
             fill(*selector);
+            selector->setAccessibleName(name);
             selector->setAttribute(Qt::WA_UnderMouse, column == 2);
             selector->setEnabled(column != 3);
             MakeSpecimen(selector);

@@ -551,5 +551,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 ليس صورة.</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>نص بطول %1 بايت أطول من أن يُقرأ.</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1: هذا أكثر مما يمكن قراءته دفعة واحدة.</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>هذا أكثر من الذاكرة المتاحة للقالب، وهي %1 ميبيبايت.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>إنه مجلد.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>إنه ليس ملفًا عاديًا.</translation>
+    </message>
 </context>
 </TS>

@@ -527,5 +527,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 ist kein Bild.</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>Ein Text von %1 Bytes ist zu lang, um gelesen zu werden.</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1: Das ist mehr, als auf einmal gelesen werden kann.</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>Das ist mehr, als eine Vorlage an Speicher hat: %1 MiB.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Es ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>Es ist keine gewöhnliche Datei.</translation>
+    </message>
 </context>
 </TS>

@@ -527,5 +527,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 is not a picture.</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>A text of %1 bytes is too long to be read.</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1: This is more than can be read at once.</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>This is more than a template has memory for, which is %1 MiB.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>It is a folder.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>It is no regular file.</translation>
+    </message>
 </context>
 </TS>

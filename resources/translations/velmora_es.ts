@@ -527,5 +527,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 no es una imagen.</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>Un texto de %1 bytes es demasiado largo para leerlo.</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1: es más de lo que se puede leer de una vez.</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>Es más que la memoria de la que dispone una plantilla, que es de %1 MiB.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Es una carpeta.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>No es un archivo normal.</translation>
+    </message>
 </context>
 </TS>

@@ -245,8 +245,8 @@
     <message numerus="yes">
         <source>The text has %n characters; a cell holds %1.</source>
         <translation>
-            <numerusform>Le texte a %n caractère ; une cellule en contient au plus %1.</numerusform>
-            <numerusform>Le texte a %n caractères ; une cellule en contient au plus %1.</numerusform>
+            <numerusform>Le texte a %n caractère&#xa0;; une cellule en contient au plus %1.</numerusform>
+            <numerusform>Le texte a %n caractères&#xa0;; une cellule en contient au plus %1.</numerusform>
         </translation>
     </message>
     <message>
@@ -272,7 +272,7 @@
     <message>
         <source>Row %1: %2</source>
         <comment>a row and what is wrong in it</comment>
-        <translation>Ligne %1 : %2</translation>
+        <translation>Ligne %1&#xa0;: %2</translation>
     </message>
     <message numerus="yes">
         <source>There are %1 values, but %2 has %n columns.</source>
@@ -291,8 +291,8 @@
     <message numerus="yes">
         <source>%1 has no room for %n rows: it ends with row %2, and row %3 would have to move down.</source>
         <translation>
-            <numerusform>%1 n’a pas de place pour %n ligne : la feuille se termine à la ligne %2, et la ligne %3 devrait descendre.</numerusform>
-            <numerusform>%1 n’a pas de place pour %n lignes : la feuille se termine à la ligne %2, et la ligne %3 devrait descendre.</numerusform>
+            <numerusform>%1 n’a pas de place pour %n ligne&#xa0;: la feuille se termine à la ligne %2, et la ligne %3 devrait descendre.</numerusform>
+            <numerusform>%1 n’a pas de place pour %n lignes&#xa0;: la feuille se termine à la ligne %2, et la ligne %3 devrait descendre.</numerusform>
         </translation>
     </message>
     <message>
@@ -322,7 +322,7 @@
     <message>
         <source>%1: %2</source>
         <comment>a cell and what is wrong in it</comment>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>It is the header of a column of the table %1.</source>
@@ -342,26 +342,26 @@
     </message>
     <message>
         <source>An entry of a list must not have a comma: %1</source>
-        <translation>Une entrée de liste ne doit pas contenir de virgule : %1</translation>
+        <translation>Une entrée de liste ne doit pas contenir de virgule&#xa0;: %1</translation>
     </message>
     <message>
         <source>An entry of a list must not be empty, begin or end with a blank, or have line ends or control characters: &quot;%1&quot;</source>
-        <translation>Une entrée de liste ne doit pas être vide, ni commencer ou finir par une espace, ni contenir de fins de ligne ou de caractères de contrôle : &quot;%1&quot;</translation>
+        <translation>Une entrée de liste ne doit pas être vide, ni commencer ou finir par une espace, ni contenir de fins de ligne ou de caractères de contrôle&#xa0;: &quot;%1&quot;</translation>
     </message>
     <message numerus="yes">
         <source>The entries of the list have %n characters with their commas; a list holds %1.</source>
         <translation>
-            <numerusform>Les entrées de la liste ont %n caractère avec leurs virgules ; une liste en contient au plus %1.</numerusform>
-            <numerusform>Les entrées de la liste ont %n caractères avec leurs virgules ; une liste en contient au plus %1.</numerusform>
+            <numerusform>Les entrées de la liste ont %n caractère avec leurs virgules&#xa0;; une liste en contient au plus %1.</numerusform>
+            <numerusform>Les entrées de la liste ont %n caractères avec leurs virgules&#xa0;; une liste en contient au plus %1.</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 is not in the list of the cell: %2</source>
-        <translation>%1 n’est pas dans la liste de la cellule : %2</translation>
+        <translation>%1 n’est pas dans la liste de la cellule&#xa0;: %2</translation>
     </message>
     <message>
         <source>These are %1 cells; %2 can be filled at once.</source>
-        <translation>Cela fait %1 cellules ; on peut en remplir %2 à la fois.</translation>
+        <translation>Cela fait %1 cellules&#xa0;; on peut en remplir %2 à la fois.</translation>
     </message>
     <message>
         <source>The name stands for a constant, not for a cell.</source>
@@ -373,7 +373,7 @@
     </message>
     <message>
         <source>The name leads nowhere: its cells were deleted (#REF!).</source>
-        <translation>Le nom ne mène nulle part : ses cellules ont été supprimées (#REF!).</translation>
+        <translation>Le nom ne mène nulle part&#xa0;: ses cellules ont été supprimées (#REF!).</translation>
     </message>
     <message>
         <source>The name stands for a formula, not for a cell.</source>
@@ -390,8 +390,8 @@
     <message numerus="yes">
         <source>The formula has %n characters; a cell holds %1.</source>
         <translation>
-            <numerusform>La formule a %n caractère ; une cellule en contient au plus %1.</numerusform>
-            <numerusform>La formule a %n caractères ; une cellule en contient au plus %1.</numerusform>
+            <numerusform>La formule a %n caractère&#xa0;; une cellule en contient au plus %1.</numerusform>
+            <numerusform>La formule a %n caractères&#xa0;; une cellule en contient au plus %1.</numerusform>
         </translation>
     </message>
     <message>
@@ -400,15 +400,15 @@
     </message>
     <message>
         <source>The name stands for several places; rows fill one range.</source>
-        <translation>Le nom désigne plusieurs endroits ; des lignes remplissent une seule plage.</translation>
+        <translation>Le nom désigne plusieurs endroits&#xa0;; des lignes remplissent une seule plage.</translation>
     </message>
     <message>
         <source>The columns have no names: there is no row of texts above.</source>
-        <translation>Les colonnes n’ont pas de noms : il n’y a pas de ligne de textes au-dessus.</translation>
+        <translation>Les colonnes n’ont pas de noms&#xa0;: il n’y a pas de ligne de textes au-dessus.</translation>
     </message>
     <message>
         <source>There is no column %1; there are %2.</source>
-        <translation>Il n’y a pas de colonne %1 ; il y a %2.</translation>
+        <translation>Il n’y a pas de colonne %1&#xa0;; il y a %2.</translation>
     </message>
     <message>
         <source>The picture is linked to a file outside the workbook.</source>
@@ -420,11 +420,11 @@
     </message>
     <message>
         <source>This is an SVG image, which a workbook holds only beside another; use a PNG.</source>
-        <translation>C’est une image SVG, qu’un classeur ne contient qu’à côté d’une autre ; utilisez un PNG.</translation>
+        <translation>C’est une image SVG, qu’un classeur ne contient qu’à côté d’une autre&#xa0;; utilisez un PNG.</translation>
     </message>
     <message>
         <source>This is no image of a kind that a workbook holds: PNG, JPEG, GIF, BMP, TIFF, EMF or placeable WMF.</source>
-        <translation>Ce n’est pas une image d’un type qu’un classeur contient : PNG, JPEG, GIF, BMP, TIFF, EMF ou WMF plaçable.</translation>
+        <translation>Ce n’est pas une image d’un type qu’un classeur contient&#xa0;: PNG, JPEG, GIF, BMP, TIFF, EMF ou WMF plaçable.</translation>
     </message>
     <message>
         <source>The workbook&apos;s styles are damaged.</source>
@@ -444,7 +444,7 @@
     </message>
     <message>
         <source>A part of the workbook is too large: %1.</source>
-        <translation>Une partie du classeur est trop grande : %1.</translation>
+        <translation>Une partie du classeur est trop grande&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The sheet %1 has no cells.</source>
@@ -452,7 +452,7 @@
     </message>
     <message>
         <source>A part of the workbook is damaged: %1.</source>
-        <translation>Une partie du classeur est endommagée : %1.</translation>
+        <translation>Une partie du classeur est endommagée&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The file is empty.</source>
@@ -460,7 +460,7 @@
     </message>
     <message>
         <source>The file is damaged: its end is missing.</source>
-        <translation>Le fichier est endommagé : la fin manque.</translation>
+        <translation>Le fichier est endommagé&#xa0;: la fin manque.</translation>
     </message>
     <message>
         <source>The workbook is protected by a password. Save it without one.</source>
@@ -480,15 +480,15 @@
     </message>
     <message>
         <source>The file is not read: %1.</source>
-        <translation>Le fichier n’est pas lu : %1.</translation>
+        <translation>Le fichier n’est pas lu&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The workbook cannot be packed: it is too large, or damaged.</source>
-        <translation>Le classeur ne peut pas être compressé : il est trop grand, ou endommagé.</translation>
+        <translation>Le classeur ne peut pas être compressé&#xa0;: il est trop grand, ou endommagé.</translation>
     </message>
     <message>
         <source>A part of the workbook is missing: %1.</source>
-        <translation>Une partie du classeur manque : %1.</translation>
+        <translation>Une partie du classeur manque&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The file is too large.</source>
@@ -501,7 +501,7 @@
     <message>
         <source>%1: %2</source>
         <comment>a file and what is wrong with it</comment>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>The file has no name.</source>
@@ -509,7 +509,7 @@
     </message>
     <message>
         <source>%1: The file is too large.</source>
-        <translation>%1 : Le fichier est trop grand.</translation>
+        <translation>%1&#xa0;: Le fichier est trop grand.</translation>
     </message>
     <message>
         <source>There is no template yet.</source>
@@ -526,6 +526,26 @@
     <message>
         <source>%1 is not a picture.</source>
         <translation>%1 n’est pas une image.</translation>
+    </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>Un texte de %1 octets est trop long pour être lu.</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1 : il y en a plus que ce qui peut être lu en une fois.</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>C’est plus que la mémoire dont dispose un modèle, qui est de %1 Mio.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>C’est un dossier.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>Ce n’est pas un fichier ordinaire.</translation>
     </message>
 </context>
 </TS>

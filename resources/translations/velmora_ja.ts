@@ -521,5 +521,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 は図ではありません。</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>%1 バイトのテキストは長すぎて読み取れません。</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1: 一度に読み取れる量を超えています。</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>テンプレートが使えるメモリ (%1 MiB) を超えています。</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>これはフォルダーです。</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>これは通常のファイルではありません。</translation>
+    </message>
 </context>
 </TS>

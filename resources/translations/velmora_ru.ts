@@ -533,5 +533,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 — не рисунок.</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>Текст размером %1 байт слишком длинный, его нельзя прочитать.</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1: это больше, чем можно прочитать за один раз.</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>Это больше памяти, доступной шаблону: %1 МиБ.</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>Это папка.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>Это не обычный файл.</translation>
+    </message>
 </context>
 </TS>

@@ -521,5 +521,25 @@
         <source>%1 is not a picture.</source>
         <translation>%1 不是图片。</translation>
     </message>
+    <message>
+        <source>A text of %1 bytes is too long to be read.</source>
+        <translation>%1 字节的文本过长，无法读取。</translation>
+    </message>
+    <message>
+        <source>%1: This is more than can be read at once.</source>
+        <translation>%1：内容过多，无法一次读取。</translation>
+    </message>
+    <message>
+        <source>This is more than a template has memory for, which is %1 MiB.</source>
+        <translation>这超出了模板可用的内存 (%1 MiB)。</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>这是一个文件夹。</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>这不是普通文件。</translation>
+    </message>
 </context>
 </TS>

@@ -56,6 +56,14 @@ Widget *Disabled(Widget *widget)
     return widget;
 }
 
+/// For a screen reader, where no label or text of its own names it.
+template <typename Widget>
+Widget *Named(Widget *widget, const char *name)
+{
+    widget->setAccessibleName(QLatin1String(name));
+    return widget;
+}
+
 template <typename Button>
 Button *WithText(Button *button, const char *text, bool isChecked = false)
 {
@@ -149,31 +157,31 @@ private:
         auto *grid = new QGridLayout;
         AddSection(QStringLiteral("Fields"))->Body()->addLayout(grid);
         grid->setSpacing(kGrid);
-        auto *line = new QLineEdit(QStringLiteral("Line edit, selected"));
+        auto *line = Named(new QLineEdit(QStringLiteral("Line edit, selected")), "Selected");
         line->selectAll();
         grid->addWidget(line, 0, 0);
-        auto *empty = new QLineEdit;
+        auto *empty = Named(new QLineEdit, "Empty");
         empty->setPlaceholderText(QStringLiteral("Placeholder"));
         grid->addWidget(empty, 0, 1);
-        grid->addWidget(Disabled(new QLineEdit(QStringLiteral("Disabled"))), 0, 2);
-        grid->addWidget(new QSpinBox, 0, 3);
-        grid->addWidget(Disabled(new QDoubleSpinBox), 0, 4);
+        grid->addWidget(Disabled(Named(new QLineEdit(QStringLiteral("Disabled")), "Disabled")), 0, 2);
+        grid->addWidget(Named(new QSpinBox, "Number"), 0, 3);
+        grid->addWidget(Disabled(Named(new QDoubleSpinBox, "Disabled number")), 0, 4);
         for (const bool isEditable : {false, true}) {
             auto *combo = new QComboBox;
             combo->addItems({QStringLiteral("Combo box"), QStringLiteral("Other")});
             combo->setEditable(isEditable);
             grid->addWidget(combo, 1, isEditable);
         }
-        auto *date = new QDateEdit(QDate(2026, 11, 22));
+        auto *date = Named(new QDateEdit(QDate(2026, 11, 22)), "Date");
         date->setCalendarPopup(true);
         grid->addWidget(date, 1, 2);
-        grid->addWidget(new QTimeEdit(QTime(12, 30)), 1, 3);
-        grid->addWidget(Disabled(new QDateTimeEdit(QDate(2026, 11, 22))), 1, 4);
-        auto *rich = new QTextEdit(QStringLiteral("A <b>text edit</b> with <a href=\"#\">a link</a>"));
+        grid->addWidget(Named(new QTimeEdit(QTime(12, 30)), "Time"), 1, 3);
+        grid->addWidget(Disabled(Named(new QDateTimeEdit(QDate(2026, 11, 22)), "Disabled date")), 1, 4);
+        auto *rich = Named(new QTextEdit(QStringLiteral("A <b>text edit</b> with <a href=\"#\">a link</a>")), "Rich text");
         rich->setTabChangesFocus(true);
         rich->setFixedHeight(8 * kGrid);
         grid->addWidget(rich, 2, 0, 1, 2);
-        auto *plain = new QPlainTextEdit(QStringLiteral("A plain text edit"));
+        auto *plain = Named(new QPlainTextEdit(QStringLiteral("A plain text edit")), "Plain text");
         plain->setTabChangesFocus(true);
         plain->setFixedHeight(8 * kGrid);
         grid->addWidget(plain, 2, 2, 1, 3);
@@ -215,7 +223,7 @@ private:
         auto *progress = new QProgressBar;
         progress->setValue(40);
         row->addWidget(progress, 1);
-        auto *slider = new QSlider(Qt::Horizontal);
+        auto *slider = Named(new QSlider(Qt::Horizontal), "Slider");
         slider->setValue(40);
         slider->setTickPosition(QSlider::TicksBelow);
         row->addWidget(slider, 1);
@@ -225,7 +233,7 @@ private:
         auto *number = new QLCDNumber;
         number->display(1233);
         row->addWidget(number);
-        auto *dial = new QDial;
+        auto *dial = Named(new QDial, "Dial");
         dial->setNotchesVisible(true);
         row->addWidget(dial);
         auto *splitter = new QSplitter;
@@ -257,6 +265,8 @@ private:
         Embed(row, window);
         auto *calendar = new QCalendarWidget;
         calendar->setSelectedDate(QDate(2026, 11, 22));
+        Named(calendar->findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth")), "Previous month");
+        Named(calendar->findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth")), "Next month");
         MakeSpecimen(calendar);
         row->addWidget(calendar);
     }

@@ -72,6 +72,7 @@ void CheckAge()
     AgeDialog dialog;
     dialog.show();
     Check(QTest::qWaitForWindowActive(&dialog), "the dialog shows");
+    Check(dialog.field()->isAncestorOf(QApplication::focusWidget()), "its field has the keyboard");
     Enter(dialog.field(), QStringLiteral("300"));
     Check(dialog.isVisible() && dialog.field()->getWarning() && dialog.field()->getText() == QStringLiteral("300"),
           "a wrong age stays to be mended");

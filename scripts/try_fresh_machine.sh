@@ -30,6 +30,7 @@ rm -rf "$tree"
 cp -a "$bare" "$tree"
 cp /etc/resolv.conf "$tree/etc/"
 git clone --quiet --bare "$root" "$tree/srv/velmora.git"
+chmod 1777 "$tree/dev/shm" # as an installed machine has it: what compositors and their clients share is there
 mount --bind /proc "$tree/proc"
 trap 'umount "$tree/proc"' EXIT
 

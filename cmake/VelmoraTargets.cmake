@@ -11,6 +11,12 @@ if(VELMORA_USE_CCACHE)
     endif()
 endif()
 
+# ccache keeps nothing of what is compiled with a precompiled header.
+set(VELMORA_PRECOMPILES OFF)
+if(VELMORA_PRECOMPILE_HEADERS AND NOT VELMORA_COMPILER_LAUNCHER)
+    set(VELMORA_PRECOMPILES ON)
+endif()
+
 # Nearly all that is built links with Qt, which takes mold a fraction of the time.
 set(VELMORA_LINKER_OPTION "")
 if(VELMORA_USE_MOLD)

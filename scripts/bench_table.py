@@ -3,9 +3,11 @@
 
 Usage: bench_table.py [--repetitions N] [--min-time SECONDS] [--json FILE] PROGRAM
 
-PROGRAM is the built velmora_benchmarks. Each figure is the median CPU time of its repetitions, which are run in random
-order, so that a load on the machine meets a figure and its yardstick alike; those of very many widgets and the like
-are repeated three times, whatever N. Only the ratios mean anything on another machine. The exit status is 0 whatever the ratios are: a benchmark never fails a build.
+PROGRAM is the built velmora_benchmarks. Each figure is the median CPU time of its repetitions. A figure and its yardsticks run
+in one process and in random order, so that a load on the machine meets them alike, and in a process of their own, since the
+holes that other benchmarks leave in the memory make every allocation dearer. Those of very many widgets and the like are
+repeated three times, whatever N. Only the ratios mean anything on another machine. The exit status is 0 whatever the ratios
+are: a benchmark never fails a build.
 """
 
 import argparse
@@ -196,7 +198,7 @@ class Results:
 
     def __init__(self, document):
         self._medians = {
-            re.split("/(?:iterations|repeats):", entry["run_name"])[0]: entry for entry in document["benchmarks"] if entry.get("aggregate_name") == "median"
+            bare_name(entry["run_name"]): entry for entry in document["benchmarks"] if entry.get("aggregate_name") == "median"
         }
 
     def cpu(self, name, count=None):
@@ -211,17 +213,56 @@ class Results:
         return self._medians[name][counter]
 
 
+def bare_name(benchmark):
+    return re.split("/(?:iterations|repeats):", benchmark)[0]
+
+
+def family(name):
+    """NAME without the count of its widgets, and that count."""
+    match = re.fullmatch(r"(.*?)(?:/(\d+))?", name.partition("#")[0])
+    return match[1], match[2] or ""
+
+
+def groups(names):
+    """The NAMES that run in one process: those of one count that the table compares with each other, and no others."""
+    leaders = {}
+
+    def leader(of):
+        while leaders.setdefault(of, of) != of:
+            of = leaders[of]
+        return of
+
+    pairs = [(row[1], row[2]) for row in COMPARISONS + GROWTHS + BESIDES] + [(row[1], row[3]) for row in REPEATS]
+    for ours, yardstick in pairs:
+        leader(family(ours)[0])
+        if yardstick:
+            leaders[leader(family(yardstick)[0])] = leader(family(ours)[0])
+    together = {}
+    for name in names:
+        kind, count = family(bare_name(name))
+        if kind in leaders:
+            together.setdefault((leader(kind), count), []).append(name)
+    return list(together.values())
+
+
 def run(program, repetitions, min_time):
+    document = {"benchmarks": []}
     with tempfile.TemporaryDirectory() as folder: # private to us, as Qt wants its runtime folder
         output = os.path.join(folder, "results.json")
         environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", QT_FONT_DPI="96", LC_ALL="C.UTF-8", XDG_RUNTIME_DIR=folder)
-        subprocess.run(
-            [program, f"--benchmark_repetitions={repetitions}", "--benchmark_enable_random_interleaving=true",
-             f"--benchmark_min_time={min_time}", "--benchmark_report_aggregates_only=true", f"--benchmark_out={output}",
-             "--benchmark_out_format=json"],
-            env=environment, stdout=subprocess.DEVNULL, check=True)
-        with open(output, encoding="utf-8") as results:
-            return json.load(results)
+        listed = subprocess.run([program, "--benchmark_list_tests"], env=environment, stdout=subprocess.PIPE, check=True, text=True)
+        for group in groups(listed.stdout.split()):
+            wanted = "|".join(re.escape(name) for name in group)
+            subprocess.run(
+                [program, f"--benchmark_filter=^({wanted})$", f"--benchmark_repetitions={repetitions}",
+                 "--benchmark_enable_random_interleaving=true", f"--benchmark_min_time={min_time}",
+                 "--benchmark_report_aggregates_only=true", f"--benchmark_out={output}", "--benchmark_out_format=json"],
+                env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
+            with open(output, encoding="utf-8") as results:
+                part = json.load(results)
+            document.setdefault("context", part["context"])
+            document["benchmarks"] += part["benchmarks"]
+    return document
 
 
 def time_text(nanoseconds):

@@ -93,6 +93,16 @@ bool Navigates(int key, const QWidget *focus)
     }
 }
 
+/// Whether \a watched is a window that gets the keyboard when it is shown.
+bool TakesKeyboard(const QObject *watched)
+{
+    if (!watched->isWidgetType())
+        return false;
+    const auto *window = static_cast<const QWidget *>(watched);
+    return window->isWindow() && window->windowType() != Qt::ToolTip && window->windowType() != Qt::Popup
+        && !window->testAttribute(Qt::WA_ShowWithoutActivating);
+}
+
 } // namespace
 
 // --- The ring ---
@@ -167,8 +177,9 @@ void FocusRingOverlay::paintEvent(QPaintEvent * /*event*/)
 FocusRing::FocusRing(QApplication *application)
     : QObject(application)
 {
-    WatchApplicationEvents(
-        this, {QEvent::FocusIn, QEvent::KeyPress, QEvent::MouseButtonPress, QEvent::TabletPress, QEvent::TouchBegin, QEvent::ZOrderChange});
+    WatchApplicationEvents(this,
+                           {QEvent::FocusIn, QEvent::KeyPress, QEvent::ShortcutOverride, QEvent::Show, QEvent::MouseButtonPress,
+                            QEvent::TabletPress, QEvent::TouchBegin, QEvent::ZOrderChange});
     connect(application, &QApplication::focusChanged, this, &FocusRing::UpdateLater);
 }
 
@@ -192,11 +203,19 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
     case QEvent::KeyPress:
         FollowKey(static_cast<QKeyEvent *>(event)->key());
         break;
+    case QEvent::ShortcutOverride: // of a shortcut's key nothing else is seen
+        m_isKeyLast = true;
+        break;
+    case QEvent::Show:
+        if (m_isKeyLast && TakesKeyboard(watched))
+            m_opened = watched;
+        break;
     case QEvent::MouseButtonPress:
     case QEvent::TabletPress:
     case QEvent::TouchBegin:
         m_isKeyLast = false;
         m_isNavigating = false;
+        m_opened.clear();
         Hide();
         break;
     case QEvent::ZOrderChange:
@@ -231,10 +250,14 @@ void FocusRing::FollowReason(Qt::FocusReason reason)
     case Qt::OtherFocusReason: // by the program, as an answer to what the user did last
         m_isNavigating = m_isNavigating || m_isKeyLast;
         break;
+    case Qt::ActiveWindowFocusReason: // it comes back, or a key has brought it there
+        m_isNavigating = m_isNavigating || (m_opened && m_opened == QApplication::activeWindow());
+        m_opened.clear();
+        break;
     case Qt::MouseFocusReason:
         m_isNavigating = false;
         break;
-    default: // it comes back from another window, a menu or a popup
+    default: // it comes back from a menu or a popup
         break;
     }
     UpdateLater();

@@ -36,9 +36,8 @@ private:
     bool m_isWithin = false;
 };
 
-/// Shows where the keyboard's focus is, once the user has moved it by the keyboard and until the next press of the mouse, and brings that
-/// into sight where it scrolls. While it shows
-/// nothing it watches what moves the focus, and nothing else.
+/// Shows where the keyboard's focus is, once the user has moved it or opened its window by the keyboard and until the next press of the
+/// mouse, and brings that into sight where it scrolls. While it shows nothing it watches what moves the focus, and nothing else.
 class FocusRing : public QObject
 {
     Q_OBJECT
@@ -64,6 +63,7 @@ private:
     bool m_isKeyLast = false;    // what the user pressed last
     bool m_isArriving = false;   // by the key that moved the focus just now
     bool m_isUpdatePending = false;
+    QPointer<QObject> m_opened;                // the window that a key has opened, until a window gets the keyboard
     std::vector<QPointer<QWidget>> m_followed; // the control with the ring, and all that it lies in
     QPointer<FocusRingOverlay> m_overlay;      // in the window that has the focus, or had it last
 };

@@ -26,6 +26,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -401,6 +402,49 @@ private Q_SLOTS:
         m_stage->activateWindow(); // as a window manager does
         QVERIFY(QTest::qWaitForWindowActive(m_stage.get()));
         QTRY_VERIFY(RingIn(*m_stage));
+    }
+
+    void a_dialog_that_a_shortcut_opens_shows_where_its_keyboard_begins_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::newRow("alone") << Qt::Key_F2 << Qt::KeyboardModifiers(Qt::NoModifier); // no widget gets its press
+        QTest::newRow("with a modifier") << Qt::Key_N << Qt::KeyboardModifiers(Qt::ControlModifier);
+    }
+
+    void a_dialog_that_a_shortcut_opens_shows_where_its_keyboard_begins()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QDialog dialog(m_stage.get());
+        auto *layout = new QVBoxLayout(&dialog);
+        auto *field = new QLineEdit;
+        layout->addWidget(new QLineEdit);
+        layout->addWidget(field);
+        field->setFocus();
+        QShortcut shortcut(QKeySequence(int(key) | int(modifiers)), m_stage.get());
+        connect(&shortcut, &QShortcut::activated, &dialog, &QDialog::open);
+        QVERIFY(m_stage->Begin());
+        QTest::mouseClick(m_second, Qt::LeftButton);
+        m_stage->Press(key, modifiers);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(field->hasFocus());
+        QVERIFY(RingIn(dialog));
+        QVERIFY(RingIn(dialog)->geometry().contains(field->geometry().center()));
+    }
+
+    void a_window_that_was_there_shows_none_when_the_user_comes_back_from_another_program()
+    {
+        auto *edit = m_stage->Add<QLineEdit>(QRect(40, 200, 100, 24));
+        QVERIFY(m_stage->Begin());
+        QTest::mouseClick(edit, Qt::LeftButton);
+        m_stage->Press(Qt::Key_A);
+        FocusStage other;
+        QVERIFY(other.Begin()); // it takes no keyboard
+        m_stage->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_stage.get()));
+        QVERIFY(edit->hasFocus());
+        QVERIFY(!RingIn(*m_stage));
     }
 
     void a_dialog_opened_by_the_mouse_shows_none()

@@ -3,6 +3,8 @@
 
 #include "../Check.h"
 
+#include <Velmora/QcStyleManager.h>
+
 #include <QColor>
 #include <QCoreApplication>
 #include <QFont>
@@ -18,7 +20,10 @@ void CheckButtons();
 void CheckLabels();
 void CheckFields();
 void CheckForms();
+void CheckRows();
 void CheckWindows();
+void CheckDialogs();
+void CheckIcons();
 
 inline void Drain()
 {
@@ -41,6 +46,13 @@ inline bool Ignores(QWidget &widget, const std::function<void()> &change)
     const QImage before = Shot(widget);
     change();
     return Shot(widget) == before;
+}
+
+/// Switches to the built-in table of that name.
+inline void UseTable(const char *name)
+{
+    Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/%1.ini").arg(QLatin1String(name)));
+    Drain();
 }
 
 inline QFont Large()

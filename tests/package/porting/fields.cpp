@@ -2,7 +2,10 @@
 
 #include "AgeDialog.h"
 #include "NamePage.h"
+#include "line_up.h"
 
+#include <Velmora/PlainWidgets.h>
+#include <Velmora/QcGhostButton.h>
 #include <Velmora/QcPrimaryButton.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcSpinBox.h>
@@ -11,6 +14,7 @@
 #include <QLocale>
 #include <QRegularExpressionValidator>
 #include <QTest>
+#include <QToolButton>
 #include <QWizard>
 
 namespace {
@@ -67,6 +71,63 @@ void CheckNumbers()
     Check(number->getText() == QStringLiteral("1987"), "and not under another validator");
 }
 
+void CheckClearing()
+{
+    QcLineEditFrame field;
+    field.setText(QStringLiteral("text"));
+    field.getLineEdit()->setClearButtonEnabled(true);
+    field.resize(200, 24);
+    Shot(field);
+    auto *clear = field.getLineEdit()->findChild<QToolButton *>();
+    Check(clear && clear->isVisible(), "a field shows Qt's clear button");
+    const QImage light = clear->icon().pixmap(16, 16).toImage();
+    UseTable("blue_dark");
+    Check(!light.isNull() && clear->icon().pixmap(16, 16).toImage() == light, "which is the same in every table");
+    UseTable("blue_light");
+    clear->click();
+    Check(field.getText().isEmpty(), "and clears");
+
+    field.setText(QStringLiteral("text"));
+    field.setButtonIconPath(QStringLiteral(":/images/close.svg"));
+    QObject::connect(&field, &QcLineEditFrame::signalButtonClicked, &field, &QcLineEditFrame::clear);
+    QTest::mouseClick(field.findChild<QcGhostButton *>(), Qt::LeftButton);
+    Check(field.getText().isEmpty(), "the kit's does, too");
+}
+
+/// The ground of what is selected in \a field.
+QColor SelectionIn(QWidget &field)
+{
+    Shot(field);
+    auto *edit = qobject_cast<QLineEdit *>(field.focusProxy() ? field.focusProxy() : &field);
+    edit = edit ? edit : field.findChild<QLineEdit *>();
+    field.activateWindow();
+    Check(QTest::qWaitForWindowActive(&field), "a field shows");
+    edit->setFocus();
+    edit->selectAll();
+    Drain();
+    const QImage look = edit->grab().toImage();
+    return look.pixelColor(look.width() / 4, look.height() / 2 - 6);
+}
+
+void CheckSelection()
+{
+    const QString text = QStringLiteral("          ").repeated(4);
+    const QColor before = QApplication::palette().color(QPalette::Highlight);
+    SetPlainWidgetsFollowTable(true);
+    const QColor wanted = QcStyleManager::GetInstance()->GetColor("brand/brand_press");
+    QcLineEditFrame field;
+    QLineEdit plain;
+    QcSpinBox number;
+    field.setText(text);
+    plain.setText(text);
+    number.setPrefix(text);
+    Check(before != wanted && SelectionIn(field) == before, "what is selected in a field has the colour of the palette before");
+    Check(SelectionIn(plain) == wanted && SelectionIn(number) == wanted, "in plain widgets and spin boxes that of the table");
+    lineUp(&field);
+    Check(SelectionIn(field) == wanted, "and then in a field as well");
+    SetPlainWidgetsFollowTable(false);
+}
+
 void CheckAge()
 {
     AgeDialog dialog;
@@ -100,6 +161,8 @@ void CheckFields()
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     CheckFonts();
     CheckNumbers();
+    CheckClearing();
+    CheckSelection();
     CheckAge();
     CheckWizard();
 }

@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QListView>
+#include <QLoggingCategory>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStyle>
@@ -18,15 +19,11 @@
 
 namespace {
 
+QStringList *toldOnStart = nullptr;
+
 Velmora::QcStyleManager *Theme()
 {
     return Velmora::QcStyleManager::GetInstance();
-}
-
-void UseTable(const char *name)
-{
-    Theme()->SetColorFilePath(QStringLiteral(":/colors/%1.ini").arg(QLatin1String(name)));
-    Drain();
 }
 
 QColor ShownOnGreen(QWidget *widget)
@@ -105,6 +102,12 @@ void CheckSheets()
 
 void CheckProgram()
 {
+    QStringList told;
+    toldOnStart = &told;
+    const QtMessageHandler usual = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+        Check(type == QtInfoMsg && QLatin1String(context.category) == QLatin1String("default"), "a start tells information alone");
+        toldOnStart->append(text);
+    });
     const QFont font = QApplication::font();
     const QPalette palette = QApplication::palette();
     auto *app = static_cast<Velmora::QcApplication *>(qApp);
@@ -112,6 +115,15 @@ void CheckProgram()
     app->setStyleSheet(own);
     UseTable("blue_light");
     app->Initialize();
+    Check(told.size() == 3, "of the three lines of a start");
+    for (const QString &line : qAsConst(told))
+        Check(line.startsWith(QStringLiteral("QcStyleManager::LoadFont")), "each tells of fonts");
+    told.clear();
+    QLoggingCategory::setFilterRules(QStringLiteral("default.info=false"));
+    app->Initialize();
+    Check(told.isEmpty(), "and none comes once they are switched off");
+    QLoggingCategory::setFilterRules(QString());
+    qInstallMessageHandler(usual);
     Check(QApplication::font() == font && QApplication::palette() == palette, "font and palette of the application stay");
     Check(app->styleSheet().startsWith(own) && app->styleSheet().size() > own.size(), "the kit's sheet is appended to the application's");
     QPushButton plain(QStringLiteral("plain"));

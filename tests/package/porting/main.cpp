@@ -13,6 +13,9 @@ int main(int argc, char **argv)
     CheckLabels();
     CheckFields();
     CheckForms();
+    CheckRows();
     CheckWindows();
+    CheckDialogs();
+    CheckIcons();
     return failures;
 }

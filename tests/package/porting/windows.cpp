@@ -7,10 +7,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLayout>
-#include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QSizeGrip>
 #include <QStatusBar>
 #include <QTest>
@@ -119,34 +116,11 @@ void CheckShell()
     Check(!notes->isVisible() && shell.isVisible(), "closed by itself it would only be hidden");
 }
 
-void CheckDialogParts()
-{
-    QcDialog dialog;
-    dialog.setBottomFrameVisible(true);
-    auto *ok = dialog.findChild<QPushButton *>(QStringLiteral("m_okButton"));
-    auto *cancel = dialog.findChild<QPushButton *>(QStringLiteral("m_cancelButton"));
-    auto *bottom = dialog.findChild<QWidget *>(QStringLiteral("m_bottomFrame"));
-    Check(ok && cancel && bottom && bottom->layout(), "the bottom row and its buttons have names");
-    auto *field = new QLineEdit(dialog.getContentFrame());
-    dialog.show();
-    Check(QTest::qWaitForWindowActive(&dialog) && dialog.size() == QSize(600, 400), "a dialog has a size of its own at first");
-    Check(QApplication::focusWidget() == ok, "the keyboard begins on OK");
-    field->setFocus();
-    ok->setEnabled(false);
-    QTest::keyClick(field, Qt::Key_Return);
-    Check(dialog.isVisible(), "Enter does nothing while OK is disabled");
-    ok->setEnabled(true);
-    cancel->setDefault(true);
-    QTest::keyClick(field, Qt::Key_Return);
-    Check(!dialog.isVisible() && dialog.result() == QDialog::Rejected, "Enter cancels where Cancel is the default");
-}
-
 } // namespace
 
 void CheckWindows()
 {
     CheckTitles();
-    CheckDialogParts();
     CheckSizes();
     CheckGeometry();
     CheckFlags();

@@ -11,6 +11,8 @@ namespace Velmora {
 class VELMORA_EXPORT QcToolColorButton : public QcToolButton
 {
     Q_OBJECT
+    Q_PROPERTY(QString iconColorParams MEMBER m_iconColor WRITE SetIconColor)
+    Q_PROPERTY(QString iconDisableColorParams MEMBER m_iconDisableColor WRITE SetIconDisableColor)
 
 public:
     explicit QcToolColorButton(QWidget *parent = nullptr);
@@ -24,6 +26,9 @@ protected:
     void UpdateUiParams() override;
 
 private:
+    void SetIconColor(const QString &code) { setChangeColor(code, m_iconDisableColor); }
+    void SetIconDisableColor(const QString &code) { setChangeColor(m_iconColor, code); }
+
     QString m_iconColor = QStringLiteral("icon/icon_toolbar");
     QString m_iconDisableColor = QStringLiteral("icon/icon_toolbar_disable");
 };

@@ -21,6 +21,11 @@ void SetPostingDispatcher(QcTaskDispatcher *dispatcher)
     postingDispatcher = dispatcher;
 }
 
+bool HasPostingDispatcher()
+{
+    return postingDispatcher != nullptr;
+}
+
 void PostOwnedTask(QPointer<QObject> owner, const std::function<void()> &function, const std::string &name)
 {
     QcTaskDispatcher *dispatcher = postingDispatcher;

@@ -167,6 +167,11 @@ void QcMultiLineText::setFont(int pixelSize)
     setFont(font);
 }
 
+int QcMultiLineText::FontPixelSize() const
+{
+    return m_document->defaultFont().pixelSize();
+}
+
 // --- Lines and height ---
 
 void QcMultiLineText::setHeightAdaptive(bool on)

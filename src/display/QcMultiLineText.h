@@ -28,6 +28,7 @@ class VELMORA_EXPORT QcMultiLineText : public QFrame
     Q_PROPERTY(QString text READ WholeText WRITE setText)
     Q_PROPERTY(int markedLink READ MarkedLink)
     Q_PROPERTY(Qt::FocusPolicy focusPolicy READ focusPolicy WRITE setFocusPolicy)
+    Q_PROPERTY(int fontPixelSize READ FontPixelSize WRITE setFont) // of the font in which it was set; -1 if that has another unit
     Q_PROPERTY(QString defaultTextColorParams MEMBER m_textColorParams WRITE setDefaultTextColorParams)
     Q_PROPERTY(int lineCount MEMBER m_lineCount WRITE setLineCount)
     Q_PROPERTY(bool heightAdaptive MEMBER m_heightAdaptive WRITE setHeightAdaptive)
@@ -91,6 +92,7 @@ private:
     int lineCount() const;
     void setTextToDocument(const QString &text);
     QString WholeText() const;
+    int FontPixelSize() const;
     void ApplyAlignment(Qt::Alignment alignment);
     void CutToLines();
     void LayOutIn(int width);

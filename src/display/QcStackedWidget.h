@@ -31,7 +31,7 @@ public:
     /// Appends \a widget, hidden, and returns its index. The first page becomes the current one and shows; no signal says so.
     /// A page already in stays where it is, and its index is returned. Null, the stack itself and what the stack lies in are refused
     /// with -1.
-    int addWidget(QWidget *widget);
+    Q_INVOKABLE int addWidget(QWidget *widget);
     /// The same before the page at \a index, which is brought into 0 to count(). The current index stays the number it is: after an
     /// insertion at or before it, it names another page, while the one that showed stays on the screen until the next change.
     int insertWidget(int index, QWidget *widget);

@@ -10,6 +10,7 @@ QcDoubleSpinBox::QcDoubleSpinBox(QWidget *parent)
 
 void QcDoubleSpinBox::bSetBorder(bool isBordered)
 {
+    m_isBordered = isBordered;
     const QString path = isBordered ? QStringLiteral(":/qss/DoubleSpinBox.qss") : QStringLiteral(":/qss/NoBorderDoubleSpinBox.qss");
     QcStyleManager::GetInstance()->RegisterQss(this, path);
 }

@@ -13,6 +13,7 @@ class VELMORA_EXPORT QcDoubleSpinBox : public QDoubleSpinBox
     Q_OBJECT
     // Under this name, which none of its own spin boxes has, Qt looks for the step that assistive technology is told.
     Q_PROPERTY(double stepSize READ singleStep DESIGNABLE false STORED false)
+    Q_PROPERTY(bool bordered MEMBER m_isBordered WRITE bSetBorder) // false, too, before the first call
 
 public:
     /// Looks like any QDoubleSpinBox until bSetBorder(). A palette that the application gets later does not reach it: Qt lets a spin box
@@ -25,6 +26,9 @@ public:
     /// To be called once: a second call adds its rules to the first one's, which hold where it says nothing, and each call takes longer
     /// than the last.
     void bSetBorder(bool isBordered);
+
+private:
+    bool m_isBordered = false;
 };
 
 } // namespace Velmora

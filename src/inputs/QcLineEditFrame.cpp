@@ -50,6 +50,15 @@ int ToInt(double bound)
     return int(qBound(double(Limits::min()), bound, double(Limits::max())));
 }
 
+/// A bound of the numbers that \a validator takes; 0 if it is none of numbers.
+double BoundOf(const QValidator *validator, int (QIntValidator::*ofIntegers)() const, double (QDoubleValidator::*ofDoubles)() const)
+{
+    if (const auto *integers = qobject_cast<const QIntValidator *>(validator))
+        return (integers->*ofIntegers)();
+    const auto *doubles = qobject_cast<const QDoubleValidator *>(validator);
+    return doubles ? (doubles->*ofDoubles)() : 0.0;
+}
+
 /// No double has more places: the rest would be zeros, and too many of them more than Qt can write.
 int WrittenPlaces(int decimals)
 {
@@ -244,6 +253,22 @@ void QcLineEditFrame::setValidator(double min, double max, int decimals)
         m_lineEdit->setValidator(new QcIntValidator(ToInt(min), ToInt(max), m_lineEdit));
     }
     m_hasNumericValidator = true;
+}
+
+int QcLineEditFrame::Decimals() const
+{
+    const auto *doubles = qobject_cast<const QDoubleValidator *>(m_lineEdit->validator());
+    return doubles ? doubles->decimals() : 0;
+}
+
+double QcLineEditFrame::Minimum() const
+{
+    return BoundOf(m_lineEdit->validator(), &QIntValidator::bottom, &QDoubleValidator::bottom);
+}
+
+double QcLineEditFrame::Maximum() const
+{
+    return BoundOf(m_lineEdit->validator(), &QIntValidator::top, &QDoubleValidator::top);
 }
 
 void QcLineEditFrame::onEditingFinished()

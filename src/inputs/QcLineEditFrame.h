@@ -54,6 +54,11 @@ class VELMORA_EXPORT QcLineEditFrame : public QFrame
     Q_PROPERTY(QString buttonIconPath READ ButtonIconPath WRITE setButtonIconPath)
     Q_PROPERTY(bool warning READ getWarning WRITE setWarning)
     Q_PROPERTY(QString warningText MEMBER m_warningText WRITE setWarningText)
+    // Those of the validator's numbers. Setting one sets a validator with the other two as they are; the places come first, since they
+    // round the bounds.
+    Q_PROPERTY(int decimals READ Decimals WRITE SetDecimals)
+    Q_PROPERTY(double minimum READ Minimum WRITE SetMinimum)
+    Q_PROPERTY(double maximum READ Maximum WRITE SetMaximum)
 
 public:
     explicit QcLineEditFrame(QWidget *parent = nullptr);
@@ -113,6 +118,12 @@ private:
     QString PlaceholderText() const;
     QString Unit() const;
     QString ButtonIconPath() const;
+    int Decimals() const;
+    double Minimum() const;
+    double Maximum() const;
+    void SetDecimals(int decimals) { setValidator(Minimum(), Maximum(), decimals); }
+    void SetMinimum(double min) { setValidator(min, Maximum(), Decimals()); }
+    void SetMaximum(double max) { setValidator(Minimum(), max, Decimals()); }
     void editControlCheck();
     void editControlCheckV2();
     void setFocus(bool on);

@@ -15,7 +15,7 @@ namespace Velmora {
 /// Order of a host's calls: construct it, choose a colour table with QcStyleManager::SetColorFilePath(), call
 /// Initialize(), create controls, run exec(). It brings a window to the front when the left mouse button is pressed
 /// in it, and hands work to the main thread. The kit's controls need it: with a plain QApplication they stay unpainted, after one
-/// warning.
+/// warning, unless ServePlainApplication() is called.
 class VELMORA_EXPORT QcApplication : public QApplication
 {
     Q_OBJECT

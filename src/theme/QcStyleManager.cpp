@@ -1,8 +1,8 @@
 #include <Velmora/FileAndDesktop.h>
 #include <Velmora/PostOwnedTask.h>
-#include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/MainThreadPosting_p.h"
 #include "theme/ColorTable_p.h"
 #include "theme/ImageCache_p.h"
 #include "theme/StyleSheetAlone_p.h"
@@ -37,7 +37,7 @@ QString ClassName(const QWidget *widget)
 void WarnOfPlainApplication(const char *operation)
 {
     static bool warned = false;
-    if (warned || qobject_cast<QcApplication *>(QCoreApplication::instance()))
+    if (warned || HasPostingDispatcher())
         return;
     warned = true;
     qWarning("QcStyleManager::%s: the application object is not a QcApplication, so controls stay unpainted and do not follow the "
@@ -125,10 +125,16 @@ void QcStyleManager::Initialize()
     WarnOfPlainApplication("Initialize");
     LoadFont();
     LoadGlobalQss();
+    FollowTable();
+}
+
+void QcStyleManager::FollowTable()
+{
     // Stylesheets are queued before handlers, so a handler finds its widget polished for the new table. The connections end with
     // the application object: one that comes after it in the process makes its own.
     connect(this, &QcStyleManager::SignalColorChanged, qApp, [this] { OnUpdateRegisteredWidgetsStyleSheet(); });
     connect(this, &QcStyleManager::SignalColorChanged, qApp, [this] { OnRunRegisteredWidgetsColorHandler(); });
+    m_initializedFor = qApp;
 }
 
 void QcStyleManager::LoadFont()

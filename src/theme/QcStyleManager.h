@@ -126,6 +126,8 @@ private:
     void QueueStyleSheetUpdate(QPointer<QWidget> widget, const QString &taskName);
     void QueueHandlerRun(QPointer<QWidget> widget, const std::string &taskName);
     QImage RenderImage(const ImageParams &params);
+    friend struct PlainService; // starts it without a QcApplication
+    void FollowTable();
 
     const char *m_needUpdateProperty = "uNeedProcesUpdateColor";
     QString m_colorFilePath;
@@ -134,6 +136,7 @@ private:
     Registry<std::function<void()>> m_colorHandlers;
     std::vector<std::function<void()>> m_handlersOfTheDead; // never called again, never destroyed before the manager
     QHash<QString, QString> m_resolvedTexts;                // with the active table
+    QPointer<QObject> m_initializedFor;                     // the application object
 };
 
 } // namespace Velmora

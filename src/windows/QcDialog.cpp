@@ -77,6 +77,7 @@ struct Ui_QcDialog
     QSpacerItem *horizontalSpacer_2;
     QPointer<QcPrimaryButton> m_okButton; // these two are told of what happens later, and the host may have deleted them by then
     QPointer<QcSecondaryButton> m_cancelButton;
+    FrameContent content;
 };
 
 struct DialogTexts : FormTexts
@@ -175,6 +176,36 @@ QString QcDialog::Title() const
     return ui->m_titleLabel->text();
 }
 
+bool QcDialog::ShowsTitleBar() const
+{
+    return !ui->m_titleFrame->isHidden();
+}
+
+bool QcDialog::ShowsCloseButton() const
+{
+    return !ui->m_closeButton->isHidden();
+}
+
+bool QcDialog::ShowsMinMaxButtons() const
+{
+    return !ui->m_minButton->isHidden();
+}
+
+bool QcDialog::ShowsBottomFrame() const
+{
+    return !ui->m_bottomFrame->isHidden();
+}
+
+bool QcDialog::ShowsOkButton() const
+{
+    return ui->m_okButton && !ui->m_okButton->isHidden();
+}
+
+bool QcDialog::ShowsCancelButton() const
+{
+    return ui->m_cancelButton && !ui->m_cancelButton->isHidden();
+}
+
 void QcDialog::setTitle(const QString &title)
 {
     ui->m_titleLabel->setText(title);
@@ -263,6 +294,16 @@ void QcDialog::controlMinMaxBtn(bool visible)
 QFrame *QcDialog::getContentFrame()
 {
     return ui->m_contentFrame;
+}
+
+void QcDialog::setContentWidget(QWidget *content)
+{
+    ui->content.Set(*ui->m_contentFrame, content);
+}
+
+QWidget *QcDialog::getContentWidget() const
+{
+    return ui->content.In(*ui->m_contentFrame);
 }
 
 QFrame *QcDialog::getTitleFrame()

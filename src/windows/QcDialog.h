@@ -33,6 +33,12 @@ class VELMORA_EXPORT QcDialog : public QDialog
     Q_PROPERTY(QString title READ Title WRITE setTitle)
     Q_PROPERTY(QString okButtonText READ OkButtonText WRITE setOkButtonText)
     Q_PROPERTY(QString cancelButtonText READ CancelButtonText WRITE setCancelButtonText)
+    Q_PROPERTY(bool titleBarVisible READ ShowsTitleBar WRITE setTitleBarVisible)
+    Q_PROPERTY(bool closeButtonVisible READ ShowsCloseButton WRITE setCloseButtonVisible)
+    Q_PROPERTY(bool minMaxButtonsVisible READ ShowsMinMaxButtons WRITE controlMinMaxBtn)
+    Q_PROPERTY(bool bottomFrameVisible READ ShowsBottomFrame WRITE setBottomFrameVisible)
+    Q_PROPERTY(bool okButtonVisible READ ShowsOkButton WRITE setOkButtonVisible)
+    Q_PROPERTY(bool cancelButtonVisible READ ShowsCancelButton WRITE setCancelButtonVisible)
     Q_PROPERTY(QString backgroundColorParams MEMBER m_backgroundColorParams WRITE setBackgroundColorParams)
     Q_PROPERTY(QString borderColorParams MEMBER m_borderColorParams WRITE setBorderColorParams)
     Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE setBorderRadius)
@@ -67,6 +73,11 @@ public:
 
     /// The frame between title and bottom row. It has no layout: give it one.
     QFrame *getContentFrame();
+    /// Lets \a content fill that frame, without a margin, in place of the one of an earlier call, which is deleted on the next turn of the
+    /// main loop. Null takes that away. What is designed as a form goes in this way.
+    Q_INVOKABLE void setContentWidget(QWidget *content);
+    /// Null if there is none.
+    QWidget *getContentWidget() const;
     QFrame *getTitleFrame();
 
     /// Centres the dialog on the window that holds \a reference, and shows it without waiting for an answer. Null does nothing, and
@@ -96,6 +107,12 @@ private:
     QString Title() const;
     QString OkButtonText() const;
     QString CancelButtonText() const;
+    bool ShowsTitleBar() const;
+    bool ShowsCloseButton() const;
+    bool ShowsMinMaxButtons() const;
+    bool ShowsBottomFrame() const;
+    bool ShowsOkButton() const;
+    bool ShowsCancelButton() const;
     void SetUpForm();
     void SetUpBottomRow();
     void Retranslate();

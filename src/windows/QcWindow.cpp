@@ -27,6 +27,7 @@ struct Ui_QcWindow
     QPointer<QcIconButton> m_maxRestoreButton; // it follows the window, and the host may have deleted the title row by then
     QcIconButton *m_closeButton;
     QFrame *m_contentFrame;
+    FrameContent content;
 };
 
 QcWindow::QcWindow(QWidget *parent)
@@ -60,7 +61,7 @@ void QcWindow::SetUpForm()
     Retranslate();
     QFrame *content = MakeContentFrame(*this);
     QVBoxLayout *column = EndForm(*this, 0, {row.frame, content});
-    *ui = {column, row.frame, row.layout, row.title, row.spacer, row.minButton, row.maxButton, row.closeButton, content};
+    *ui = {column, row.frame, row.layout, row.title, row.spacer, row.minButton, row.maxButton, row.closeButton, content, {}};
 }
 
 void QcWindow::Retranslate()
@@ -77,6 +78,21 @@ void QcWindow::Retranslate()
 QString QcWindow::Title() const
 {
     return ui->m_titleLabel->text();
+}
+
+bool QcWindow::ShowsMinButton() const
+{
+    return !ui->m_minButton->isHidden();
+}
+
+bool QcWindow::ShowsMaxRestoreButton() const
+{
+    return ui->m_maxRestoreButton && !ui->m_maxRestoreButton->isHidden();
+}
+
+bool QcWindow::ShowsCloseButton() const
+{
+    return !ui->m_closeButton->isHidden();
 }
 
 void QcWindow::setTitle(const QString &title)
@@ -102,6 +118,16 @@ void QcWindow::setCloseButtonVisible(bool visible)
 QFrame *QcWindow::getContentFrame()
 {
     return ui->m_contentFrame;
+}
+
+void QcWindow::setContentWidget(QWidget *content)
+{
+    ui->content.Set(*ui->m_contentFrame, content);
+}
+
+QWidget *QcWindow::getContentWidget() const
+{
+    return ui->content.In(*ui->m_contentFrame);
 }
 
 QFrame *QcWindow::getTitleFrame()

@@ -29,6 +29,9 @@ class VELMORA_EXPORT QcWindow : public QcFrame
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ Title WRITE setTitle)
+    Q_PROPERTY(bool minButtonVisible READ ShowsMinButton WRITE setMinButtonVisible)
+    Q_PROPERTY(bool maxRestoreButtonVisible READ ShowsMaxRestoreButton WRITE setMaxRestoreButtonVisible)
+    Q_PROPERTY(bool closeButtonVisible READ ShowsCloseButton WRITE setCloseButtonVisible)
 
 public:
     explicit QcWindow(QWidget *parent = nullptr);
@@ -43,6 +46,11 @@ public:
 
     /// The frame under the title row. It has no layout: give it one.
     QFrame *getContentFrame();
+    /// Lets \a content fill that frame, without a margin, in place of the one of an earlier call, which is deleted on the next turn of the
+    /// main loop. Null takes that away. What is designed as a form goes in this way.
+    Q_INVOKABLE void setContentWidget(QWidget *content);
+    /// Null if there is none.
+    QWidget *getContentWidget() const;
     /// The title row; what a host adds to its layout stands behind the buttons.
     QFrame *getTitleFrame();
 
@@ -67,6 +75,9 @@ private Q_SLOTS:
 
 private:
     QString Title() const;
+    bool ShowsMinButton() const;
+    bool ShowsMaxRestoreButton() const;
+    bool ShowsCloseButton() const;
     void SetUpForm();
     void Retranslate();
     void FollowWindowState();

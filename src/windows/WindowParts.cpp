@@ -130,6 +130,31 @@ QFrame *MakeContentFrame(QWidget &window)
     return frame;
 }
 
+void FrameContent::Set(QFrame &frame, QWidget *content)
+{
+    QWidget *earlier = In(frame);
+    if (content == earlier)
+        return;
+    if (earlier) {
+        frame.layout()->removeWidget(earlier);
+        earlier->hide();
+        earlier->deleteLater();
+    }
+    m_content = content;
+    if (!content)
+        return;
+    if (!frame.layout()) {
+        auto *column = new QVBoxLayout(&frame);
+        column->setContentsMargins(0, 0, 0, 0);
+    }
+    frame.layout()->addWidget(content);
+}
+
+QWidget *FrameContent::In(const QFrame &frame) const
+{
+    return m_content && m_content->parentWidget() == &frame ? m_content.data() : nullptr;
+}
+
 QcWindowHandler *MakeHandler(QWidget &window, QWidget *titleRow)
 {
     auto *handler = new QcWindowHandler(&window);

@@ -87,6 +87,20 @@ TitleRow MakeTitleRow(QWidget &window, int leftMargin, const QString &maxButtonN
 /// The frame under the title row that the host fills, m_contentFrame, as a child of \a window.
 QFrame *MakeContentFrame(QWidget &window);
 
+/// What fills the frame of a window or dialog; empty at first.
+class FrameContent
+{
+public:
+    /// Lets \a content fill \a frame, in place of an earlier one, which is deleted later; null leaves nothing there. In a frame that the
+    /// host has laid out, it goes to the end of that layout.
+    void Set(QFrame &frame, QWidget *content);
+    /// Null if nothing fills \a frame: what went to another parent does no longer.
+    QWidget *In(const QFrame &frame) const;
+
+private:
+    QPointer<QWidget> m_content;
+};
+
 /// A plain frame without a border, as a child of \a window.
 QFrame *MakePlainFrame(QWidget &window, const QString &name);
 

@@ -146,6 +146,13 @@ protected:
 private Q_SLOTS:
     // --- Adding ---
 
+    void a_page_can_be_added_by_name()
+    {
+        auto *page = new QWidget;
+        QVERIFY(QMetaObject::invokeMethod(m_stack, "addWidget", Q_ARG(QWidget *, page)));
+        QCOMPARE(m_stack->currentWidget(), page);
+    }
+
     void an_empty_stack_has_no_current_page()
     {
         QCOMPARE(m_stack->count(), 0);

@@ -4,6 +4,7 @@
 
 #include <QDataWidgetMapper>
 #include <QMetaProperty>
+#include <QRegularExpressionValidator>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
@@ -55,6 +56,8 @@ QVariant AnotherValue(const QMetaProperty &property, const QVariant &value)
         return QString(value.toString() + QStringLiteral("x < y"));
     case QMetaType::Int:
         return value.toInt() + 40;
+    case QMetaType::Double:
+        return value.toDouble() + 40.5;
     case QMetaType::Bool:
         return !value.toBool();
     default:
@@ -88,6 +91,8 @@ private Q_SLOTS:
     void a_delegate_edits_by_the_user_property();
     void a_limiter_tells_of_its_text_once_cut();
     void a_property_does_what_the_call_does();
+    void properties_of_a_field_limit_its_numbers();
+    void properties_of_a_dialog_show_its_parts();
 };
 
 void tst_Properties::what_is_written_is_read_back_and_told_once_data()
@@ -96,20 +101,22 @@ void tst_Properties::what_is_written_is_read_back_and_told_once_data()
     QTest::addColumn<int>("count");
     QTest::newRow("QcFrame") << Maker(&Make<QcFrame>) << 4;
     QTest::newRow("QcLabel") << Maker(&Make<QcLabel>) << 4;
-    QTest::newRow("QcMultiLineText") << Maker(&Make<QcMultiLineText>) << 7;
+    QTest::newRow("QcMultiLineText") << Maker(&Make<QcMultiLineText>) << 8;
     QTest::newRow("QcArrowTip") << Maker(&Make<QcArrowTip>) << 4;
     QTest::newRow("QcButton") << Maker(&Make<QcButton>) << 4;
     QTest::newRow("QcPrimaryButton") << Maker(&Make<QcPrimaryButton>) << 4;
     QTest::newRow("QcMenuTextButton") << Maker(&Make<QcMenuTextButton>) << 3;
     QTest::newRow("QcToolButton") << Maker(&Make<QcToolButton>) << 2;
+    QTest::newRow("QcToolColorButton") << Maker(&Make<QcToolColorButton>) << 4;
     QTest::newRow("QcCombinedToolButton") << Maker(&Make<QcCombinedToolButton>) << 2;
     QTest::newRow("QcMenuToolButton") << Maker(&Make<QcMenuToolButton>) << 3;
-    QTest::newRow("QcLineEditFrame") << Maker(&Make<QcLineEditFrame>) << 6;
+    QTest::newRow("QcLineEditFrame") << Maker(&Make<QcLineEditFrame>) << 9;
     QTest::newRow("QcTextEditFrame") << Maker(&Make<QcTextEditFrame>) << 4;
     QTest::newRow("QcTextEditLimiter") << Maker(&Make<QcTextEditLimiter>) << 4;
+    QTest::newRow("QcDoubleSpinBox") << Maker(&Make<QcDoubleSpinBox>) << 1;
     QTest::newRow("QcSelector") << Maker(&Make<QcSelector>) << 1;
-    QTest::newRow("QcWindow") << Maker(&Make<QcWindow>) << 5;
-    QTest::newRow("QcDialog") << Maker(&Make<QcDialog>) << 6;
+    QTest::newRow("QcWindow") << Maker(&Make<QcWindow>) << 8;
+    QTest::newRow("QcDialog") << Maker(&Make<QcDialog>) << 12;
     QTest::newRow("QcDockWidget") << Maker(&Make<QcDockWidget>) << 1;
     QTest::newRow("QcScrollBar") << Maker([](QWidget *parent) -> QWidget * { return new QcScrollBar(Qt::Vertical, parent); }) << 1;
 }
@@ -329,6 +336,57 @@ void tst_Properties::a_property_does_what_the_call_does()
     QVERIFY(!field.findChild<QcLabel *>()->isHidden());
     QVERIFY(field.setProperty("warning", true));
     QVERIFY(field.getWarning());
+
+    QcDoubleSpinBox plain;
+    QcDoubleSpinBox themed;
+    themed.setProperty("bordered", true);
+    plain.bSetBorder(true);
+    QCOMPARE(themed.styleSheet(), plain.styleSheet());
+    QVERIFY(!plain.styleSheet().isEmpty());
+
+    QcMultiLineText text;
+    text.setText(QStringLiteral("Words"));
+    const int wide = text.idealWidth();
+    QVERIFY(text.setProperty("fontPixelSize", 7));
+    QVERIFY(text.idealWidth() < wide);
+}
+
+void tst_Properties::properties_of_a_field_limit_its_numbers()
+{
+    QcLineEditFrame field;
+    QVERIFY(!field.getLineEdit()->validator());
+    field.setProperty("decimals", 2);
+    field.setProperty("minimum", 0.25);
+    field.setProperty("maximum", 120.5);
+    const auto *doubles = qobject_cast<const QcDoubleValidator *>(field.getLineEdit()->validator());
+    QVERIFY(doubles);
+    QCOMPARE(doubles->bottom(), 0.25);
+    QCOMPARE(doubles->top(), 120.5);
+    QCOMPARE(doubles->decimals(), 2);
+
+    field.setValidator(-3, 9, 0);
+    QCOMPARE(field.property("minimum").toDouble(), -3.0);
+    QCOMPARE(field.property("maximum").toDouble(), 9.0);
+    QCOMPARE(field.property("decimals").toInt(), 0);
+    QRegularExpressionValidator anything;
+    field.setValidator(&anything);
+    QCOMPARE(field.property("maximum").toDouble(), 0.0);
+}
+
+void tst_Properties::properties_of_a_dialog_show_its_parts()
+{
+    QcDialog dialog;
+    for (const char *name : {"bottomFrameVisible", "minMaxButtonsVisible"}) {
+        QVERIFY2(!dialog.property(name).toBool(), name);
+        dialog.setProperty(name, true);
+    }
+    dialog.setProperty("cancelButtonVisible", false);
+    dialog.show();
+    QVERIFY(dialog.findChild<QPushButton *>(QStringLiteral("m_okButton"))->isVisible());
+    QVERIFY(!dialog.findChild<QPushButton *>(QStringLiteral("m_cancelButton"))->isVisible());
+    QVERIFY(dialog.findChild<QPushButton *>(QStringLiteral("m_maxButton"))->isVisible());
+    dialog.setProperty("titleBarVisible", false);
+    QVERIFY(!dialog.getTitleFrame()->isVisible());
 }
 
 } // namespace

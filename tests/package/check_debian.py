@@ -15,6 +15,7 @@ shutil.rmtree(folder, ignore_errors=True)
 subprocess.run([cpack, "--config", config, "-B", folder], check=True, stdout=subprocess.DEVNULL)
 packages = {p.name.split("_")[0]: p for p in pathlib.Path(folder).glob("*.deb")}
 runtime, development = f"libvelmora{major}", "libvelmora-dev"
+designer = packages.pop("velmora-designer", None) # where Designer's libraries are
 if set(packages) != {runtime, development}:
     sys.exit(f"not the two packages, but {sorted(packages)}")
 
@@ -45,6 +46,11 @@ expect(development, "dependencies", dpkg("--field", development, "Depends"), rf"
 expect(development, "content", dpkg("--contents", development),
        r"/usr/include/Velmora/Velmora\.h$", r"/VelmoraConfig\.cmake$", r"/Velmora\.pc$", r"/libVelmora\.so -> ")
 refuse(development, "content", dpkg("--contents", development), r"_p\.h$", r"/libVelmora\.so\.[0-9.]+$")
+
+if designer:
+    packages["designer"] = designer
+    expect("designer", "dependencies", dpkg("--field", "designer", "Depends"), rf"{runtime} \(= {re.escape(version)}\)", r"\blibqt5designer5\b")
+    expect("designer", "content", dpkg("--contents", "designer"), r"/plugins/designer/libVelmoraDesigner\.so$")
 
 print("\n".join(faults))
 sys.exit(1 if faults else 0)

@@ -99,6 +99,20 @@ class TestQcDialog : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void a_dialogs_content_fills_what_lies_under_its_title()
+    {
+        QcDialog dialog;
+        QVERIFY(!dialog.getContentWidget());
+        auto *content = new QWidget;
+        QVERIFY(QMetaObject::invokeMethod(&dialog, "setContentWidget", Q_ARG(QWidget *, content)));
+        dialog.show();
+        DrainEvents();
+        QCOMPARE(dialog.getContentWidget(), content);
+        QCOMPARE(content->parentWidget(), dialog.getContentFrame());
+        QCOMPARE(content->size(), dialog.getContentFrame()->size());
+        QVERIFY(content->isVisible());
+    }
+
     void a_new_dialog()
     {
         QcDialog dialog(nullptr);

@@ -19,6 +19,20 @@ class TestQcWindow : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void a_windows_content_fills_what_lies_under_its_title()
+    {
+        QcWindow window;
+        QVERIFY(!window.getContentWidget());
+        auto *content = new QWidget;
+        QVERIFY(QMetaObject::invokeMethod(&window, "setContentWidget", Q_ARG(QWidget *, content)));
+        window.show();
+        DrainEvents();
+        QCOMPARE(window.getContentWidget(), content);
+        QCOMPARE(content->parentWidget(), window.getContentFrame());
+        QCOMPARE(content->size(), window.getContentFrame()->size());
+        QVERIFY(content->isVisible());
+    }
+
     void a_new_window()
     {
         QcWindow window(nullptr);

@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPointer>
 #include <QVBoxLayout>
 
 using namespace Velmora;
@@ -35,6 +36,61 @@ private Q_SLOTS:
         QCOMPARE(close->focusPolicy(), Qt::NoFocus);
         QVERIFY(!close->autoDefault());
         QVERIFY(close->objectName().isEmpty());
+    }
+
+    void a_content_fills_its_frame_in_place_of_the_last_one()
+    {
+        QFrame frame;
+        frame.resize(200, 100);
+        FrameContent content;
+        QVERIFY(!content.In(frame));
+        QPointer<QWidget> first = new QWidget;
+        content.Set(frame, first);
+        QCOMPARE(content.In(frame), first.data());
+        frame.show();
+        DrainEvents();
+        QCOMPARE(first->geometry(), frame.rect());
+
+        content.Set(frame, first); // no change
+        DrainEvents();
+        QVERIFY(first);
+        auto *second = new QWidget;
+        content.Set(frame, second);
+        DrainEvents();
+        QVERIFY(!first);
+        QCOMPARE(second->geometry(), frame.rect());
+        QVERIFY(second->isVisible());
+        content.Set(frame, nullptr);
+        QVERIFY(!content.In(frame));
+    }
+
+    void a_content_that_left_its_frame_is_let_alone()
+    {
+        QFrame frame;
+        FrameContent content;
+        QWidget elsewhere;
+        QPointer<QWidget> leaving = new QWidget;
+        content.Set(frame, leaving);
+        leaving->setParent(&elsewhere);
+        QVERIFY(!content.In(frame));
+        content.Set(frame, new QWidget);
+        DrainEvents();
+        QVERIFY(leaving);
+        delete content.In(frame);
+        QVERIFY(!content.In(frame));
+    }
+
+    void a_content_goes_to_the_end_of_a_layout_of_the_hosts()
+    {
+        QFrame frame;
+        auto *row = new QHBoxLayout(&frame);
+        auto *ours = new QWidget;
+        row->addWidget(ours);
+        FrameContent content;
+        auto *added = new QWidget;
+        content.Set(frame, added);
+        QCOMPARE(row->indexOf(ours), 0);
+        QCOMPARE(row->indexOf(added), 1);
     }
 
     void a_window_settled_again_with_less_content_shrinks()

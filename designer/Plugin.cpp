@@ -1,0 +1,115 @@
+#include "Plugin.h"
+
+#include "ColorTask.h"
+#include "ControlTable.h"
+#include "FormLook.h"
+#include "Pages.h"
+#include "TableMenu.h"
+#include "Tables.h"
+
+#include <Velmora/QcStyleManager.h>
+
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QExtensionManager>
+
+#include <QApplication>
+#include <QIcon>
+
+using namespace Velmora;
+
+namespace VelmoraDesigner {
+
+ControlPlugin::ControlPlugin(const Control &control, Plugin &plugin)
+    : QObject(&plugin)
+    , m_control(control)
+    , m_plugin(plugin)
+{
+}
+
+void ControlPlugin::initialize(QDesignerFormEditorInterface *core)
+{
+    m_isInitialized = true;
+    if (core)
+        m_plugin.Begin(*core);
+}
+
+QWidget *ControlPlugin::createWidget(QWidget *parent)
+{
+    ServeWithTable();
+    QWidget *widget = m_control.make(parent);
+    if (m_plugin.IsInDesigner() && parent)
+        widget->setWindowFlags(Qt::Widget); // a form lies in Designer's windows
+    return widget;
+}
+
+QString ControlPlugin::name() const
+{
+    return m_control.ClassName();
+}
+
+QString ControlPlugin::group() const
+{
+    return QLatin1String(m_control.group);
+}
+
+/// In the colours of the program that shows it, sharp in each of the sizes that are asked for.
+QIcon ControlPlugin::icon() const
+{
+    ImageParams image;
+    image.path = QStringLiteral(":/velmora-designer/%1.svg").arg(m_control.ShortName());
+    image.mulColor = {{QStringLiteral("#000000"), QApplication::palette().color(QPalette::WindowText).name()},
+                      {QStringLiteral("#0000FF"), QStringLiteral("#2F7BF5")}};
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 44, 48}) {
+        image.size = QSize(size, size);
+        icon.addPixmap(QcStyleManager::GetInstance()->GetPixmap(image));
+    }
+    return icon;
+}
+
+QString ControlPlugin::toolTip() const
+{
+    return QLatin1String(m_control.toolTip);
+}
+
+QString ControlPlugin::whatsThis() const
+{
+    return QStringLiteral("%1. %2").arg(toolTip(), QLatin1String(m_control.whatsThis));
+}
+
+QString ControlPlugin::includeFile() const
+{
+    return QStringLiteral("<%1>").arg(m_control.Header());
+}
+
+QString ControlPlugin::domXml() const
+{
+    return m_control.DomXml();
+}
+
+bool ControlPlugin::isContainer() const
+{
+    return m_control.room != Room::Nothing;
+}
+
+Plugin::Plugin(QObject *parent)
+    : QObject(parent)
+{
+    for (const Control &control : Controls())
+        m_controls.append(new ControlPlugin(control, *this)); // its child
+}
+
+void Plugin::Begin(QDesignerFormEditorInterface &core)
+{
+    if (m_core == &core)
+        return;
+    m_core = &core;
+    ServeWithTable();
+    QExtensionManager *extensions = core.extensionManager();
+    extensions->registerExtensions(new PagesFactory(extensions), Q_TYPEID(QDesignerContainerExtension));
+    extensions->registerExtensions(new ColorTaskFactory(extensions), Q_TYPEID(QDesignerTaskMenuExtension));
+    new FormLook(core); // its child, as is the menu
+    new TableMenu(core);
+}
+
+} // namespace VelmoraDesigner

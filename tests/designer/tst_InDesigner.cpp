@@ -1,0 +1,431 @@
+#include "support/Pixels.h"
+#include "support/TestCase.h"
+#include "support/Tokens.h"
+
+#include <Velmora/QcDialog.h>
+#include <Velmora/QcFrame.h>
+#include <Velmora/QcLabel.h>
+#include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcStackedWidget.h>
+#include <Velmora/QcStyleManager.h>
+#include <Velmora/QcWindow.h>
+
+#include <QtDesigner/QDesignerComponents>
+#include <QtDesigner/QDesignerContainerExtension>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerFormWindowManagerInterface>
+#include <QtDesigner/QDesignerIntegration>
+#include <QtDesigner/QDesignerTaskMenuExtension>
+#include <QtDesigner/QDesignerWidgetBoxInterface>
+#include <QtDesigner/QDesignerWidgetFactoryInterface>
+#include <QtDesigner/QExtensionManager>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QTimer>
+#include <QUndoStack>
+
+#include <memory>
+
+using namespace Velmora;
+using namespace VelmoraTest;
+
+namespace {
+
+/// Designer without its windows: the parts that its plugins meet.
+struct Designer
+{
+    Designer()
+    {
+        top.menuBar()->addMenu("File");
+        top.menuBar()->addMenu("Help");
+        QDesignerComponents::initializeResources();
+        core = QDesignerComponents::createFormEditor(&top);
+        core->setTopLevel(&top);
+        core->setWidgetBox(QDesignerComponents::createWidgetBox(core, &top));
+        core->setPropertyEditor(QDesignerComponents::createPropertyEditor(core, &top));
+        core->setObjectInspector(QDesignerComponents::createObjectInspector(core, &top));
+        core->setActionEditor(QDesignerComponents::createActionEditor(core, &top));
+        new QDesignerIntegration(core, &top);
+        QDesignerComponents::createTaskMenu(core, &top);
+        QDesignerComponents::initializePlugins(core);
+        core->widgetBox()->setFileName(":/qt-project.org/widgetbox/widgetbox.xml");
+        core->widgetBox()->load();
+        top.show();
+    }
+
+    QMainWindow top;
+    QDesignerFormEditorInterface *core = nullptr;
+};
+
+Designer *designer = nullptr;
+
+} // namespace
+
+/// The plugin in Designer.
+class tst_InDesigner : public VelmoraTest::TestCase
+{
+    Q_OBJECT
+
+private:
+    /// A form that holds what the control called \a className is dropped as.
+    QDesignerFormWindowInterface *OpenForm(const QString &className)
+    {
+        QString xml = DomXmlOf(className);
+        xml.replace("<ui language=\"c++\"", "<ui version=\"4.0\"");
+        const int begin = xml.indexOf("<widget");
+        xml.insert(begin,
+                   "<class>Form</class><widget class=\"QWidget\" name=\"Form\"><property name=\"geometry\"><rect><x>0</x><y>0</y>"
+                   "<width>700</width><height>500</height></rect></property>");
+        xml.insert(xml.indexOf("<customwidgets>"), "</widget>");
+        return OpenContents(xml);
+    }
+
+    QDesignerFormWindowInterface *OpenContents(const QString &xml)
+    {
+        QDesignerFormWindowManagerInterface *manager = designer->core->formWindowManager();
+        m_form.reset(manager->createFormWindow(&designer->top));
+        m_form->setContents(xml);
+        manager->setActiveFormWindow(m_form.get());
+        m_form->resize(720, 520);
+        m_form->show();
+        DrainEvents();
+        return m_form.get();
+    }
+
+    static QString DomXmlOf(const QString &className)
+    {
+        QDesignerWidgetBoxInterface *box = designer->core->widgetBox();
+        for (int category = 0; category < box->categoryCount(); ++category) {
+            for (int i = 0; i < box->widgetCount(category); ++i) {
+                const QString xml = box->widget(category, i).domXml();
+                if (xml.contains(QStringLiteral("class=\"%1\"").arg(className)))
+                    return xml;
+            }
+        }
+        return QString();
+    }
+
+    template <typename Control>
+    Control *The()
+    {
+        return m_form->mainContainer()->findChild<Control *>();
+    }
+
+    QDesignerContainerExtension *PagesOf(QObject *object)
+    {
+        return qt_extension<QDesignerContainerExtension *>(designer->core->extensionManager(), object);
+    }
+
+    /// What the context menu of \a widget says of its colour \a property.
+    QAction *ActionFor(QObject *widget, const QString &property)
+    {
+        auto *tasks = qt_extension<QDesignerTaskMenuExtension *>(designer->core->extensionManager(), widget);
+        if (!tasks)
+            return nullptr;
+        const auto actions = tasks->taskActions();
+        for (QAction *action : actions) {
+            if (action->text().contains(property))
+                return action;
+        }
+        return nullptr;
+    }
+
+    /// Triggers \a action and, in the dialog that opens, calls \a answer.
+    template <typename Answer>
+    void Choose(QAction *action, const Answer &answer)
+    {
+        bool hasAnswered = false;
+        QTimer::singleShot(0, this, [&] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            answer(dialog);
+            hasAnswered = true;
+        });
+        action->trigger();
+        QVERIFY(hasAnswered);
+    }
+
+    void TearDown() override
+    {
+        m_form.reset();
+        UseTable(Table::Light);
+        DrainEvents();
+    }
+
+    std::unique_ptr<QDesignerFormWindowInterface> m_form;
+
+private Q_SLOTS:
+    void the_widget_box_has_the_groups_of_the_kit()
+    {
+        QDesignerWidgetBoxInterface *box = designer->core->widgetBox();
+        QMap<QString, int> groups;
+        for (int i = 0; i < box->categoryCount(); ++i) {
+            if (box->category(i).name().startsWith("Velmora"))
+                groups.insert(box->category(i).name(), box->widgetCount(i));
+        }
+        const QMap<QString, int> expected = {
+            {"Velmora Buttons", 17}, {"Velmora Inputs", 7}, {"Velmora Display", 2}, {"Velmora Containers", 5}};
+        QCOMPARE(groups, expected);
+    }
+
+    void a_form_names_class_base_and_header_of_what_it_holds()
+    {
+        const QString saved = OpenForm("Velmora::QcPrimaryButton")->contents();
+        QVERIFY(The<QcPrimaryButton>());
+        QVERIFY2(saved.contains("<class>Velmora::QcPrimaryButton</class>"), qPrintable(saved));
+        QVERIFY(saved.contains("<extends>QPushButton</extends>"));
+        QVERIFY(saved.contains("<header location=\"global\">Velmora/QcPrimaryButton.h</header>"));
+    }
+
+    void controls_are_painted_on_forms_in_the_colours_of_the_table()
+    {
+        OpenForm("Velmora::QcPrimaryButton");
+        const auto *button = The<QcPrimaryButton>();
+        const QImage picture = Render(*m_form);
+        const QPoint corner = button->mapTo(m_form.get(), QPoint(8, 4));
+        COMPARE_COLOR(PixelAt(picture, corner), TokenOf(Table::Light, "brand/brand"));
+    }
+
+    void the_program_designer_keeps_its_own_look()
+    {
+        OpenForm("Velmora::QcPrimaryButton");
+        QVERIFY(qApp->styleSheet().isEmpty());
+        QCOMPARE(designer->top.palette(), QApplication::palette());
+    }
+
+    // --- Pages ---
+
+    void a_stack_shows_the_page_that_was_added_last()
+    {
+        OpenForm("Velmora::QcStackedWidget");
+        auto *stack = The<QcStackedWidget>();
+        QDesignerContainerExtension *pages = PagesOf(stack);
+        QVERIFY(pages);
+        QCOMPARE(pages->count(), 2);
+
+        QWidget *first = pages->widget(0);
+        auto *inserted = new QWidget;
+        pages->insertWidget(0, inserted);
+        QCOMPARE(pages->widget(0), inserted);
+        QCOMPARE(pages->currentIndex(), 0);
+        QVERIFY(inserted->isVisible());
+        QVERIFY(!first->isVisible());
+
+        auto *added = new QWidget;
+        pages->addWidget(added);
+        QCOMPARE(pages->currentIndex(), 3);
+        QVERIFY(added->isVisible());
+        pages->setCurrentIndex(1);
+        QVERIFY(first->isVisible());
+    }
+
+    void a_page_that_is_removed_gives_way_to_the_next_one()
+    {
+        OpenForm("Velmora::QcStackedWidget");
+        QDesignerContainerExtension *pages = PagesOf(The<QcStackedWidget>());
+        const std::unique_ptr<QWidget> removed(pages->widget(0));
+        QWidget *second = pages->widget(1);
+        QVERIFY(pages->canRemove(0));
+        pages->setCurrentIndex(0);
+        pages->remove(0);
+        QCOMPARE(pages->count(), 1);
+        QVERIFY(!removed->isVisible());
+        QVERIFY(second->isVisible());
+        QVERIFY(!pages->canRemove(0));
+        pages->remove(7); // there is none
+        QCOMPARE(pages->count(), 1);
+    }
+
+    void the_context_menu_of_a_stack_inserts_and_deletes_pages()
+    {
+        OpenForm("Velmora::QcStackedWidget");
+        auto *stack = The<QcStackedWidget>();
+        const QWidgetList before = QApplication::topLevelWidgets();
+        // Where Designer keeps the tasks that it has itself.
+        QObject *extension = designer->core->extensionManager()->extension(stack, "QDesignerInternalTaskMenuExtension");
+        const auto *tasks = qobject_cast<QDesignerTaskMenuExtension *>(extension);
+        QVERIFY(tasks);
+        const auto actions = tasks->taskActions();
+        QAction *insert = nullptr;
+        QAction *remove = nullptr;
+        for (QAction *action : actions) {
+            if (!action->menu())
+                continue;
+            if (action->text().startsWith("Insert"))
+                insert = action->menu()->actions().value(0);
+            else if (action->text().startsWith("Page"))
+                remove = action->menu()->actions().value(0);
+        }
+        QVERIFY(insert && remove);
+        insert->trigger();
+        QCOMPARE(stack->count(), 3);
+        remove->trigger();
+        QCOMPARE(stack->count(), 2);
+        m_form->commandHistory()->undo();
+        QCOMPARE(stack->count(), 3);
+        m_form->commandHistory()->undo();
+        QCOMPARE(stack->count(), 2);
+        // Designer keeps all this to its end.
+        delete extension;
+        const QWidgetList after = QApplication::topLevelWidgets();
+        for (QWidget *widget : after) {
+            if (qobject_cast<QMenu *>(widget) && !before.contains(widget))
+                delete widget;
+        }
+    }
+
+    void a_form_keeps_the_pages_of_a_stack()
+    {
+        OpenForm("Velmora::QcStackedWidget");
+        const QString saved = m_form->contents();
+        QVERIFY(saved.contains("<addpagemethod>addWidget</addpagemethod>"));
+        OpenContents(saved);
+        QCOMPARE(The<QcStackedWidget>()->count(), 2);
+    }
+
+    void windows_and_dialogs_are_forms_with_a_content_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::newRow("window") << "Velmora::QcWindow";
+        QTest::newRow("dialog") << "Velmora::QcDialog";
+    }
+
+    void windows_and_dialogs_are_forms_with_a_content()
+    {
+        QFETCH(QString, className);
+        QString xml = DomXmlOf(className);
+        OpenContents(xml.replace("<ui language=\"c++\"", "<ui version=\"4.0\""));
+        QWidget *window = m_form->mainContainer();
+        QCOMPARE(QString(window->metaObject()->className()), className);
+        QVERIFY(!window->isWindow()); // but a part of Designer's
+        QDesignerContainerExtension *pages = PagesOf(window);
+        QVERIFY(pages);
+        QCOMPARE(pages->count(), 1);
+        QCOMPARE(pages->widget(0)->objectName(), QStringLiteral("content"));
+        QVERIFY(!pages->canAddWidget());
+        QVERIFY(!pages->canRemove(0));
+        const QString saved = m_form->contents();
+        QVERIFY2(saved.contains("<addpagemethod>setContentWidget</addpagemethod>"), qPrintable(saved));
+        QVERIFY(saved.contains("name=\"content\""));
+        QVERIFY(!saved.contains("m_contentFrame"));
+    }
+
+    // --- Colours ---
+
+    void a_chosen_colour_becomes_the_property_and_can_be_undone()
+    {
+        OpenForm("Velmora::QcFrame");
+        auto *frame = The<QcFrame>();
+        QAction *action = ActionFor(frame, "backgroundColorParams");
+        QVERIFY(action);
+        Choose(action, [](QDialog *dialog) {
+            auto *tokens = dialog->findChild<QListWidget *>("tokens");
+            QCOMPARE(tokens->currentItem()->text(), QStringLiteral("bg/bg_secondary")); // the present one
+            tokens->setCurrentItem(tokens->findItems("brand/brand", Qt::MatchExactly).value(0));
+            dialog->accept();
+        });
+        QCOMPARE(frame->property("backgroundColorParams").toString(), QStringLiteral("brand/brand"));
+        const QString saved = m_form->contents();
+        QVERIFY2(saved.contains(">brand/brand</string>"), qPrintable(saved));
+        QVERIFY(m_form->isDirty());
+
+        m_form->commandHistory()->undo();
+        QCOMPARE(frame->property("backgroundColorParams").toString(), QStringLiteral("bg/bg_secondary"));
+        QVERIFY(!m_form->contents().contains("brand/brand<"));
+        m_form->commandHistory()->redo();
+        QCOMPARE(frame->property("backgroundColorParams").toString(), QStringLiteral("brand/brand"));
+    }
+
+    void a_chooser_that_is_cancelled_changes_nothing()
+    {
+        OpenForm("Velmora::QcFrame");
+        Choose(ActionFor(The<QcFrame>(), "borderColorParams"), [](QDialog *dialog) {
+            dialog->findChild<QLineEdit *>("code")->setText("#123456");
+            dialog->reject();
+        });
+        QCOMPARE(The<QcFrame>()->property("borderColorParams").toString(), QStringLiteral("border/border_tertairy"));
+        QVERIFY(!m_form->commandHistory()->canUndo());
+    }
+
+    void a_code_that_is_no_token_can_be_typed()
+    {
+        OpenForm("Velmora::QcFrame");
+        Choose(ActionFor(The<QcFrame>(), "borderColorParams"), [](QDialog *dialog) {
+            dialog->findChild<QLineEdit *>("code")->setText("${brand/brand, 0.5}");
+            dialog->accept();
+        });
+        QCOMPARE(The<QcFrame>()->property("borderColorParams").toString(), QStringLiteral("${brand/brand, 0.5}"));
+    }
+
+    void the_chooser_shows_every_token_in_its_colour()
+    {
+        OpenForm("Velmora::QcFrame");
+        Choose(ActionFor(The<QcFrame>(), "borderColorParams"), [](QDialog *dialog) {
+            auto *tokens = dialog->findChild<QListWidget *>("tokens");
+            QStringList codes;
+            for (int row = 0; row < tokens->count(); ++row)
+                codes.append(tokens->item(row)->text());
+            QCOMPARE(codes, TokensOf(Table::Light));
+            const QListWidgetItem *item = tokens->findItems("base/red/red-60", Qt::MatchExactly).value(0);
+            const QImage swatch = item->icon().pixmap(20).toImage();
+            COMPARE_COLOR(swatch.pixelColor(10, 5), TokenOf(Table::Light, "base/red/red-60"));
+            QVERIFY(!item->toolTip().isEmpty());
+
+            dialog->findChild<QLineEdit *>("search")->setText("RED-60");
+            QVERIFY(!item->isHidden());
+            QVERIFY(tokens->findItems("brand/brand", Qt::MatchExactly).value(0)->isHidden());
+            dialog->reject();
+        });
+    }
+
+    // --- The table ---
+
+    void the_menu_stands_before_help_and_chooses_the_table_of_forms()
+    {
+        const QList<QAction *> menus = designer->top.menuBar()->actions();
+        QCOMPARE(menus.size(), 3);
+        QCOMPARE(menus.at(1)->text(), QStringLiteral("&Velmora"));
+        const QList<QAction *> tables = menus.at(1)->menu()->actions();
+        QCOMPARE(tables.size(), 4);
+        QVERIFY(tables.at(0)->isChecked());
+
+        OpenForm("Velmora::QcPrimaryButton");
+        const QPoint corner = The<QcPrimaryButton>()->mapTo(m_form.get(), QPoint(8, 4));
+        const QPoint ground = m_form->mainContainer()->mapTo(m_form.get(), QPoint(503, 403)); // between two dots of the grid
+        tables.at(1)->trigger();
+        DrainEvents();
+        QVERIFY(tables.at(1)->isChecked());
+        QVERIFY(!tables.at(0)->isChecked());
+        const QImage picture = Render(*m_form);
+        COMPARE_COLOR(PixelAt(picture, corner), TokenOf(Table::Dark, "brand/brand"));
+        COMPARE_COLOR(PixelAt(picture, ground), TokenOf(Table::Dark, "bg/bg_box"));
+        for (QAction *table : tables) {
+            table->trigger();
+            QVERIFY(QcStyleManager::GetInstance()->GetColor("brand/brand").isValid());
+        }
+        tables.at(0)->trigger();
+        COMPARE_COLOR(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Light, "brand/brand"));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    LogGuard quiet;          // the start-up facts have a test of their own
+    designer = new Designer; // to the end of the process: its parts know each other in no order
+    DrainEvents();
+    quiet.TakeFaults();
+    tst_InDesigner test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_InDesigner.moc"

@@ -57,7 +57,9 @@ QIcon ControlPlugin::icon() const
 {
     ImageParams image;
     image.path = QStringLiteral(":/velmora-designer/%1.svg").arg(m_control.ShortName());
-    image.mulColor = {{QStringLiteral("#000000"), QApplication::palette().color(QPalette::WindowText).name()},
+    const QString ink = QApplication::palette().color(QPalette::WindowText).name();
+    image.mulColor = {{QStringLiteral("#000000"), ink},
+                      {QStringLiteral("#808080"), QStringLiteral("${%1, 0.25}").arg(ink)},
                       {QStringLiteral("#0000FF"), QStringLiteral("#2F7BF5")}};
     QIcon icon;
     for (const int size : {16, 22, 24, 32, 44, 48}) {

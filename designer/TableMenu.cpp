@@ -16,7 +16,7 @@ namespace VelmoraDesigner {
 TableMenu::TableMenu(QDesignerFormEditorInterface &core)
     : QObject(&core)
     , m_core(core)
-    , m_menu(std::make_unique<QMenu>(QStringLiteral("&Velmora")))
+    , m_menu(std::make_unique<QMenu>(QStringLiteral("Vel&mora")))
 {
     m_menu->setObjectName(QStringLiteral("velmoraMenu"));
     auto *group = new QActionGroup(this);

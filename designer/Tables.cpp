@@ -24,10 +24,10 @@ QString &Chosen()
 QList<Table> BuiltInTables()
 {
     return {
-        {QCoreApplication::translate("VelmoraDesigner", "Light"), QStringLiteral(":/colors/blue_light.ini")},
-        {QCoreApplication::translate("VelmoraDesigner", "Dark"), QStringLiteral(":/colors/blue_dark.ini")},
-        {QCoreApplication::translate("VelmoraDesigner", "High contrast light"), QStringLiteral(":/colors/contrast_light.ini")},
-        {QCoreApplication::translate("VelmoraDesigner", "High contrast dark"), QStringLiteral(":/colors/contrast_dark.ini")},
+        {QCoreApplication::translate("VelmoraDesigner", "&Light"), QStringLiteral(":/colors/blue_light.ini")},
+        {QCoreApplication::translate("VelmoraDesigner", "&Dark"), QStringLiteral(":/colors/blue_dark.ini")},
+        {QCoreApplication::translate("VelmoraDesigner", "High contrast, l&ight"), QStringLiteral(":/colors/contrast_light.ini")},
+        {QCoreApplication::translate("VelmoraDesigner", "High contrast, d&ark"), QStringLiteral(":/colors/contrast_dark.ini")},
     };
 }
 

@@ -8,7 +8,7 @@ namespace VelmoraDesigner {
 /// A built-in colour table.
 struct Table
 {
-    QString title;
+    QString title; ///< of a menu's item
     QString path;
 };
 

@@ -393,7 +393,7 @@ private Q_SLOTS:
     {
         const QList<QAction *> menus = designer->top.menuBar()->actions();
         QCOMPARE(menus.size(), 3);
-        QCOMPARE(menus.at(1)->text(), QStringLiteral("&Velmora"));
+        QCOMPARE(menus.at(1)->text(), QStringLiteral("Vel&mora"));
         const QList<QAction *> tables = menus.at(1)->menu()->actions();
         QCOMPARE(tables.size(), 4);
         QVERIFY(tables.at(0)->isChecked());

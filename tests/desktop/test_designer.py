@@ -56,7 +56,6 @@ class DesignerTest(unittest.TestCase):
         self.process = self.desktop.start([DESIGNER, self.file], log=self.log_name)
         self.addCleanup(self.finish)
         self.window = wait_for(self.main_window, "Designer's window")
-        self.desktop.place(self.window, 0, 0, (SCREEN[0] - 20, SCREEN[1] - 60))
         wait_for(lambda: self.find(TARGET), "the frame on the form")
 
     def finish(self):
@@ -97,6 +96,23 @@ class DesignerTest(unittest.TestCase):
     def filter_row(self):
         return 110
 
+    def drop(self, start, end):
+        """As a hand does it, which sees what it drags before it lets go."""
+        windows = set(self.desktop.windows_of(self.process))
+        self.desktop.point_at(*start)
+        self.desktop.press()
+        along = [(start[0] + (end[0] - start[0]) * step // 10, start[1] + (end[1] - start[1]) * step // 10) for step in range(1, 11)]
+        steps = iter(along * 100)
+
+        def is_dragged():
+            self.desktop.point_at(*next(steps))
+            return set(self.desktop.windows_of(self.process)) - windows
+
+        wait_for(is_dragged, "what is dragged")
+        self.desktop.point_at(*along[-2])
+        self.desktop.point_at(*end)
+        self.desktop.release()
+
     def saved(self):
         self.desktop.keys("ctrl+s")
         before = FORM
@@ -111,7 +127,7 @@ class DesignerTest(unittest.TestCase):
     def test_a_control_dragged_onto_a_form_is_in_the_file_with_its_include(self):
         x, y = self.offer("Primary Button")
         to_x, to_y = self.find(TARGET)
-        self.desktop.drag((x, y), (to_x - x, to_y - y))
+        self.drop((x, y), (to_x, to_y))
         blue = token("blue_light.ini", "brand/brand")
         wait_for(lambda: self.find(blue, left=to_x - 100, right=to_x + 160), "the button on the form")
         form = self.saved()
@@ -121,6 +137,18 @@ class DesignerTest(unittest.TestCase):
         self.assertEqual(custom.findtext("extends"), "QPushButton")
         self.assertEqual(custom.findtext("header"), "Velmora/QcPrimaryButton.h")
         self.assertEqual(custom.find("header").get("location"), "global")
+
+    def test_the_menu_shows_the_form_on_the_ground_of_another_table(self):
+        light, dark = (token(table, "bg/bg_box") for table in ("blue_light.ini", "blue_dark.ini"))
+        x, y = self.find(TARGET)
+        beside = (x - 170, y)
+        self.assertEqual(self.desktop.pixel(*beside), "#" + light.hex())
+        self.desktop.keys("alt+m", "d")
+        wait_for(lambda: self.desktop.pixel(*beside) == "#" + dark.hex(), "the ground of the dark table")
+        self.desktop.keys("alt+m", "l")
+        wait_for(lambda: self.desktop.pixel(*beside) == "#" + light.hex(), "the ground of the light table")
+        with open(self.file, encoding="utf-8") as file:
+            self.assertEqual(file.read(), FORM) # nothing is kept
 
 
 if __name__ == "__main__":

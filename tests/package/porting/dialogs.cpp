@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFocusFrame>
 #include <QIntValidator>
+#include <QLineEdit>
 #include <QShortcut>
 #include <QTest>
 #include <QTimer>
@@ -15,6 +16,11 @@
 namespace {
 
 using namespace Velmora;
+
+bool HasKeyboard(const QWidget &window)
+{
+    return QTest::qWaitFor([&window] { return QApplication::focusWidget() && QApplication::focusWidget()->window() == &window; });
+}
 
 void CheckBeginning()
 {
@@ -63,6 +69,7 @@ void CheckThirdButton()
     QcDialog dialog;
     dialog.setBottomFrameVisible(true);
     int helped = 0;
+    auto *field = new QcLineEditFrame(dialog.getContentFrame());
     QPushButton *help = addButton(dialog, QStringLiteral("Help"));
     QObject::connect(help, &QAbstractButton::clicked, &dialog, [&helped] { ++helped; });
     dialog.show();
@@ -71,6 +78,29 @@ void CheckThirdButton()
     Check(helped == 1 && dialog.isVisible(), "a third button leaves the dialog open");
     Check(help->mapTo(&dialog, QPoint()).x() < 40 && help->height() == okOf(dialog)->height(), "and stands at the left of the row");
     Check(QApplication::focusWidget() == okOf(dialog), "without the keyboard");
+    field->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    Check(helped == 1 && dialog.result() == QDialog::Accepted, "and without Enter");
+}
+
+void CheckEnter()
+{
+    for (const bool isDefault : {false, true}) {
+        QcDialog dialog;
+        dialog.setBottomFrameVisible(true);
+        auto *field = new QLineEdit(dialog.getContentFrame());
+        auto *browse = new QPushButton(dialog.getContentFrame());
+        int browsed = 0;
+        QObject::connect(browse, &QAbstractButton::clicked, &dialog, [&browsed] { ++browsed; });
+        if (isDefault)
+            okOf(dialog)->setDefault(true);
+        field->setFocus();
+        dialog.show();
+        Check(HasKeyboard(dialog), "a dialog shows");
+        QTest::keyClick(field, Qt::Key_Return);
+        Check(browsed == int(!isDefault) && dialog.isVisible() != isDefault,
+              "Enter presses the button behind the field, or the default one");
+    }
 }
 
 void CheckSave()
@@ -92,11 +122,6 @@ void CheckSave()
     Check(answer(Qt::Key_Return) == QMessageBox::Save, "Enter saves");
     Check(answer(Qt::Key_D, Qt::AltModifier) == QMessageBox::Discard, "Alt+D discards");
     Check(answer(Qt::Key_Escape) == QMessageBox::Cancel, "Escape cancels");
-}
-
-bool HasKeyboard(const QWidget &window)
-{
-    return QTest::qWaitFor([&window] { return QApplication::focusWidget() && QApplication::focusWidget()->window() == &window; });
 }
 
 void CheckRing()
@@ -138,6 +163,7 @@ void CheckDialogs()
     CheckOk();
     CheckDefault();
     CheckThirdButton();
+    CheckEnter();
     CheckSave();
     CheckRing();
 }

@@ -1,6 +1,9 @@
 #include "GalleryWindow.h"
 
 #include "Kit.h"
+#ifdef EXAMPLES_HAVE_DBUS
+#include "DesktopWish.h"
+#endif
 
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcStyleManager.h>
@@ -358,5 +361,17 @@ QString GalleryWindow::ControlPositions() const
     }
     return lines + QStringLiteral("end\n");
 }
+
+#ifdef EXAMPLES_HAVE_DBUS
+void Follow(GalleryWindow &window, const Examples::DesktopWish &wish)
+{
+    const auto follow = [&window, &wish] {
+        if (const std::optional<Table> table = wish.WishedTable())
+            window.FollowDesktop(*table);
+    };
+    QObject::connect(&wish, &Examples::DesktopWish::SignalWishChanged, &window, follow);
+    follow(); // to what was said while the window was made
+}
+#endif
 
 } // namespace Gallery

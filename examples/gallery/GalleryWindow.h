@@ -18,6 +18,10 @@ namespace Velmora {
 class QcLabel;
 } // namespace Velmora
 
+namespace Examples {
+class DesktopWish;
+} // namespace Examples
+
 namespace Gallery {
 
 class Field;
@@ -72,5 +76,10 @@ private:
     bool m_hasOwnChoice = false; // of a table
     bool m_isFollowing = false;
 };
+
+#ifdef EXAMPLES_HAVE_DBUS
+/// From now on \a window has the table that is wished for, until its user chooses one there.
+void Follow(GalleryWindow &window, const Examples::DesktopWish &wish);
+#endif
 
 } // namespace Gallery

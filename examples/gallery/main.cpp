@@ -1,7 +1,7 @@
 #include "GalleryWindow.h"
 #include "Render.h"
 #include "Tables.h"
-#ifdef GALLERY_HAS_DBUS
+#ifdef EXAMPLES_HAVE_DBUS
 #include "DesktopWish.h"
 #endif
 
@@ -153,15 +153,15 @@ private:
 /// With a table of the user's choice, or else the one that the desktop wishes, now and later.
 int ShowWindow(Table table, [[maybe_unused]] bool isChosen, const QString &page, bool printPositions)
 {
-#ifdef GALLERY_HAS_DBUS
-    std::unique_ptr<DesktopWish> wish;
+#ifdef EXAMPLES_HAVE_DBUS
+    std::unique_ptr<Examples::DesktopWish> wish;
     if (!isChosen) {
-        wish = std::make_unique<DesktopWish>();
-        table = ApplyWishedTable(*wish, table);
+        wish = std::make_unique<Examples::DesktopWish>();
+        table = Examples::ApplyWishedTable(*wish, table);
     }
 #endif
     GalleryWindow window(table);
-#ifdef GALLERY_HAS_DBUS
+#ifdef EXAMPLES_HAVE_DBUS
     if (wish)
         Follow(window, *wish);
 #endif

@@ -23,7 +23,7 @@ Settings LoadSettings(const QString &path)
     settings.name = file.value(QStringLiteral("user/name")).toString();
     settings.mail = file.value(QStringLiteral("user/mail")).toString();
     settings.language = file.value(QStringLiteral("user/language"), settings.language).toString();
-    settings.look = file.value(QStringLiteral("user/look")) == QLatin1String("dark") ? Settings::Dark : Settings::Light;
+    settings.look = Examples::TableNamed(file.value(QStringLiteral("user/look")).toString());
     settings.remarks = file.value(QStringLiteral("user/remarks")).toString().left(kLongestRemarks);
 
     settings.folder = file.value(QStringLiteral("storage/folder")).toString();
@@ -49,7 +49,7 @@ bool SaveSettings(const Settings &settings, const QString &path)
     file.setValue(QStringLiteral("user/name"), settings.name);
     file.setValue(QStringLiteral("user/mail"), settings.mail);
     file.setValue(QStringLiteral("user/language"), settings.language);
-    file.setValue(QStringLiteral("user/look"), settings.look == Settings::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
+    file.setValue(QStringLiteral("user/look"), settings.look ? Examples::TableName(*settings.look) : QStringLiteral("desktop"));
     file.setValue(QStringLiteral("user/remarks"), settings.remarks);
 
     file.setValue(QStringLiteral("storage/folder"), settings.folder);

@@ -1,19 +1,18 @@
 #pragma once
 
+#include "BuiltInTables.h"
+
 #include <QString>
+
+#include <optional>
 
 /// What the program remembers, with the values of a first start.
 struct Settings
 {
-    enum Look {
-        Light,
-        Dark,
-    };
-
     QString name;
     QString mail;
     QString language = QStringLiteral("en");
-    Look look = Light;
+    std::optional<Examples::Table> look; // none: as the desktop wishes
     QString remarks;
 
     QString folder;

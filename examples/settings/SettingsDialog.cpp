@@ -1,6 +1,7 @@
 #include "SettingsDialog.h"
 
 #include "FolderCheck.h"
+#include "TableSelector.h"
 
 #include <Velmora/QCSlider.h>
 #include <Velmora/QcCheckBox.h>
@@ -10,7 +11,6 @@
 #include <Velmora/QcLineEditFrame.h>
 #include <Velmora/QcMenu.h>
 #include <Velmora/QcMenuTextButton.h>
-#include <Velmora/QcRadioButton.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcSpinBox.h>
 #include <Velmora/QcStackedWidget.h>
@@ -146,17 +146,8 @@ void SettingsDialog::MakeUserPage()
     m_language->addItem(tr("German"), QStringLiteral("de"));
     AddField(form, tr("L&anguage"), m_language);
 
-    auto *look = new QWidget;
-    auto *looks = new QHBoxLayout(look);
-    looks->setContentsMargins(0, 0, 0, 0);
-    m_light = new QcRadioButton;
-    m_light->setText(tr("&Light"));
-    m_dark = new QcRadioButton;
-    m_dark->setText(tr("&Dark"));
-    looks->addWidget(m_light);
-    looks->addWidget(m_dark);
-    looks->addStretch();
-    AddField(form, tr("Look"), look);
+    m_look = new Examples::TableSelector;
+    AddField(form, tr("&Look"), m_look);
 
     m_remarks = new QcTextEditFrame;
     m_remarks->setMaxLength(kLongestRemarks);
@@ -232,7 +223,7 @@ void SettingsDialog::SetSettings(const Settings &settings)
     m_name->setText(settings.name);
     m_mail->setText(settings.mail);
     m_language->setCurrentIndex(qMax(0, m_language->findData(settings.language)));
-    (settings.look == Settings::Dark ? m_dark : m_light)->setChecked(true);
+    m_look->Choose(settings.look);
     m_remarks->getTextEdit()->setPlainText(settings.remarks); // setText() would read HTML
 
     m_folder->setText(settings.folder);
@@ -256,7 +247,7 @@ Settings SettingsDialog::GetSettings() const
     settings.name = m_name->getText();
     settings.mail = m_mail->getText();
     settings.language = m_language->currentData().toString();
-    settings.look = m_dark->isChecked() ? Settings::Dark : Settings::Light;
+    settings.look = m_look->Chosen();
     settings.remarks = m_remarks->getText();
 
     settings.folder = m_folder->getText();

@@ -20,13 +20,16 @@ class QCSlider;
 class QcCheckBox;
 class QcDoubleSpinBox;
 class QcLineEditFrame;
-class QcRadioButton;
 class QcSelector;
 class QcSpinBox;
 class QcStackedWidget;
 class QcSwitchButton;
 class QcTextEditFrame;
 } // namespace Velmora
+
+namespace Examples {
+class TableSelector;
+} // namespace Examples
 
 class FolderCheck;
 
@@ -76,8 +79,7 @@ private:
     Velmora::QcLineEditFrame *m_name;
     Velmora::QcLineEditFrame *m_mail;
     Velmora::QcSelector *m_language;
-    Velmora::QcRadioButton *m_light;
-    Velmora::QcRadioButton *m_dark;
+    Examples::TableSelector *m_look;
     Velmora::QcTextEditFrame *m_remarks;
 
     Velmora::QcLineEditFrame *m_folder;

@@ -1,11 +1,11 @@
 #include "SettingsDialog.h"
+#include "TableChoice.h"
 
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/ModalDialogs.h>
 #include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcPrimaryButton.h>
-#include <Velmora/QcStyleManager.h>
 #include <Velmora/QcToastManager.h>
 #include <Velmora/QcWindow.h>
 #include <Velmora/Translations.h>
@@ -22,46 +22,39 @@ using namespace Velmora;
 
 namespace {
 
-void ApplyLook(Settings::Look look)
-{
-    const bool isDark = look == Settings::Dark;
-    QcStyleManager::GetInstance()->SetColorFilePath(isDark ? QStringLiteral(":/colors/blue_dark.ini")
-                                                           : QStringLiteral(":/colors/blue_light.ini"));
-}
-
 QString DefaultFile()
 {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)).filePath(QStringLiteral("settings.ini"));
 }
 
-void EditSettings(const QString &path, QWidget *window)
+void EditSettings(const QString &path, Examples::TableChoice &table, QWidget *window)
 {
     SettingsDialog dialog(window);
     dialog.SetSettings(LoadSettings(path));
     if (Velmora::exec(&dialog, window) != QDialog::Accepted)
         return;
     const Settings settings = dialog.GetSettings();
-    ApplyLook(settings.look);
+    table.Choose(settings.look);
     if (SaveSettings(settings, path))
         QcToastManager::getInstance()->showToast(SettingsDialog::tr("Saved."), QcToast::Success, window, false);
     else
         QcToastManager::getInstance()->showToast(SettingsDialog::tr("The settings could not be saved."), QcToast::Error, window, false);
 }
 
-// Each page in both looks, as a picture in the folder.
+// Each page in all tables, as a picture in the folder.
 int Render(const QString &folder, const Settings &settings)
 {
     SettingsDialog dialog;
     dialog.SetSettings(settings);
     dialog.show();
     bool ok = QDir().mkpath(folder);
-    for (const Settings::Look look : {Settings::Light, Settings::Dark}) {
-        ApplyLook(look);
+    for (const Examples::Table table : Examples::kTables) {
+        Examples::ApplyTable(table);
         QCoreApplication::processEvents(); // the controls follow the table in tasks of their own
         for (int page = 0; page < SettingsDialog::kPages; ++page) {
             dialog.ShowPage(page);
             QCoreApplication::processEvents();
-            const QString name = QStringLiteral("%1-%2.png").arg(page + 1).arg(look == Settings::Dark ? "dark" : "light");
+            const QString name = QStringLiteral("%1-%2.png").arg(page + 1).arg(Examples::TableName(table));
             ok = dialog.grab().save(QDir(folder).filePath(name)) && ok;
         }
     }
@@ -89,7 +82,7 @@ int main(int argc, char **argv)
     const QString path = parser.value(fileOption);
 
     const Settings settings = LoadSettings(path);
-    ApplyLook(settings.look);
+    Examples::TableChoice table(settings.look);
     app.Initialize();
     SetKeyboardCuesEnabled(true);
     SetVeilsStopKeyboard(true);
@@ -102,7 +95,7 @@ int main(int argc, char **argv)
     window.setTitle(SettingsDialog::tr("Example"));
     auto *button = new QcPrimaryButton;
     button->setText(SettingsDialog::tr("Settings..."));
-    QObject::connect(button, &QAbstractButton::clicked, &window, [&window, path] { EditSettings(path, &window); });
+    QObject::connect(button, &QAbstractButton::clicked, &window, [&window, &table, path] { EditSettings(path, table, &window); });
     auto *layout = new QVBoxLayout(window.getContentFrame());
     layout->addWidget(button, 0, Qt::AlignCenter);
     window.resize(760, 560);

@@ -16,7 +16,7 @@ Session LoadSession(const QString &folder)
 {
     QSettings file(SessionFile(folder), QSettings::IniFormat);
     Session session;
-    session.isDark = file.value(QStringLiteral("window/dark"), false).toBool();
+    session.table = Examples::TableNamed(file.value(QStringLiteral("window/table")).toString());
     session.geometry = file.value(QStringLiteral("window/geometry")).toByteArray();
     file.beginGroup(QStringLiteral("files"));
     const QStringList numbers = file.childKeys();
@@ -31,7 +31,8 @@ bool SaveSession(const Session &session, const QString &folder)
         return false;
     QSettings file(SessionFile(folder), QSettings::IniFormat);
     file.clear();
-    file.setValue(QStringLiteral("window/dark"), session.isDark);
+    if (session.table)
+        file.setValue(QStringLiteral("window/table"), Examples::TableName(*session.table));
     file.setValue(QStringLiteral("window/geometry"), session.geometry);
     file.beginGroup(QStringLiteral("files"));
     for (auto it = session.files.cbegin(); it != session.files.cend(); ++it)

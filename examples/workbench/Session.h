@@ -1,16 +1,20 @@
 #pragma once
 
+#include "BuiltInTables.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QString>
 
+#include <optional>
+
 /// What the workbench keeps from one run to the next, in a folder of its own: which file each editor number had, the window's
-/// place and the look. The layouts stand beside it, in files of the kit's.
+/// place and the colour table. The layouts stand beside it, in files of the kit's.
 struct Session
 {
     QMap<int, QString> files;
     QByteArray geometry;
-    bool isDark = false;
+    std::optional<Examples::Table> table; // none: as the desktop wishes
 };
 
 /// An empty session where there is none yet.

@@ -2,6 +2,7 @@
 
 #include "Editor.h"
 #include "Panels.h"
+#include "TableSelector.h"
 
 #include <Velmora/QcDockArea.h>
 #include <Velmora/QcDockContainer.h>
@@ -9,8 +10,6 @@
 #include <Velmora/QcDockWidget.h>
 #include <Velmora/QcLabel.h>
 #include <Velmora/QcSecondaryButton.h>
-#include <Velmora/QcStyleManager.h>
-#include <Velmora/QcSwitchButton.h>
 #include <Velmora/QcToastManager.h>
 
 #include <QApplication>
@@ -89,6 +88,7 @@ Workbench::Workbench(const QString &folder, const QString &stateFolder, QWidget 
     , m_folder(folder)
     , m_stateFolder(stateFolder)
     , m_session(LoadSession(stateFolder))
+    , m_table(m_session.table)
 {
     QDir().mkpath(stateFolder);
     setWindowTitle(tr("Workbench"));
@@ -97,7 +97,6 @@ Workbench::Workbench(const QString &folder, const QString &stateFolder, QWidget 
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
     layout->addWidget(MakeToolRow());
-    SetDark(m_session.isDark);
 
     // The groups come before the first drag, the root before the first panel that floats.
     auto *controller = QcDockController::instance();
@@ -145,25 +144,22 @@ QWidget *Workbench::MakeToolRow()
     add(tr("&Reset layout"), QStringLiteral("resetLayout"), &Workbench::ResetLayout);
     add(tr("Second &window"), QStringLiteral("secondWindow"), &Workbench::ShowSecondWindow);
     layout->addStretch();
-    m_darkSwitch = new QcSwitchButton;
-    m_darkSwitch->setObjectName(QStringLiteral("dark"));
-    m_darkSwitch->setChecked(m_session.isDark);
-    m_darkSwitch->setAccessibleName(tr("Dark"));
+    auto *selector = new Examples::TableSelector;
+    selector->setObjectName(QStringLiteral("table"));
+    selector->setAccessibleName(tr("Colours"));
+    selector->setFixedWidth(128);
+    selector->Choose(m_session.table);
     auto *label = new QcLabel;
     label->setType(QcLabel::Body);
-    label->setText(tr("&Dark"));
-    label->setBuddy(m_darkSwitch);
+    label->setText(tr("&Colours"));
+    label->setBuddy(selector);
     layout->addWidget(label);
-    layout->addWidget(m_darkSwitch);
-    connect(m_darkSwitch, &QAbstractButton::toggled, this, &Workbench::SetDark);
+    layout->addWidget(selector);
+    connect(selector, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, selector] {
+        m_session.table = selector->Chosen();
+        m_table.Choose(m_session.table);
+    });
     return row;
-}
-
-void Workbench::SetDark(bool isDark)
-{
-    m_session.isDark = isDark;
-    QcStyleManager::GetInstance()->SetColorFilePath(isDark ? QStringLiteral(":/colors/blue_dark.ini")
-                                                           : QStringLiteral(":/colors/blue_light.ini"));
 }
 
 // --- Contents ---

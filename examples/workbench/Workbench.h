@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Session.h"
+#include "TableChoice.h"
 
 #include <Velmora/QcFrame.h>
 
@@ -11,7 +12,6 @@
 namespace Velmora {
 class QcDockContainer;
 class QcDockWidget;
-class QcSwitchButton;
 } // namespace Velmora
 
 class Editor;
@@ -61,14 +61,13 @@ private:
     void FocusShownEditor();
     void FollowFocus(QWidget *focus);
     void Say(const QString &text);
-    void SetDark(bool isDark);
 
     QString m_folder;
     QString m_stateFolder;
     Session m_session;
+    Examples::TableChoice m_table;
     QPointer<Velmora::QcDockContainer> m_root;
     QPointer<SecondWindow> m_secondWindow;
-    Velmora::QcSwitchButton *m_darkSwitch = nullptr;
 
     // Whoever closes a panel deletes its content with it.
     QPointer<FilesPanel> m_files;

@@ -96,7 +96,7 @@ class SettingsTest(unittest.TestCase):
 
     def test_values_are_kept_from_one_start_to_the_next(self):
         self.replace("Anna <b>")
-        self.desktop.keys("Tab", "Tab", "Down", "Tab", "Right", "Tab") # French, dark
+        self.desktop.keys("Tab", "Tab", "Down", "Tab", "Down", "Down", "Tab") # French, dark
         self.desktop.type("She said: so.")
         self.save()
         first = self.kept()

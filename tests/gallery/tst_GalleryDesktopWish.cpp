@@ -12,6 +12,8 @@
 #include <QSignalSpy>
 
 using namespace Gallery;
+using Examples::ApplyWishedTable;
+using Examples::DesktopWish;
 using namespace VelmoraTest;
 using namespace std::chrono_literals;
 

@@ -1,9 +1,9 @@
 #include "AddressBook.h"
+#include "TableChoice.h"
 
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
-#include <Velmora/QcStyleManager.h>
 #include <Velmora/Translations.h>
 
 #include <QLocale>
@@ -15,7 +15,7 @@ int main(int argc, char **argv)
     QTranslator texts;
     texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
     QCoreApplication::installTranslator(&texts);
-    Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
+    const Examples::TableChoice table; // as the desktop wishes
     app.Initialize();
     Velmora::SetKeyboardCuesEnabled(true);
     Velmora::SetPlainWidgetsFollowTable(true); // the list, for which the kit has no control

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tables.h"
+#include "BuiltInTables.h"
 
 #include <QObject>
 
@@ -12,7 +12,7 @@ class QDBusVariant;
 class QDBusPendingCallWatcher;
 QT_END_NAMESPACE
 
-namespace Gallery {
+namespace Examples {
 
 /// What the desktop's settings say of dark colours and of contrast, and each change of it.
 ///
@@ -28,7 +28,7 @@ public:
     /// The built-in table that is wished for; none if the desktop has not said.
     std::optional<Table> WishedTable() const;
     /// Handles events until the portal has answered all that it was asked, or \a moment is over.
-    void AwaitAnswers(std::chrono::milliseconds moment);
+    void AwaitAnswers(std::chrono::milliseconds moment = std::chrono::milliseconds(200));
 
 Q_SIGNALS:
     void SignalWishChanged();
@@ -49,12 +49,8 @@ private:
     int m_openQuestions = 0;
 };
 
-class GalleryWindow;
-
 /// Applies the table that the desktop wishes, or leaves \a table, and returns which it is. Waits a moment for the portal, so that the
 /// window need not change as soon as it shows.
 Table ApplyWishedTable(DesktopWish &wish, Table table);
-/// From now on \a window has the table that is wished for, until its user chooses one there.
-void Follow(GalleryWindow &window, const DesktopWish &wish);
 
-} // namespace Gallery
+} // namespace Examples

@@ -1,7 +1,5 @@
 #include "DesktopWish.h"
 
-#include "GalleryWindow.h"
-
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -10,7 +8,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
-namespace Gallery {
+namespace Examples {
 
 namespace {
 
@@ -22,8 +20,6 @@ const QString kDark = QStringLiteral("color-scheme"); // 1 dark, 2 light, anythi
 const QString kContrast = QStringLiteral("contrast"); // 1 more of it, anything else no preference
 const QString kReadOne = QStringLiteral("ReadOne");
 const QString kRead = QStringLiteral("Read"); // of older portals, which put a variant into the variant
-
-constexpr std::chrono::milliseconds kMoment(200);
 
 QVariant Unwrapped(QVariant value)
 {
@@ -112,21 +108,11 @@ void DesktopWish::Take(const QString &key, const QVariant &value)
 
 Table ApplyWishedTable(DesktopWish &wish, Table table)
 {
-    wish.AwaitAnswers(kMoment);
+    wish.AwaitAnswers();
     const Table wished = wish.WishedTable().value_or(table);
     if (wished != table)
         ApplyTable(wished);
     return wished;
 }
 
-void Follow(GalleryWindow &window, const DesktopWish &wish)
-{
-    const auto follow = [&window, &wish] {
-        if (const std::optional<Table> table = wish.WishedTable())
-            window.FollowDesktop(*table);
-    };
-    QObject::connect(&wish, &DesktopWish::SignalWishChanged, &window, follow);
-    follow(); // to what was said while the window was made
-}
-
-} // namespace Gallery
+} // namespace Examples

@@ -6,6 +6,7 @@
 #include "display/HtmlBomb_p.h"
 #include "display/MultiLineTextAccessible_p.h"
 #include "display/TextLayout_p.h"
+#include "theme/BakedColors_p.h"
 #include "theme/FocusShape_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -39,6 +40,7 @@ void InsertText(QTextDocument &document, const QString &html)
     cursor.beginEditBlock();       // one change, of which receivers of the height hear when all is written
     cursor.setBlockFormat(format); // the first paragraph of the HTML brings one of its own
     cursor.insertHtml(html);
+    KeepOwnLinks(document);
     cursor.endEditBlock();
 }
 

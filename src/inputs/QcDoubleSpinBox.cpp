@@ -1,11 +1,14 @@
 #include <Velmora/QcDoubleSpinBox.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "inputs/InnerEdit_p.h"
+
 namespace Velmora {
 
 QcDoubleSpinBox::QcDoubleSpinBox(QWidget *parent)
     : QDoubleSpinBox(parent)
 {
+    setLineEdit(InnerEdit::InPlaceOf(*lineEdit(), this));
 }
 
 void QcDoubleSpinBox::bSetBorder(bool isBordered)

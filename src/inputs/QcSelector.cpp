@@ -5,6 +5,7 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "display/OneLine_p.h"
+#include "inputs/InnerEdit_p.h"
 #include "inputs/QcSelectorViewItemDelegate_p.h"
 #include "inputs/SelectorAccessible_p.h"
 #include "theme/FocusShape_p.h"
@@ -75,7 +76,10 @@ void QcSelector::SetUpPopup()
 void QcSelector::setEditable(bool editable)
 {
     const Qt::ScrollBarPolicy policy = view()->verticalScrollBarPolicy();
+    const QLineEdit *before = lineEdit();
     QComboBox::setEditable(editable);
+    if (lineEdit() && lineEdit() != before) // else it may be a host's own
+        setLineEdit(InnerEdit::InPlaceOf(*lineEdit(), this));
     view()->setVerticalScrollBarPolicy(policy); // before the stylesheet is on Qt brings back its own bar
     if (lineEdit())
         lineEdit()->setStyleSheet(QStringLiteral("padding-left: -2px;"));

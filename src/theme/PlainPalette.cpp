@@ -1,17 +1,18 @@
 #include "theme/PlainPalette_p.h"
 
 #include "core/ApplicationEvents_p.h"
-#include "theme/BakedColors_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <Velmora/QcStyleManager.h>
 
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QMetaObject>
 #include <QScopedValueRollback>
 #include <QWidget>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Velmora {
 
@@ -89,6 +90,15 @@ QPalette OutlinedPalette(QPalette palette)
     return palette;
 }
 
+/// \a palette, of which Fusion makes a ground for white titles: it lightens what is highlighted.
+QPalette TitledPalette(QPalette palette)
+{
+    constexpr int kDarker = 115; // percent
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        palette.setColor(group, QPalette::Highlight, palette.color(group, QPalette::Highlight).darker(kDarker));
+    return palette;
+}
+
 /// Whether Qt paints parts of a control of the kit from the palette, such as what is selected in an edit. What the kit derives
 /// from a frame or dialog it paints itself, and hosts put plain widgets into it.
 bool IsPaintedByQt(const QMetaObject *widgetClass)
@@ -130,6 +140,23 @@ QHash<QByteArray, QPalette> PalettesOfClasses()
     return palettes;
 }
 
+/// What a host says by setting \a palette where \a shown was: not what it took over of that, for which \a before says it.
+QPalette WordsOfHost(const QPalette &palette, const QPalette &shown, const QPalette &before)
+{
+    constexpr QPalette::ColorGroup groups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+    QPalette words;
+    for (int i = 0; i < QPalette::NColorRoles; ++i) {
+        const auto role = QPalette::ColorRole(i);
+        const auto isTakenOver = [&](QPalette::ColorGroup group) { return palette.brush(group, role) == shown.brush(group, role); };
+        const bool isOld = std::all_of(std::begin(groups), std::end(groups), isTakenOver);
+        if (role == QPalette::NoRole || !(isOld ? before : palette).isBrushSet(QPalette::Active, role))
+            continue;
+        for (const QPalette::ColorGroup group : groups)
+            words.setBrush(group, role, (isTakenOver(group) ? before : palette).brush(group, role));
+    }
+    return words;
+}
+
 } // namespace
 
 QPalette TablePalette(const QPalette &base)
@@ -138,8 +165,10 @@ QPalette TablePalette(const QPalette &base)
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         for (const Role &role : kRoles) {
             const QColor color = TokenColor(QLatin1String(group == QPalette::Disabled ? role.disabled : role.token));
-            if (color.isValid())
-                palette.setColor(group, role.role, Over(color, palette.color(group, role.ground)));
+            if (!color.isValid())
+                continue;
+            const QColor shown = Over(color, palette.color(group, role.ground));
+            palette.setColor(group, role.role, role.role == QPalette::Link ? Marked(shown) : shown);
         }
     }
     return palette;
@@ -149,25 +178,26 @@ PlainPalette::PlainPalette()
     : QObject(QCoreApplication::instance())
     , m_before(QApplication::palette())
     , m_shown(m_before)
+    , m_baked(QtsBakedColors(m_before))
     , m_beforeOfClasses(PalettesOfClasses())
+    , m_sheet(qApp->styleSheet())
 {
     const QWidgetList widgets = QApplication::allWidgets();
     for (const QWidget *widget : widgets)
         IsNewOfKit(*widget);
     connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, this, &PlainPalette::TakeOver);
     connect(qApp, &QGuiApplication::paletteChanged, this, &PlainPalette::OnPaletteChanged);
-    WatchApplicationEvents(this, {QEvent::Polish});
+    WatchApplicationEvents(this, {QEvent::Polish, QEvent::StyleChange});
     TakeOver();
 }
 
 void PlainPalette::GiveBack()
 {
     disconnect(qApp, &QGuiApplication::paletteChanged, this, nullptr);
-    const QPalette tables = QApplication::palette();
     QApplication::setPalette(m_before); // which forgets those of all classes
     for (auto one = m_beforeOfClasses.cbegin(); one != m_beforeOfClasses.cend(); ++one)
         QApplication::setPalette(one.value(), one.key().constData());
-    ReplaceBakedColors(tables, m_before);
+    ReplaceBakedColors(m_baked, QtsBakedColors(m_before));
 }
 
 void PlainPalette::TakeOver()
@@ -178,20 +208,44 @@ void PlainPalette::TakeOver()
     QApplication::setPalette(tables);
     if (!m_areClassesSet) // it was the table's already, so that nobody heard of it
         SetClasses();
-    ReplaceBakedColors(m_shown, tables);
+    const BakedColors baked = TablesBakedColors(tables);
+    ReplaceBakedColors(m_baked, baked);
     m_shown = tables;
+    m_baked = baked;
+    LookAtSheet();
 }
 
 /// Told before any widget is, so that a class gets no palette that is not its own.
 void PlainPalette::OnPaletteChanged(const QPalette &palette)
 {
+    if (m_isAsking)
+        return;
     if (m_isOurChange) {
         SetClasses();
         return;
     }
-    m_before = palette;
-    m_beforeOfClasses.clear(); // as Qt does
+    TakeWords(palette);
     TakeOver();
+}
+
+/// Of a host that has set \a palette, or of another style, which fills in what no host says.
+void PlainPalette::TakeWords(const QPalette &palette)
+{
+    const QScopedValueRollback<bool> asking(m_isAsking, true);
+    QApplication::setPalette(WordsOfHost(palette, m_shown, m_before));
+    m_before = QApplication::palette();
+    m_beforeOfClasses.clear(); // as Qt does
+}
+
+/// A host that sets the application's stylesheet may have left out what was put in for plain widgets.
+void PlainPalette::LookAtSheet()
+{
+    const QString sheet = qApp->styleSheet();
+    if (sheet == m_sheet)
+        return;
+    m_sheet = sheet;
+    QMetaObject::invokeMethod(
+        this, [] { FollowSheet(); }, Qt::QueuedConnection); // a sheet may be on its way to the widgets
 }
 
 void PlainPalette::SetClasses()
@@ -203,6 +257,7 @@ void PlainPalette::SetClasses()
     const QPalette outlined = OutlinedPalette(QApplication::palette());
     for (const char *name : kOutlinedClasses)
         QApplication::setPalette(outlined, name);
+    QApplication::setPalette(TitledPalette(QApplication::palette()), "QMdiSubWindow");
 }
 
 /// Qt asks for the palette of a widget's very class first, and then for that of any class that it inherits.
@@ -226,12 +281,18 @@ bool PlainPalette::IsNewOfKit(const QWidget &widget)
     return true;
 }
 
-bool PlainPalette::eventFilter(QObject *watched, QEvent * /*event*/)
+bool PlainPalette::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched->isWidgetType() && IsNewOfKit(*static_cast<QWidget *>(watched))) {
-        const QByteArray name = watched->metaObject()->className();
+    LookAtSheet();
+    if (event->type() != QEvent::Polish || !watched->isWidgetType())
+        return false;
+    auto &widget = *static_cast<QWidget *>(watched);
+    if (IsNewOfKit(widget)) {
+        const QByteArray name = widget.metaObject()->className();
         KeepAsBefore(name, m_ofKit.value(name));
     }
+    if (qobject_cast<QCalendarWidget *>(&widget))
+        ReplaceBakedColors(widget, QtsBakedColors(m_shown), m_baked);
     return false;
 }
 

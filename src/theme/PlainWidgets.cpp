@@ -14,9 +14,11 @@ namespace {
 bool isFollowing = false;
 QPointer<PlainPalette> palette; // a child of the application object
 
-/// The global stylesheet makes the header of a tree transparent, of which the style Fusion makes black. Here its text has the palette's
-/// colour, and the line is seen on any ground: a stylesheet with colours of the table would have all widgets styled anew with each.
-/// It stands before everything else in the application's stylesheet, so that a host's rules win.
+} // namespace
+
+// The global stylesheet makes the header of a tree transparent, of which the style Fusion makes black. Here its text has the palette's
+// colour, and the line is seen on any ground: a stylesheet with colours of the table would have all widgets styled anew with each.
+// It stands before everything else in the application's stylesheet, so that a host's rules win.
 void FollowSheet()
 {
     const QString sheet = QStringLiteral("QTreeView QHeaderView::section { background: transparent; border: none;"
@@ -30,7 +32,10 @@ void FollowSheet()
         qApp->setStyleSheet(wanted);
 }
 
-} // namespace
+QPalette OwnPalette()
+{
+    return palette ? palette->Before() : QApplication::palette();
+}
 
 void FollowPlainWidgets()
 {

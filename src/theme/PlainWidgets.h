@@ -9,8 +9,7 @@ namespace Velmora {
 ///
 /// Off at first. While on, and once a table is loaded, the application's palette is the table's, and follows each change of it in the
 /// call that changes it. A palette or stylesheet that a host gives a widget wins over it. Palettes of the application and of classes of
-/// widgets wait until this is switched off, which brings back what was before. The kit's own controls look as they do without, but for
-/// what is selected in a spin box, and links without a colour of their own in a text that is set meanwhile.
+/// widgets wait until this is switched off, which brings back what would be without it. The kit's own controls look as they do without.
 ///
 /// It may be switched at any time, before the application object is made too, then with effect from QcApplication::Initialize() on.
 /// Main thread.

@@ -30,6 +30,7 @@ constexpr const char *kGuide = "docs/tokens.md";
 
 const Row kRows[] = {
     // --- Theme ---
+    {"src/theme/BakedColors.cpp", "weekend of a calendar", Kind::Text, "tip/danger", {"bg/bg_float"}},
     {"src/theme/FocusRing.cpp", "ring", Kind::Graphic, "others/focus", {"*"}},
     {"src/theme/FocusRing.cpp", "ring on a row of tabs", Kind::Graphic, "others/focus", {"bg/bg_unselected"}},
     {"src/theme/FocusRing.cpp", "ring of a filled button", Kind::Graphic, "others/focus", {"brand/brand"}},
@@ -224,6 +225,7 @@ QString ControlOf(const QString &file)
         {QStringLiteral("src/inputs/PlaceholderColor.cpp"), QStringLiteral("QcLineEdit")},
         {QStringLiteral("src/inputs/QcSelectorViewItemDelegate.cpp"), QStringLiteral("QcSelector")},
         {QStringLiteral("src/menus/QcMenuStyle.cpp"), QStringLiteral("QcMenu")},
+        {QStringLiteral("src/theme/BakedColors.cpp"), QStringLiteral("Weekends, to which some of the text's colour is added")},
         {QStringLiteral("src/theme/FocusRing.cpp"), QStringLiteral("The ring of the focus")},
         {QStringLiteral("src/windows/Veil.cpp"), QStringLiteral("QcMaskFrame")},
         {QStringLiteral("src/windows/WindowParts.cpp"), QStringLiteral("QcWindow")},

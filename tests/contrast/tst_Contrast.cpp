@@ -207,6 +207,7 @@ private Q_SLOTS:
             QStringLiteral("dock/QcDockAreaTabBarButton.cpp: #FFFFFF, 0.36"),   // between tabs, as the guide says
             QStringLiteral("inputs/QCSlider.cpp: #005CD1, #FFFFFF"),            // replaced
             QStringLiteral("inputs/QcSelector.cpp: Qt::red"),                   // for a debugging host
+            QStringLiteral("theme/BakedColors.cpp: Qt::red"),                   // Qt's own, replaced
             QStringLiteral("theme/PaintingHelpers.cpp: Qt::black"),             // shadows
         };
         QStringList found;

@@ -11,6 +11,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <memory>
+
 using namespace Gallery;
 using namespace VelmoraTest;
 
@@ -57,6 +59,21 @@ class TestGalleryPlainWidgets : public GalleryTestCase
 
     void TearDown() override { Velmora::SetPlainWidgetsFollowTable(false); }
 
+    /// A window with \a page, which nothing moves.
+    static std::unique_ptr<GalleryWindow> ShowStill(const QString &page)
+    {
+        auto window = std::make_unique<GalleryWindow>(Gallery::Table::Dark);
+        window->SetTable(Gallery::Table::Dark);
+        window->ShowPage(page);
+        window->show();
+        DrainEvents();
+        if (QWidget *focus = QApplication::focusWidget())
+            focus->clearFocus();                 // a cursor that blinks
+        qApp->setStyleSheet(qApp->styleSheet()); // styled anew, views lay out their items anew too
+        DrainEvents();
+        return window;
+    }
+
 private Q_SLOTS:
     void no_control_of_the_kit_changes_by_a_pixel_data()
     {
@@ -69,15 +86,7 @@ private Q_SLOTS:
     void no_control_of_the_kit_changes_by_a_pixel()
     {
         QFETCH(QString, page);
-        GalleryWindow window(Gallery::Table::Dark);
-        window.SetTable(Gallery::Table::Dark);
-        QVERIFY(window.ShowPage(page));
-        window.show();
-        DrainEvents();
-        if (QWidget *focus = QApplication::focusWidget())
-            focus->clearFocus();                 // a cursor that blinks
-        qApp->setStyleSheet(qApp->styleSheet()); // styled anew, views lay out their items anew too
-        DrainEvents();
+        const auto window = ShowStill(page);
         const Pictures before = PicturesOfKit();
         QVERIFY(before.size() > 10);
         const QPalette palette = QApplication::palette();
@@ -93,6 +102,26 @@ private Q_SLOTS:
                 }
             }
         }
+    }
+
+    void a_page_made_meanwhile_has_the_same_controls_data() { no_control_of_the_kit_changes_by_a_pixel_data(); }
+
+    void a_page_made_meanwhile_has_the_same_controls()
+    {
+        QFETCH(QString, page);
+        QVector<QPair<QByteArray, QImage>> pictures[2];
+        for (const bool isOn : {false, true}) {
+            Velmora::SetPlainWidgetsFollowTable(isOn);
+            const auto window = ShowStill(page);
+            for (QWidget *widget : window->findChildren<QWidget *>()) {
+                if (widget->isVisible() && IsOfKit(*widget))
+                    pictures[isOn].append({widget->metaObject()->className() + widget->objectName().toUtf8(), Picture(*widget)});
+            }
+        }
+        QVERIFY(pictures[false].size() > 10);
+        QCOMPARE(pictures[true].size(), pictures[false].size());
+        for (int i = 0; i < pictures[false].size(); ++i)
+            QVERIFY2(pictures[true].at(i) == pictures[false].at(i), pictures[false].at(i).first.constData());
     }
 };
 

@@ -2,48 +2,23 @@
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
+#include "theme/PlainSpecimens.h"
 
 #include <Velmora/PlainWidgets.h>
 #include <Velmora/QcButton.h>
-#include <Velmora/QcFrame.h>
 #include <Velmora/QcLineEdit.h>
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QCommandLinkButton>
-#include <QDockWidget>
 #include <QFile>
 #include <QGroupBox>
-#include <QHeaderView>
-#include <QInputDialog>
-#include <QLCDNumber>
 #include <QLabel>
 #include <QListWidget>
-#include <QMainWindow>
 #include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QRadioButton>
-#include <QSpinBox>
-#include <QStatusBar>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
-#include <QTableWidget>
 #include <QTemporaryDir>
-#include <QToolBar>
-#include <QToolBox>
-#include <QToolButton>
-#include <QToolTip>
-#include <QTreeWidget>
-#include <QVBoxLayout>
-#include <QWizard>
-
-#include <functional>
-#include <memory>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -51,299 +26,6 @@ using namespace VelmoraTest;
 namespace {
 
 constexpr double kReadable = 4.5;
-
-using Maker = std::function<QWidget *(const QString &)>;
-
-template <typename Widget>
-QWidget *WithText(const QString &text)
-{
-    auto *widget = new Widget;
-    widget->setText(text);
-    return widget;
-}
-
-QWidget *MakeTabs(const QString &text)
-{
-    auto *tabs = new QTabWidget;
-    tabs->addTab(new QLabel, text);
-    return tabs;
-}
-
-QWidget *MakeToolBox(const QString &text)
-{
-    auto *box = new QToolBox;
-    box->addItem(new QLabel, text);
-    return box;
-}
-
-QWidget *MakeGroup(const QString &text)
-{
-    return new QGroupBox(text);
-}
-
-QWidget *MakeLabelInTabs(const QString &text)
-{
-    auto *tabs = new QTabWidget;
-    tabs->addTab(new QLabel(text), QString());
-    return tabs;
-}
-
-QWidget *MakeTip(const QString &text)
-{
-    auto *tip = new QLabel(text);
-    tip->setPalette(QToolTip::palette());
-    tip->setForegroundRole(QPalette::ToolTipText);
-    tip->setBackgroundRole(QPalette::ToolTipBase);
-    tip->setAutoFillBackground(true);
-    return tip;
-}
-
-QWidget *MakeList(const QString &text)
-{
-    auto *list = new QListWidget;
-    list->addItem(text);
-    return list;
-}
-
-QWidget *MakeSelectedList(const QString &text)
-{
-    QWidget *list = MakeList(text);
-    static_cast<QListWidget *>(list)->setCurrentRow(0);
-    return list;
-}
-
-QWidget *MakeTable(const QString &text)
-{
-    auto *table = new QTableWidget(1, 1);
-    table->setItem(0, 0, new QTableWidgetItem(text));
-    return table;
-}
-
-QWidget *MakeTableHeader(const QString &text)
-{
-    auto *table = new QTableWidget(1, 1);
-    table->setHorizontalHeaderLabels({text});
-    return table;
-}
-
-QWidget *MakeTree(const QString &text)
-{
-    auto *tree = new QTreeWidget;
-    tree->setHeaderHidden(true);
-    new QTreeWidgetItem(tree, {text});
-    return tree;
-}
-
-QWidget *MakeTreeHeader(const QString &text)
-{
-    auto *tree = new QTreeWidget;
-    tree->setHeaderLabels({text});
-    return tree;
-}
-
-QWidget *MakeCombo(const QString &text)
-{
-    auto *combo = new QComboBox;
-    combo->addItem(text);
-    return combo;
-}
-
-QWidget *MakeSpin(const QString &text)
-{
-    auto *spin = new QSpinBox;
-    spin->setPrefix(text);
-    return spin;
-}
-
-QWidget *MakeProgress(const QString &text)
-{
-    auto *bar = new QProgressBar;
-    bar->setFormat(text);
-    bar->setValue(0);
-    return bar;
-}
-
-QWidget *MakeNumber(const QString &text)
-{
-    auto *number = new QLCDNumber;
-    number->display(text.isEmpty() ? QString() : QStringLiteral("888"));
-    number->setSegmentStyle(QLCDNumber::Flat);
-    return number;
-}
-
-QWidget *MakePlaceholder(const QString &text)
-{
-    auto *line = new QLineEdit;
-    line->setPlaceholderText(text);
-    return line;
-}
-
-QWidget *MakeSelectedLine(const QString &text)
-{
-    auto *line = new QLineEdit(text);
-    line->selectAll();
-    return line;
-}
-
-QWidget *MakePlainEdit(const QString &text)
-{
-    return new QPlainTextEdit(text);
-}
-
-QWidget *MakeRichLabel(const QString &text)
-{
-    return new QLabel(QStringLiteral("<a href=\"#\">%1</a>").arg(text));
-}
-
-QWidget *MakeWindow(const std::function<void(QMainWindow &)> &fill)
-{
-    auto *window = new QMainWindow;
-    fill(*window);
-    window->setWindowFlags(Qt::Widget);
-    return window;
-}
-
-QWidget *MakeMenuBar(const QString &text)
-{
-    return MakeWindow([&text](QMainWindow &window) { window.menuBar()->addMenu(text.isEmpty() ? QStringLiteral(" ") : text); });
-}
-
-QWidget *MakeToolBar(const QString &text)
-{
-    return MakeWindow([&text](QMainWindow &window) { window.addToolBar(QString())->addAction(text); });
-}
-
-QWidget *MakeStatusBar(const QString &text)
-{
-    return MakeWindow([&text](QMainWindow &window) { window.statusBar()->showMessage(text); });
-}
-
-QWidget *MakeDock(const QString &text)
-{
-    return MakeWindow([&text](QMainWindow &window) { window.addDockWidget(Qt::TopDockWidgetArea, new QDockWidget(text)); });
-}
-
-QWidget *MakeMenu(const QString &text)
-{
-    auto *menu = new QMenu;
-    menu->addAction(text);
-    menu->setWindowFlags(Qt::Widget);
-    return menu;
-}
-
-QWidget *MakeMdi(const QString &text)
-{
-    auto *area = new QMdiArea;
-    area->addSubWindow(new QLabel(text))->setGeometry(0, 0, 300, 150);
-    return area;
-}
-
-template <typename Dialog>
-QWidget *Embedded(Dialog *dialog)
-{
-    dialog->setWindowFlags(Qt::Widget);
-    return dialog;
-}
-
-QWidget *MakeMessage(const QString &text)
-{
-    return Embedded(new QMessageBox(QMessageBox::NoIcon, QString(), text));
-}
-
-QWidget *MakeInputDialog(const QString &text)
-{
-    auto *dialog = new QInputDialog;
-    dialog->setLabelText(text);
-    return Embedded(dialog);
-}
-
-QWidget *MakeWizard(const QString &text)
-{
-    auto *wizard = new QWizard;
-    wizard->setWizardStyle(QWizard::ModernStyle);
-    auto *page = new QWizardPage;
-    page->setTitle(text.isEmpty() ? QStringLiteral(" ") : text);
-    page->setSubTitle(QStringLiteral(" "));
-    wizard->addPage(page);
-    return Embedded(wizard);
-}
-
-struct Specimen
-{
-    const char *name;
-    Maker make;
-};
-
-const Specimen kSpecimens[] = {
-    {"label", WithText<QLabel>},
-    {"link", MakeRichLabel},
-    {"push button", WithText<QPushButton>},
-    {"tool button", WithText<QToolButton>},
-    {"check box", WithText<QCheckBox>},
-    {"radio button", WithText<QRadioButton>},
-    {"command link", WithText<QCommandLinkButton>},
-    {"group box", MakeGroup},
-    {"tab", MakeTabs},
-    {"label on a tab", MakeLabelInTabs},
-    {"tool box", MakeToolBox},
-    {"line edit", WithText<QLineEdit>},
-    {"placeholder", MakePlaceholder},
-    {"selected text", MakeSelectedLine},
-    {"text edit", WithText<QTextEdit>},
-    {"plain text edit", MakePlainEdit},
-    {"spin box", MakeSpin},
-    {"combo box", MakeCombo},
-    {"progress bar", MakeProgress},
-    {"number", MakeNumber},
-    {"tool tip", MakeTip},
-    {"list", MakeList},
-    {"selected item", MakeSelectedList},
-    {"table", MakeTable},
-    {"header of a table", MakeTableHeader},
-    {"tree", MakeTree},
-    {"header of a tree", MakeTreeHeader},
-    {"menu", MakeMenu},
-    {"menu bar", MakeMenuBar},
-    {"tool bar", MakeToolBar},
-    {"status bar", MakeStatusBar},
-    {"dock widget", MakeDock},
-    {"inner window", MakeMdi},
-    {"message box", MakeMessage},
-    {"input dialog", MakeInputDialog},
-    {"wizard", MakeWizard},
-};
-
-QImage Shot(const Maker &make, const QString &text)
-{
-    QcFrame ground;
-    ground.setBackgroundColorParams(QStringLiteral("bg/bg_box"));
-    QWidget *widget = make(text);
-    widget->setParent(&ground);
-    QFont font = widget->font();
-    font.setPixelSize(32);
-    widget->setFont(font);
-    widget->setGeometry(20, 20, 400, 200);
-    ground.resize(440, 240);
-    ground.show();
-    widget->show();
-    DrainEvents();
-    return Render(ground);
-}
-
-/// How much a text stands out, by the pixel of it that does most from what is there without it.
-double ContrastOfText(const Maker &make)
-{
-    const QImage with = Shot(make, QStringLiteral("HIT"));
-    const QImage without = Shot(make, QString());
-    double most = 1;
-    for (int y = 0; y < with.height(); ++y) {
-        for (int x = 0; x < with.width(); ++x) {
-            if (with.pixel(x, y) != without.pixel(x, y))
-                most = qMax(most, Contrast(with.pixelColor(x, y), without.pixelColor(x, y)));
-        }
-    }
-    return most;
-}
 
 QColor TokenNow(const char *token)
 {
@@ -383,7 +65,7 @@ private Q_SLOTS:
         const QPalette before = QApplication::palette();
         UseTable(Table::Dark);
         QCOMPARE(QApplication::palette(), before);
-        QVERIFY(ContrastOfText(WithText<QLabel>) < 1.5); // black on dark grey
+        QVERIFY(ContrastOfText(PlainSpecimens().first().make) < 1.5); // black on dark grey
     }
 
     void every_text_can_be_read_data()
@@ -393,7 +75,7 @@ private Q_SLOTS:
         const QStringList tables = TableNames();
         for (const QString &table : tables) {
             int index = 0;
-            for (const Specimen &specimen : kSpecimens)
+            for (const Specimen &specimen : PlainSpecimens())
                 QTest::addRow("%s, %s", qPrintable(table), specimen.name) << table << index++;
         }
     }
@@ -405,7 +87,7 @@ private Q_SLOTS:
         SetPlainWidgetsFollowTable(true);
         UseTableNamed(table);
         DrainEvents();
-        const double contrast = ContrastOfText(kSpecimens[specimen].make);
+        const double contrast = ContrastOfText(PlainSpecimens().at(specimen).make);
         QVERIFY2(contrast >= kReadable, qPrintable(QString::number(contrast)));
     }
 
@@ -570,6 +252,27 @@ private Q_SLOTS:
             UseTableNamed(table);
             const QColor ground = TokenNow("bg/bg_box");
             COMPARE_COLOR(InkColor(Render(label, ground), ground), TokenNow("link/link"));
+        }
+    }
+
+    void what_lies_in_an_outlined_widget_has_the_common_palette()
+    {
+        SetPlainWidgetsFollowTable(true);
+        QGroupBox group;
+        QLabel inGroup(&group);
+        QWidget plainInGroup(&group);
+        QTabWidget tabs;
+        QWidget page;
+        tabs.addTab(&page, QString());
+        QMdiArea area;
+        auto *inner = new QListWidget;
+        area.addSubWindow(inner);
+        for (const QString &table : TableNames()) {
+            UseTableNamed(table);
+            for (QWidget *widget : std::initializer_list<QWidget *>{&inGroup, &plainInGroup, &page, inner}) {
+                widget->ensurePolished();
+                QVERIFY(widget->palette() == QApplication::palette());
+            }
         }
     }
 

@@ -29,6 +29,7 @@ int main(int argc, char **argv)
     Bench::RegisterControlBenchmarks();
     Bench::RegisterDockBenchmarks();
     Bench::RegisterFeedbackBenchmarks();
+    Bench::RegisterPlainBenchmarks();
     Bench::RegisterScrollBarBenchmarks();
     Bench::RegisterSelectorBenchmarks();
     Bench::RegisterStackBenchmarks();

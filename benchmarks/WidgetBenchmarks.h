@@ -30,6 +30,7 @@ void RegisterButtonBenchmarks();
 void RegisterControlBenchmarks();
 void RegisterDockBenchmarks();
 void RegisterFeedbackBenchmarks();
+void RegisterPlainBenchmarks();
 void RegisterScrollBarBenchmarks();
 void RegisterSelectorBenchmarks();
 void RegisterStackBenchmarks();

@@ -69,6 +69,15 @@ COMPARISONS = [
     ("1,000 changes of the range under an overlay scroll bar", "ChangeRange/velmora/1000", "ChangeRange/plain/1000", 1.5,
      "`QScrollBar` with a stylesheet"),
     ("Paint a menu of 20 items", "PaintMenu/velmora", "PaintMenu/plain", 1.0, "`QMenu` with a stylesheet"),
+    ("Switch the theme of 1,000 plain widgets that follow the table", "SwitchTheme/plain_widgets/follow/1000",
+     "SwitchTheme/plain_widgets/palettes/1000", 1.3, "`QApplication::setPalette`, same stylesheet"),
+    ("Switch the theme of 1,000 plain widgets that follow the table", "SwitchTheme/plain_widgets/follow/1000",
+     "SwitchTheme/plain_widgets/no_sheet/1000", None, "`QApplication::setPalette`, no stylesheet"),
+    ("Construct and show 1,000 plain widgets that follow the table", "ConstructAndShow/plain_widgets/follow/1000",
+     "ConstructAndShow/plain_widgets/stay/1000", 1.3, "the same that do not"),
+    ("Tab through 1,000 buttons with keyboard cues", "MoveFocus/velmora/cues/1000", "MoveFocus/velmora/no_cues/1000", None, "without cues"),
+    ("Tab through 1,000 plain buttons with keyboard cues", "MoveFocus/plain/cues/1000", "MoveFocus/plain/no_cues/1000", 1.3,
+     "without cues"),
 ]
 
 # Docking: metric, counter, largest ratios at 20, 100 and 400 panels.
@@ -127,6 +136,11 @@ GROWTHS = [
     ("messages in one turn", "ShowMessages/velmora", "ShowMessages/plain", 250),
     ("toasts in one turn", "ShowToasts/velmora", "ShowToasts/plain", 250),
     ("make and delete buttons", "MakeAndDeleteButton/velmora", "MakeAndDeleteButton/plain", 250),
+    ("plain widgets that follow the table, construct and show", "ConstructAndShow/plain_widgets/follow",
+     "ConstructAndShow/plain_widgets/stay", 250),
+    ("plain widgets that follow the table, theme switch", "SwitchTheme/plain_widgets/follow", "SwitchTheme/plain_widgets/palettes", 250),
+    ("Tab through buttons with keyboard cues", "MoveFocus/velmora/cues", "MoveFocus/velmora/no_cues", 250),
+    ("Tab through plain buttons with keyboard cues", "MoveFocus/plain/cues", "MoveFocus/plain/no_cues", 250),
 ]
 GROWTH_AIM = 18.0
 

@@ -65,7 +65,7 @@ endfunction()
 # built. Call it in the folder whose target compiles the bundle:
 #
 #     velmora_provide_fonts("${CMAKE_CURRENT_BINARY_DIR}/resources")
-#     qt5_add_resources(bundle "${CMAKE_CURRENT_BINARY_DIR}/resources/fonts.qrc")
+#     velmora_add_resources(bundle "${CMAKE_CURRENT_BINARY_DIR}/resources/fonts.qrc")
 #
 # The fonts' licences are installed to share/doc/velmora.
 function(velmora_provide_fonts out_dir)

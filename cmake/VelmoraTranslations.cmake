@@ -7,9 +7,9 @@ option(VELMORA_BUILD_TRANSLATIONS "Compile the kit's own texts in other language
 # Qt's tool of that name, into VELMORA_<NAME>: the one beside its qmake, for one in the path may be another Qt's.
 function(velmora_find_qt_tool name)
     string(TOUPPER "VELMORA_${name}" variable)
-    get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+    get_target_property(qmake Qt${VELMORA_QT}::qmake IMPORTED_LOCATION)
     get_filename_component(tools "${qmake}" DIRECTORY)
-    find_program(${variable} ${name} HINTS "${tools}" /usr/lib/qt5/bin)
+    find_program(${variable} ${name} HINTS "${tools}" /usr/lib/qt${VELMORA_QT}/bin)
     mark_as_advanced(${variable})
 endfunction()
 
@@ -20,9 +20,13 @@ endfunction()
 function(velmora_add_translations target)
     velmora_find_qt_tool(lrelease)
     if(NOT VELMORA_LRELEASE)
+        set(package qttools5-dev-tools)
+        if(VELMORA_QT EQUAL 6)
+            set(package qt6-l10n-tools)
+        endif()
         message(FATAL_ERROR
             "The kit's texts in other languages cannot be compiled: there is no lrelease. Either install it (Debian: "
-            "apt install qttools5-dev-tools), or configure with -DVELMORA_BUILD_TRANSLATIONS=OFF."
+            "apt install ${package}), or configure with -DVELMORA_BUILD_TRANSLATIONS=OFF."
         )
     endif()
     set(compiled_dir "${CMAKE_CURRENT_BINARY_DIR}/qm")

@@ -94,7 +94,7 @@ private:
         const int line = m_line;
         QByteArray cell;
         for (++m_at;;) {
-            const int quote = m_content.indexOf('"', m_at);
+            const int quote = int(m_content.indexOf('"', m_at));
             if (quote < 0) {
                 m_line = line;
                 throw Wrong(QStringLiteral("a double quote is opened and not closed"));
@@ -106,7 +106,7 @@ private:
             cell += '"';
             ++m_at;
         }
-        m_line += cell.count('\n');
+        m_line += int(cell.count('\n'));
         if (!AtLineEnd() && m_content.at(m_at) != ',')
             throw Wrong(QStringLiteral("something stands between a closing double quote and the next comma"));
         return cell;

@@ -31,12 +31,12 @@ QString DateText(const QVariant &value)
     const auto timeText = [](const QTime &time) {
         return time.toString(time.msec() != 0 ? QStringLiteral("HH:mm:ss.zzz") : QStringLiteral("HH:mm:ss"));
     };
-    switch (value.type()) {
-    case QVariant::Date:
+    switch (value.userType()) {
+    case QMetaType::QDate:
         return value.toDate().toString(Qt::ISODate);
-    case QVariant::DateTime:
+    case QMetaType::QDateTime:
         return value.toDateTime().date().toString(Qt::ISODate) + QLatin1Char('T') + timeText(value.toDateTime().time());
-    case QVariant::Time:
+    case QMetaType::QTime:
         return timeText(value.toTime());
     default:
         return {};

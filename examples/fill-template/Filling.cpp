@@ -44,7 +44,7 @@ void RequireFittingElements(const QVector<Value> &values, const XlsxTemplate &so
 QVector<int> PlacesOf(const QStringList &columns, const QStringList &ofTemplate, QString &fault)
 {
     QHash<QString, int> placeOf;
-    for (int i = ofTemplate.size() - 1; i >= 0; --i)
+    for (int i = int(ofTemplate.size()) - 1; i >= 0; --i)
         placeOf.insert(FoldedColumn(ofTemplate.at(i)), i);
     placeOf.remove(QString());
     QVector<int> places;
@@ -72,7 +72,7 @@ QVector<int> FirstPlaces(int count)
 /// Sorts the rows into the template's columns, one after the other, so that they are in memory once.
 void SortColumns(QVector<QVariantList> &rows, const QVector<int> &places)
 {
-    if (places == FirstPlaces(places.size()))
+    if (places == FirstPlaces(int(places.size())))
         return;
     const int width = *std::max_element(places.begin(), places.end()) + 1;
     for (QVariantList &row : rows) {
@@ -118,7 +118,7 @@ bool FillRange(XlsxTemplate &source, const Value &value)
         return false;
     int width = 0;
     for (const QVariantList &row : value.rows)
-        width = std::max(width, row.size());
+        width = std::max(width, int(row.size()));
     if (fitted.rows == value.rows.size() && fitted.columns == width)
         return true;
     throw Failure{WrongType,

@@ -98,7 +98,7 @@ private:
                 ++number;
             }
         }
-        const int column = QString::fromUtf8(line, int(m_at - line)).size() + 1;
+        const int column = int(QString::fromUtf8(line, int(m_at - line)).size() + 1);
         return {NotJson, QStringLiteral("%1 holds no JSON object: line %2, column %3: %4").arg(m_path).arg(number).arg(column).arg(reason)};
     }
     void SkipBlanks()
@@ -153,7 +153,7 @@ private:
         if (end == m_at)
             throw Wrong(m_at == m_end ? QStringLiteral("the file ends in the middle") : QStringLiteral("a value is missing here"));
         const QVariant number = ValueOfNumber(QByteArray(m_at, int(end - m_at)));
-        if (number.type() == QVariant::Double && !std::isfinite(number.toDouble()))
+        if (number.userType() == QMetaType::Double && !std::isfinite(number.toDouble()))
             throw Wrong(QStringLiteral("the number is too large"));
         m_at = end;
         return number;

@@ -14,7 +14,7 @@ struct JsonObject
     QVariantList values;
 
     /// -1 if there is no such key.
-    int IndexOf(const QString &key) const { return keys.indexOf(key); }
+    int IndexOf(const QString &key) const { return int(keys.indexOf(key)); }
 };
 
 /// Reads a JSON document (RFC 8259) of UTF-8: null is an invalid QVariant, then there are bool, QString, QVariantList and JsonObject.

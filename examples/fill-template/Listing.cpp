@@ -95,7 +95,7 @@ Element ElementOf(XlsxTemplate &source, const QString &name)
 
 QJsonValue JsonOf(const QVariant &value)
 {
-    if (value.type() == QVariant::List) {
+    if (value.userType() == QMetaType::QVariantList) {
         QJsonArray array;
         for (const QVariant &entry : value.toList())
             array.append(JsonOf(entry));
@@ -105,7 +105,7 @@ QJsonValue JsonOf(const QVariant &value)
     if (date.isEmpty())
         return QJsonValue::fromVariant(value);
     // As fill takes it.
-    return QJsonObject{{value.type() == QVariant::Time ? QStringLiteral("time") : QStringLiteral("date"), date}};
+    return QJsonObject{{value.userType() == QMetaType::QTime ? QStringLiteral("time") : QStringLiteral("date"), date}};
 }
 
 void PrintJson(const QVector<Element> &elements)
@@ -157,7 +157,7 @@ void PrintTable(const QVector<Element> &elements)
     QVector<int> widths(rows.first().size(), 0);
     for (const QStringList &row : qAsConst(rows)) {
         for (int column = 0; column < row.size(); ++column)
-            widths[column] = qMax(widths.at(column), row.at(column).size());
+            widths[column] = qMax(widths.at(column), int(row.at(column).size()));
     }
     QString text;
     for (const QStringList &row : qAsConst(rows)) {

@@ -175,7 +175,7 @@ QString ResolvedTarget(const QString &sourcePart, const QString &target)
 
 QString RelationshipsPartOf(const QString &part)
 {
-    const int slash = part.lastIndexOf(QLatin1Char('/'));
+    const int slash = int(part.lastIndexOf(QLatin1Char('/')));
     return part.left(slash + 1) + QLatin1String("_rels/") + part.mid(slash + 1) + QLatin1String(".rels");
 }
 

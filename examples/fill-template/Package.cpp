@@ -52,7 +52,7 @@ QMap<QString, ArchivedFile> ArchivedFiles(const QString &archivePath)
         throw Failure{MissingFile, QStringLiteral("%1: %2").arg(archivePath, file.errorString())};
     file.seek(qMax<qint64>(0, file.size() - kEndSize - kLongestComment));
     const QByteArray tail = file.readAll();
-    const int end = tail.lastIndexOf(QByteArrayLiteral("PK\x05\x06"));
+    const int end = int(tail.lastIndexOf(QByteArrayLiteral("PK\x05\x06")));
     if (end < 0 || end + kEndSize > tail.size())
         throw damaged;
     file.seek(Number(tail, end + 16, 4));
@@ -70,7 +70,7 @@ QMap<QString, ArchivedFile> ArchivedFiles(const QString &archivePath)
         const bool isFile = !name.endsWith('/') && !(isUnix && kind != 0 && kind != 8); // 8: a regular file, in the mode's upper bits
         if (isFile)
             files.insert(QString::fromUtf8(name), {qint64(Number(directory, record + 24, 4)), Number(directory, record + 16, 4)});
-        record += kRecordSize + name.size() + int(Number(directory, record + 30, 2)) + int(Number(directory, record + 32, 2));
+        record += kRecordSize + int(name.size()) + int(Number(directory, record + 30, 2)) + int(Number(directory, record + 32, 2));
     }
     return files;
 }

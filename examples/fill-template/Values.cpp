@@ -35,7 +35,7 @@ bool IsObject(const QVariant &json)
 
 bool IsArray(const QVariant &json)
 {
-    return json.type() == QVariant::List;
+    return json.userType() == QMetaType::QVariantList;
 }
 
 /// The one value of an object that has that key alone, or an invalid QVariant.
@@ -132,7 +132,7 @@ void SetRows(Value &value, QVariant &json)
 
 QString PathOf(const QString &name, const QVariant &json, const QString &what, const QDir &folder)
 {
-    if (json.type() != QVariant::String || json.toString().isEmpty())
+    if (json.userType() != QMetaType::QString || json.toString().isEmpty())
         throw Wrong(name, QStringLiteral("%1 is the path of a file").arg(what));
     const QString path = folder.absoluteFilePath(json.toString());
     RequireReadable(path);
@@ -174,7 +174,7 @@ void SetOptions(Value &value, const QVariant &json)
     if (entries.isEmpty())
         throw Wrong(value.name, QStringLiteral("options are a list of one text or more"));
     for (const QVariant &entry : entries) {
-        if (entry.type() != QVariant::String)
+        if (entry.userType() != QMetaType::QString)
             throw Wrong(value.name, QStringLiteral("an option is a text"));
         value.options.append(entry.toString());
     }
@@ -193,7 +193,7 @@ void SetContent(Value &value, const QVariant &json)
     const QVariant formula = Only(object, "formula");
     value.isFormula = formula.isValid();
     value.content = value.isFormula ? formula : DateOfObject(value.name, object);
-    if (value.isFormula && formula.type() != QVariant::String)
+    if (value.isFormula && formula.userType() != QMetaType::QString)
         throw Wrong(value.name, QStringLiteral("a formula is a text"));
     if (!value.content.isValid()) {
         throw Wrong(value.name,

@@ -44,8 +44,8 @@ int main(int argc, char **argv)
 {
     const QCoreApplication app(argc, argv);
     QTranslator texts; // what is wrong with a workbook is said in the user's language
-    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
-    QCoreApplication::installTranslator(&texts);
+    if (texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm")))
+        QCoreApplication::installTranslator(&texts);
     KeepWarnings();
 #ifdef SIGXFSZ
     // A limit on the size of files is a write that fails, not the end of the program.

@@ -177,7 +177,7 @@ void InvoiceForm::ShowLogo(const XlsxTemplate &invoice)
 
 void InvoiceForm::AddItems(QVBoxLayout *column, const QStringList &columns)
 {
-    m_items = new QTableWidget(0, columns.size());
+    m_items = new QTableWidget(0, int(columns.size()));
     m_items->setObjectName(QStringLiteral("invoiceItems"));
     m_items->setAccessibleName(QStringLiteral("Items"));
     m_items->setHorizontalHeaderLabels(columns);

@@ -157,7 +157,7 @@ QString OperatorElements::EffectOf(int row) const
     const QString text = m_table->item(row, Content)->text();
     if (IsPicture(row))
         return QFileInfo(text).isFile() ? QStringLiteral("a new picture") : QStringLiteral("no such file");
-    if (ContentOf(text).type() != QVariant::String)
+    if (ContentOf(text).userType() != QMetaType::QString)
         return QStringLiteral("a number");
     static const QRegularExpression letter(QStringLiteral("^[A-Za-z]"));
     return text.contains(letter) ? QStringLiteral("a formula") : QStringLiteral("a text");

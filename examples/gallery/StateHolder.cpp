@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEnterEvent>
 #include <QGridLayout>
 #include <QMouseEvent>
 #include <QStyle>
@@ -69,12 +70,12 @@ bool StateHolder::eventFilter(QObject *watched, QEvent *event)
 void StateHolder::Hold(QObject *button, int state)
 {
     if (state & QStyle::State_MouseOver) {
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         button->event(&enter);
     }
     if (state & QStyle::State_Sunken) {
         // The right button: it looks pressed all the same and clicks nothing.
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QCursor::pos(), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
         button->event(&press);
     }
 }

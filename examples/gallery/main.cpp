@@ -246,8 +246,8 @@ int main(int argc, char *argv[])
     if (parser.isSet(languageOption))
         QLocale::setDefault(QLocale(language));
     QTranslator texts;
-    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
-    QCoreApplication::installTranslator(&texts);
+    if (texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm")))
+        QCoreApplication::installTranslator(&texts);
 
     ApplyTable(*table);
     app.Initialize();

@@ -31,7 +31,7 @@ void FolderCheck::Start(const QString &folder)
 
     auto *progress = QcProgressDialog::getInstance();
     progress->setParent(m_window);
-    progress->setRange(0, qMax(1, m_names.size())); // 0 would be busy without end
+    progress->setRange(0, qMax(1, int(m_names.size()))); // 0 would be busy without end
     progress->setValue(0);
     progress->setText(tr("Reading the folder. Esc cancels."));
     Velmora::showModal(progress, m_window);

@@ -13,12 +13,21 @@ int Number(const QSettings &file, const QString &key, int least, int greatest, i
     return ok && number >= least && number <= greatest ? number : otherwise;
 }
 
+void WriteUtf8(QSettings &file)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // later ones write nothing else
+    file.setIniCodec("UTF-8");
+#else
+    Q_UNUSED(file)
+#endif
+}
+
 } // namespace
 
 Settings LoadSettings(const QString &path)
 {
     QSettings file(path, QSettings::IniFormat);
-    file.setIniCodec("UTF-8");
+    WriteUtf8(file);
     Settings settings;
     settings.name = file.value(QStringLiteral("user/name")).toString();
     settings.mail = file.value(QStringLiteral("user/mail")).toString();
@@ -45,7 +54,7 @@ Settings LoadSettings(const QString &path)
 bool SaveSettings(const Settings &settings, const QString &path)
 {
     QSettings file(path, QSettings::IniFormat);
-    file.setIniCodec("UTF-8");
+    WriteUtf8(file);
     file.setValue(QStringLiteral("user/name"), settings.name);
     file.setValue(QStringLiteral("user/mail"), settings.mail);
     file.setValue(QStringLiteral("user/language"), settings.language);

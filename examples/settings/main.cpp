@@ -68,8 +68,8 @@ int main(int argc, char **argv)
     QcApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("settings"));
     QTranslator texts;
-    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm"));
-    QCoreApplication::installTranslator(&texts);
+    if (texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm")))
+        QCoreApplication::installTranslator(&texts);
 
     QCommandLineParser parser;
     parser.addHelpOption();

@@ -98,7 +98,7 @@ QMap<int, QString> FilesPanel::FirstFiles() const
     for (QTreeWidgetItemIterator it(const_cast<FilesPanel *>(this)); *it && files.size() < 2; ++it) {
         const QString path = (*it)->data(0, kPathRole).toString();
         if (!path.isEmpty())
-            files.insert(FirstEditorType + files.size(), path);
+            files.insert(FirstEditorType + int(files.size()), path);
     }
     return files;
 }

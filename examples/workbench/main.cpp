@@ -31,8 +31,8 @@ int main(int argc, char **argv)
     const QStringList folders = parser.positionalArguments();
 
     QTranslator texts;
-    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm"));
-    QCoreApplication::installTranslator(&texts);
+    if (texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm")))
+        QCoreApplication::installTranslator(&texts);
 
     // A table must stand before Initialize(); the workbench puts in the one of its last run.
     QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));

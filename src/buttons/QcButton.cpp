@@ -142,7 +142,7 @@ void QcButton::mouseReleaseEvent(QMouseEvent *event)
     QAbstractButton::mouseReleaseEvent(event);
 }
 
-void QcButton::enterEvent(QEvent *event)
+void QcButton::enterEvent(EnterEvent *event)
 {
     m_tracker->Enter();
     QWidget::enterEvent(event);

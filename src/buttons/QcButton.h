@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Velmora/ImageParams.h>
+#include <Velmora/QtCompatibility.h>
 #include <Velmora/VelmoraExport.h>
 
 #include <QHash>
@@ -74,7 +75,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

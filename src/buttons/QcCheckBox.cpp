@@ -99,7 +99,7 @@ void QcCheckBox::DrawText(const QStyleOptionButton &option)
 
 // The look depends on where in the widget the cursor is.
 
-void QcCheckBox::enterEvent(QEvent *event)
+void QcCheckBox::enterEvent(EnterEvent *event)
 {
     update();
     QCheckBox::enterEvent(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Velmora/QtCompatibility.h>
 #include <Velmora/VelmoraExport.h>
 
 #include <QCheckBox>
@@ -30,7 +31,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
 

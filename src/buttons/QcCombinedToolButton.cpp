@@ -274,7 +274,7 @@ void QcCombinedToolButton::HoverHalfAt(const QPoint &position)
     update();
 }
 
-void QcCombinedToolButton::enterEvent(QEvent *event)
+void QcCombinedToolButton::enterEvent(EnterEvent *event)
 {
     HoverHalfAt(mapFromGlobal(QCursor::pos()));
     QWidget::enterEvent(event);

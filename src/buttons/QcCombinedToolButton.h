@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Velmora/ImageParams.h>
+#include <Velmora/QtCompatibility.h>
 #include <Velmora/VelmoraExport.h>
 
 #include <QFrame>
@@ -72,7 +73,7 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -124,7 +124,7 @@ void QcMenuTextButton::OnToggled(bool checked)
     m_tracker->ShowChecked(checked);
 }
 
-void QcMenuTextButton::enterEvent(QEvent *event)
+void QcMenuTextButton::enterEvent(EnterEvent *event)
 {
     m_tracker->Enter();
     QWidget::enterEvent(event);

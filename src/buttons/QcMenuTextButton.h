@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Velmora/ImageParams.h>
+#include <Velmora/QtCompatibility.h>
 #include <Velmora/VelmoraExport.h>
 
 #include <QHash>
@@ -59,7 +60,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -104,7 +104,7 @@ void QcMenuToolButton::OnToggled(bool /*checked*/)
     m_tracker->ShowChecked(isChecked());
 }
 
-void QcMenuToolButton::enterEvent(QEvent *event)
+void QcMenuToolButton::enterEvent(EnterEvent *event)
 {
     m_tracker->Enter();
     QToolButton::enterEvent(event);

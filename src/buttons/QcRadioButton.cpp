@@ -118,7 +118,7 @@ void QcRadioButton::DrawText(const QStyleOptionButton &option)
 
 // The look depends on where in the widget the cursor is.
 
-void QcRadioButton::enterEvent(QEvent *event)
+void QcRadioButton::enterEvent(EnterEvent *event)
 {
     update();
     QRadioButton::enterEvent(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Velmora/QtCompatibility.h>
 #include <Velmora/VelmoraExport.h>
 
 #include <QPointer>
@@ -39,7 +40,7 @@ public:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
 

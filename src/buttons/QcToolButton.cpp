@@ -92,7 +92,7 @@ void QcToolButton::OnToggled(bool /*checked*/)
     m_tracker->ShowChecked(isChecked());
 }
 
-void QcToolButton::enterEvent(QEvent *event)
+void QcToolButton::enterEvent(EnterEvent *event)
 {
     m_tracker->Enter();
     QToolButton::enterEvent(event);

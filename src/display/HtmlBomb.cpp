@@ -15,10 +15,12 @@ constexpr int kMostNestedTags = 1000; // so do these; Qt's time grows with the s
 /// would get a bomb through.
 class TagReader
 {
+    using Offset = QString::size_type;
+
 public:
     explicit TagReader(const QString &text)
         : m_text(text)
-        , m_position(qMax(0, text.indexOf(QLatin1String("<!--StartFragment-->")))) // Qt drops what comes before
+        , m_position(qMax(Offset(0), text.indexOf(QLatin1String("<!--StartFragment-->")))) // Qt drops what comes before
     {
     }
 
@@ -60,9 +62,9 @@ private:
             ++m_position;
     }
 
-    void SkipBehind(const QString &end, int from)
+    void SkipBehind(const QString &end, Offset from)
     {
-        const int found = m_text.indexOf(end, from);
+        const Offset found = m_text.indexOf(end, from);
         m_position = found < 0 ? m_text.size() : found + end.size();
     }
 
@@ -74,7 +76,7 @@ private:
 
     QString ReadWord()
     {
-        const int begin = m_position;
+        const Offset begin = m_position;
         if (At(QLatin1Char('"')) || At(QLatin1Char('\''))) {
             SkipBehind(QString(m_text.at(begin)), begin + 1);
         } else {
@@ -87,7 +89,7 @@ private:
     bool EndsWord() const
     {
         const QChar sign = m_text.at(m_position);
-        const bool closes = sign == QLatin1Char('/') && m_text.midRef(m_position + 1, 1) == QLatin1Char('>');
+        const bool closes = sign == QLatin1Char('/') && m_position + 1 < m_text.size() && m_text.at(m_position + 1) == QLatin1Char('>');
         return closes || sign.isSpace() || sign == QLatin1Char('>') || sign == QLatin1Char('<') || sign == QLatin1Char('=');
     }
 
@@ -108,13 +110,13 @@ private:
 
     void SkipToEnd()
     {
-        const int begin = m_position;
+        const Offset begin = m_position;
         SkipBehind(QStringLiteral(">"), begin);
-        m_isClosedAtOnce = m_text.midRef(begin, m_position - begin).contains(QLatin1Char('/'));
+        m_isClosedAtOnce = QStringView(m_text).mid(begin, m_position - begin).contains(QLatin1Char('/'));
     }
 
     const QString &m_text;
-    int m_position;
+    Offset m_position;
     QString m_name;
     bool m_isClosing = false;
     bool m_isClosedAtOnce = false;

@@ -138,14 +138,14 @@ public:
         return QTextDocumentFragment::fromHtml(widget()->property("text").toString()).toPlainText();
     }
 
-    int childCount() const override { return LinksIn(*Text()).size(); }
+    int childCount() const override { return int(LinksIn(*Text()).size()); }
 
     QAccessibleInterface *child(int index) const override
     {
         if (index < 0 || index >= childCount())
             return nullptr;
         while (m_links.size() <= index) // owned by Qt's accessibility cache
-            m_links.append(QAccessible::registerAccessibleInterface(new LinkAccessible(Text(), m_links.size())));
+            m_links.append(QAccessible::registerAccessibleInterface(new LinkAccessible(Text(), int(m_links.size()))));
         return QAccessible::accessibleInterface(m_links.at(index));
     }
 
@@ -159,7 +159,7 @@ public:
 
     int indexOfChild(const QAccessibleInterface *child) const override
     {
-        return m_links.indexOf(QAccessible::uniqueId(const_cast<QAccessibleInterface *>(child)));
+        return int(m_links.indexOf(QAccessible::uniqueId(const_cast<QAccessibleInterface *>(child))));
     }
 
     QAccessibleInterface *focusChild() const override

@@ -36,7 +36,7 @@ int SuffixPosition(QTextDocument &document)
 {
     QTextCursor cursor(&document);
     cursor.movePosition(QTextCursor::End);
-    return cursor.position() - kSuffix.size();
+    return int(cursor.position() - kSuffix.size());
 }
 
 /// Removes what lies between \a from and the suffix.

@@ -382,7 +382,7 @@ bool QcMultiLineText::MarkLink(bool next)
 {
     const QVector<TextLink> links = LinksOf(*m_document);
     const int marked = MarkedLink();
-    const int index = next ? marked + 1 : (marked < 0 ? links.size() : marked) - 1;
+    const int index = next ? marked + 1 : (marked < 0 ? int(links.size()) : marked) - 1;
     m_paintContext.selections.clear();
     if (index >= 0 && index < links.size())
         m_paintContext.selections.append({SelectionOf(*m_document, links.at(index)), QTextCharFormat()});

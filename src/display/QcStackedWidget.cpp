@@ -104,7 +104,7 @@ int QcStackedWidget::removeWidget(QWidget *widget)
 
 int QcStackedWidget::count() const
 {
-    return m_pages.size();
+    return int(m_pages.size());
 }
 
 int QcStackedWidget::currentIndex() const
@@ -114,7 +114,7 @@ int QcStackedWidget::currentIndex() const
 
 int QcStackedWidget::indexOf(QWidget *widget) const
 {
-    return m_pages.indexOf(widget);
+    return int(m_pages.indexOf(widget));
 }
 
 QWidget *QcStackedWidget::widget(int index) const

@@ -11,7 +11,7 @@ namespace {
 struct TextStyleRow
 {
     const char *colorCode;
-    int weight;
+    QFont::Weight weight;
     int pixelSize;
     const char *family;
 };

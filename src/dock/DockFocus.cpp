@@ -93,7 +93,7 @@ bool FocusOtherArea(QWidget &page, int steps)
         if (panel->isVisible())
             pages.append(panel);
     }
-    const int at = pages.indexOf(&page);
+    const int at = int(pages.indexOf(&page));
     if (at < 0 || pages.size() < 2)
         return false;
     FocusPage(*pages[(at + steps + pages.size()) % pages.size()]);

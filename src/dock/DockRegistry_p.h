@@ -19,7 +19,7 @@ public:
     {
         if (!entry || m_places.contains(entry))
             return;
-        m_places.insert(entry, list.size());
+        m_places.insert(entry, int(list.size()));
         list.append(entry);
     }
 

@@ -38,7 +38,7 @@ QcDockAreaTabBar::~QcDockAreaTabBar() = default;
 
 int QcDockAreaTabBar::Count() const
 {
-    return m_buttonGroup->buttons().size();
+    return int(m_buttonGroup->buttons().size());
 }
 
 QcDockAreaTabBarButton *QcDockAreaTabBar::getTab(int index)
@@ -138,7 +138,7 @@ void QcDockAreaTabBar::adjustTabButtonsWidth()
     const auto tabs = m_buttonGroup->buttons();
     if (tabs.isEmpty())
         return;
-    const int tabWidth = std::min(width() / tabs.size(), kMaximumTabWidth);
+    const int tabWidth = std::min(width() / int(tabs.size()), kMaximumTabWidth);
     for (QAbstractButton *tab : tabs) {
         if (tab->minimumWidth() != tabWidth || tab->maximumWidth() != tabWidth)
             tab->setFixedWidth(tabWidth);

@@ -121,8 +121,7 @@ void QcDockAreaTabBarButton::FollowMnemonic()
 
 QString QcDockAreaTabBarButton::Title() const
 {
-    const QString text = m_textLabel->text();
-    return OneLine(QStringRef(&text));
+    return OneLine(m_textLabel->text());
 }
 
 void QcDockAreaTabBarButton::setTabIndex(int index)

@@ -131,7 +131,7 @@ QList<int> QcDockContainer::getDockWidgetTypeList()
 
 int QcDockContainer::getDockWidgetCount(int type)
 {
-    return getDockWidgetTypeList().count(type);
+    return int(getDockWidgetTypeList().count(type));
 }
 
 void QcDockContainer::resetAllTabFramesToFirstTab()

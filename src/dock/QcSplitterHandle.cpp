@@ -105,7 +105,7 @@ QString QcSplitterHandle::NeighbourTitle(int offset) const
     return QString();
 }
 
-void QcSplitterHandle::enterEvent(QEvent *event)
+void QcSplitterHandle::enterEvent(EnterEvent *event)
 {
     m_hover = true;
     update();
@@ -116,7 +116,7 @@ void QcSplitterHandle::leaveEvent(QEvent *event)
 {
     m_hover = false;
     update();
-    QWidget::enterEvent(event); // either way: the base has nothing to do but to leave the event as it is
+    QWidget::leaveEvent(event);
 }
 
 void QcSplitterHandle::paintEvent(QPaintEvent * /*event*/)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Velmora/QtCompatibility.h>
+
 #include <QSplitterHandle>
 
 namespace Velmora {
@@ -25,7 +27,7 @@ public:
     QString NeighbourTitle(int offset) const;
 
 protected:
-    void enterEvent(QEvent *event) override;
+    void enterEvent(EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

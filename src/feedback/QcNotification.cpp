@@ -210,11 +210,11 @@ void QcNotification::showNotification(const QString &title, const QString &conte
     m_pages.append(page);
 
     // In a storm of messages most are overtaken before they are seen: only so many move at a time.
-    const int overtaken = m_pages.size() - 1 - kPagesMoving;
+    const int overtaken = int(m_pages.size()) - 1 - kPagesMoving;
     if (overtaken >= 0 && overtaken != m_currentPage)
         m_pages.at(overtaken)->Leave();
 
-    setCurrentPage(m_pages.size() - 1, SlideToLeft, isVisibleTo(parentWidget()));
+    setCurrentPage(int(m_pages.size() - 1), SlideToLeft, isVisibleTo(parentWidget()));
     updateControlBarVisible();
     updateHeight();
     if (isHidden()) {
@@ -258,7 +258,7 @@ void QcNotification::ForgetPage(const QObject *child)
         --m_currentPage;
     if (wasCurrent) {
         m_currentPage = -1; // nothing slides out
-        const int next = qMin(index, m_pages.size() - 1);
+        const int next = qMin(index, int(m_pages.size()) - 1);
         const QPointer<QcNotificationPage> page(m_pages.at(next));
         page->move(0, 0);
         if (page)
@@ -369,7 +369,7 @@ void QcNotification::onNextPageButtonClicked()
 
 void QcNotification::onLastPageButtonClicked()
 {
-    setCurrentPage(m_pages.size() - 1, SlideToLeft, false);
+    setCurrentPage(int(m_pages.size() - 1), SlideToLeft, false);
 }
 
 void QcNotification::onDisplayTimerTimeout()
@@ -417,7 +417,7 @@ bool QcNotification::eventFilter(QObject *watched, QEvent *event)
     return QFrame::eventFilter(watched, event);
 }
 
-void QcNotification::enterEvent(QEvent *event)
+void QcNotification::enterEvent(EnterEvent *event)
 {
     m_isHovered = true;
     m_displayTimer.stop();

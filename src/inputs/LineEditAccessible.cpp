@@ -67,7 +67,7 @@ public:
 
     // --- Text ---
 
-    int characterCount() const override { return ReadableText().size(); }
+    int characterCount() const override { return int(ReadableText().size()); }
     QString text(int start, int end) const override
     {
         const QString text = ReadableText();
@@ -117,7 +117,7 @@ public:
         const qreal origin = caret.center().x() - line.cursorToX(Edit()->cursorPosition());
         // Each edge rounded by itself, so that neighbours meet.
         const int one = qRound(origin + line.cursorToX(offset));
-        const int other = qRound(origin + line.cursorToX(qMin(offset + 1, shown.size())));
+        const int other = qRound(origin + line.cursorToX(int(qMin(offset + 1, shown.size()))));
         const QPoint topLeft(qMin(one, other), caret.top());
         return QRect(Edit()->mapToGlobal(topLeft), QSize(qAbs(one - other), caret.height()));
     }
@@ -140,8 +140,8 @@ private:
     /// Makes a part of \a text of whatever numbers a client asks for.
     static void Bound(int &start, int &end, const QString &text)
     {
-        start = qBound(0, start, text.size());
-        end = qBound(start, end, text.size());
+        start = qBound(0, start, int(text.size()));
+        end = qBound(start, end, int(text.size()));
     }
 
     /// The unit first, since it belongs to the value just read; then the warning, which is more urgent than any other description.

@@ -177,7 +177,7 @@ void QCSlider::changeEvent(QEvent *event)
     QSlider::changeEvent(event);
 }
 
-void QCSlider::enterEvent(QEvent *event)
+void QCSlider::enterEvent(EnterEvent *event)
 {
     SetState(QStyle::State_MouseOver, true);
     QSlider::enterEvent(event);

@@ -4,6 +4,7 @@
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/QtCompatibility_p.h"
 #include "display/OneLine_p.h"
 #include "inputs/InnerEdit_p.h"
 #include "inputs/QcSelectorViewItemDelegate_p.h"
@@ -169,7 +170,7 @@ void QcSelector::ShowKeyboardRow(const QModelIndex &index)
 {
     const QRect place = view()->visualRect(index);
     const QPointF middle = QRectF(place).center();
-    QHoverEvent hover(place.isEmpty() ? QEvent::HoverLeave : QEvent::HoverMove, middle, middle);
+    QHoverEvent hover = HoverEventAt(place.isEmpty() ? QEvent::HoverLeave : QEvent::HoverMove, middle, middle);
     QCoreApplication::sendEvent(view()->viewport(), &hover);
 }
 
@@ -212,8 +213,7 @@ void QcSelector::PaintText(QPainter &painter, const QString &currentText)
     const QRect contents = contentsRect();
     const QRect place(contents.left(), 0, contents.width() - iconSize().width(), contents.height());
     const bool isPlaceholder = currentText.isEmpty();
-    const QString text =
-        isPlaceholder ? OneLine(placeholderText().midRef(0)) : ElidedLine(painter.fontMetrics(), currentText, place.width());
+    const QString text = isPlaceholder ? OneLine(placeholderText()) : ElidedLine(painter.fontMetrics(), currentText, place.width());
     painter.setPen(TokenColor(isPlaceholder ? QStringLiteral("text/text_secondary") : QStringLiteral("text/text_primary")));
     painter.setLayoutDirection(layoutDirection()); // else it has that of the application
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), place), Qt::AlignLeft | Qt::AlignVCenter, text);

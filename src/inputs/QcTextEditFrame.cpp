@@ -127,7 +127,7 @@ void QcTextEditFrame::onTextChanged()
     const QString kept = FirstUnits(m_textEdit->toPlainText(), m_maxLength);
     m_textEdit->SetTextOrHtml(kept);
     QTextCursor cursor = m_textEdit->textCursor();
-    cursor.setPosition(qMin(kept.size(), TextLength(m_textEdit))); // what was read as HTML is shorter than that
+    cursor.setPosition(int(qMin(kept.size(), TextLength(m_textEdit)))); // what was read as HTML is shorter than that
     m_textEdit->setTextCursor(cursor);
 }
 

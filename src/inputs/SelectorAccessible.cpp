@@ -41,7 +41,7 @@ public:
     QAccessibleInterface *childAt(int x, int y) const override
     {
         const bool isInEdit =
-            Selector()->isEditable() && Selector()->lineEdit()->rect().contains(Selector()->lineEdit()->mapFromGlobal({x, y}));
+            Selector()->isEditable() && Selector()->lineEdit()->rect().contains(Selector()->lineEdit()->mapFromGlobal(QPoint(x, y)));
         return isInEdit ? child(1) : nullptr;
     }
 

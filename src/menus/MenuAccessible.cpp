@@ -4,6 +4,7 @@
 
 #include "core/AccessibleAction_p.h"
 #include "core/InstallAccessible_p.h"
+#include "core/QtCompatibility_p.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
@@ -19,9 +20,9 @@ namespace {
 QString Spoken(const QString &text)
 {
     QString spoken;
-    const int end = text.indexOf(QLatin1Char('\t'));
-    const int length = end < 0 ? text.size() : end;
-    for (int i = 0; i < length; ++i) {
+    const auto end = text.indexOf(QLatin1Char('\t'));
+    const auto length = end < 0 ? text.size() : end;
+    for (QString::size_type i = 0; i < length; ++i) {
         if (text.at(i) == QLatin1Char('&') && ++i == length)
             break;
         spoken += text.at(i);
@@ -32,14 +33,14 @@ QString Spoken(const QString &text)
 /// The shortcut that an item shows.
 QString ShortcutText(const QAction &action)
 {
-    const int tab = action.text().indexOf(QLatin1Char('\t'));
+    const auto tab = action.text().indexOf(QLatin1Char('\t'));
     return tab < 0 ? action.shortcut().toString(QKeySequence::NativeText) : action.text().mid(tab + 1);
 }
 
 /// The menu that \a menu belongs to: the first that has an item for it. Null if there is none.
 QMenu *Owner(const QMenu &menu)
 {
-    const QList<QWidget *> widgets = menu.menuAction()->associatedWidgets();
+    const QList<QWidget *> widgets = WidgetsWith(*menu.menuAction());
     for (QWidget *widget : widgets) {
         if (auto *owner = qobject_cast<QMenu *>(widget))
             return owner;
@@ -190,11 +191,11 @@ public:
     QAccessibleInterface *parent() const override
     {
         if (QMenu *owner = OwnerInTree(*Menu()))
-            return QAccessible::queryAccessibleInterface(owner)->child(owner->actions().indexOf(Menu()->menuAction()));
+            return QAccessible::queryAccessibleInterface(owner)->child(int(owner->actions().indexOf(Menu()->menuAction())));
         return QAccessibleWidget::parent();
     }
 
-    int childCount() const override { return Menu()->actions().size(); }
+    int childCount() const override { return int(Menu()->actions().size()); }
     QAccessibleInterface *child(int index) const override
     {
         const QList<QAction *> actions = Menu()->actions();
@@ -202,7 +203,7 @@ public:
     }
     int indexOfChild(const QAccessibleInterface *child) const override
     {
-        return Menu()->actions().indexOf(qobject_cast<QAction *>(child->object()));
+        return int(Menu()->actions().indexOf(qobject_cast<QAction *>(child->object())));
     }
     QAccessibleInterface *childAt(int x, int y) const override
     {
@@ -221,14 +222,14 @@ private:
 
     QAccessibleInterface *Item(QAction *action) const
     {
-        QAccessible::Id &id = m_items[action];
+        const QAccessible::Id id = m_items.value(action);
         QAccessibleInterface *known = id ? QAccessible::accessibleInterface(id) : nullptr;
         if (known && known->object() == action)
             return known;
         if (known) // of a dead action, whose address this one has
             QAccessible::deleteAccessibleInterface(id);
         auto *item = new MenuItemAccessible(Menu(), action); // owned by Qt's accessibility cache
-        id = QAccessible::registerAccessibleInterface(item);
+        m_items.insert(action, QAccessible::registerAccessibleInterface(item));
         return item;
     }
 

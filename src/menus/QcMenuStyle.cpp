@@ -1,5 +1,6 @@
 #include "menus/QcMenuStyle_p.h"
 
+#include "core/QtCompatibility_p.h"
 #include "display/OneLine_p.h"
 #include "display/TextStyles_p.h"
 #include "menus/MenuIcon_p.h"
@@ -41,7 +42,7 @@ constexpr int kShadowWidth = 3;
 QFont ItemFont()
 {
     QFont font = TextStyleOf(QcLabel::Body)->font;
-    font.resolve(QFont::AllPropertiesResolved);
+    SetResolveMask(font, QFont::AllPropertiesResolved);
     return font;
 }
 
@@ -51,20 +52,22 @@ struct ItemText
     explicit ItemText(const QString &text)
         : whole(text)
         , tab(text.indexOf(QLatin1Char('\t')))
-        , label(OneLine(text.leftRef(tab)))
-        , shortcut(tab < 0 ? QString() : OneLine(text.midRef(tab + 1)))
+        , label(OneLine(BeforeTab(text)))
+        , shortcut(tab < 0 ? QString() : OneLine(QStringView(text).mid(tab + 1)))
     {
     }
 
     bool IsOf(const QAction &action) const
     {
         const QString text = action.text();
-        const bool hasTab = text.contains(QLatin1Char('\t'));
-        return (hasTab ? text.leftRef(tab) : text.midRef(0)) == whole.leftRef(tab);
+        return (text.contains(QLatin1Char('\t')) ? BeforeTab(text) : QStringView(text)) == BeforeTab(whole);
     }
 
+    /// What stands in \a text before the place where this one has its tab; all of it if this one has none.
+    QStringView BeforeTab(QStringView text) const { return tab < 0 ? text : text.left(qMin<qsizetype>(tab, text.size())); }
+
     const QString whole;
-    const int tab;
+    const QString::size_type tab;
     const QString label;
     const QString shortcut;
 };

@@ -1,5 +1,6 @@
 #include <Velmora/ColorParams.h>
 
+#include <QStringView>
 #include <QVector>
 
 namespace Velmora {
@@ -9,20 +10,20 @@ ColorParams::ColorParams(const QString &text)
     if (text.isEmpty())
         return;
 
-    QStringRef parts = QStringRef(&text).trimmed();
+    QStringView parts = QStringView(text).trimmed();
     // The slice is taken from the text as given: blanks around a wrapped code shift it, and callers rely on that.
     if (parts.startsWith(QLatin1String("${")) && parts.endsWith(QLatin1Char('}')))
-        parts = text.midRef(2, text.size() - 3);
+        parts = QStringView(text).mid(2, text.size() - 3);
 
-    const int comma = parts.indexOf(QLatin1Char(','));
-    const QStringRef name = parts.left(comma < 0 ? parts.size() : comma).trimmed();
+    const auto comma = parts.indexOf(QLatin1Char(','));
+    const QStringView name = parts.left(comma < 0 ? parts.size() : comma).trimmed();
     // Controls parse a code at every paint, mostly a bare token: sharing its text allocates nothing.
     code = name.size() == text.size() ? text : name.toString();
     const bool exactlyTwo = comma >= 0 && parts.indexOf(QLatin1Char(','), comma + 1) < 0;
     if (!exactlyTwo)
         return;
     bool isNumber = false;
-    const double value = parts.mid(comma + 1).trimmed().toDouble(&isNumber);
+    const double value = parts.mid(comma + 1).trimmed().toString().toDouble(&isNumber);
     if (isNumber)
         alpha = value;
 }

@@ -49,10 +49,10 @@ QHash<QString, QColor> ReadSettings(const QString &path)
 }
 
 /// The offset of the first sign with which QSettings begins a serialised object ("@Variant(...)") or an escape; -1 if there is none.
-int FindObjectSign(const QByteArray &text)
+QByteArray::size_type FindObjectSign(const QByteArray &text)
 {
-    const int at = text.indexOf('@');
-    const int backslash = text.indexOf('\\');
+    const auto at = text.indexOf('@');
+    const auto backslash = text.indexOf('\\');
     return at < 0 || backslash < 0 ? qMax(at, backslash) : qMin(at, backslash);
 }
 
@@ -85,7 +85,7 @@ QByteArray WithoutObjects(const QByteArray &text)
     QByteArray result;
     result.reserve(text.size());
     for (QByteArray line : WithoutComments(text).split('\n')) {
-        const int sign = FindObjectSign(line);
+        const auto sign = FindObjectSign(line);
         if (sign >= 0)
             line.truncate(line.left(sign).lastIndexOf('=') + 1);
         result += line;
@@ -112,7 +112,7 @@ QHash<QString, QColor> ReadColorTable(const QString &path)
 
 void SetAlphaQuietly(QColor &color, double alpha)
 {
-    color.setAlphaF(alpha > 0.0 ? qMin(alpha, 1.0) : 0.0);
+    color.setAlphaF(decltype(color.alphaF())(alpha > 0.0 ? qMin(alpha, 1.0) : 0.0));
 }
 
 } // namespace Velmora

@@ -42,16 +42,18 @@ bool operator==(const RequestKey &a, const RequestKey &b)
         && SameSubstitutions(a.params.mulColor, b.params.mulColor);
 }
 
-uint HashOf(const ColorParams &color, uint seed)
+using Hash = decltype(qHash(QString())); // of another width in Qt 6
+
+Hash HashOf(const ColorParams &color, Hash seed)
 {
     return qHash(color.code, seed) ^ qHash(color.alpha, seed);
 }
 
-uint qHash(const RequestKey &key, uint seed)
+Hash qHash(const RequestKey &key, Hash seed)
 {
     const ImageParams &params = key.params;
     const uint size = uint(params.size.width()) * 31 + uint(params.size.height()); // of any width without overflow
-    uint hash = qHash(params.path, seed) ^ HashOf(params.color, seed) ^ size;
+    Hash hash = qHash(params.path, seed) ^ HashOf(params.color, seed) ^ size;
     // A sum, because equal hashes may hold their entries in different orders.
     for (auto entry = params.mulColor.cbegin(); entry != params.mulColor.cend(); ++entry)
         hash += qHash(entry.key(), seed) ^ (HashOf(*entry, seed) * 3);

@@ -174,7 +174,7 @@ void SetLinearGradient(QLinearGradient &gradient, const QPair<QPointF, QPointF> 
     QColor color(Qt::black);
     double position = 0.0;
     for (int i = 0; steps > float(i); ++i) {
-        SetAlphaQuietly(color, alphas.at(std::min(i, alphas.size() - 1)));
+        SetAlphaQuietly(color, alphas.at(std::min(i, int(alphas.size()) - 1)));
         position = std::min(position + step, 1.0);
         gradient.setColorAt(position, color);
     }

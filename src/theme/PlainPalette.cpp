@@ -1,6 +1,7 @@
 #include "theme/PlainPalette_p.h"
 
 #include "core/ApplicationEvents_p.h"
+#include "core/QtCompatibility_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <Velmora/QcStyleManager.h>
@@ -76,7 +77,8 @@ QColor Over(const QColor &top, const QColor &ground)
 /// \a palette, by which Fusion outlines in the colour of borders.
 QPalette OutlinedPalette(QPalette palette)
 {
-    constexpr double kDarker = 1.4; // the style's own factor
+    using Share = decltype(QColor().valueF());
+    constexpr auto kDarker = Share(1.4); // the style's own factor
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         const bool isDisabled = group == QPalette::Disabled;
         const QColor token =
@@ -84,8 +86,9 @@ QPalette OutlinedPalette(QPalette palette)
         if (!token.isValid())
             continue;
         const QColor border = Over(token, palette.color(group, QPalette::Window));
-        palette.setColor(group, QPalette::Window,
-                         QColor::fromHsvF(qMax(border.hsvHueF(), 0.0), border.hsvSaturationF(), qMin(border.valueF() * kDarker, 1.0)));
+        palette.setColor(
+            group, QPalette::Window,
+            QColor::fromHsvF(qMax(border.hsvHueF(), Share(0)), border.hsvSaturationF(), qMin(border.valueF() * kDarker, Share(1))));
     }
     return palette;
 }
@@ -134,7 +137,7 @@ QHash<QByteArray, QPalette> PalettesOfClasses()
     const QPalette common = QApplication::palette();
     for (const QByteArray &name : names) {
         const QPalette own = QApplication::palette(name.constData());
-        if (own != common || own.resolve() != common.resolve())
+        if (own != common || ResolveMaskOf(own) != ResolveMaskOf(common))
             palettes.insert(name, own);
     }
     return palettes;
@@ -186,14 +189,26 @@ PlainPalette::PlainPalette()
     for (const QWidget *widget : widgets)
         IsNewOfKit(*widget);
     connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, this, &PlainPalette::TakeOver);
-    connect(qApp, &QGuiApplication::paletteChanged, this, &PlainPalette::OnPaletteChanged);
+    FollowPalette(true);
     WatchApplicationEvents(this, {QEvent::Polish, QEvent::StyleChange});
     TakeOver();
 }
 
+void PlainPalette::FollowPalette(bool follows)
+{
+    // Qt 6 would have the event handled, of which the application's widgets hear in between.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    if (follows)
+        connect(qApp, &QGuiApplication::paletteChanged, this, &PlainPalette::OnPaletteChanged);
+    else
+        disconnect(qApp, &QGuiApplication::paletteChanged, this, nullptr);
+    QT_WARNING_POP
+}
+
 void PlainPalette::GiveBack()
 {
-    disconnect(qApp, &QGuiApplication::paletteChanged, this, nullptr);
+    FollowPalette(false);
     QApplication::setPalette(m_before); // which forgets those of all classes
     for (auto one = m_beforeOfClasses.cbegin(); one != m_beforeOfClasses.cend(); ++one)
         QApplication::setPalette(one.value(), one.key().constData());

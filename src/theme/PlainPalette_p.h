@@ -36,6 +36,7 @@ protected:
 private:
     using ClassChain = QVector<QByteArray>; // a class and those that it inherits
 
+    void FollowPalette(bool follows);
     void TakeOver();
     void OnPaletteChanged(const QPalette &palette);
     void TakeWords(const QPalette &palette);

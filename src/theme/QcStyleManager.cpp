@@ -210,16 +210,16 @@ QString QcStyleManager::ReplaceStyleSheetColorCodes(const QString &styleSheet)
     // Lazy, so that two codes on one line are two matches.
     static const QRegularExpression codePattern(QStringLiteral("\\$\\{.*\\}"), QRegularExpression::InvertedGreedinessOption);
     QString result;
-    int copiedTo = 0;
+    QString::size_type copiedTo = 0;
     for (auto match = codePattern.globalMatch(styleSheet); match.hasNext();) {
         const QRegularExpressionMatch code = match.next();
-        result += styleSheet.midRef(copiedTo, code.capturedStart() - copiedTo);
+        result += QStringView(styleSheet).mid(copiedTo, code.capturedStart() - copiedTo);
         result += ParseStyleSheetColorCodeToStyleSheetColor(code.captured());
         copiedTo = code.capturedEnd();
     }
     if (copiedTo == 0)
         return styleSheet;
-    return result += styleSheet.midRef(copiedTo);
+    return result += QStringView(styleSheet).mid(copiedTo);
 }
 
 QString QcStyleManager::ParseStyleSheetColorCodeToStyleSheetColor(const QString &code)

@@ -38,11 +38,11 @@ void VisitPaintAttributes(QDomElement element, const Rule &rule)
 
 /// Parses \a text once, applies \a rule and writes it again; one warning for each of \a colorCount colours if it does not parse.
 template <typename Rule>
-QString Rewrite(const QString &text, const QString &path, int colorCount, const Rule &rule)
+QString Rewrite(const QString &text, const QString &path, qsizetype colorCount, const Rule &rule)
 {
     QDomDocument document;
     if (IsNestedTooDeep(text) || !document.setContent(text)) {
-        for (int i = 0; i < colorCount; ++i)
+        for (qsizetype i = 0; i < colorCount; ++i)
             qWarning() << "QcStyleManager::GetAdjustedSvgData: Failed to parse XML content." << path;
         return text;
     }
@@ -51,10 +51,10 @@ QString Rewrite(const QString &text, const QString &path, int colorCount, const 
 }
 
 /// The offset behind the tag that opens at \a start, where a quoted ">" does not end it.
-int EndOfTag(const QString &text, int start)
+QString::size_type EndOfTag(const QString &text, QString::size_type start)
 {
     QChar quote;
-    for (int i = start; i < text.size(); ++i) {
+    for (auto i = start; i < text.size(); ++i) {
         const QChar c = text.at(i);
         if (!quote.isNull())
             quote = c == quote ? QChar() : quote;
@@ -66,10 +66,10 @@ int EndOfTag(const QString &text, int start)
     return text.size();
 }
 
-int EndOfPassage(const QString &text, int start, QLatin1String terminator)
+QString::size_type EndOfPassage(const QString &text, QString::size_type start, QLatin1String terminator)
 {
-    const int found = text.indexOf(terminator, start);
-    return found < 0 ? text.size() : found + terminator.size();
+    const auto found = text.indexOf(terminator, start);
+    return found < 0 ? text.size() : found + QString::size_type(terminator.size());
 }
 
 /// By a true parser, for documents whose declarations may hide tags. What it cannot follow to the end counts as too deep,
@@ -127,8 +127,8 @@ bool IsSvg(const QString &path)
 bool IsNestedTooDeep(const QString &svg)
 {
     int depth = 0;
-    for (int i = svg.indexOf(QLatin1Char('<')); i >= 0; i = svg.indexOf(QLatin1Char('<'), i)) {
-        const QStringRef rest = svg.midRef(i + 1, 8);
+    for (auto i = svg.indexOf(QLatin1Char('<')); i >= 0; i = svg.indexOf(QLatin1Char('<'), i)) {
+        const QStringView rest = QStringView(svg).mid(i + 1, qMin<qsizetype>(8, svg.size() - i - 1));
         if (rest.startsWith(QLatin1String("!--"))) {
             i = EndOfPassage(svg, i + 4, QLatin1String("-->"));
         } else if (rest.startsWith(QLatin1String("![CDATA["))) {

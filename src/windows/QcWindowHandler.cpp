@@ -294,7 +294,7 @@ void QcWindowHandler::UpdateMaximisedMargins()
     m_widget->setContentsMargins(-frame.left, frame.bottom, frame.right, frame.bottom);
 }
 
-bool QcWindowHandler::nativeEventFilter(const QByteArray &eventType, void *message, long *result)
+bool QcWindowHandler::nativeEventFilter(const QByteArray &eventType, void *message, NativeResult *result)
 {
     if (!UsesNativeFrame() || !m_widget || !m_widget->isVisible() || qstrcmp(eventType, "windows_generic_MSG") != 0)
         return false;

@@ -2,6 +2,8 @@
 
 #include "windows/NativeFrame_p.h"
 
+#include <Velmora/QtCompatibility.h>
+
 #include <QAbstractNativeEventFilter>
 #include <QEvent>
 #include <QObject>
@@ -38,7 +40,7 @@ public:
     void StartMove(const QEvent &press);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
-    bool nativeEventFilter(const QByteArray &eventType, void *message, long *result) override;
+    bool nativeEventFilter(const QByteArray &eventType, void *message, NativeResult *result) override;
 
 private:
     void WatchWhileNeeded();

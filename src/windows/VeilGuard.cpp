@@ -1,6 +1,7 @@
 #include "windows/VeilGuard_p.h"
 
 #include "core/ApplicationEvents_p.h"
+#include "core/QtCompatibility_p.h"
 
 #include <Velmora/Veils.h>
 
@@ -38,9 +39,9 @@ QList<QWidget *> OwnersOf(QObject *receiver)
     if (auto *widget = qobject_cast<QWidget *>(receiver))
         return {widget};
     if (auto *shortcut = qobject_cast<QShortcut *>(receiver))
-        return {shortcut->parentWidget()};
+        return {qobject_cast<QWidget *>(shortcut->parent())};
     auto *action = qobject_cast<QAction *>(receiver);
-    QList<QWidget *> owners = action ? action->associatedWidgets() : QList<QWidget *>();
+    QList<QWidget *> owners = action ? WidgetsWith(*action) : QList<QWidget *>();
     for (QWidget *&owner : owners) {
         if (qobject_cast<QMenu *>(owner) && owner->parentWidget())
             owner = owner->parentWidget();

@@ -71,8 +71,9 @@ TemplateFault SetDate(const QDate &date, const QTime &time, bool countsFrom1904,
 TemplateFault SetText(const QString &text, CellContent &content)
 {
     if (text.size() > kLongestText)
-        return Refusal(QCoreApplication::translate("XlsxTemplate", "The text has %n characters; a cell holds %1.", nullptr, text.size())
-                           .arg(kLongestText));
+        return Refusal(
+            QCoreApplication::translate("XlsxTemplate", "The text has %n characters; a cell holds %1.", nullptr, int(text.size()))
+                .arg(kLongestText));
     content.kind = CellContent::Kind::Text;
     content.text = Escaped(text);
     return {};
@@ -103,7 +104,7 @@ bool IsHex(QChar c)
 
 /// True if an escape stands at \a at.
 template <typename String>
-bool IsEscape(const String &text, int at)
+bool IsEscape(const String &text, QString::size_type at)
 {
     constexpr int kSize = 7;
     if (at + kSize > text.size() || text.at(at) != QLatin1Char('_') || text.at(at + 1) != QLatin1Char('x')
@@ -116,7 +117,7 @@ bool IsEscape(const String &text, int at)
     return true;
 }
 
-bool XmlHasRoomFor(const QString &text, int at)
+bool XmlHasRoomFor(const QString &text, QString::size_type at)
 {
     const QChar c = text.at(at);
     if (c.isHighSurrogate())
@@ -148,9 +149,9 @@ std::string NumberText(double number)
 TemplateFault ContentOf(const QVariant &value, bool countsFrom1904, CellContent &content)
 {
     content = {};
-    if (value.isNull() && value.type() <= QVariant::Double) // numbers and truth: of a database that has none
+    if (value.isNull() && value.userType() <= QMetaType::Double) // numbers and truth: of a database that has none
         return {};
-    switch (int(value.type())) { // also of types that QVariant::Type has no name for
+    switch (value.userType()) {
     case QMetaType::UnknownType:
     case QMetaType::Nullptr:
         return {};
@@ -200,7 +201,7 @@ TemplateFault ContentOf(const QVariant &value, bool countsFrom1904, CellContent 
         break;
     }
     // A list of one text converts to it, but is a list.
-    if (value.type() == QVariant::StringList || !value.canConvert<QString>())
+    if (value.userType() == QMetaType::QStringList || !value.canConvert<QString>())
         return Refusal(QCoreApplication::translate("XlsxTemplate", "A value of the type %1 is none for a cell.")
                            .arg(QString::fromLatin1(value.typeName())));
     return SetText(value.toString(), content);
@@ -250,8 +251,8 @@ std::string Escaped(const QString &text)
     if (std::none_of(text.cbegin(), text.cend(), [](QChar c) { return c == QLatin1Char('_') || MayLackRoom(c.unicode()); }))
         return text.toStdString(); // as almost all are
     QString escaped;
-    int from = 0;
-    for (int i = 0; i < text.size(); ++i) {
+    QString::size_type from = 0;
+    for (QString::size_type i = 0; i < text.size(); ++i) {
         const bool looksLikeOne = IsEscape(text, i);
         if (!looksLikeOne && XmlHasRoomFor(text, i))
             continue;
@@ -265,13 +266,13 @@ std::string Escaped(const QString &text)
 QString Unescaped(const std::string &text)
 {
     const QString escaped = QString::fromStdString(text);
-    int at = escaped.indexOf(QLatin1String("_x"));
+    auto at = escaped.indexOf(QLatin1String("_x"));
     if (at < 0)
         return escaped;
     QString plain = escaped.left(at);
     for (; at < escaped.size(); ++at) {
         if (IsEscape(escaped, at)) {
-            plain += QChar(escaped.midRef(at + 2, 4).toUShort(nullptr, 16));
+            plain += QChar(escaped.mid(at + 2, 4).toUShort(nullptr, 16));
             at += 6;
         } else {
             plain += escaped.at(at);

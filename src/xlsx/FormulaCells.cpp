@@ -78,7 +78,7 @@ bool MayHaveFormulas(const QByteArray &bytes)
     const QByteArray begin = bytes.left(4);
     if (begin.contains('\0') || begin.startsWith("\xff\xfe") || begin.startsWith("\xfe\xff"))
         return true; // in another encoding
-    for (int at = bytes.indexOf('f', 1); at > 0 && at + 1 < bytes.size(); at = bytes.indexOf('f', at + 1)) {
+    for (auto at = bytes.indexOf('f', 1); at > 0 && at + 1 < bytes.size(); at = bytes.indexOf('f', at + 1)) {
         if ((bytes[at - 1] == '<' || bytes[at - 1] == ':') && std::strchr("> /\t\r\n", bytes[at + 1]))
             return true;
     }

@@ -132,7 +132,7 @@ bool ListEntries::ReadColumn(TemplateContext &context, const std::string &text)
     if (!table || !table->IsTable() || table->places.empty())
         return false;
     const QString wanted = QString::fromStdString(text.substr(bracket + 1, text.size() - bracket - 2));
-    const int column = ColumnNamesOf(context, *table, m_fault).indexOf(wanted);
+    const int column = int(ColumnNamesOf(context, *table, m_fault).indexOf(wanted));
     if (column < 0)
         return false;
     Place place = table->places.front();

@@ -92,7 +92,7 @@ private:
             return {Error::LimitError, QCoreApplication::translate("XlsxTemplate", "A sheet has no more than %1 rows.").arg(kLastRow)};
         }
         // A table has one row at least.
-        const int count = m_name.IsTable() ? std::max(1, m_rows.size()) : m_rows.size();
+        const int count = std::max(m_name.IsTable() ? 1 : 0, int(m_rows.size()));
         m_move = {m_context.workbook.SheetName(m_place.sheet), m_place.range.firstRow, m_place.range.lastRow, count};
         return {};
     }
@@ -100,7 +100,7 @@ private:
     {
         int width = 0;
         for (const QVariantList &row : m_rows)
-            width = std::max(width, row.size());
+            width = std::max(width, int(row.size()));
         return width;
     }
     /// The cells that will be filled in.

@@ -65,7 +65,7 @@ TemplateFault SetOptions(TemplateContext &context, const TemplateName &name, con
 {
     TemplateFault fault = FaultOfOptions(options);
     const std::string source = SourceOf(options);
-    const int length = QString::fromStdString(source).size() - 2;
+    const int length = int(QString::fromStdString(source).size() - 2);
     if (!fault && length > kLongestList) {
         fault = {Error::LimitError,
                  QCoreApplication::translate(

@@ -136,7 +136,7 @@ QVariant RowsOf(TemplateContext &context, const Place &place, TemplateFault &fau
         QVariant &value = rows[row - range.firstRow][column - range.firstColumn];
         if (!value.isValid()) // of two cells of one place the first counts
             value = context.ValueOf(cell, fault);
-        if (value.type() == QVariant::String)
+        if (value.userType() == QMetaType::QString)
             text += value.toString().size();
         if (fault)
             fault = context.At(place.sheet, row, column, fault);
@@ -291,11 +291,12 @@ TemplateFault SetFormulaOfName(TemplateContext &context, const TemplateName &nam
     const QString trimmed = formula.trimmed();
     const QString text = trimmed.startsWith(QLatin1Char('=')) ? trimmed.mid(1).trimmed() : trimmed;
     if (text.isEmpty() || text.size() > kLongestFormula) {
-        return {Error::ValueError,
-                text.size() > kLongestFormula
-                    ? QCoreApplication::translate("XlsxTemplate", "The formula has %n characters; a cell holds %1.", nullptr, text.size())
-                          .arg(kLongestFormula)
-                    : QCoreApplication::translate("XlsxTemplate", "The formula is empty.")};
+        return {
+            Error::ValueError,
+            text.size() > kLongestFormula
+                ? QCoreApplication::translate("XlsxTemplate", "The formula has %n characters; a cell holds %1.", nullptr, int(text.size()))
+                      .arg(kLongestFormula)
+                : QCoreApplication::translate("XlsxTemplate", "The formula is empty.")};
     }
     const std::string escaped = Escaped(text);
     const qint64 memory = MemoryOfFormula(escaped);
@@ -323,16 +324,16 @@ TemplateFault SetValuesOfName(TemplateContext &context, const TemplateName &name
                 QCoreApplication::translate("XlsxTemplate", "The name stands for several places; rows fill one range.")};
     }
     const Place &place = name.places.front();
-    fitted.rows = std::min(rows.size(), place.range.RowCount());
+    fitted.rows = std::min(int(rows.size()), place.range.RowCount());
     fitted.columns = 0;
     for (int row = 0; row < fitted.rows; ++row)
-        fitted.columns = std::max(fitted.columns, std::min(rows.at(row).size(), place.range.ColumnCount()));
+        fitted.columns = std::max(fitted.columns, std::min(int(rows.at(row).size()), place.range.ColumnCount()));
 
     const auto forEachValue = [&](const auto &visit) {
         TemplateFault fault;
         for (int row = 0; row < fitted.rows; ++row) {
             const QVariantList &values = rows.at(row);
-            for (int column = 0; column < std::min(values.size(), fitted.columns); ++column) {
+            for (int column = 0; column < std::min(int(values.size()), fitted.columns); ++column) {
                 const QVariant &value = values.at(column);
                 if (value.userType() == qMetaTypeId<XlsxTemplate::Keep>())
                     continue;
@@ -402,7 +403,7 @@ TemplateFault RowsByColumn(TemplateContext &context, const TemplateName &name, c
     QStringList shown = columns;
     shown.removeAll(QString());
     QHash<QString, int> columnOf;
-    for (int column = columns.size() - 1; column >= 0; --column)
+    for (int column = int(columns.size()) - 1; column >= 0; --column)
         columnOf.insert(columns.at(column).toCaseFolded(), column);
     columnOf.remove(QString());
     for (const QVariantHash &values : named) {

@@ -27,10 +27,10 @@ pugi::xml_node EnsureChild(pugi::xml_node node, const char *name)
     return child ? child : node.append_child(name);
 }
 
-bool IsNumber(QVariant::Type type)
+bool IsNumber(int type)
 {
-    return type == QVariant::Int || type == QVariant::UInt || type == QVariant::LongLong || type == QVariant::ULongLong
-        || type == QVariant::Double;
+    return type == QMetaType::Int || type == QMetaType::UInt || type == QMetaType::LongLong || type == QMetaType::ULongLong
+        || type == QMetaType::Double;
 }
 
 } // namespace
@@ -152,7 +152,7 @@ void XlsxOperator::saveCellsValue(const QString &name, const QVariant &value)
     const QVariant content = value.canConvert<DropDownInfo>() ? value.value<DropDownInfo>().value : value;
     QList<pugi::xml_node> cells;
     getCNodesFromSheetDocument(cells, name, true);
-    const bool isText = content.type() == QVariant::String;
+    const bool isText = content.userType() == QMetaType::QString;
     const QString text = isText ? content.toString() : QString();
     const bool isFormulaText = isText && isFormula(text);
     const QByteArray formula = isFormulaText ? text.toUtf8() : QByteArray();
@@ -160,7 +160,7 @@ void XlsxOperator::saveCellsValue(const QString &name, const QVariant &value)
     for (pugi::xml_node &cell : cells) {
         if (!cell)
             continue;
-        if (IsNumber(content.type())) {
+        if (IsNumber(content.userType())) {
             cell.remove_attribute("t");
             // Every number converts to an integer, and so a fraction is rounded.
             EnsureChild(cell, "v").text().set(content.toLongLong());
@@ -186,18 +186,18 @@ bool XlsxOperator::isFormula(const QString &text)
     const auto isLetter = [](QChar c) {
         return (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || (c >= QLatin1Char('a') && c <= QLatin1Char('z'));
     };
-    const auto isOneLine = [&text](int from) {
-        const int lineFeed = text.indexOf(QLatin1Char('\n'), from);
+    const auto isOneLine = [&text](QString::size_type from) {
+        const auto lineFeed = text.indexOf(QLatin1Char('\n'), from);
         return lineFeed < 0 || lineFeed == text.size() - 1;
     };
-    int letters = 0;
+    QString::size_type letters = 0;
     while (letters < text.size() && isLetter(text.at(letters)))
         ++letters;
     if (letters == 0 || !text.isValidUtf16()) // an expression matches no text that is none
         return false;
     if (isOneLine(letters))
         return true;
-    const int closing = text.indexOf(QLatin1Char(')'), letters);
+    const auto closing = text.indexOf(QLatin1Char(')'), letters);
     return text.at(letters) == QLatin1Char('(') && closing >= 0 && isOneLine(closing + 1);
 }
 

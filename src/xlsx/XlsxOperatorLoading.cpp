@@ -154,12 +154,14 @@ public:
     /// False for one too many.
     bool Take(const QString &name)
     {
-        return ++m_names[qHash(name, uint(qGlobalQHashSeed()))] <= kMostNamesOfOneHash && m_memory.Take(kMemoryOfElement + 8 * name.size());
+        return ++m_names[qHash(name, Hash(qGlobalQHashSeed()))] <= kMostNamesOfOneHash && m_memory.Take(kMemoryOfElement + 8 * name.size());
     }
 
 private:
+    using Hash = decltype(qHash(QString()));
+
     MemoryBudget &m_memory;
-    std::map<uint, int> m_names;
+    std::map<Hash, int> m_names;
 };
 
 void WarnOfTooManyCells(const QString &reference)
@@ -241,14 +243,14 @@ void XlsxOperator::loadCellNameToPosInfosHash()
         const QString name = TextOf(node.attribute("name").value());
         if (!m_elementNameFilterRegExp.match(name).hasMatch())
             continue;
-        count.BeginName(m_cellNameToPosInfosHash.value(name).size());
+        count.BeginName(int(m_cellNameToPosInfosHash.value(name).size()));
 
         // Not split at once: a name may be a list of millions.
         const QString text = TextOf(node.text().get());
         for (int begin = 0, end = 0; begin <= text.size(); begin = end + 1) {
-            end = text.indexOf(QLatin1Char(','), begin);
+            end = int(text.indexOf(QLatin1Char(','), begin));
             if (end < 0)
-                end = text.size();
+                end = int(text.size());
             const QString reference = text.mid(begin, end - begin);
             if (count.NameIsFull()) {
                 WarnOfTooManyCells(reference);

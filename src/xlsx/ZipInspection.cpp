@@ -51,7 +51,7 @@ qint64 FindEndRecord(QIODevice &device, QByteArray &record)
 {
     const qint64 tailSize = std::min<qint64>(device.size(), kEndSize + kLongestComment);
     const QByteArray tail = ReadAt(device, device.size() - tailSize, tailSize);
-    for (int i = tail.size() - kEndSize; i >= 0; --i) {
+    for (int i = int(tail.size() - kEndSize); i >= 0; --i) {
         if (U32(tail, i) == kEndSignature) {
             record = tail.mid(i, kEndSize);
             return device.size() - tailSize + i;

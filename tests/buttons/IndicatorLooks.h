@@ -184,7 +184,8 @@ protected:
             QVERIFY(paints.Take() > 0);
             QCOMPARE(Look(), normal);
             DragOff();
-            QMouseEvent right(QEvent::MouseButtonPress, place, Qt::RightButton, Qt::LeftButton | Qt::RightButton, Qt::NoModifier);
+            QMouseEvent right(QEvent::MouseButtonPress, place, QCursor::pos(), Qt::RightButton, Qt::LeftButton | Qt::RightButton,
+                              Qt::NoModifier);
             QCoreApplication::sendEvent(this->m_window.get(), &right);
             QVERIFY(Look() != normal); // the left one is still held
             // The next press elsewhere comes before there was time to paint.
@@ -258,7 +259,7 @@ protected:
             QObject::connect(doomed, signal, [doomed] { delete doomed; });
             QTest::mousePress(doomed, Qt::LeftButton, Qt::NoModifier, inside);
             if (guard) {
-                QMouseEvent move(QEvent::MouseMove, QPointF(400, 300), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+                QMouseEvent move(QEvent::MouseMove, QPointF(400, 300), QCursor::pos(), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
                 QCoreApplication::sendEvent(doomed, &move); // dragged off, it is released
             }
             QVERIFY(!guard);

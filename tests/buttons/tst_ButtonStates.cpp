@@ -19,6 +19,7 @@
 #include <Velmora/QcToolButton.h>
 #include <Velmora/QcToolColorButton.h>
 
+#include <QEnterEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QPaintEvent>
@@ -442,7 +443,7 @@ private:
     void LeaveUntold()
     {
         MoveCursorAway();
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(m_button, &enter);
         DrainEvents();
     }

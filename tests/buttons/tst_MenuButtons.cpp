@@ -9,6 +9,7 @@
 #include <Velmora/QcMenuToolButton.h>
 
 #include <QAccessible>
+#include <QEnterEvent>
 #include <QMenu>
 #include <QPointer>
 #include <QSignalSpy>
@@ -309,7 +310,7 @@ private Q_SLOTS:
         MakeButton();
         const auto menu = MakeMenu();
         SetMenu(menu.get());
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(m_button, &enter); // hovered, with the cursor elsewhere
         EventCounter paints(*m_button, QEvent::Paint);
         Q_EMIT menu->aboutToShow();
@@ -567,7 +568,7 @@ private Q_SLOTS:
         MakeButton();
         const auto menu = MakeMenu();
         SetMenu(menu.get());
-        m_button->setShortcut(Qt::ALT + Qt::Key_S);
+        m_button->setShortcut(Qt::ALT | Qt::Key_S);
         QVERIFY(Opens(*menu, [this] { QTest::keyClick(Window(), Qt::Key_S, Qt::AltModifier); }));
     }
 

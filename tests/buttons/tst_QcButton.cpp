@@ -477,7 +477,7 @@ private Q_SLOTS:
     {
         SetBackgrounds(*m_control);
         MoveCursorOver(*m_control);
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QCursor::pos(), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_elsewhere, &press);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
         QEvent deactivate(QEvent::ApplicationDeactivate);
@@ -490,7 +490,7 @@ private Q_SLOTS:
         MakeStale(QEvent::Enter);
         QEvent activate(QEvent::ApplicationActivate);
         QCoreApplication::sendEvent(qApp, &activate);
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(1, 1), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(1, 1), QCursor::pos(), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_elsewhere, &release);
         COMPARE_COLOR(Fill(), ColorOf(kLooks[2]));
     }

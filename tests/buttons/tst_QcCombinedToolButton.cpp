@@ -13,6 +13,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QEnterEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMetaMethod>
@@ -462,7 +463,7 @@ private Q_SLOTS:
     {
         const QColor hover = Painted(Table::Light, QLatin1String(kToolBackgrounds[2]), Qt::white);
         const auto moveTo = [this](const QPoint &place) {
-            QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+            QMouseEvent move(QEvent::MouseMove, place, QCursor::pos(), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
             QCoreApplication::sendEvent(m_button, &move);
         };
         moveTo(QPoint(31, 5));
@@ -488,7 +489,7 @@ private Q_SLOTS:
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(m_button, &leave);
         CheckFills(Qt::white, Qt::white);
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(m_button, &enter);
         CheckFills(Qt::white, hover);
     }

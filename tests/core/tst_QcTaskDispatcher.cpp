@@ -53,7 +53,7 @@ qint64 ElapsedIn(const QString &line, const QString &name)
 {
     const QString start = QStringLiteral("QcTaskDispatcher::ExecuteTask: %1 elapsed: ").arg(name);
     bool isNumber = false;
-    const qint64 elapsed = line.midRef(start.size()).toLongLong(&isNumber);
+    const qint64 elapsed = line.mid(start.size()).toLongLong(&isNumber);
     return line.startsWith(start) && isNumber ? elapsed : -1;
 }
 

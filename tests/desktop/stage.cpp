@@ -247,7 +247,7 @@ int ShowMenu(const QString &option)
         menu->addQcAction(QStringLiteral("first"));
         // As wide as a menu can be, and wider than it shows.
         menu->addQcAction(QStringLiteral("A label as long as any that a menu may have to show"))
-            ->setShortcut(Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+            ->setShortcut(Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_PageDown);
         QcMenu *submenu = MakeMenu(QStringLiteral("submenu"), menu);
         submenu->addQcAction(QStringLiteral("inner"));
         menu->addQcMenu(submenu);

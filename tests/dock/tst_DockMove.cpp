@@ -463,7 +463,7 @@ private Q_SLOTS:
         auto *edit = new Edit(&stage.window);
         edit->show();
         edit->setFocus();
-        QShortcut shortcut(Qt::CTRL + Qt::Key_S, &stage.window);
+        QShortcut shortcut(Qt::CTRL | Qt::Key_S, &stage.window);
         QSignalSpy activated(&shortcut, &QShortcut::activated);
         stage.window.activateWindow();
         QTRY_VERIFY(edit->hasFocus());

@@ -53,8 +53,8 @@ public:
     void Send(int tab, QEvent::Type type, const QPoint &at, Qt::MouseButton button = Qt::LeftButton)
     {
         const bool isMove = type == QEvent::MouseMove;
-        QMouseEvent event(type, at, isMove ? Qt::NoButton : button, type == QEvent::MouseButtonRelease ? Qt::NoButton : button,
-                          Qt::NoModifier);
+        QMouseEvent event(type, at, QCursor::pos(), isMove ? Qt::NoButton : button,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button, Qt::NoModifier);
         QCoreApplication::sendEvent(row.getTab(tab), &event);
     }
 
@@ -353,7 +353,7 @@ private Q_SLOTS:
         tab->setParent(nullptr); // so that the events outlive the row
         const auto die = [row] { delete row; };
         const auto send = [&tab](QEvent::Type type, int x) {
-            QMouseEvent event(type, QPoint(x, 5), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QMouseEvent event(type, QPoint(x, 5), QCursor::pos(), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
             QCoreApplication::sendEvent(tab, &event);
         };
         if (what == QLatin1String("select") || what == QLatin1String("press") || what == QLatin1String("remove"))

@@ -883,7 +883,7 @@ private Q_SLOTS:
         QVERIFY(tab);
         QTest::keyClick(&stage.window, Qt::Key_Escape);
         // It waits for its deletion, and may still hear of the mouse.
-        QMouseEvent move(QEvent::MouseMove, QPointF(60, 60), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(60, 60), QCursor::pos(), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(tab, &move);
         QCOMPARE(stage.Tabs(), QStringLiteral("A [B]"));
         mouse.Release();

@@ -1109,7 +1109,7 @@ private Q_SLOTS:
         DrainEvents();
         QVERIFY(TopLevelIndicator()->isVisible());
         stage.right->setParent(&stage.window);
-        QMouseEvent release(QEvent::MouseButtonRelease, QPoint(60, 15), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPoint(60, 15), QCursor::pos(), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(stage.right, &release);
         QVERIFY(!TopLevelIndicator()->isVisible());
         VERIFY_SETTLED();

@@ -10,6 +10,9 @@ FillTemplateProgram::FillTemplateProgram(const QStringList &arguments)
 {
     setProgram(QStringLiteral(FILL_TEMPLATE_PROGRAM));
     setArguments(arguments);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) // calls no virtual function in the new process
+    setChildProcessModifier([this] { setupChildProcess(); });
+#endif
 }
 
 int FillTemplateProgram::Run()

@@ -22,10 +22,9 @@ public:
     QByteArray Output() const { return m_output; }
     QByteArray Errors() const { return m_errors; }
 
-protected:
-    void setupChildProcess() override;
-
 private:
+    void setupChildProcess(); // Qt 5's virtual function
+
     qint64 m_fileSize = -1;
     QByteArray m_output;
     QByteArray m_errors;

@@ -7,6 +7,7 @@
 #include <Velmora/QcScrollBar.h>
 
 #include <QAccessible>
+#include <QEnterEvent>
 #include <QLabel>
 #include <QListView>
 #include <QPointer>
@@ -528,7 +529,7 @@ private Q_SLOTS:
         QWidget other;
         other.installEventFilter(m_bar);
         m_bar->setDisplayModeM(QcScrollBar::DisplayAlways);
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(&other, &enter);
         QVERIFY(!IsHandleShown(*m_bar));
         QCoreApplication::sendEvent(m_area, &enter);

@@ -1,5 +1,6 @@
 #include "support/AccessibleEvents.h"
 #include "support/EventCounter.h"
+#include "support/HoverEventAt.h"
 #include "support/PaintedRegion.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
@@ -520,7 +521,7 @@ private Q_SLOTS:
         Open();
         for (const Table table : {Table::Light, Table::Dark}) {
             UseTable(table);
-            QHoverEvent hover(QEvent::HoverMove, RowRect(*m_control, 4).center(), QPointF(-1, -1));
+            QHoverEvent hover = HoverEventAt(QEvent::HoverMove, RowRect(*m_control, 4).center(), QPointF(-1, -1));
             QCoreApplication::sendEvent(m_control->view()->viewport(), &hover);
             COMPARE_COLOR(GroundOfRow(*m_control, 4), HoverGround(table));
             COMPARE_COLOR(GroundOfRow(*m_control, 3), PopupGround(table));
@@ -548,7 +549,7 @@ private Q_SLOTS:
         m_control->setCurrentIndex(1); // opened again: where the keyboard begins
         Open();
         COMPARE_COLOR(GroundOfRow(*m_control, 1), HoverGround(Table::Light));
-        QHoverEvent hover(QEvent::HoverMove, RowRect(*m_control, 4).center(), QPointF(-1, -1)); // the mouse was elsewhere
+        QHoverEvent hover = HoverEventAt(QEvent::HoverMove, RowRect(*m_control, 4).center(), QPointF(-1, -1)); // the mouse was elsewhere
         QCoreApplication::sendEvent(m_control->view()->viewport(), &hover);
         m_control->hidePopup();
         Open();

@@ -51,7 +51,7 @@ private Q_SLOTS:
     void a_shortcut_is_told_as_the_key_of_its_item()
     {
         QcAction *action = m_menu->addQcAction(QStringLiteral("Open"));
-        action->setShortcut(Qt::CTRL + Qt::Key_O);
+        action->setShortcut(Qt::CTRL | Qt::Key_O);
         QCOMPARE(Item(action)->text(QAccessible::Accelerator), QStringLiteral("Ctrl+O"));
         const QString press = QAccessibleActionInterface::pressAction();
         QCOMPARE(Item(action)->actionInterface()->keyBindingsForAction(press), QStringList(QStringLiteral("Ctrl+O")));

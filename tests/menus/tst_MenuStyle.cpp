@@ -42,7 +42,7 @@ struct StyleFacts
         }
         const QPushButton button;
         QMenu menu;
-        menu.addAction(QStringLiteral("Open"))->setShortcut(Qt::CTRL + Qt::Key_O);
+        menu.addAction(QStringLiteral("Open"))->setShortcut(Qt::CTRL | Qt::Key_O);
         for (int metric = QStyle::PM_ButtonMargin; metric <= int(QStyle::PM_TitleBarButtonSize); ++metric) {
             metrics.append(button.style()->pixelMetric(QStyle::PixelMetric(metric), nullptr, &button));
             metrics.append(menu.style()->pixelMetric(QStyle::PixelMetric(metric), nullptr, &menu));
@@ -116,7 +116,7 @@ void OpenAndClose(QMenu &menu)
 std::unique_ptr<QcMenu> MakeMenu()
 {
     auto menu = std::make_unique<QcMenu>(QStringLiteral("File"));
-    menu->addQcAction(QStringLiteral("Open"))->setShortcut(Qt::CTRL + Qt::Key_O);
+    menu->addQcAction(QStringLiteral("Open"))->setShortcut(Qt::CTRL | Qt::Key_O);
     menu->addSeparator();
     menu->addQcMenu(new QcMenu(QStringLiteral("Recent"), menu.get()))->menu()->addAction(QStringLiteral("One"));
     return menu;

@@ -125,7 +125,7 @@ private Q_SLOTS:
         Open();
         QCOMPARE(m_menu->width(), 252); // the widest item and the frame
         m_menu->hide();
-        m_menu->addQcAction(QString(200, 'W'))->setShortcut(Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+        m_menu->addQcAction(QString(200, 'W'))->setShortcut(Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_PageDown);
         Open();
         QCOMPARE(m_menu->width(), 320);
     }
@@ -228,7 +228,7 @@ private Q_SLOTS:
         UseTable(table);
         QcAction *action = m_menu->addQcAction(QStringLiteral("Label"));
         action->SetIconPath(QStringLiteral(":/images/close.svg"));
-        action->setShortcut(Qt::CTRL + Qt::Key_L);
+        action->setShortcut(Qt::CTRL | Qt::Key_L);
         action->setEnabled(look.isEnabled);
         m_menu->addQcAction(QStringLiteral("A longer label below"));
         Open();
@@ -487,7 +487,7 @@ private Q_SLOTS:
     void a_shortcut_stays_inside_of_the_widest_menu()
     {
         QcAction *action = m_menu->addQcAction(QStringLiteral("A label as long as any that a menu may have to show"));
-        action->setShortcut(Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+        action->setShortcut(Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_PageDown);
         Open();
         QVERIFY(m_menu->actionGeometry(action).width() > m_menu->width()); // which is why
         const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);

@@ -37,7 +37,7 @@ private Q_SLOTS:
         submenu->addAction(QStringLiteral("One"));
         QcAction *action = m_menu->addQcMenu(submenu.get());
         if (isWide)
-            m_menu->addQcAction(QString(100, 'm'))->setShortcut(Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+            m_menu->addQcAction(QString(100, 'm'))->setShortcut(Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_PageDown);
         for (QMenu *menu : {static_cast<QMenu *>(m_menu.get()), submenu.get()})
             menu->setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
         const int screenRight = QGuiApplication::primaryScreen()->availableGeometry().right();
@@ -56,7 +56,7 @@ private Q_SLOTS:
         QcMenu submenu(QStringLiteral("More"));
         submenu.addQcAction(QStringLiteral("One"));
         QcAction *action = m_menu->addQcMenu(&submenu);
-        m_menu->addQcAction(QString(100, 'm'))->setShortcut(Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+        m_menu->addQcAction(QString(100, 'm'))->setShortcut(Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_PageDown);
         m_menu->setLayoutDirection(Qt::RightToLeft);
         submenu.setLayoutDirection(Qt::RightToLeft);
         Open();

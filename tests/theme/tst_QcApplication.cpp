@@ -71,7 +71,7 @@ void PressWhatsThis(QWidget &window)
 
 void SendMouse(QObject &target, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons)
 {
-    QMouseEvent event(type, QPointF(5, 5), button, buttons, Qt::NoModifier);
+    QMouseEvent event(type, QPointF(5, 5), QCursor::pos(), button, buttons, Qt::NoModifier);
     QCoreApplication::sendEvent(&target, &event);
 }
 

@@ -101,7 +101,7 @@ private Q_SLOTS:
         second.show();
         second.activateWindow();
         QTRY_VERIFY(second.isActiveWindow());
-        QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(5, 5), QCursor::pos(), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&first, &event);
         DrainEvents();
         QVERIFY(second.isActiveWindow());

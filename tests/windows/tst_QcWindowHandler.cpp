@@ -63,7 +63,7 @@ public:
     {
         QCursor::setPos(window.mapToGlobal(QPoint(x, y)));
         DrainEvents();
-        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, y), QCursor::pos(), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(window.windowHandle(), &move);
         return window.cursor().shape();
     }
@@ -74,7 +74,7 @@ public:
 
 void MoveOver(QWidget &window)
 {
-    QMouseEvent move(QEvent::MouseMove, QPointF(10, 75), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, QPointF(10, 75), QCursor::pos(), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window.windowHandle(), &move);
 }
 
@@ -95,7 +95,7 @@ public:
     {
         m_count = 0;
         for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseMove}) {
-            QMouseEvent event(type, QPointF(50, 50), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+            QMouseEvent event(type, QPointF(50, 50), QCursor::pos(), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
             QCoreApplication::sendEvent(window.windowHandle(), &event);
         }
         return m_count;
@@ -246,7 +246,7 @@ private Q_SLOTS:
         handler.setWidget(panel);
         parent.show();
         QVERIFY(QTest::qWaitForWindowActive(&parent));
-        QMouseEvent move(QEvent::MouseMove, QPointF(10, 10), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(10, 10), QCursor::pos(), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(parent.windowHandle(), &move);
         QCOMPARE(panel->cursor().shape(), Qt::CrossCursor);
     }
@@ -257,7 +257,7 @@ private Q_SLOTS:
         stage.handler->setBorderWidth(0);
         stage.window.setCursor(Qt::WaitCursor);
         QVERIFY(stage.Show());
-        QMouseEvent move(QEvent::MouseMove, QPointF(50, 50), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(50, 50), QCursor::pos(), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&stage.window, &move);
         QCOMPARE(stage.window.cursor().shape(), Qt::WaitCursor);
     }
@@ -315,7 +315,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(panel));
         QCursor::setPos(panel->mapToGlobal(QPoint(0, 75)));
         DrainEvents();
-        QMouseEvent move(QEvent::MouseMove, QPointF(0, 75), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(0, 75), QCursor::pos(), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(panel->windowHandle(), &move);
         QCOMPARE(panel->cursor().shape(), Qt::SizeHorCursor);
     }
@@ -393,9 +393,9 @@ private Q_SLOTS:
         QTest::mouseClick(title.windowHandle(), Qt::LeftButton, {}, QPoint(1, 1));
         QTest::mouseMove(title.windowHandle(), QPoint(1, 1));
         DrainEvents();
-        long result = 5;
+        NativeResult result = 5;
         QVERIFY(!handler.nativeEventFilter("windows_generic_MSG", nullptr, &result));
-        QCOMPARE(result, 5L);
+        QCOMPARE(result, NativeResult(5));
     }
 
     void a_widget_or_title_that_died_is_forgotten()
@@ -451,9 +451,9 @@ private Q_SLOTS:
         stage.window.showMaximized();
         DrainEvents();
         QCOMPARE(stage.window.contentsMargins(), QMargins(1, 2, 3, 4));
-        long result = 5;
+        NativeResult result = 5;
         QVERIFY(!stage.handler->nativeEventFilter("windows_generic_MSG", nullptr, &result));
-        QCOMPARE(result, 5L);
+        QCOMPARE(result, NativeResult(5));
 #endif
     }
 
@@ -470,9 +470,9 @@ private Q_SLOTS:
         Q_EMIT stage.window.windowHandle()->screenChanged(nullptr);
         QVERIFY(fakeSystem.refreshed.isEmpty());
         fakeSystem.message = {stage.window.winId(), kCalcSize};
-        long result = 5;
+        NativeResult result = 5;
         QVERIFY(!stage.handler->nativeEventFilter("windows_generic_MSG", nullptr, &result));
-        QCOMPARE(result, 5L);
+        QCOMPARE(result, NativeResult(5));
     }
 
     void the_style_follows_widget_and_flag()
@@ -498,7 +498,7 @@ private Q_SLOTS:
         stage.handler->setNativeFrame(true);
         fakeSystem.message = {stage.window.winId(), kCalcSize};
         const auto answers = [&stage](const char *type) {
-            long result = 5;
+            NativeResult result = 5;
             const bool answered = stage.handler->nativeEventFilter(type, nullptr, &result);
             return answered && result == 0;
         };

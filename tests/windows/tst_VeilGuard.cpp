@@ -142,9 +142,9 @@ private Q_SLOTS:
         stage.buttons[0]->setText(QStringLiteral("&Under"));
         stage.buttons[2]->setText(QStringLiteral("&Beside"));
         auto *action = new QAction(&stage.window);
-        action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A));
+        action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A));
         stage.buttons[1]->addAction(action);
-        QShortcut ofWindow(QKeySequence(Qt::CTRL + Qt::Key_W), &stage.window);
+        QShortcut ofWindow(QKeySequence(Qt::CTRL | Qt::Key_W), &stage.window);
         QSignalSpy under(stage.buttons[0], &QPushButton::clicked);
         QSignalSpy beside(stage.buttons[2], &QPushButton::clicked);
         QSignalSpy triggered(action, &QAction::triggered);

@@ -141,7 +141,7 @@ public:
                 if (keys.contains(token.section(QLatin1Char('/'), 0, 0)))
                     members.append(token);
             }
-            AddTiles(*AddSection(Count(family.title, members.size()), QLatin1String(family.text)), members);
+            AddTiles(*AddSection(Count(family.title, int(members.size())), QLatin1String(family.text)), members);
         }
     }
 
@@ -151,7 +151,7 @@ private:
     // The four ramps as strips; what is no step of a ramp follows as tiles.
     void AddRamps(const QStringList &base)
     {
-        Card *card = AddSection(Count("Base colours", base.size()),
+        Card *card = AddSection(Count("Base colours", int(base.size())),
                                 QStringLiteral("Four ramps of ten steps. Everything else is chosen from them or stands beside them."));
         QStringList rest;
         for (const char *ramp : {"red", "green", "gray", "neutral"}) {

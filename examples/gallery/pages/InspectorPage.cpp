@@ -86,7 +86,7 @@ QColor ColorOf(const QStringList &value)
         return QColor();
     QColor color(value.first());
     if (value.size() == 2)
-        color.setAlphaF(value.at(1).trimmed().toDouble());
+        color.setAlphaF(decltype(color.alphaF())(value.at(1).trimmed().toDouble()));
     return color;
 }
 
@@ -497,7 +497,7 @@ private:
         const QHash<QString, QStringList> theirs = ValuesOf(path);
         const QVector<Difference> found = Compare(path, builtIn);
         int counts[4] = {};
-        m_table->setRowCount(found.size());
+        m_table->setRowCount(int(found.size()));
         for (int row = 0; row < found.size(); ++row) {
             const Difference &difference = found.at(row);
             ++counts[difference.finding];
@@ -511,7 +511,8 @@ private:
         }
         for (int i = 0; i < 4; ++i)
             m_counts[i]->setText(QString::number(counts[i]));
-        m_table->setFixedHeight(m_table->horizontalHeader()->height() + found.size() * m_table->verticalHeader()->defaultSectionSize() + 2);
+        m_table->setFixedHeight(m_table->horizontalHeader()->height() + int(found.size()) * m_table->verticalHeader()->defaultSectionSize()
+                                + 2);
     }
 
     static QTableWidgetItem *MakeValueItem(bool present, const QColor &color, const QString &text)

@@ -78,7 +78,7 @@ private:
             consignee->setFocus();
         });
         AddField(QStringLiteral("E-mail"), QStringLiteral("name@example.com"), [](const QString &text) {
-            const int at = text.indexOf(QLatin1Char('@'));
+            const int at = int(text.indexOf(QLatin1Char('@')));
             return at > 0 && at < text.size() - 1 ? QString() : QStringLiteral("Not an address");
         });
         AddNumber(QStringLiteral("Weight"), QStringLiteral("kg"), 0, 30480, 0, 18600);

@@ -83,7 +83,7 @@ QcMenu *MakeLongLabels(QWidget *parent)
     auto *menu = new QcMenu(QStringLiteral("&Long labels"), parent);
     AddAction(menu, "Short", nullptr);
     AddAction(menu, "A label of more words than a menu ever has room for", nullptr);
-    AddAction(menu, "One with a shortcut, which is never cut off", nullptr, Qt::CTRL + Qt::ALT + Qt::SHIFT + Qt::Key_PageDown);
+    AddAction(menu, "One with a shortcut, which is never cut off", nullptr, Qt::CTRL | Qt::ALT | Qt::SHIFT | Qt::Key_PageDown);
     auto *submenu = new QcMenu(QStringLiteral("A submenu whose title is as long as the others"), menu);
     AddAction(submenu, "Beside its menu", nullptr);
     menu->addQcMenu(submenu);

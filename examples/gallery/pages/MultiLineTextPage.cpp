@@ -49,8 +49,8 @@ protected:
             painter.fillRect(x, height() / 2 - kGrid, 1, 2 * kGrid, color);
     }
 
-    void mousePressEvent(QMouseEvent *event) override { m_grip = m_box->width() - event->globalX(); }
-    void mouseMoveEvent(QMouseEvent *event) override { m_box->setFixedWidth(std::clamp(event->globalX() + m_grip, 80, 860)); }
+    void mousePressEvent(QMouseEvent * /*event*/) override { m_grip = m_box->width() - QCursor::pos().x(); }
+    void mouseMoveEvent(QMouseEvent * /*event*/) override { m_box->setFixedWidth(std::clamp(QCursor::pos().x() + m_grip, 80, 860)); }
 
 private:
     QWidget *m_box;

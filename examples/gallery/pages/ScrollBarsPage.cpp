@@ -1,3 +1,4 @@
+#include "HoverEventAt.h"
 #include "Kit.h"
 #include "Page.h"
 #include "Tables.h"
@@ -166,7 +167,7 @@ private:
         if (isHandleHovered) {
             bar->setAttribute(Qt::WA_UnderMouse);
             area->resize(kPaneHeight / 2, kPaneHeight / 2);
-            QHoverEvent hover(QEvent::HoverEnter, QPoint(8, kPaneHeight / 6), QPoint(-1, -1));
+            QHoverEvent hover = HoverEventAt(QEvent::HoverEnter, QPoint(8, kPaneHeight / 6), QPoint(-1, -1));
             QCoreApplication::sendEvent(bar, &hover);
         }
         MakeSpecimen(area);

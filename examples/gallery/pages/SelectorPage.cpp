@@ -1,3 +1,4 @@
+#include "HoverEventAt.h"
 #include "Kit.h"
 #include "Page.h"
 
@@ -85,7 +86,7 @@ protected:
         view->window()->resize(size());
         QPainter painter(this);
         const QPointF middle = view->visualRect(view->model()->index(m_hovered, 0)).center();
-        QHoverEvent hover(QEvent::HoverMove, middle, middle);
+        QHoverEvent hover = HoverEventAt(QEvent::HoverMove, middle, middle);
         QCoreApplication::sendEvent(view->viewport(), &hover);
         painter.drawPixmap(0, 0, view->window()->grab());
     }

@@ -3,6 +3,7 @@
 
 #include <Velmora/QCSlider.h>
 
+#include <QEnterEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -41,12 +42,12 @@ protected:
     {
         QCSlider::showEvent(event);
         if (m_state == Hover || m_state == Pressed) {
-            QEvent enter(QEvent::Enter);
+            QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
             enterEvent(&enter);
         }
         if (m_state == Pressed) {
             // The right button: it looks pressed all the same and moves nothing.
-            QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+            QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QCursor::pos(), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
             mousePressEvent(&press);
         }
     }

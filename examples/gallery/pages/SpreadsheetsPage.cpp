@@ -51,7 +51,7 @@ QString ContentOf(const XlsxTemplate &invoice, const QString &name)
         const QImage image = QImage::fromData(value.toByteArray());
         return QStringLiteral("%1 \u00D7 %2 pixels").arg(image.width()).arg(image.height());
     }
-    if (value.type() == QVariant::List) {
+    if (value.userType() == QMetaType::QVariantList) {
         QStringList firsts;
         const QVariantList rows = value.toList();
         for (const QVariant &row : rows)
@@ -60,7 +60,7 @@ QString ContentOf(const XlsxTemplate &invoice, const QString &name)
             .arg(rows.size())
             .arg(firsts.join(QStringLiteral(", ")));
     }
-    if (value.type() == QVariant::Date)
+    if (value.userType() == QMetaType::QDate)
         return value.toDate().toString(Qt::ISODate);
     if (!value.isValid() && invoice.hasFormula(name))
         return QStringLiteral("computed when it is opened");
@@ -157,8 +157,8 @@ private:
     void ShowNames()
     {
         const QStringList names = m_invoice.names();
-        m_names->setRowCount(names.size());
-        m_names->setFixedHeight((names.size() + 1) * kRowHeight);
+        m_names->setRowCount(int(names.size()));
+        m_names->setFixedHeight(int((names.size() + 1) * kRowHeight));
         for (int row = 0; row < names.size(); ++row) {
             const QString &name = names.at(row);
             const QString texts[] = {name, KindOf(m_invoice, name), m_invoice.reference(name), ContentOf(m_invoice, name)};

@@ -183,7 +183,7 @@ private:
         entry.fromWorker = fromWorker;
         m_entries.append(entry);
         if (road == Merged)
-            m_waitingMerged = m_entries.size() - 1;
+            m_waitingMerged = int(m_entries.size() - 1);
         if (road == Paced)
             ++m_waitingPaced;
         ++m_handedIn[road];
@@ -263,7 +263,7 @@ private:
             const double y = entry.road * kLane + kLane / 2.0;
             QColor color = TokenColor(QLatin1String(kRoads[entry.road].token));
             if (entry.ran == kReplaced)
-                color.setAlphaF(0.35);
+                color.setAlphaF(0.35F);
             const double start = qMax(x(entry.handedIn), double(kNames));
             painter.setPen(QPen(color, 2.0, entry.ran == kWaiting ? Qt::DotLine : Qt::SolidLine));
             painter.setBrush(Qt::NoBrush);

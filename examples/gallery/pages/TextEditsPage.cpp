@@ -1,3 +1,4 @@
+#include "HoverEventAt.h"
 #include "Kit.h"
 #include "Page.h"
 
@@ -64,10 +65,10 @@ private:
         const QPoint onHandle(Bar()->width() / 2, 8);
         const QPoint belowHandle(Bar()->width() / 2, Bar()->height() - 8);
         const QPoint at = m_state == BarHovered ? belowHandle : onHandle;
-        QHoverEvent hover(QEvent::HoverEnter, at, QPoint(-1, -1));
+        QHoverEvent hover = HoverEventAt(QEvent::HoverEnter, at, QPoint(-1, -1));
         Bar()->event(&hover); // past the application's filters, as the press
         if (m_state == Pressed) {
-            QMouseEvent press(QEvent::MouseButtonPress, onHandle, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QMouseEvent press(QEvent::MouseButtonPress, onHandle, QCursor::pos(), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
             Bar()->event(&press);
         }
     }

@@ -50,7 +50,7 @@ public:
 private:
     void Tell(QcToolButton *half, QEvent::Type type)
     {
-        QMouseEvent event(type, QPointF(1, 1), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+        QMouseEvent event(type, QPointF(1, 1), QCursor::pos(), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
         eventFilter(half, &event);
     }
 };

@@ -183,7 +183,7 @@ void AddressBook::Relist(const QString &chosen)
 {
     m_names->clear();
     m_names->addItems(m_book.keys());
-    m_names->setCurrentRow(m_book.keys().indexOf(chosen));
+    m_names->setCurrentRow(int(m_book.keys().indexOf(chosen)));
     Show(chosen);
 }
 

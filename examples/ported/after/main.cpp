@@ -13,8 +13,8 @@ int main(int argc, char **argv)
 {
     Velmora::QcApplication app(argc, argv);
     QTranslator texts;
-    texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm"));
-    QCoreApplication::installTranslator(&texts);
+    if (texts.load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(), QStringLiteral(".qm")))
+        QCoreApplication::installTranslator(&texts);
     const Examples::TableChoice table; // as the desktop wishes
     app.Initialize();
     Velmora::SetKeyboardCuesEnabled(true);

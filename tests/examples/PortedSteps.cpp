@@ -71,6 +71,7 @@ void PortedSteps::AnswerNext(Qt::Key key, const QString &typed)
             return;
         timer->stop();
         ++m_questions;
+        m_width = dialog->width();
         QWidget *place = QApplication::focusWidget() ? QApplication::focusWidget() : dialog;
         QTest::keyClicks(place, typed);
         QTest::keyClick(place, key);
@@ -171,6 +172,15 @@ void PortedSteps::an_entry_is_removed_only_after_a_question()
     QVERIFY(Names().isEmpty());
     QVERIFY(NameInForm().isEmpty());
     QCOMPARE(m_questions, 2);
+}
+
+void PortedSteps::a_question_about_a_long_name_wraps()
+{
+    AddEntry(QStringLiteral("Ada of the many names ").repeated(10).trimmed());
+    AnswerNext(Qt::Key_Return);
+    Press("remove");
+    QVERIFY(Names().isEmpty());
+    QVERIFY2(m_width < 700, qPrintable(QString::number(m_width)));
 }
 
 void PortedSteps::an_entry_is_found_by_a_part_of_its_name()

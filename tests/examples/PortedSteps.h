@@ -18,6 +18,7 @@ private Q_SLOTS:
     void an_entry_gets_another_name();
     void another_entry_is_replaced_only_after_a_question();
     void an_entry_is_removed_only_after_a_question();
+    void a_question_about_a_long_name_wraps();
     void an_entry_is_found_by_a_part_of_its_name();
     void a_name_that_nobody_has_is_told();
     void keys_of_texts_lead_to_their_controls();
@@ -36,4 +37,5 @@ private:
 
     std::unique_ptr<AddressBook> m_window;
     int m_questions = 0;
+    int m_width = 0; // of the last one
 };

@@ -14,6 +14,7 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QListWidget>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -37,6 +38,17 @@ QcLabel *MakeLabel(const QString &text, QWidget *buddy = nullptr)
     label->setType(QcLabel::Body); // or it would be black
     label->setText(text);
     label->setBuddy(buddy);
+    return label;
+}
+
+/// A name may be long. What the kit has for texts of several lines wraps within words, so that this is Qt's, in the table's colour.
+QLabel *MakeWrappedText(const QString &text)
+{
+    auto *label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    QcStyleManager::GetInstance()->RegisterStyleSheet(label,
+                                                      QStringLiteral("QLabel { color: ${text/text_primary}; font: 12px 'Open Sans'; }"));
     return label;
 }
 
@@ -83,6 +95,8 @@ void AddressBook::MakeList()
 void AddressBook::MakeForm()
 {
     m_name->setObjectName(QStringLiteral("name"));
+    m_name->setFixedHeight(m_kind->height()); // height and text as in the next row
+    m_name->getLineEdit()->setTextMargins(-3, 0, 0, 0);
     m_kind->setObjectName(QStringLiteral("kind"));
     m_kind->addItems({tr("Family"), tr("Friends"), tr("Work")});
     m_address->setObjectName(QStringLiteral("address"));
@@ -202,7 +216,7 @@ void AddressBook::SetUp(QcDialog &dialog, const QString &title, const QString &t
     dialog.setCancelButtonText(tr("Cancel"));
     auto *column = new QVBoxLayout(dialog.getContentFrame());
     column->setAlignment(Qt::AlignVCenter);
-    column->addWidget(MakeLabel(text));
+    column->addWidget(MakeWrappedText(text));
     dialog.resize(400, 200);
 }
 

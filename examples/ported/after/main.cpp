@@ -6,6 +6,7 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/Translations.h>
 
+#include <QFont>
 #include <QLocale>
 #include <QTranslator>
 
@@ -17,6 +18,9 @@ int main(int argc, char **argv)
         QCoreApplication::installTranslator(&texts);
     const Examples::TableChoice table; // as the desktop wishes
     app.Initialize();
+    QFont font(QStringLiteral("Open Sans")); // of the list and of plain texts, as the kit's controls have it
+    font.setPixelSize(12);
+    Velmora::QcApplication::setFont(font);
     Velmora::SetKeyboardCuesEnabled(true);
     Velmora::SetPlainWidgetsFollowTable(true); // the list, for which the kit has no control
 

@@ -54,8 +54,8 @@ QList<Token> TokensOfChosenTable()
     QList<Token> tokens;
     const QStringList lines = GetFileContent(Chosen()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
-        const int equals = line.indexOf(QLatin1Char('='));
-        const int comment = line.indexOf(QLatin1Char(';'));
+        const auto equals = line.indexOf(QLatin1Char('='));
+        const auto comment = line.indexOf(QLatin1Char(';'));
         if (equals < 0 || (comment >= 0 && comment < equals))
             continue;
         QString code = line.left(equals).trimmed();

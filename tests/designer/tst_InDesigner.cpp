@@ -23,6 +23,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -81,7 +82,7 @@ private:
     {
         QString xml = DomXmlOf(className);
         xml.replace("<ui language=\"c++\"", "<ui version=\"4.0\"");
-        const int begin = xml.indexOf("<widget");
+        const auto begin = xml.indexOf("<widget");
         xml.insert(begin,
                    "<class>Form</class><widget class=\"QWidget\" name=\"Form\"><property name=\"geometry\"><rect><x>0</x><y>0</y>"
                    "<width>700</width><height>500</height></rect></property>");
@@ -153,6 +154,8 @@ private:
         action->trigger();
         QVERIFY(hasAnswered);
     }
+
+    void SetUp() override { QCursor::setPos(1900, 1900); } // no hover
 
     void TearDown() override
     {

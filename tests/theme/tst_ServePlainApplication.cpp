@@ -6,6 +6,7 @@
 #include <Velmora/QcPrimaryButton.h>
 
 #include <QApplication>
+#include <QCursor>
 
 using namespace Velmora;
 using namespace VelmoraTest;
@@ -44,8 +45,8 @@ private:
     void ExpectFonts()
     {
         Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(\"Open Sans.*\"\\)"));
+        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: .*\\(\"Roboto\"\\)")); // each Qt has its way to write lists
+        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: .*\\(\"Open Sans.*\"\\)"));
     }
 
 private Q_SLOTS:
@@ -62,6 +63,7 @@ private Q_SLOTS:
         UseTable(Table::Light);
         ExpectFonts();
         QVERIFY(ServePlainApplication());
+        QCursor::setPos(700, 500); // no hover
         QcPrimaryButton button;
         button.resize(80, 24);
         button.show();

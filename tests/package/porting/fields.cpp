@@ -121,10 +121,12 @@ void CheckSelection()
     field.setText(text);
     plain.setText(text);
     number.setPrefix(text);
-    Check(before != wanted && SelectionIn(field) == before, "what is selected in a field has the colour of the palette before");
-    Check(SelectionIn(plain) == wanted && SelectionIn(number) == wanted, "in plain widgets and spin boxes that of the table");
+    Check(before != wanted && SelectionIn(field) == before && SelectionIn(number) == before,
+          "what is selected in fields and spin boxes has the colour of the application's own palette");
+    Check(SelectionIn(plain) == wanted, "in plain widgets that of the table");
     lineUp(&field);
-    Check(SelectionIn(field) == wanted, "and then in a field as well");
+    lineUp(&number);
+    Check(SelectionIn(field) == wanted && SelectionIn(number) == wanted, "and then in all of them");
     SetPlainWidgetsFollowTable(false);
 }
 

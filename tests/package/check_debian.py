@@ -15,7 +15,7 @@ shutil.rmtree(folder, ignore_errors=True)
 subprocess.run([cpack, "--config", config, "-B", folder], check=True, stdout=subprocess.DEVNULL)
 packages = {p.name.split("_")[0]: p for p in pathlib.Path(folder).glob("*.deb")}
 runtime, development = f"libvelmora{major}", "libvelmora-dev"
-designer = packages.pop("velmora-designer", None) # where Designer's libraries are
+designer = next((packages.pop(name) for name in list(packages) if name.startswith("velmora-designer")), None) # with Designer's libraries
 if set(packages) != {runtime, development}:
     sys.exit(f"not the two packages, but {sorted(packages)}")
 
@@ -49,7 +49,7 @@ refuse(development, "content", dpkg("--contents", development), r"_p\.h$", r"/li
 
 if designer:
     packages["designer"] = designer
-    expect("designer", "dependencies", dpkg("--field", "designer", "Depends"), rf"{runtime} \(= {re.escape(version)}\)", r"\blibqt5designer5\b")
+    expect("designer", "dependencies", dpkg("--field", "designer", "Depends"), rf"{runtime} \(= {re.escape(version)}\)", r"\blibqt[56]designer[56]\b")
     expect("designer", "content", dpkg("--contents", "designer"), r"/plugins/designer/libVelmoraDesigner\.so$")
 
 print("\n".join(faults))

@@ -5,6 +5,7 @@
 #include <Velmora/KeyboardCues.h>
 #include <Velmora/PlainWidgets.h>
 #include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcStyleManager.h>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -22,6 +23,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -94,36 +96,32 @@ public:
     ~WidgetsThatFollow() override { Velmora::SetPlainWidgetsFollowTable(false); }
 };
 
-/// The application's palette in the colours of the two tables by turns.
+/// The palettes that widgets get which follow the two tables, set by turns as any program may.
 class TwoPalettes
 {
 public:
-    TwoPalettes() { Apply(); }
+    TwoPalettes() { QApplication::setPalette(m_palettes[0]); }
     ~TwoPalettes() { QApplication::setPalette(m_before); }
 
     void Switch()
     {
-        m_tables.Switch();
-        Apply();
+        m_isDark = !m_isDark;
+        QApplication::setPalette(m_palettes[std::size_t(m_isDark)]);
     }
 
 private:
-    void Apply()
+    static QPalette PaletteOf(Table table)
     {
-        constexpr std::pair<QPalette::ColorRole, const char *> roles[] = {
-            {QPalette::Window, "bg/bg_box"},      {QPalette::WindowText, "text/text_primary"},
-            {QPalette::Base, "bg/bg_float"},      {QPalette::Text, "text/text_primary"},
-            {QPalette::Button, "bg/bg_primary"},  {QPalette::ButtonText, "text/text_primary"},
-            {QPalette::Highlight, "brand/brand"}, {QPalette::HighlightedText, "text/text_button"},
-        };
-        QPalette palette = m_before;
-        for (const auto &role : roles)
-            palette.setColor(role.first, m_tables.Active().value(QLatin1String(role.second)));
-        QApplication::setPalette(palette);
+        Velmora::QcStyleManager::GetInstance()->SetColorFilePath(TablePath(table));
+        Velmora::SetPlainWidgetsFollowTable(true);
+        QPalette palette = QApplication::palette();
+        Velmora::SetPlainWidgetsFollowTable(false);
+        return palette;
     }
 
-    TwoTables m_tables;
     QPalette m_before = QApplication::palette();
+    std::array<QPalette, 2> m_palettes = {PaletteOf(Table::Light), PaletteOf(Table::Dark)};
+    bool m_isDark = false;
 };
 
 class WidgetsInTwoPalettes : public WidgetsThatStay

@@ -104,6 +104,21 @@ void CheckLines()
     form.number->setValue(7);
     form.number->stepUp();
     Check(form.number->value() == 8, "a number without buttons still steps");
+
+    const auto hasArrow = [&form] {
+        const QImage look = Shot(form.window).copy(form.date->geometry());
+        for (int i = 0; i < 12 * 12; ++i) {
+            if (look.pixelColor(look.width() - 16 + i % 12, 8 + i / 12).lightness() < 150)
+                return true;
+        }
+        return false;
+    };
+    Check(!hasArrow(), "a date shows no arrow");
+    form.date->setCalendarPopup(true);
+    Check(hasArrow(), "unless a calendar drops down");
+    form.list->setFixedHeight(24);
+    Shot(form.window);
+    Check(form.list->height() == 24 && InkOf(*form.list).place.height() > 5, "a selector can be as low as a field");
 }
 
 void CheckDim()

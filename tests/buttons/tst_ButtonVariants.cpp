@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
@@ -297,7 +298,7 @@ private:
             QColor edge = fill;
             if (borderToken.contains(QLatin1Char('/'))) {
                 QColor border = TokenOf(table, borderToken);
-                border.setAlphaF(border.alphaF() * LineCoverage(image));
+                border.setAlphaF(ColorValue(border.alphaF() * LineCoverage(image)));
                 edge = Over(border, fill);
             }
             COMPARE_CELL(PixelAt(image, QPointF(0, 40)), edge);

@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
@@ -352,7 +353,7 @@ private Q_SLOTS:
         BringTo(*m_control, look);
         const QImage withText = Render(*m_control);
         QColor line = ColorOf(look);
-        line.setAlphaF(LineCoverage(withText)); // half of it lies outside
+        line.setAlphaF(ColorValue(LineCoverage(withText))); // half of it lies outside
         COMPARE_COLOR(PixelAt(withText, QPointF(0, 40)), Over(line));
         COMPARE_COLOR(PixelAt(withText, QPointF(1, 40)), QColor(Qt::white));
         COMPARE_COLOR(InkColor(Part(withText, QRectF(10, 10, 70, 60)), Qt::white), ColorOf(look));

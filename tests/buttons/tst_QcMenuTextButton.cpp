@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
@@ -340,7 +341,7 @@ private Q_SLOTS:
         DrainEvents();
         const QImage image = Render(*m_control);
         QColor line(Qt::blue);
-        line.setAlphaF(LineCoverage(image));
+        line.setAlphaF(ColorValue(LineCoverage(image)));
         COMPARE_COLOR(PixelAt(image, QPointF(0, 45)), Over(line, Qt::green));
         COMPARE_COLOR(PixelAt(image, QPointF(6, 45)), QColor(Qt::green));
         COMPARE_COLOR(InkColor(Part(image, QRectF(10, 10, 90, 70)), Qt::green), QColor(Qt::magenta));

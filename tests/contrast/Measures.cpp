@@ -1,4 +1,5 @@
 #include "contrast/Measures.h"
+#include "support/ColorValue.h"
 
 #include <Velmora/ColorParams.h>
 #include <Velmora/QcStyleManager.h>
@@ -33,7 +34,7 @@ QColor SeenOn(const QColor &ground, const QString &code, double coverage)
     if (!Paints(code))
         return ground;
     QColor color = ColorOf(code);
-    color.setAlphaF(color.alphaF() * coverage);
+    color.setAlphaF(ColorValue(color.alphaF() * coverage));
     return Blended(color, ground);
 }
 
@@ -155,7 +156,8 @@ QColor Blended(const QColor &color, const QColor &ground)
 {
     const double alpha = color.alphaF();
     const auto mix = [alpha](double upper, double lower) { return upper * alpha + lower * (1.0 - alpha); };
-    return QColor::fromRgbF(mix(color.redF(), ground.redF()), mix(color.greenF(), ground.greenF()), mix(color.blueF(), ground.blueF()));
+    return QColor::fromRgbF(ColorValue(mix(color.redF(), ground.redF())), ColorValue(mix(color.greenF(), ground.greenF())),
+                            ColorValue(mix(color.blueF(), ground.blueF())));
 }
 
 double ContrastOf(const Pair &pair)

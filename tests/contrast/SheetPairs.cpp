@@ -104,7 +104,7 @@ Sheet ParseSheet(QString text)
 QStringList Enclosing(const Sheet &sheet, const QString &element)
 {
     QStringList enclosing;
-    for (int end = element.indexOf(QLatin1Char(' ')); end >= 0; end = element.indexOf(QLatin1Char(' '), end + 1)) {
+    for (auto end = element.indexOf(QLatin1Char(' ')); end >= 0; end = element.indexOf(QLatin1Char(' '), end + 1)) {
         if (sheet.contains(element.left(end)))
             enclosing.append(element.left(end));
     }

@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
@@ -145,7 +146,7 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(image, QPointF(kWidth - 3, 2)), QColor(Qt::white));
         QVERIFY(!Close(PixelAt(image, QPointF(0, 0)), Qt::white, 40));
         QColor line(Qt::black);
-        line.setAlphaF(LineCoverage(image));
+        line.setAlphaF(ColorValue(LineCoverage(image)));
         COMPARE_COLOR(PixelAt(image, QPointF(0, kHeight - 3)), Over(line)); // and no fill
         COMPARE_COLOR(PixelAt(image, QPointF(kWidth / 2, kHeight / 2)), QColor(Qt::red));
     }

@@ -814,7 +814,7 @@ private Q_SLOTS:
         QAccessibleTextInterface *read = TextOf(shower.text);
         const QString all = QStringLiteral("The first line\nand another & more\nLast");
         QCOMPARE(read->characterCount(), all.size());
-        QCOMPARE(read->text(0, all.size()), all);
+        QCOMPARE(read->text(0, int(all.size())), all);
         QCOMPARE(read->text(4, 9), QStringLiteral("first"));
         QCOMPARE(read->text(-3, 1000), all);
 
@@ -850,7 +850,7 @@ private Q_SLOTS:
         int start = 0;
         int end = 0;
         const QString first = read->textAtOffset(0, QAccessible::LineBoundary, &start, &end);
-        const QString second = read->textAtOffset(shown.size() - 1, QAccessible::LineBoundary, &start, &end);
+        const QString second = read->textAtOffset(int(shown.size()) - 1, QAccessible::LineBoundary, &start, &end);
         QVERIFY(!first.isEmpty());
         QVERIFY(second.endsWith(kSuffix));
         QCOMPARE(first.trimmed() + QLatin1Char(' ') + second, shown);

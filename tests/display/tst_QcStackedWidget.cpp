@@ -603,7 +603,7 @@ private Q_SLOTS:
         m_stack->setCurrentIndex(2);
         m_pages.at(1)->onHide = nullptr;
         QCOMPARE(m_stack->count(), 2);
-        QCOMPARE(Shown(), QList<int>{m_pages.indexOf(static_cast<Page *>(m_stack->currentWidget()))});
+        QCOMPARE(Shown(), QList<int>{int(m_pages.indexOf(static_cast<Page *>(m_stack->currentWidget())))});
     }
 
     void the_stack_may_be_deleted_while_pages_change()

@@ -64,8 +64,8 @@ QList<int> NumbersIn(const QByteArray &text)
 QList<int> KeysIn(const QByteArray &text)
 {
     QList<int> places;
-    for (int end = text.indexOf("\":"); end >= 0; end = text.indexOf("\":", end + 1))
-        places.append(text.lastIndexOf('"', end - 1));
+    for (int end = int(text.indexOf("\":")); end >= 0; end = int(text.indexOf("\":", end + 1)))
+        places.append(int(text.lastIndexOf('"', end - 1)));
     return places;
 }
 
@@ -79,7 +79,7 @@ LayoutMutator::LayoutMutator(quint32 seed, const QByteArrayList &layouts)
 
 QByteArray LayoutMutator::Next()
 {
-    QByteArray text = m_layouts.at(Below(m_layouts.size()));
+    QByteArray text = m_layouts.at(Below(int(m_layouts.size())));
     for (int i = 1 + Below(3); i > 0; --i)
         text = Damaged(text);
     return text;
@@ -119,20 +119,20 @@ QByteArray LayoutMutator::Damaged(const QByteArray &text)
 
 QByteArray LayoutMutator::Cut(const QByteArray &text)
 {
-    return text.left(Below(text.size()));
+    return text.left(Below(int(text.size())));
 }
 
 QByteArray LayoutMutator::Splice(QByteArray text)
 {
-    const QByteArray &other = m_layouts.at(Below(m_layouts.size()));
-    const int from = Below(other.size());
-    return text.insert(Below(text.size()), other.mid(from, Below(other.size() - from)));
+    const QByteArray &other = m_layouts.at(Below(int(m_layouts.size())));
+    const int from = Below(int(other.size()));
+    return text.insert(Below(int(text.size())), other.mid(from, Below(int(other.size() - from))));
 }
 
 QByteArray LayoutMutator::Byte(QByteArray text)
 {
     if (!text.isEmpty())
-        text[Below(text.size())] = char(Below(256));
+        text[Below(int(text.size()))] = char(Below(256));
     return text;
 }
 
@@ -141,7 +141,7 @@ QByteArray LayoutMutator::Number(QByteArray text)
     const QList<int> numbers = NumbersIn(text);
     if (numbers.isEmpty())
         return text;
-    const int from = numbers.at(Below(numbers.size()));
+    const int from = numbers.at(Below(int(numbers.size())));
     int to = from;
     while (to < text.size() && text[to] != ',' && text[to] != ']' && text[to] != '}')
         ++to;
@@ -153,7 +153,7 @@ QByteArray LayoutMutator::RenamedKey(QByteArray text)
     const QList<int> keys = KeysIn(text);
     if (keys.isEmpty())
         return text;
-    const int from = keys.at(Below(keys.size())) + 1;
+    const int from = keys.at(Below(int(keys.size()))) + 1;
     return text.replace(from, text.indexOf('"', from) - from, kKeys[Below(int(std::size(kKeys)))]);
 }
 
@@ -163,7 +163,7 @@ QByteArray LayoutMutator::DoubledKey(QByteArray text)
     if (keys.isEmpty())
         return text;
     const QByteArray value = kNumbers[Below(int(std::size(kNumbers)))];
-    return text.insert(keys.at(Below(keys.size())), QByteArray("\"") + kKeys[Below(int(std::size(kKeys)))] + "\":" + value + ",");
+    return text.insert(keys.at(Below(int(keys.size()))), QByteArray("\"") + kKeys[Below(int(std::size(kKeys)))] + "\":" + value + ",");
 }
 
 /// Another node, or a list of them, takes the place of one.

@@ -407,7 +407,7 @@ void Monkey::Note(const QString &words)
     QString &step = m_steps.last();
     step += step.isEmpty() ? words : QStringLiteral(", ") + words;
     if (IsTracing())
-        fprintf(stderr, "%d: %s\n", m_steps.size(), qPrintable(words));
+        fprintf(stderr, "%d: %s\n", int(m_steps.size()), qPrintable(words));
 }
 
 QString Monkey::NameOf(const QWidget *widget) const
@@ -918,7 +918,7 @@ void Monkey::LoadRefused()
         file.write("{\"children\":[{\"dockWidgetList\":[{\"type\":1}");
     file.close();
     const QcDockContainer *before = Controller().getRootDockContainer();
-    const int widgets = QApplication::allWidgets().size();
+    const int widgets = int(QApplication::allWidgets().size());
     if (Controller().loadFromJson(path) != before || QApplication::allWidgets().size() != widgets)
         m_faults.append(QStringLiteral("a broken file that changes something"));
 }

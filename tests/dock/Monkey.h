@@ -52,7 +52,7 @@ private:
     template <typename T>
     T OneOf(const QList<T> &list)
     {
-        return list.isEmpty() ? T() : list.at(Below(list.size()));
+        return list.isEmpty() ? T() : list.at(Below(int(list.size())));
     }
     Velmora::DockPosition AnyPosition();
     QPoint AnyPoint();

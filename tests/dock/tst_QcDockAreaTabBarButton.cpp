@@ -158,7 +158,7 @@ private Q_SLOTS:
         part.tab.show();
         QFont font;
         font.setFamilies({QStringLiteral("Roboto"), QStringLiteral("Microsoft YaHei UI")});
-        font.setWeight(75);
+        font.setWeight(QFont::Bold);
         font.setPixelSize(14);
         QImage expected = Canvas(*part.Label());
         {

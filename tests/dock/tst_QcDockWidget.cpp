@@ -121,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(title->layout()->contentsMargins(), QMargins(8, 0, 8, 0));
         QCOMPARE(title->layout()->spacing(), 5);
         const auto *label = PartOf<QLabel>(*title, "m_titleLabel");
-        QCOMPARE(label->font().weight(), 75);
+        QCOMPARE(int(label->font().weight()), int(QFont::Bold));
         QCOMPARE(label->font().pixelSize(), 14);
         QCOMPARE(label->font().families(), QStringList({QStringLiteral("Roboto"), QStringLiteral("Microsoft YaHei UI")}));
         QCOMPARE(label->minimumWidth(), 1);

@@ -10,9 +10,6 @@ FillTemplateProgram::FillTemplateProgram(const QStringList &arguments)
 {
     setProgram(QStringLiteral(FILL_TEMPLATE_PROGRAM));
     setArguments(arguments);
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) // calls no virtual function in the new process
-    setChildProcessModifier([this] { setupChildProcess(); });
-#endif
 }
 
 int FillTemplateProgram::Run()
@@ -24,7 +21,7 @@ int FillTemplateProgram::Run()
     return ended && exitStatus() == NormalExit ? exitCode() : -1;
 }
 
-void FillTemplateProgram::setupChildProcess()
+void FillTemplateProgram::Prepare()
 {
     // As root, permissions would not hold. For anybody else there is nothing to drop.
     prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "support/PreparedProcess.h"
 #include <QByteArray>
-#include <QProcess>
+
 #include <QStringList>
 
 namespace VelmoraTest {
 
 /// One run of fill-template.
-class FillTemplateProgram : public QProcess
+class FillTemplateProgram : public PreparedProcess
 {
     Q_OBJECT
 
@@ -23,7 +24,7 @@ public:
     QByteArray Errors() const { return m_errors; }
 
 private:
-    void setupChildProcess(); // Qt 5's virtual function
+    void Prepare() override;
 
     qint64 m_fileSize = -1;
     QByteArray m_output;

@@ -281,7 +281,7 @@ private Q_SLOTS:
 
     void without_a_parent_there_is_a_warning_and_no_toast()
     {
-        const int before = QApplication::allWidgets().size();
+        const int before = int(QApplication::allWidgets().size());
         ExpectWarning(QStringLiteral("QcToastManager::showToast: parent null"));
         m_manager->showToast(QStringLiteral("Saved"), QcToast::Information, nullptr, false);
         QCOMPARE(QApplication::allWidgets().size(), before);

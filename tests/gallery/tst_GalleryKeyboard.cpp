@@ -133,7 +133,7 @@ private Q_SLOTS:
                 QVERIFY2(!keys.contains(key), qPrintable(page.id + QLatin1Char(' ') + key));
                 keys.insert(key);
             }
-            given += keys.size();
+            given += int(keys.size());
         }
         QVERIFY(given > 20);
     }

@@ -268,7 +268,7 @@ private:
 
     QAccessibleInterface *Item(QAction *action) const
     {
-        return QAccessible::queryAccessibleInterface(m_menu.get())->child(m_menu->actions().indexOf(action));
+        return QAccessible::queryAccessibleInterface(m_menu.get())->child(int(m_menu->actions().indexOf(action)));
     }
 
     std::unique_ptr<QcMenu> m_menu;

@@ -113,7 +113,7 @@ private:
                 panes += Velmora::IsDoomed(splitter->widget(i)) ? 0 : 1;
             }
         }
-        const int sizes = container->getSizes().size();
+        const int sizes = int(container->getSizes().size());
         Require(sizes == panes, QStringLiteral("%1 sizes for %2 panes").arg(sizes).arg(panes));
         for (Area *area : areas)
             Require(areas.size() == 1 || !WasEmptied(area), QStringLiteral("an emptied area beside others"));

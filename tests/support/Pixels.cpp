@@ -1,4 +1,5 @@
 #include "support/Pixels.h"
+#include "support/ColorValue.h"
 
 #include <Velmora/QcStyleManager.h>
 
@@ -50,7 +51,8 @@ QColor Over(const QColor &top, const QColor &bottom)
 {
     const double alpha = top.alphaF();
     const auto mix = [alpha](double a, double b) { return a * alpha + b * (1.0 - alpha); };
-    return QColor::fromRgbF(mix(top.redF(), bottom.redF()), mix(top.greenF(), bottom.greenF()), mix(top.blueF(), bottom.blueF()));
+    return QColor::fromRgbF(ColorValue(mix(top.redF(), bottom.redF())), ColorValue(mix(top.greenF(), bottom.greenF())),
+                            ColorValue(mix(top.blueF(), bottom.blueF())));
 }
 
 bool Close(const QColor &a, const QColor &b, int tolerance)

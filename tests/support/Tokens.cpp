@@ -1,4 +1,5 @@
 #include "support/Tokens.h"
+#include "support/ColorValue.h"
 
 #include "support/TestCase.h"
 
@@ -31,7 +32,7 @@ Reading ReadTable(Table table)
         const auto entry = match.next();
         QColor color(entry.captured(2));
         if (!entry.captured(3).isEmpty())
-            color.setAlphaF(entry.captured(3).toDouble());
+            color.setAlphaF(ColorValue(entry.captured(3).toDouble()));
         reading.tokens.append(entry.captured(1));
         reading.colors.insert(entry.captured(1), color);
     }

@@ -50,7 +50,7 @@ PrivateBus::~PrivateBus()
     m_daemon.waitForFinished();
 }
 
-void PrivateBus::Daemon::setupChildProcess()
+void PrivateBus::Daemon::Prepare()
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QProcess>
+#include "support/PreparedProcess.h"
+
 #include <QTemporaryDir>
 
 namespace VelmoraTest {
@@ -21,10 +22,10 @@ private:
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
 
-    class Daemon : public QProcess
+    class Daemon : public PreparedProcess
     {
     protected:
-        void setupChildProcess() override;
+        void Prepare() override;
     };
 
     QTemporaryDir m_folder;

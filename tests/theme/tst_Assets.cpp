@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -266,7 +267,7 @@ QColor ColorOfText(const QString &text)
     const QStringList parts = text.split(QStringLiteral(", "));
     QColor color(parts.first());
     if (parts.size() == 2)
-        color.setAlphaF(parts.last().toDouble());
+        color.setAlphaF(VelmoraTest::ColorValue(parts.last().toDouble()));
     return color;
 }
 

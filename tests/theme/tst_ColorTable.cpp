@@ -1,4 +1,5 @@
 #include "TestFiles.h"
+#include "support/ColorValue.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -28,7 +29,7 @@ QColor ColorOf(const char *code)
 QColor Rgba(int red, int green, int blue, double alpha)
 {
     QColor color(red, green, blue);
-    color.setAlphaF(alpha);
+    color.setAlphaF(VelmoraTest::ColorValue(alpha));
     return color;
 }
 

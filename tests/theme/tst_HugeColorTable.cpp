@@ -1,4 +1,5 @@
 #include "TestFiles.h"
+#include "support/ColorValue.h"
 #include "support/TestMain.h"
 
 #include <QSignalSpy>
@@ -32,7 +33,7 @@ private Q_SLOTS:
         manager->SetColorFilePath(path);
         QCOMPARE(changed.count(), 1);
         QColor expected(0x06, 0x70, 0xF9);
-        expected.setAlphaF(0.4);
+        expected.setAlphaF(VelmoraTest::ColorValue(0.4));
         for (const int token : {0, kTokens / 2, kTokens - 1})
             QCOMPARE(manager->GetColor(QStringLiteral("family/token_%1").arg(token)), expected);
     }

@@ -76,7 +76,7 @@ double StripAlpha(int k, int width, const QList<double> &alphas)
 double RingAlpha(double distance, double innerRadius, const QList<double> &alphas)
 {
     const double position = distance - innerRadius;
-    const int before = qBound(0, int(position), alphas.size() - 2);
+    const int before = qBound(0, int(position), int(alphas.size()) - 2);
     return alphas.at(before) + (alphas.at(before + 1) - alphas.at(before)) * (position - before);
 }
 

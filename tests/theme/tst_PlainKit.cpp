@@ -86,7 +86,7 @@ QVector<QImage> PicturesOf(QWidget &control)
 {
     control.show();
     control.activateWindow(); // else what is selected has other colours
-    QTest::qWaitForWindowActive(&control);
+    static_cast<void>(QTest::qWaitForWindowActive(&control));
     control.setFocus();
     if (auto *edit = control.findChild<QLineEdit *>())
         edit->selectAll();

@@ -1,4 +1,5 @@
 #include "TestFiles.h"
+#include "support/ColorValue.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -48,7 +49,7 @@ QColor Field(const QImage &image, int field)
 
 QColor WithAlpha(QColor color, double alpha)
 {
-    color.setAlphaF(alpha);
+    color.setAlphaF(VelmoraTest::ColorValue(alpha));
     return color;
 }
 

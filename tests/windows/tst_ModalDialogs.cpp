@@ -83,7 +83,7 @@ private Q_SLOTS:
         bool wasModal = false;
         int childrenOfWindow = 0;
         QTimer::singleShot(0, &dialog, [&] {
-            childrenOfWindow = window.children().size();
+            childrenOfWindow = int(window.children().size());
             centre = dialog.mapToGlobal(dialog.rect().center());
             wasModal = dialog.isModal();
             dialog.done(result);

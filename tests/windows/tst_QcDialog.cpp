@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/EventCounter.h"
 #include "support/TestMain.h"
 #include "windows/TitleRowChecks.h"
@@ -561,7 +562,7 @@ private Q_SLOTS:
             COMPARE_COLOR(PixelAt(image, QPointF(12, 12)), fill); // square, not rounded
             COMPARE_COLOR(PixelAt(image, QPointF(587, 387)), fill);
             QColor half = TokenOf(table, QStringLiteral("border/border_tertairy"));
-            half.setAlphaF(half.alphaF() * 0.5); // the line is centred on the panel's edge
+            half.setAlphaF(ColorValue(half.alphaF() * 0.5)); // the line is centred on the panel's edge
             if (image.devicePixelRatio() == 1.0)
                 COMPARE_COLOR(PixelAt(image, QPointF(10, 200)), Over(half, fill));
         }
@@ -629,7 +630,7 @@ private Q_SLOTS:
         const QImage shadow = Shadow(dialog, radius);
 
         QColor strongest(Qt::black);
-        strongest.setAlphaF(0.1);
+        strongest.setAlphaF(ColorValue(0.1));
         for (const QPointF &beside : {QPointF(9.5, 200), QPointF(300, 9.5), QPointF(590.5, 200), QPointF(300, 390.5)})
             COMPARE_COLOR(PixelAt(image, beside), Over(strongest));
         QVERIFY(PixelAt(image, QPointF(0, 200)).red() > PixelAt(image, QPointF(5, 200)).red());

@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/TestMain.h"
 #include "windows/TitleRowChecks.h"
 
@@ -368,7 +369,7 @@ private Q_SLOTS:
             COMPARE_COLOR(PixelAt(image, QPointF(599, 399)), ground);
             QColor line = TokenOf(table, QStringLiteral("border/border_tertairy"));
             QVERIFY(!Close(Over(line, ground), ground, 1));
-            line.setAlphaF(line.alphaF() * 0.5); // the line is centred on the pixels' edge, in the title row's last row
+            line.setAlphaF(ColorValue(line.alphaF() * 0.5)); // the line is centred on the pixels' edge, in the title row's last row
             if (image.devicePixelRatio() == 1.0)
                 COMPARE_COLOR(PixelAt(image, QPointF(300, 39)), Over(line, ground));
         }

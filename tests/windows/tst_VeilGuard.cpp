@@ -263,7 +263,7 @@ private:
     static QVector<int> Counts(const Press &press, Spies &...spies)
     {
         press();
-        return {spies.count()...};
+        return {int(spies.count())...};
     }
 };
 

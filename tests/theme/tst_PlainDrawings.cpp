@@ -1,6 +1,7 @@
 #include "contrast/Measures.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
+#include "theme/TokenNow.h"
 
 #include <Velmora/PlainWidgets.h>
 
@@ -24,11 +25,6 @@ using namespace VelmoraTest;
 namespace {
 
 constexpr double kReadable = 4.5;
-
-QColor TokenNow(const char *token)
-{
-    return QcStyleManager::GetInstance()->GetColor(ColorParams(QLatin1String(token)));
-}
 
 /// What the drawing of a meaning must have in \a table.
 double WantedOfDrawings(const QString &table)

@@ -1,5 +1,6 @@
 #include "support/Pixels.h"
 #include "support/TestMain.h"
+#include "theme/TokenNow.h"
 
 #include <Velmora/FileAndDesktop.h>
 #include <Velmora/PlainWidgets.h>
@@ -19,11 +20,6 @@ using namespace VelmoraTest;
 namespace {
 
 const QString kOwnRule = QStringLiteral("QGroupBox { border: 3px solid #00ff00; }");
-
-QColor TokenNow(const char *token)
-{
-    return QcStyleManager::GetInstance()->GetColor(ColorParams(QLatin1String(token)));
-}
 
 QStyle *Fusion()
 {

@@ -2,6 +2,7 @@
 
 #include "support/CommandLine.h"
 #include "support/TestMain.h"
+#include "theme/TokenNow.h"
 
 #include <Velmora/PlainWidgets.h>
 
@@ -25,7 +26,7 @@ class TestPlainStart : public TestCase
         application.Initialize();
     }
 
-    static QColor Ground() { return QcStyleManager::GetInstance()->GetColor(ColorParams("bg/bg_box")); }
+    static QColor Ground() { return TokenNow("bg/bg_box"); }
 
 private Q_SLOTS:
     // First, since nobody unloads a table.

@@ -3,6 +3,7 @@
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 #include "theme/PlainSpecimens.h"
+#include "theme/TokenNow.h"
 
 #include <Velmora/PlainWidgets.h>
 #include <Velmora/QcButton.h>
@@ -26,11 +27,6 @@ using namespace VelmoraTest;
 namespace {
 
 constexpr double kReadable = 4.5;
-
-QColor TokenNow(const char *token)
-{
-    return QcStyleManager::GetInstance()->GetColor(ColorParams(QLatin1String(token)));
-}
 
 /// Of a host, with a class of its own.
 class HostButton : public QcButton

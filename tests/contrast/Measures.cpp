@@ -75,22 +75,31 @@ QVector<QColor> GroundsOf(QStringList codes)
     return grounds;
 }
 
-/// Pairs of a control that need not have what is wanted.
+/// Pairs of a control that cannot have what is wanted.
 struct Excuse
 {
     const char *control;
     const char *where; ///< the beginning of it
+    const char *table; ///< null: in each
     double least;
 };
 
+// Half of the outline of a button is clipped, and that of a secondary one has the colour of its text, which says what the outline says.
 constexpr Excuse kExcuses[] = {
-    // Half of the outline is clipped, and it has the colour of the text, which says what the outline says: ticks and texts on that
-    // colour keep it from being stronger.
-    {"QcSecondaryButton", "border, ", 1.5},
+    // A text is to be read on the colour, which fills the disabled primary button.
+    {"QcSecondaryButton", "border, disabled", nullptr, 1.5},
+    // A white tick is to be seen on the colour, which fills the check box.
+    {"QcSecondaryButton", "border, ", "contrast_dark", 1.9},
     // "Loading..." is white in every table, and so is the caption that the guide to feedback has a host colour: no veil is right for
     // the dark one too that the kit gives it.
-    {"QcLoadingDialog", "#m_textLabel", 1.0},
+    {"QcLoadingDialog", "#m_textLabel", "contrast_light", 1.0},
 };
+
+bool Excuses(const Excuse &excuse, const Pair &pair, const QString &table)
+{
+    const bool isOfTable = !excuse.table || table == QLatin1String(excuse.table);
+    return isOfTable && pair.control == QLatin1String(excuse.control) && pair.where.startsWith(QLatin1String(excuse.where));
+}
 
 /// A group of a page: what the pairs of a control have in common.
 enum Group { Texts, Parts, Disabled };
@@ -198,13 +207,31 @@ void UseTableNamed(const QString &name)
     Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/%1.ini").arg(name));
 }
 
-double WantedOf(const Pair &pair)
+double WantedOf(const Pair &pair, const QString &table)
 {
     for (const Excuse &excuse : kExcuses) {
-        if (pair.control == QLatin1String(excuse.control) && pair.where.startsWith(QLatin1String(excuse.where)))
+        if (Excuses(excuse, pair, table))
             return excuse.least;
     }
     return LeastOf(pair.kind);
+}
+
+QStringList IdleExcuses(const QVector<Pair> &pairs, const QStringList &tables)
+{
+    QStringList idle;
+    for (const QString &table : tables) {
+        UseTableNamed(table);
+        for (const Excuse &excuse : kExcuses) {
+            if (excuse.table && table != QLatin1String(excuse.table))
+                continue;
+            const bool isNeeded = std::any_of(pairs.cbegin(), pairs.cend(), [&](const Pair &pair) {
+                return Excuses(excuse, pair, table) && ContrastOf(pair) < LeastOf(pair.kind);
+            });
+            if (!isNeeded)
+                idle.append(QStringLiteral("%1, %2 in %3").arg(QLatin1String(excuse.control), QLatin1String(excuse.where), table));
+        }
+    }
+    return idle;
 }
 
 QString ContrastPage(const Looks &looks)

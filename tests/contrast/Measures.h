@@ -22,8 +22,10 @@ QStringList TableNames();
 /// Makes it the active table.
 void UseTableNamed(const QString &name);
 
-/// What a pair must have in the tables of high contrast: what its kind must, or less if it is excused.
-double WantedOf(const Pair &pair);
+/// What a pair must have in \a table, one of those of high contrast: what its kind must, or less if it is excused there.
+double WantedOf(const Pair &pair, const QString &table);
+/// The excuses that are needed no more: nothing in their tables falls short of what its kind must have.
+QStringList IdleExcuses(const QVector<Pair> &pairs, const QStringList &tables);
 
 /// For each control the least contrast of its texts, and of its other parts, in each table: the rows of a page.
 QString ContrastPage(const Looks &looks);

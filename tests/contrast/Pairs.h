@@ -12,7 +12,7 @@ enum class Kind {
     Body,            ///< text that is read: 7 to 1
     Text,            ///< any other text: 4.5 to 1
     Graphic,         ///< a border, icon, handle or indicator that carries meaning: 3 to 1
-    Line,            ///< around or between what stands apart without it: 2 to 1
+    Line,            ///< around or between what stands apart without it: 2 to 1, as its token fills a disabled number field too
     DisabledText,    ///< 3 to 1, though nobody asks for it
     DisabledGraphic, ///< 2 to 1, likewise
 };

@@ -95,7 +95,7 @@ QStringList TooFaint(const QVector<Pair> &pairs, const QString &table)
     QStringList faults;
     for (const Pair &pair : pairs) {
         const double contrast = ContrastOf(pair);
-        if (contrast < WantedOf(pair))
+        if (contrast < WantedOf(pair, table))
             faults.append(Described(pair, contrast));
     }
     return faults;
@@ -132,6 +132,8 @@ private Q_SLOTS:
         const QStringList faults = TooFaint(AllLooks(kSources).pairs, table);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
     }
+
+    void nothing_is_excused_that_stands_out() { QCOMPARE(IdleExcuses(AllLooks(kSources).pairs, kContrastTables), QStringList()); }
 
     void states_are_told_apart_data() { all_that_is_read_and_seen_stands_out_data(); }
 

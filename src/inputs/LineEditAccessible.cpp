@@ -4,13 +4,18 @@
 #include <Velmora/QcLabel.h>
 #include <Velmora/QcLineEdit.h>
 #include <Velmora/QcLineEditFrame.h>
+#include <Velmora/QcSelector.h>
 
 #include "core/InstallAccessible_p.h"
+#include "display/TextPieces_p.h"
 #include "inputs/FramedEditAccessible_p.h"
 
 #include <QPointer>
+#include <QTextDocument>
 #include <QTextLayout>
 #include <QValidator>
+
+#include <memory>
 
 namespace Velmora {
 
@@ -21,7 +26,7 @@ namespace {
 class LineEditAccessible : public FramedEditAccessible
 {
 public:
-    explicit LineEditAccessible(QcLineEdit *edit)
+    explicit LineEditAccessible(QLineEdit *edit)
         : FramedEditAccessible(edit)
     {
         addControllingSignal(QStringLiteral("textChanged(const QString&)"));
@@ -48,7 +53,7 @@ public:
             QAccessibleWidget::setText(kind, text);
             return;
         }
-        const QPointer<QcLineEdit> edit = Edit(); // a validator of the host may delete it, and this with it
+        const QPointer<QLineEdit> edit = Edit(); // a validator of the host may delete it, and this with it
         if (IsAcceptable(text) && edit)
             edit->setText(text);
     }
@@ -81,6 +86,20 @@ public:
         Edit()->setCursorPosition(end);
         Edit()->repaint(); // which scrolls to the caret
         Edit()->setCursorPosition(start);
+    }
+
+    // Qt's own search for the end of a piece never ends where the text ends with one, as at a caret behind a word.
+    QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
+    {
+        return TextPieces(Document().get()).Before(PlaceOf(offset), type, start, end);
+    }
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
+    {
+        return TextPieces(Document().get()).At(PlaceOf(offset), type, start, end);
+    }
+    QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override
+    {
+        return TextPieces(Document().get()).After(PlaceOf(offset), type, start, end);
     }
 
     int selectionCount() const override { return Edit()->hasSelectedText() ? 1 : 0; }
@@ -134,8 +153,17 @@ public:
     }
 
 private:
-    QcLineEdit *Edit() const { return static_cast<QcLineEdit *>(widget()); }
-    QcLineEditFrame *Frame() const override { return qobject_cast<QcLineEditFrame *>(Edit()->parentWidget()); }
+    QLineEdit *Edit() const { return static_cast<QLineEdit *>(widget()); }
+    QWidget *Frame() const override
+    {
+        return qobject_cast<QcSelector *>(Edit()->parentWidget()) ? Edit()->parentWidget() : LineEditFrame();
+    }
+    QcLineEditFrame *LineEditFrame() const { return qobject_cast<QcLineEditFrame *>(Edit()->parentWidget()); }
+
+    /// What can be read, to be taken apart.
+    std::unique_ptr<QTextDocument> Document() const { return std::make_unique<QTextDocument>(ReadableText()); }
+    /// Clients ask for the end of the text by -1.
+    int PlaceOf(int offset) const { return offset < 0 ? characterCount() : offset; }
 
     /// Makes a part of \a text of whatever numbers a client asks for.
     static void Bound(int &start, int &end, const QString &text)
@@ -156,16 +184,16 @@ private:
     /// The unit shown behind the text.
     QString Unit() const
     {
-        const auto *label = Frame() ? Frame()->findChild<QcLabel *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+        const auto *label = LineEditFrame() ? LineEditFrame()->findChild<QcLabel *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
         return label && !label->isHidden() ? label->text() : QString();
     }
 
     /// The text of the frame's warning, if it is given.
     QString Warning() const
     {
-        if (!Frame() || !Frame()->getWarning())
+        if (!LineEditFrame() || !LineEditFrame()->getWarning())
             return QString();
-        auto *tip = Frame()->findChild<QcArrowTip *>(QString(), Qt::FindDirectChildrenOnly);
+        auto *tip = LineEditFrame()->findChild<QcArrowTip *>(QString(), Qt::FindDirectChildrenOnly);
         return tip ? QAccessible::queryAccessibleInterface(tip)->text(QAccessible::Name) : QString();
     }
 
@@ -185,12 +213,25 @@ private:
     }
 };
 
+/// Qt's own line edit, where a selector shows it.
+QAccessibleInterface *DescribeEditOfSelector(const QString &className, QObject *object)
+{
+    const bool isAsked = className == QLatin1String(QLineEdit::staticMetaObject.className());
+    auto *edit = isAsked ? qobject_cast<QLineEdit *>(object) : nullptr;
+    return edit && qobject_cast<QcSelector *>(edit->parentWidget()) ? new LineEditAccessible(edit) : nullptr; // owned by Qt's cache
+}
+
 } // namespace
 
 void InstallLineEditAccessibility()
 {
     InstallAccessible<LineEditAccessible, QcLineEdit>();
     InstallAccessible<GroupAccessible, QcLineEditFrame>();
+}
+
+void InstallSelectorEditAccessibility()
+{
+    QAccessible::installFactory(DescribeEditOfSelector);
 }
 
 } // namespace Velmora

@@ -7,4 +7,7 @@ namespace Velmora {
 /// the application object, and ignores a repetition.
 void InstallLineEditAccessibility();
 
+/// The same for the edit that Qt gives an editable selector, which is named by the selector. To be called for each selector.
+void InstallSelectorEditAccessibility();
+
 } // namespace Velmora

@@ -4,6 +4,7 @@
 
 #include "core/AccessibleAction_p.h"
 #include "core/InstallAccessible_p.h"
+#include "inputs/LineEditAccessible_p.h"
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
@@ -103,6 +104,7 @@ private:
 void InstallSelectorAccessibility()
 {
     InstallAccessible<SelectorAccessible, QcSelector>();
+    InstallSelectorEditAccessibility();
 }
 
 } // namespace Velmora

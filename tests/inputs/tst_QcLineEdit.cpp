@@ -82,6 +82,36 @@ private Q_SLOTS:
         QVERIFY(!state.hasPopup);
     }
 
+    void words_are_read_at_the_end_of_a_text()
+    {
+        QAccessibleTextInterface *text = Described()->textInterface();
+        for (const QString &typed : {QStringLiteral("one two"), QStringLiteral("one "), QStringLiteral(" "), QString()}) {
+            m_edit->setText(typed);
+            for (const int offset : {-1, 0, typed.size(), typed.size() + 9}) {
+                for (const auto type : {QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::SentenceBoundary,
+                                        QAccessible::ParagraphBoundary, QAccessible::LineBoundary, QAccessible::NoBoundary}) {
+                    int start = -1;
+                    int end = -1;
+                    for (const QString &piece :
+                         {text->textAtOffset(offset, type, &start, &end), text->textBeforeOffset(offset, type, &start, &end),
+                          text->textAfterOffset(offset, type, &start, &end)})
+                        QVERIFY(typed.contains(piece));
+                }
+            }
+        }
+        m_edit->setText(QStringLiteral("one two"));
+        int start = -1;
+        int end = -1;
+        for (const int offset : {-1, 7}) {
+            QCOMPARE(text->textAtOffset(offset, QAccessible::WordBoundary, &start, &end), QStringLiteral("two"));
+            QCOMPARE(start, 4);
+            QCOMPARE(end, 7);
+        }
+        QCOMPARE(text->textBeforeOffset(7, QAccessible::WordBoundary, &start, &end).trimmed(), QStringLiteral("one"));
+        QCOMPARE(text->textAfterOffset(0, QAccessible::WordBoundary, &start, &end), QStringLiteral("two"));
+        QCOMPARE(text->textAtOffset(2, QAccessible::LineBoundary, &start, &end), QStringLiteral("one two"));
+    }
+
     void text_caret_and_selection_are_read()
     {
         m_edit->setText(QStringLiteral("one two"));

@@ -9,6 +9,7 @@
 #include "buttons/ControlTest.h"
 
 #include <Velmora/ImageParams.h>
+#include <Velmora/QcLineEdit.h>
 #include <Velmora/QcScrollBar.h>
 #include <Velmora/QcSelector.h>
 
@@ -1018,11 +1019,68 @@ private Q_SLOTS:
         QCOMPARE(accessible->indexOfChild(AccessibleOf(m_window.get())), -1);
     }
 
+    void the_edit_of_an_editable_selector_is_called_as_the_selector_is()
+    {
+        m_control->setEditable(true);
+        QAccessibleInterface *edit = AccessibleOf(m_control->lineEdit());
+        const auto name = [edit] { return edit->text(QAccessible::Name); };
+        QCOMPARE(name(), QString());
+        m_control->setPlaceholderText(QStringLiteral("Port of call"));
+        QCOMPARE(name(), QStringLiteral("Port of call"));
+        QLabel label(QStringLiteral("&Port"), m_window.get());
+        label.setBuddy(m_control);
+        QCOMPARE(name(), QStringLiteral("Port"));
+        m_control->setAccessibleName(QStringLiteral("Harbour"));
+        m_control->setAccessibleDescription(QStringLiteral("Where it is unloaded"));
+        QCOMPARE(name(), QStringLiteral("Harbour"));
+        QCOMPARE(edit->text(QAccessible::Description), QStringLiteral("Where it is unloaded"));
+        m_control->lineEdit()->setAccessibleName(QStringLiteral("Harbour's name"));
+        QCOMPARE(name(), QStringLiteral("Harbour's name"));
+    }
+
+    void an_edit_that_a_host_gives_a_selector_is_called_as_that_is_data()
+    {
+        QTest::addColumn<bool>("isOurs");
+        QTest::newRow("Qt's") << false;
+        QTest::newRow("ours") << true;
+    }
+
+    void an_edit_that_a_host_gives_a_selector_is_called_as_that_is()
+    {
+        QFETCH(bool, isOurs);
+        m_control->setAccessibleName(QStringLiteral("Harbour"));
+        m_control->setLineEdit(isOurs ? new QcLineEdit(m_control) : new QLineEdit(m_control));
+        QCOMPARE(AccessibleOf(m_control->lineEdit())->text(QAccessible::Name), QStringLiteral("Harbour"));
+    }
+
+    void a_screen_reader_reads_and_writes_in_the_edit_and_hears_of_typing()
+    {
+        m_control->setEditable(true);
+        m_control->setEditText(QStringLiteral("Genoa"));
+        QAccessibleInterface *edit = AccessibleOf(m_control->lineEdit());
+        QCOMPARE(edit->text(QAccessible::Value), QStringLiteral("Genoa"));
+        QCOMPARE(edit->textInterface()->text(1, 3), QStringLiteral("en"));
+        edit->editableTextInterface()->replaceText(0, 1, QStringLiteral("Ver"));
+        QCOMPARE(m_control->currentText(), QStringLiteral("Verenoa"));
+        QVERIFY(edit->state().editable && !edit->state().readOnly);
+        AccessibleEvents events(*m_control->lineEdit());
+        QTest::keyClick(m_control->lineEdit(), Qt::Key_X);
+        QVERIFY(!events.Take().filter(QStringLiteral("Text")).isEmpty());
+    }
+
+    void a_line_edit_elsewhere_is_told_by_qt()
+    {
+        QLineEdit edit;
+        edit.setPlaceholderText(QStringLiteral("Port")); // which Qt does not take for a name
+        QCOMPARE(AccessibleOf(&edit)->text(QAccessible::Name), QString());
+    }
+
     void a_screen_reader_opens_and_closes_the_list()
     {
         QAccessibleInterface *accessible = AccessibleOf(m_control);
         QVERIFY(accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::showMenuAction()));
         accessible->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+        QVERIFY(!IsOpen(*m_control)); // assistive technology waits for its call to return
         DrainEvents();
         QVERIFY(IsOpen(*m_control));
         accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

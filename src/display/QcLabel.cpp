@@ -38,6 +38,8 @@ void QcLabel::setType(LabelType type)
 
 void QcLabel::setText(const QString &text)
 {
+    if (text != QLabel::text())
+        m_markedText.clear();
     QLabel::setText(text);
     if (text.isEmpty())
         UpdateIcon();
@@ -61,12 +63,20 @@ int QcLabel::heightForWidth(int width) const
     return QLabel::text().isEmpty() ? QLabel::heightForWidth(width) : TextSize().height();
 }
 
+/// As in any QLabel, an & marks a letter only for a buddy's sake, and then for as long as the text stays.
+bool QcLabel::MarksKeys() const
+{
+    if (buddy())
+        m_markedText = QLabel::text();
+    return buddy() || m_markedText == QLabel::text();
+}
+
 /// The room that the text takes uncut.
 QSize QcLabel::TextSize() const
 {
     ensurePolished();
     const QFontMetricsF metrics(font(), this);
-    const QString text = buddy() ? ShownText(QLabel::text()) : QLabel::text();
+    const QString text = MarksKeys() ? ShownText(QLabel::text()) : QLabel::text();
     // Eliding takes all lines for one, and cuts what is wider by a fraction of a pixel.
     const qreal run = metrics.horizontalAdvance(text);
     const QSizeF lines = metrics.size(0, text);
@@ -132,9 +142,8 @@ void QcLabel::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setLayoutDirection(layoutDirection()); // a painter begins with the application's
     painter.setPen(TokenColor(isEnabled() ? m_textColorParams : QStringLiteral("text/text_disabled")));
-    // As in any QLabel, an & marks a letter only for a buddy's sake.
     const QString text = QLabel::text();
-    if (buddy())
+    if (MarksKeys())
         DrawMarked(painter, rect(), int(alignment()), ElidedMarked(painter.fontMetrics(), text, width()), style(), this);
     else
         painter.drawText(rect(), int(alignment()), painter.fontMetrics().elidedText(text, Qt::ElideRight, width(), 0));

@@ -15,7 +15,8 @@ namespace Velmora {
 /// icon only the text shows; the icon appears when the text goes.
 ///
 /// With a buddy, a letter behind an & takes the keyboard there, as in any QLabel. The & itself is painted all the same, unless
-/// keyboard cues are on: see SetKeyboardCuesEnabled().
+/// keyboard cues are on: see SetKeyboardCuesEnabled(). Then it stays out of sight when the buddy goes, until the next text, as in any
+/// QLabel too.
 ///
 /// Give a label that shows an icon a fixed size. The icon is made as large as the label, and the size hints of QLabel ask for
 /// room for the picture: in a layout the label never shrinks, and with a margin it grows at each pass.
@@ -65,6 +66,7 @@ protected:
 private:
     ImageParams IconParams() const;
     void UpdateIcon();
+    bool MarksKeys() const;
     QSize TextSize() const;
     bool ShowsIcon() const;
     QRect ContentsPlace() const;
@@ -74,7 +76,8 @@ private:
     QString m_textColorParams;
     QString m_iconPath;
     QString m_iconColorParams;
-    qint64 m_shownIcon = 0; // the cache key of the pixmap that UpdateIcon() set last
+    qint64 m_shownIcon = 0;       // the cache key of the pixmap that UpdateIcon() set last
+    mutable QString m_markedText; // the text that was last seen with a buddy
 };
 
 } // namespace Velmora

@@ -8,6 +8,8 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 
+#include <memory>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -131,9 +133,52 @@ private Q_SLOTS:
         SetKeyboardCuesEnabled(true);
         DrainEvents();
         QCOMPARE(label.width(), narrow);
+        label.setText(QStringLiteral("&b&b&b&b&b&b"));
+        DrainEvents();
+        QVERIFY(label.width() < wide);
         label.setBuddy(nullptr);
+        label.setText(QStringLiteral("&a&a&a&a&a&a"));
         DrainEvents();
         QCOMPARE(label.width(), wide);
+    }
+
+    void marks_stay_out_of_sight_when_the_buddy_goes_as_in_a_plain_label_data()
+    {
+        QTest::addColumn<bool>("dies");
+        QTest::newRow("dies") << true;
+        QTest::newRow("is taken away") << false;
+    }
+
+    void marks_stay_out_of_sight_when_the_buddy_goes_as_in_a_plain_label()
+    {
+        QFETCH(bool, dies);
+        const Cues cues;
+        const QString text = QStringLiteral("&a&a&a&a&a&a");
+        QLabel plain(text);
+        QcLabel label;
+        Fill(label, text);
+        const int wide = label.sizeHint().width();
+        const int wideInPlain = plain.sizeHint().width();
+        const auto areHidden = [&] { return QVector<bool>{plain.sizeHint().width() < wideInPlain, label.sizeHint().width() < wide}; };
+        QCOMPARE(areHidden(), (QVector<bool>{false, false}));
+        auto buddy = std::make_unique<QLineEdit>();
+        for (QLabel *each : {&plain, static_cast<QLabel *>(&label)})
+            each->setBuddy(buddy.get());
+        QCOMPARE(areHidden(), (QVector<bool>{true, true}));
+        const QImage shown = Render(label);
+        if (dies) {
+            buddy.reset();
+        } else {
+            for (QLabel *each : {&plain, static_cast<QLabel *>(&label)})
+                each->setBuddy(nullptr);
+        }
+        QCOMPARE(areHidden(), (QVector<bool>{true, true}));
+        QCOMPARE(Render(label), shown);
+        plain.setText(QString());
+        label.setText(QString());
+        plain.setText(text);
+        label.setText(text);
+        QCOMPARE(areHidden(), (QVector<bool>{false, false}));
     }
 
     void the_marked_letter_goes_to_the_buddy()

@@ -99,7 +99,7 @@ bool VeilGuard::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     // Of the whole application, while the veil is shown
     case QEvent::FocusIn:
-        if (watched != QApplication::focusWidget() || !LiesUnderAny(*QApplication::focusWidget()))
+        if (watched != QApplication::focusWidget() || !KeepsFrom(*QApplication::focusWidget()))
             return false;
         m_refused = QApplication::focusWidget();
         PassFocusOn(*m_refused, static_cast<QFocusEvent *>(event)->reason());
@@ -211,6 +211,12 @@ bool VeilGuard::LiesUnderAny(const QWidget &widget)
     return std::any_of(Lowered().cbegin(), Lowered().cend(), lies);
 }
 
+/// Whether it is for this veil to keep the keyboard from \a widget: of those that lie over it, for the uppermost.
+bool VeilGuard::KeepsFrom(const QWidget &widget) const
+{
+    return IsBelow(widget) && Covers(widget) && !LiesUnderAny(*m_veil);
+}
+
 /// Whether nothing from which \a receiver gets its keys can be reached.
 bool VeilGuard::IsRefused(QObject *receiver) const
 {
@@ -249,7 +255,10 @@ void VeilGuard::PassFocusOn(QWidget &from, Qt::FocusReason reason)
         }
     }
     if (m_veil->isWindow()) {
-        from.clearFocus();
+        const QPointer<VeilGuard> alive(this);
+        from.clearFocus(); // of which hosts hear
+        if (!alive)
+            return;
         m_veil->activateWindow();
     }
     m_veil->setFocus(reason);

@@ -29,6 +29,7 @@ private:
     void Lift();
     bool IsBelow(const QWidget &widget) const;
     bool Covers(const QWidget &widget) const;
+    bool KeepsFrom(const QWidget &widget) const;
     bool IsRefused(QObject *receiver) const;
     void TakeFocus();
     void PassFocusOn(QWidget &from, Qt::FocusReason reason);

@@ -9,7 +9,9 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSignalSpy>
 
@@ -163,6 +165,112 @@ private Q_SLOTS:
         QCOMPARE(Counts(pressAll, under, beside, triggered, activated), (QVector<int>{0, 1, 0, 1}));
         stage.veil->hide();
         QCOMPARE(Counts(pressAll, under, beside, triggered, activated), (QVector<int>{1, 2, 1, 2}));
+    }
+
+    void a_shortcut_of_a_menu_counts_as_that_of_what_the_menu_is_of()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QMenu menu(stage.buttons[1]);
+        stage.buttons[1]->addAction(menu.menuAction());
+        QAction *action = menu.addAction(QStringLiteral("Item"));
+        action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_M));
+        QSignalSpy triggered(action, &QAction::triggered);
+        QVERIFY(stage.IsActive());
+        stage.buttons[2]->setFocus();
+        stage.veil->show();
+        Stage::Key(Qt::Key_M, Qt::ControlModifier);
+        QCOMPARE(triggered.count(), 0);
+        stage.veil->hide();
+        Stage::Key(Qt::Key_M, Qt::ControlModifier);
+        QCOMPARE(triggered.count(), 1);
+    }
+
+    void a_shortcut_that_something_free_has_too_is_run()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        auto *action = new QAction(&stage.window);
+        action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A));
+        stage.buttons[1]->addAction(action);
+        stage.buttons[2]->addAction(action);
+        QSignalSpy triggered(action, &QAction::triggered);
+        QVERIFY(stage.IsActive());
+        stage.buttons[2]->setFocus();
+        stage.veil->show();
+        Stage::Key(Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(triggered.count(), 1);
+    }
+
+    void what_reaches_out_of_the_window_or_was_scrolled_away_lies_under_a_veil_too()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        stage.buttons[0]->move(-20, 10);
+        QScrollArea area(&stage.window);
+        area.setGeometry(100, 40, 100, 60);
+        area.setFocusPolicy(Qt::NoFocus);
+        auto *page = new QWidget;
+        page->resize(80, 600);
+        auto *away = new QPushButton(page);
+        away->move(0, 500);
+        area.setWidget(page);
+        stage.veil->raise();
+        QVERIFY(stage.IsActive());
+        stage.buttons[2]->setFocus();
+        stage.veil->show();
+        for (QWidget *under : {static_cast<QWidget *>(stage.buttons[0]), static_cast<QWidget *>(away)}) {
+            stage.buttons[2]->setFocus();
+            under->setFocus();
+            QVERIFY(!under->hasFocus());
+        }
+    }
+
+    void what_was_scrolled_away_beside_a_veil_on_the_same_page_is_free()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QScrollArea area(&stage.window);
+        area.setGeometry(0, 0, 200, 100);
+        auto *page = new QWidget;
+        page->resize(180, 600);
+        auto *away = new QPushButton(page);
+        away->move(0, 500);
+        auto *veil = new QcMaskFrame(page);
+        veil->setGeometry(0, 0, 180, 200);
+        area.setWidget(page);
+        QVERIFY(stage.IsActive());
+        away->setFocus();
+        QVERIFY(away->hasFocus());
+    }
+
+    void a_veil_that_grows_takes_the_keyboard_from_what_it_comes_over()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.buttons[2]->setFocus();
+        stage.veil->show();
+        QVERIFY(stage.buttons[2]->hasFocus());
+        stage.veil->setGeometry(stage.window.rect());
+        QVERIFY(stage.veil->hasFocus());
+    }
+
+    void the_keyboard_stays_where_the_program_or_the_user_has_put_it_meanwhile()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.buttons[0]->setFocus();
+        stage.veil->show();
+        stage.buttons[2]->setFocus();
+        stage.veil->hide();
+        QVERIFY(stage.buttons[2]->hasFocus());
+        stage.buttons[0]->setFocus();
+        stage.veil->show();
+        stage.buttons[0]->hide();
+        stage.veil->hide();
+        QVERIFY(stage.window.focusWidget() != stage.buttons[0]);
     }
 
     void what_is_above_a_veil_is_reached()

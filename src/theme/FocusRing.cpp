@@ -66,13 +66,15 @@ QRect RoomOf(const QWidget &control, const QWidget *ground)
     return room;
 }
 
-/// Qt scrolls to what Tab reaches only when it came from within the same area.
-void ScrollIntoSight(QWidget &control)
+/// Qt scrolls to what Tab reaches only when it came from within the same area. Hosts hear of it, and may take any of these away.
+void ScrollIntoSight(const QPointer<QWidget> &control)
 {
-    for (QWidget *outer = control.parentWidget(); outer; outer = outer->parentWidget()) {
+    QPointer<QWidget> outer = control->parentWidget();
+    while (control && outer) {
         auto *area = qobject_cast<QScrollArea *>(outer);
-        if (area && area->widget() && area->widget()->isAncestorOf(&control))
-            area->ensureWidgetVisible(&control); // which leaves room for a ring
+        if (area && area->widget() && area->widget()->isAncestorOf(control))
+            area->ensureWidgetVisible(control); // which leaves room for a ring
+        outer = outer ? outer->parentWidget() : nullptr;
     }
 }
 
@@ -133,8 +135,8 @@ void FocusRingOverlay::Surround(const FocusShape &shape, const QRect &room)
     }
     if (isChanged)
         update();
-    setVisible(!band.isEmpty());
     Rise();
+    setVisible(!band.isEmpty());
 }
 
 /// Above all siblings. Not without need: it repaints.
@@ -273,7 +275,8 @@ void FocusRing::FollowKey(int key)
 /// Once for all that happens until then, and before anything is painted.
 void FocusRing::UpdateLater()
 {
-    if (m_isUpdatePending || (!m_isNavigating && m_followed.empty()))
+    const bool canShow = m_isNavigating && QApplication::focusWidget();
+    if (m_isUpdatePending || (!canShow && m_followed.empty()))
         return;
     m_isUpdatePending = true;
     QMetaObject::invokeMethod(this, &FocusRing::Update, Qt::QueuedConnection);
@@ -283,15 +286,16 @@ void FocusRing::Update()
 {
     m_isUpdatePending = false;
     QWidget *focus = m_isNavigating ? QApplication::focusWidget() : nullptr;
-    QWidget *control = focus ? FocusedControl(*focus) : nullptr;
-    FocusShape shape = control ? FocusShapeOf(*control) : FocusShape();
+    const QPointer<QWidget> control = focus ? FocusedControl(*focus) : nullptr;
+    if (control && std::exchange(m_isArriving, false))
+        ScrollIntoSight(control);
+    const bool canShow = control && m_isNavigating; // still, when that is done
+    FocusShape shape = canShow ? FocusShapeOf(*control) : FocusShape();
     if (shape.rect.isEmpty()) {
         Hide();
         return;
     }
     Follow(control);
-    if (std::exchange(m_isArriving, false))
-        ScrollIntoSight(*control);
     QWidget *ground = GroundOf(*control);
     shape.rect.translate(control->mapTo(ground, QPoint()));
     if (m_overlay && m_overlay->parentWidget() != ground)

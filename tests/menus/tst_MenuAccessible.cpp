@@ -73,6 +73,51 @@ private Q_SLOTS:
         QVERIFY(Item(action)->state().disabled);
     }
 
+    void an_item_tells_whether_it_can_be_seen_and_reached()
+    {
+        QcAction *action = m_menu->addQcAction(QStringLiteral("Grid"));
+        QcAction *hidden = m_menu->addQcAction(QStringLiteral("Hidden"));
+        hidden->setVisible(false);
+        action->setWhatsThis(QStringLiteral("Shows lines"));
+        QCOMPARE(Item(action)->text(QAccessible::Description), QStringLiteral("Shows lines"));
+        m_menu->popup(QPoint(0, 0));
+        DrainEvents();
+        QVERIFY(!Item(action)->state().invisible);
+        QVERIFY(!Item(action)->state().offscreen);
+        QVERIFY(Item(action)->state().focusable);
+        QVERIFY(Item(hidden)->state().invisible);
+        m_menu->setActiveAction(action);
+        QVERIFY(Item(action)->state().focused);
+        action->setEnabled(false);
+        QVERIFY(!Item(action)->state().focusable);
+        QVERIFY(!Item(action)->state().focused);
+        action->setEnabled(true);
+        m_menu->setEnabled(false);
+        QVERIFY(Item(action)->state().disabled);
+    }
+
+    void an_item_that_was_scrolled_away_tells_so()
+    {
+        for (int i = 0; i < 200; ++i)
+            m_menu->addQcAction(QString::number(i));
+        m_menu->popup(QPoint(0, 0));
+        DrainEvents();
+        QAction *last = m_menu->actions().constLast();
+        QVERIFY(Item(last)->state().offscreen);
+        QVERIFY(Item(last)->rect().isEmpty());
+        QVERIFY(!Item(m_menu->actions().constFirst())->state().offscreen);
+    }
+
+    void what_is_no_child_has_no_place_among_the_children()
+    {
+        auto *submenu = new QcMenu(QStringLiteral("Recent"), m_menu.get());
+        QcAction *action = m_menu->addQcMenu(submenu);
+        QAccessibleInterface *menu = QAccessible::queryAccessibleInterface(m_menu.get());
+        QCOMPARE(menu->indexOfChild(menu), -1);
+        QCOMPARE(Item(action)->indexOfChild(menu), -1);
+        QCOMPARE(Item(action)->indexOfChild(QAccessible::queryAccessibleInterface(submenu)), 0);
+    }
+
     void an_item_with_a_submenu_tells_so_and_has_it_as_child()
     {
         QcAction *plain = m_menu->addQcAction(QStringLiteral("Open"));

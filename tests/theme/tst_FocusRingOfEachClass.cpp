@@ -1,12 +1,12 @@
+#include "theme/EachClass.h"
 #include "theme/FocusStage.h"
 
 #include "support/TestMain.h"
 
-#include <Velmora/Velmora.h>
-
 #include <QCalendarWidget>
 #include <QDateEdit>
 #include <QDial>
+#include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QGraphicsView>
 #include <QGroupBox>
@@ -15,6 +15,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTabWidget>
+#include <QTableWidget>
 #include <QTextBrowser>
 #include <QTreeWidget>
 
@@ -24,55 +26,9 @@
 using namespace Velmora;
 using namespace VelmoraTest;
 
-using Make = std::function<QWidget *(QWidget *page)>;
-
 Q_DECLARE_METATYPE(Make)
 
 namespace {
-
-/// What a class makes that a user may reach with the Tab key.
-struct Case
-{
-    const char *className;
-    Make make;
-};
-
-template <typename Control>
-QWidget *New(QWidget *page)
-{
-    return new Control(page);
-}
-
-template <typename Button>
-QWidget *NewButton(QWidget *page)
-{
-    auto *button = new Button(page);
-    button->setText(QStringLiteral("Text"));
-    return button;
-}
-
-QWidget *NewText(QWidget *page)
-{
-    auto *text = new QcMultiLineText(page);
-    text->setText(QStringLiteral("Some words and <a href=\"x\">a link</a> and more"));
-    return text;
-}
-
-QWidget *NewHandle(QWidget *page)
-{
-    auto *splitter = new QcSplitter(Qt::Horizontal, page);
-    splitter->addWidget(new QWidget);
-    splitter->addWidget(new QWidget);
-    return splitter;
-}
-
-QWidget *NewTab(QWidget *page)
-{
-    auto *tab = new QcDockAreaTabBarButton(page);
-    tab->setText(QStringLiteral("Tab"));
-    tab->setChecked(true);
-    return tab;
-}
 
 QWidget *NewGroup(QWidget *page)
 {
@@ -89,36 +45,40 @@ QWidget *NewList(QWidget *page)
     return list;
 }
 
-const Case kKit[] = {
-    {"QcButton", NewButton<QcButton>},
-    {"QcGhostButton", NewButton<QcGhostButton>},
-    {"QcHighlightButton", NewButton<QcHighlightButton>},
-    {"QcIconButton", New<QcIconButton>},
-    {"QcPrimaryButton", NewButton<QcPrimaryButton>},
-    {"QcSecondaryButton", NewButton<QcSecondaryButton>},
-    {"QcTertiaryButton", NewButton<QcTertiaryButton>},
-    {"QcTextButton", NewButton<QcTextButton>},
-    {"QcTextLinkButton", NewButton<QcTextLinkButton>},
-    {"QcSwitchButton", New<QcSwitchButton>},
-    {"QcToolButton", New<QcToolButton>},
-    {"QcToolColorButton", New<QcToolColorButton>},
-    {"QcCombinedToolButton", New<QcCombinedToolButton>},
-    {"QcMenuTextButton", NewButton<QcMenuTextButton>},
-    {"QcMenuToolButton", New<QcMenuToolButton>},
-    {"QcCheckBox", NewButton<QcCheckBox>},
-    {"QcRadioButton", NewButton<QcRadioButton>},
-    {"QcLineEdit", New<QcLineEdit>},
-    {"QcLineEditFrame", New<QcLineEditFrame>},
-    {"QcTextEditFrame", New<QcTextEditFrame>},
-    {"QcTextEditLimiter", New<QcTextEditLimiter>},
-    {"QcSpinBox", New<QcSpinBox>},
-    {"QcDoubleSpinBox", New<QcDoubleSpinBox>},
-    {"QcSelector", New<QcSelector>},
-    {"QCSlider", New<QCSlider>},
-    {"QcMultiLineText", NewText},
-    {"QcSplitter", NewHandle},
-    {"QcDockAreaTabBarButton", NewTab},
-};
+QWidget *NewTabs(QWidget *page)
+{
+    auto *tabs = new QTabWidget(page);
+    tabs->addTab(new QWidget, QStringLiteral("One"));
+    tabs->addTab(new QWidget, QStringLiteral("Two"));
+    return tabs;
+}
+
+QWidget *NewTable(QWidget *page)
+{
+    auto *table = new QTableWidget(2, 2, page);
+    table->setCurrentCell(0, 0);
+    return table;
+}
+
+QWidget *NewTree(QWidget *page)
+{
+    auto *tree = new QTreeWidget(page);
+    tree->addTopLevelItems({new QTreeWidgetItem({QStringLiteral("One")}), new QTreeWidgetItem({QStringLiteral("Two")})});
+    tree->setCurrentItem(tree->topLevelItem(0));
+    return tree;
+}
+
+QWidget *NewLinks(QWidget *page)
+{
+    auto *label = new QLabel(QStringLiteral("Some words and <a href=\"x\">a link</a>"), page);
+    label->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    return label;
+}
+
+QWidget *NewButtonBox(QWidget *page)
+{
+    return new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, page);
+}
 
 const Case kPlain[] = {
     {"QPushButton", NewButton<QPushButton>},
@@ -137,7 +97,12 @@ const Case kPlain[] = {
     {"QPlainTextEdit", New<QPlainTextEdit>},
     {"QTextBrowser", New<QTextBrowser>},
     {"QListWidget", NewList},
-    {"QTreeWidget", New<QTreeWidget>},
+    {"QTreeWidget", NewTree},
+    {"QTableWidget", NewTable},
+    {"QTabWidget", NewTabs},
+    {"QLabel", NewLinks},
+    {"QDialogButtonBox", NewButtonBox},
+    {"QDoubleSpinBox", New<QDoubleSpinBox>},
     {"QScrollArea", New<QScrollArea>},
     {"QGraphicsView", New<QGraphicsView>},
     {"QCalendarWidget", New<QCalendarWidget>},
@@ -232,7 +197,11 @@ class TestFocusRingOfEachClass : public TestCase
 
 private:
     void SetUp() override { SetKeyboardCuesEnabled(false); }
-    void TearDown() override { SetKeyboardCuesEnabled(false); }
+    void TearDown() override
+    {
+        SetKeyboardCuesEnabled(false);
+        SetPlainWidgetsFollowTable(false);
+    }
 
 private Q_SLOTS:
     /// A new control belongs into one of the lists above.
@@ -255,15 +224,20 @@ private Q_SLOTS:
     void tab_shows_a_ring_on_it_data()
     {
         QTest::addColumn<Make>("make");
+        QTest::addColumn<bool>("followsTable");
         for (const Case &one : kKit)
-            QTest::newRow(one.className) << one.make;
-        for (const Case &one : kPlain)
-            QTest::newRow(one.className) << one.make;
+            QTest::newRow(one.className) << one.make << false;
+        for (const Case &one : kPlain) {
+            QTest::newRow(one.className) << one.make << false;
+            QTest::addRow("%s in the table's colours", one.className) << one.make << true;
+        }
     }
 
     void tab_shows_a_ring_on_it()
     {
         QFETCH(Make, make);
+        QFETCH(bool, followsTable);
+        SetPlainWidgetsFollowTable(followsTable);
         FocusStage stage;
         stage.Add<QcButton>(QRect(0, 0, 20, 24)); // has the keyboard at first
         QWidget *control = make(&stage);
@@ -313,6 +287,44 @@ private Q_SLOTS:
         edit->setFocus(Qt::TabFocusReason);
         const QFocusFrame *ring = RingIn(stage);
         QVERIFY(ring && ring->geometry() == frame->geometry().adjusted(-4, -4, 4, 4));
+    }
+
+    void a_view_shows_besides_on_which_item_the_keyboard_is_data()
+    {
+        QTest::addColumn<Make>("make");
+        QTest::addColumn<bool>("followsTable");
+        for (const bool followsTable : {false, true}) {
+            const char *colors = followsTable ? ", in the table's colours" : "";
+            QTest::addRow("list%s", colors) << Make(NewList) << followsTable;
+            QTest::addRow("tree%s", colors) << Make(NewTree) << followsTable;
+            QTest::addRow("table%s", colors) << Make(NewTable) << followsTable;
+        }
+    }
+
+    void a_view_shows_besides_on_which_item_the_keyboard_is()
+    {
+        QFETCH(Make, make);
+        QFETCH(bool, followsTable);
+        SetPlainWidgetsFollowTable(followsTable);
+        SetKeyboardCuesEnabled(true);
+        FocusStage stage;
+        auto *other = stage.Add<QcButton>(QRect(0, 0, 20, 24));
+        auto *view = static_cast<QAbstractItemView *>(make(&stage));
+        view->setGeometry(50, 50, 250, 150);
+        view->setSelectionMode(QAbstractItemView::NoSelection); // which would show it as well
+        QVERIFY(stage.Begin());
+        other->setFocus();
+        stage.Press(Qt::Key_Tab);
+        QVERIFY(view->hasFocus());
+        QVERIFY(RingIn(stage));
+        const QModelIndex first = view->currentIndex();
+        const QImage before = stage.Look();
+        stage.Press(Qt::Key_Down);
+        QVERIFY(view->currentIndex() != first);
+        const QRectF changed = Difference(before, stage.Look());
+        const QRect second = view->visualRect(view->currentIndex()).translated(view->viewport()->mapTo(&stage, QPoint()));
+        QVERIFY(changed.intersects(second));
+        QVERIFY(RingIn(stage)->geometry().intersects(view->geometry()));
     }
 
     void a_page_that_passes_its_focus_on_gets_none()

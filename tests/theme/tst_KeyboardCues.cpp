@@ -33,6 +33,9 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include <private/qobject_p.h>
+
+#include <algorithm>
 #include <memory>
 
 using namespace Velmora;
@@ -45,6 +48,31 @@ namespace {
 const QRect kPlace(40, 50, 100, 24);
 const QRect kOtherPlace(40, 150, 100, 24);
 const QString kToken = QStringLiteral("others/focus");
+
+/// What the program does, event by event in its order: who gets it, and what it is.
+class WorkLog : public QObject
+{
+public:
+    WorkLog() { qApp->installEventFilter(this); }
+    QStringList told;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        static const QSet<int> work = {QEvent::MetaCall,   QEvent::Timer, QEvent::Paint, QEvent::Move,          QEvent::Resize,
+                                       QEvent::ChildAdded, QEvent::Show,  QEvent::Hide,  QEvent::DeferredDelete};
+        if (work.contains(event->type()))
+            told += QStringLiteral("%1 %2").arg(QLatin1String(watched->metaObject()->className())).arg(event->type());
+        return false;
+    }
+};
+
+int FiltersOf(QObject &object)
+{
+    const auto *extra = QObjectPrivate::get(&object)->extraData;
+    return extra ? int(std::count_if(extra->eventFilters.begin(), extra->eventFilters.end(), [](const auto &f) { return !f.isNull(); }))
+                 : 0;
+}
 
 /// A host's own control.
 class Plain : public QWidget
@@ -716,6 +744,46 @@ private Q_SLOTS:
         FinishPainting();
         QCOMPARE(control.Take(), 1);
         QCOMPARE(ring.Take(), 0);
+    }
+
+    void where_nothing_has_the_keyboard_it_does_nothing()
+    {
+        const auto filters = [this] {
+            QVector<int> counts;
+            for (QObject *object : QObjectList{qApp, m_stage.get(), m_first, m_second, m_elsewhere})
+                counts.append(FiltersOf(*object));
+            return counts;
+        };
+        // What a user and a program do, after a walk with Tab, and all the work that comes of it.
+        const auto happenings = [this] {
+            m_stage->setFocusPolicy(Qt::NoFocus);
+            if (QWidget *focus = QApplication::focusWidget())
+                focus->clearFocus();
+            FinishPainting();
+            WorkLog log;
+            m_stage->Press(Qt::Key_A);
+            m_stage->Press(Qt::Key_Left);
+            m_stage->Press(Qt::Key_Return);
+            m_elsewhere->move(m_elsewhere->pos() == QPoint(370, 280) ? QPoint(360, 280) : QPoint(370, 280));
+            m_elsewhere->raise();
+            m_first->update();
+            m_second->setFixedWidth(m_second->width() == 90 ? 100 : 90);
+            QTest::mouseMove(m_stage->windowHandle(), QPoint(200, 100));
+            DrainEvents();
+            return log.told;
+        };
+        SetKeyboardCuesEnabled(false);
+        QVERIFY(m_stage->Begin());
+        happenings(); // what happens the first time only
+        const QStringList without = happenings();
+        const QVector<int> filtersWithout = filters();
+        SetKeyboardCuesEnabled(true);
+        Arrive();
+        QVERIFY(filters() != filtersWithout);
+        happenings();
+        QCOMPARE(happenings(), without);
+        QVERIFY(!QApplication::focusWidget());
+        QCOMPARE(filters(), filtersWithout);
     }
 
     void one_step_of_the_keyboard_paints_the_ring_once()

@@ -12,6 +12,7 @@
 #include <Velmora/Translations.h>
 #include <Velmora/Veils.h>
 
+#include <QAbstractItemView>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFont>
@@ -115,8 +116,9 @@ private:
     }
 };
 
-/// Prints of which class each widget in sight is, and where on the screen, when a window gets a new title, as it does with each page:
-/// "class name x y width height", or "specimen" for one that is to be looked at only, and at last "classes" and the title.
+/// Prints of which class each widget in sight is, and where on the screen, when a window gets a new title, as it does with each page, and
+/// when something has moved since: "class name x y width height", or "specimen" for one that is to be looked at only, and at last
+/// "classes" and the title.
 class ClassPrinter : public QObject
 {
 public:
@@ -124,6 +126,8 @@ public:
         : QObject(window)
     {
         window->installEventFilter(this);
+        constexpr int kLookAgain = 250; // milliseconds
+        startTimer(kLookAgain);
     }
 
 protected:
@@ -134,20 +138,41 @@ protected:
         return false;
     }
 
+    void timerEvent(QTimerEvent * /*event*/) override { Print(); }
+
 private:
+    /// Of which a view tells assistive technology nothing, but of its items.
+    static bool LiesInItemView(const QWidget &widget)
+    {
+        const auto isViewport = [](const QWidget *ground) {
+            const auto *view = qobject_cast<const QAbstractItemView *>(ground->parentWidget());
+            return view && view->viewport() == ground;
+        };
+        const QWidget *ground = widget.parentWidget();
+        while (ground && !isViewport(ground))
+            ground = ground->parentWidget();
+        return ground;
+    }
+
     void Print()
     {
         const auto *window = static_cast<QWidget *>(parent());
-        QTextStream out(stdout);
+        QString text;
+        QTextStream out(&text);
         for (const QWidget *widget : window->findChildren<QWidget *>()) {
-            if (!widget->isVisible())
+            if (!widget->isVisible() || LiesInItemView(*widget))
                 continue;
             const QPoint at = widget->mapToGlobal(QPoint());
             out << (widget->property("isSpecimen").toBool() ? "specimen " : "class ") << widget->metaObject()->className() << ' ' << at.x()
                 << ' ' << at.y() << ' ' << widget->width() << ' ' << widget->height() << '\n';
         }
-        out << "classes " << window->windowTitle() << '\n' << Qt::flush;
+        out << "classes " << window->windowTitle() << '\n';
+        if (text != m_printed)
+            QTextStream(stdout) << text << Qt::flush;
+        m_printed = text;
     }
+
+    QString m_printed;
 };
 
 /// With a table of the user's choice, or else the one that the desktop wishes, now and later.

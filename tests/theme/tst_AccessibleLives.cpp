@@ -34,7 +34,8 @@ int ReadAll(QAccessibleInterface *one, int depth = 0)
     one->window();
     one->parent();
     one->focusChild();
-    for (const QAccessible::Text kind : {QAccessible::Name, QAccessible::Description, QAccessible::Value, QAccessible::Help, QAccessible::Accelerator})
+    for (const QAccessible::Text kind :
+         {QAccessible::Name, QAccessible::Description, QAccessible::Value, QAccessible::Help, QAccessible::Accelerator})
         one->text(kind);
     if (QAccessibleTextInterface *text = one->textInterface()) {
         int start = 0;
@@ -148,8 +149,9 @@ QWidget *NewLabelWithBuddy(QWidget *page)
 }
 
 const Case kOthers[] = {
-    {"a text of its own height", NewAdaptiveText}, {"QcSelector, editable", NewEditableSelector}, {"a button with a menu", NewMenuButton},
-    {"QcDockAreaTabFrame", NewTabs},               {"a label and its field", NewLabelWithBuddy},  {"QcMaskFrame", New<QcMaskFrame>},
+    {"a text of its own height", NewAdaptiveText}, {"QcSelector, editable", NewEditableSelector},
+    {"a button with a menu", NewMenuButton},       {"QcDockAreaTabFrame", NewTabs},
+    {"a label and its field", NewLabelWithBuddy},  {"QcMaskFrame", New<QcMaskFrame>},
 };
 
 void AddEach()

@@ -27,7 +27,8 @@ bool IsNameless(const QString &key)
 
 QHash<QString, QColor> ReadSettings(const QString &path)
 {
-    // QSettings reads keys as Latin-1 and leaves the bytes of a byte-order mark on a first key that stands in no section.
+    // QSettings of Qt 5 reads keys as Latin-1 and leaves the bytes of a byte-order mark on a first key that stands in no section; that of
+    // Qt 6 leaves the blanks behind them.
     const QString mark = QStringLiteral("\u00EF\u00BB\u00BF");
 
     QHash<QString, QColor> table;
@@ -36,13 +37,15 @@ QHash<QString, QColor> ReadSettings(const QString &path)
     table.reserve(keys.size());
     QString markedKey;
     for (const QString &key : keys) {
-        if (key.startsWith(mark))
+        if (IsNameless(key))
+            continue;
+        if (key.startsWith(mark) || key.at(0).isSpace())
             markedKey = key;
-        else if (!IsNameless(key))
+        else
             table.insert(key, ParseColor(settings.value(key).toStringList()));
     }
     // A later line of the same token wins, as it does without a mark.
-    const QString firstToken = markedKey.mid(mark.size()).trimmed();
+    const QString firstToken = markedKey.mid(markedKey.startsWith(mark) ? mark.size() : 0).trimmed();
     if (!firstToken.isEmpty() && !table.contains(firstToken))
         table.insert(firstToken, ParseColor(settings.value(markedKey).toStringList()));
     return table;

@@ -130,15 +130,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("family");
         const QString roboto = QStringLiteral("Roboto");
         const QString openSans = QStringLiteral("Open Sans Medium");
-        QTest::newRow("0") << 0 << QStringLiteral("text/text_primary") << 75 << 28 << roboto;
-        QTest::newRow("1") << 1 << QStringLiteral("text/text_primary") << 75 << 20 << roboto;
-        QTest::newRow("2") << 2 << QStringLiteral("text/text_primary") << 50 << 16 << openSans;
-        QTest::newRow("3") << 3 << QStringLiteral("text/text_secondary") << 50 << 16 << openSans;
-        QTest::newRow("4") << 4 << QStringLiteral("text/text_caption") << 75 << 14 << roboto;
-        QTest::newRow("5") << 5 << QStringLiteral("text/text_caption") << 75 << 12 << roboto;
-        QTest::newRow("6") << 6 << QStringLiteral("text/text_primary") << 50 << 12 << openSans;
-        QTest::newRow("7") << 7 << QStringLiteral("text/text_secondary") << 50 << 12 << openSans;
-        QTest::newRow("8") << 8 << QStringLiteral("text/text_tertairy") << 50 << 10 << openSans;
+        QTest::newRow("0") << 0 << QStringLiteral("text/text_primary") << int(QFont::Bold) << 28 << roboto;
+        QTest::newRow("1") << 1 << QStringLiteral("text/text_primary") << int(QFont::Bold) << 20 << roboto;
+        QTest::newRow("2") << 2 << QStringLiteral("text/text_primary") << int(QFont::Normal) << 16 << openSans;
+        QTest::newRow("3") << 3 << QStringLiteral("text/text_secondary") << int(QFont::Normal) << 16 << openSans;
+        QTest::newRow("4") << 4 << QStringLiteral("text/text_caption") << int(QFont::Bold) << 14 << roboto;
+        QTest::newRow("5") << 5 << QStringLiteral("text/text_caption") << int(QFont::Bold) << 12 << roboto;
+        QTest::newRow("6") << 6 << QStringLiteral("text/text_primary") << int(QFont::Normal) << 12 << openSans;
+        QTest::newRow("7") << 7 << QStringLiteral("text/text_secondary") << int(QFont::Normal) << 12 << openSans;
+        QTest::newRow("8") << 8 << QStringLiteral("text/text_tertairy") << int(QFont::Normal) << 10 << openSans;
     }
 
     void styles_have_their_font_and_colour()
@@ -150,7 +150,7 @@ private Q_SLOTS:
         QFETCH(QString, family);
         QcLabel label;
         label.setType(QcLabel::LabelType(type));
-        QCOMPARE(label.font().weight(), weight);
+        QCOMPARE(int(label.font().weight()), weight);
         QCOMPARE(label.font().pixelSize(), pixelSize);
         QCOMPARE(label.font().families(), (QStringList{family, QStringLiteral("Microsoft YaHei UI")}));
 

@@ -237,7 +237,7 @@ void QcArrowTip::showEvent(QShowEvent *event)
     if (windowHandle() && parentWidget())
         windowHandle()->setTransientParent(parentWidget()->window()->windowHandle());
     WatchReference();
-    if (IsPlacedBeforeShown())
+    if (CompositorPlacesWindows())
         Place();
     adjustPositionAsync();
     QFrame::showEvent(event);

@@ -1,5 +1,7 @@
 #include "display/Unobtrusive_p.h"
 
+#include "core/ApplicationEvents_p.h"
+
 #include <QBasicTimer>
 #include <QEvent>
 #include <QGuiApplication>
@@ -29,12 +31,18 @@ public:
     }
 
 protected:
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::Show)
+        if (watched != m_window) {
+            HandOn(*watched);
+        } else if (event->type() == QEvent::Show) {
             BecomeTip();
-        else if (event->type() == QEvent::Move && m_window->isVisible())
+            WatchApplicationEvents(this, {QEvent::Show});
+        } else if (event->type() == QEvent::Hide) {
+            UnwatchApplicationEvents(this);
+        } else if (event->type() == QEvent::Move && m_window->isVisible()) {
             m_rest.start(kRestMs, this);
+        }
         return false;
     }
 
@@ -66,6 +74,17 @@ private:
         m_shownAt = Offset();
     }
 
+    /// A dialog of the window's, which is about to show, goes to what that belongs to: Qt's platform crashes where a popup has a window.
+    void HandOn(const QObject &shown) const
+    {
+        const auto *widget = qobject_cast<const QWidget *>(&shown);
+        QWindow *dialog = widget && widget->isWindow() ? widget->windowHandle() : nullptr;
+        const bool isPopup = dialog && (dialog->type() == Qt::Popup || dialog->type() == Qt::ToolTip);
+        const QWindow *handle = m_window->windowHandle();
+        if (dialog && !isPopup && handle && dialog != handle && dialog->transientParent() == handle && handle->type() == Qt::ToolTip)
+            dialog->setTransientParent(handle->transientParent());
+    }
+
     void ShowWhereItIs()
     {
         QWindow *handle = m_window->windowHandle();
@@ -83,17 +102,30 @@ private:
 
 } // namespace
 
-bool IsPlacedBeforeShown()
+bool CompositorPlacesWindows()
 {
     return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+void StandWherePut(QWidget &window)
+{
+    if (CompositorPlacesWindows())
+        new WaylandPlacer(&window); // the window's child
+}
+
+void BelongTo(QWidget &window, const QWidget &owner)
+{
+    if (!CompositorPlacesWindows())
+        return;
+    window.winId(); // makes its handle
+    window.windowHandle()->setTransientParent(owner.window()->windowHandle());
 }
 
 void MakeUnobtrusive(QWidget &window)
 {
     window.setAttribute(Qt::WA_ShowWithoutActivating);
     window.setAttribute(Qt::WA_QuitOnClose, false);
-    if (IsPlacedBeforeShown())
-        new WaylandPlacer(&window); // the window's child
+    StandWherePut(window);
 }
 
 } // namespace Velmora

@@ -1,6 +1,7 @@
 #include "dock/DockDrag_p.h"
 
 #include "core/ApplicationEvents_p.h"
+#include "display/Unobtrusive_p.h"
 
 #include <Velmora/PostOwnedTask.h>
 #include <Velmora/QcDockDragController.h>
@@ -107,6 +108,12 @@ std::shared_ptr<Drag> TakeRunningDrag()
     return drag;
 }
 
+QPointer<const QWidget> &GroundOfDrag()
+{
+    static QPointer<const QWidget> ground;
+    return ground;
+}
+
 bool IsPage(QcDockWidget &panel)
 {
     const auto *stack = qobject_cast<QStackedWidget *>(panel.parentWidget());
@@ -123,6 +130,34 @@ void DockDrag::Begin(QcDockWidget *panel, QObject *owner, const std::function<vo
     drag->owner = owner;
     drag->letGo = letGo;
     Watch() = new DragWatch(drag); // deletes itself with the end of the drag
+    if (CompositorPlacesWindows()) {
+        GroundOfDrag() = panel->window();
+        panel->setAttribute(Qt::WA_DontShowOnScreen);
+    }
+}
+
+const QWidget *DockDrag::Ground()
+{
+    return GroundOfDrag();
+}
+
+void DockDrag::Reveal(QWidget &panel)
+{
+    if (!CompositorPlacesWindows() || !panel.testAttribute(Qt::WA_DontShowOnScreen))
+        return;
+    const QPointer<QWidget> living(&panel);
+    const bool wasVisible = panel.isVisible();
+    panel.hide();
+    if (!living)
+        return;
+    LetShow(panel);
+    panel.setVisible(wasVisible);
+}
+
+void DockDrag::LetShow(QWidget &panel)
+{
+    if (CompositorPlacesWindows())
+        panel.setAttribute(Qt::WA_DontShowOnScreen, false);
 }
 
 void DockDrag::PostStep(QcDockWidget *panel)

@@ -6,6 +6,7 @@
 
 QT_BEGIN_NAMESPACE
 class QObject;
+class QWidget;
 QT_END_NAMESPACE
 
 namespace Velmora {
@@ -17,6 +18,9 @@ class QcDockWidget;
 /// While it runs the application is watched for what else ends it: Escape; a left press, which shows that its release was lost to the
 /// window system or to a dialog; the end of the panel or of the owner. It then ends as a drop on nothing, and its steps that are still
 /// posted do nothing.
+///
+/// On Wayland a docked panel that is dragged is not on the screen: it could not follow the mouse, and would lie over the places to drop
+/// it at. It comes there when it is a window of its own in the end.
 struct DockDrag
 {
     /// Begins a drag of \a panel; one that still runs is cancelled. \a letGo is called when the drag ends by any road but its release:
@@ -40,6 +44,13 @@ struct DockDrag
     static void CancelLater();
     /// Cancel() if it is \a panel that is dragged.
     static void CancelOf(const QcDockWidget *panel);
+
+    /// On Wayland the window in which the drag began: where the mouse is, is known for that one only. Null elsewhere.
+    static const QWidget *Ground();
+    /// Puts a panel on the screen that has stayed a window after its drag.
+    static void Reveal(QWidget &panel);
+    /// Has a panel come on the screen when it shows next.
+    static void LetShow(QWidget &panel);
 
 private:
     static void Drop(QcDockWidget *panel);

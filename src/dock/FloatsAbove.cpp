@@ -1,5 +1,7 @@
 #include "dock/FloatsAbove_p.h"
 
+#include "display/Unobtrusive_p.h"
+
 #include <Velmora/QcDockContainer.h>
 #include <Velmora/QcDockWidget.h>
 
@@ -29,7 +31,7 @@ public:
         if (event->type() == QEvent::Hide)
             deleteLater();
         else if (event->type() == QEvent::Expose && window->isExposed())
-            RaiseFloats();
+            OnScreen();
         else if (event->type() == QEvent::FocusIn) {
             RaiseFloats();
             deleteLater();
@@ -38,6 +40,30 @@ public:
     }
 
 private:
+    void OnScreen()
+    {
+        if (CompositorPlacesWindows() && !m_wasOnScreen)
+            ShowFloatsAnew();
+        m_wasOnScreen = true;
+        RaiseFloats();
+    }
+
+    /// On Wayland they belong to no window if they have come before it.
+    void ShowFloatsAnew() const
+    {
+        QList<QPointer<QWidget>> shown;
+        const auto panels = m_root ? m_root->getDockWidgetWindow() : QList<QcDockWidget *>();
+        for (QcDockWidget *panel : panels)
+            if (panel->isVisible())
+                shown.append(panel);
+        for (const QPointer<QWidget> &panel : qAsConst(shown)) { // a host that hears of one may delete another
+            if (panel)
+                panel->hide();
+            if (panel)
+                panel->show();
+        }
+    }
+
     void RaiseFloats() const
     {
         if (!m_root)
@@ -47,6 +73,8 @@ private:
             if (panel->isVisible() && panel->windowHandle())
                 panel->windowHandle()->raise();
     }
+
+    bool m_wasOnScreen = false;
 
     const QPointer<QcDockContainer> m_root;
 };

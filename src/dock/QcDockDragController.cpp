@@ -1,6 +1,8 @@
 #include <Velmora/QcDockDragController.h>
 
 #include "core/LiesIn_p.h"
+#include "display/Unobtrusive_p.h"
+#include "dock/DockDrag_p.h"
 #include "dock/DockRegistry_p.h"
 #include "dock/DockTree_p.h"
 #include "dock/DropGeometry_p.h"
@@ -58,7 +60,11 @@ struct QcDockDragController::Private
     auto HitTest()
     {
         corners.clear();
-        return [this](T *entry) { return GlobalRect(*entry).contains(cursor) && !IsDoomed(entry) && !(dragged && LiesIn(entry, dragged)); };
+        const QWidget *ground = DockDrag::Ground();
+        return [this, ground](T *entry) {
+            return (!ground || entry->window() == ground) && GlobalRect(*entry).contains(cursor) && !IsDoomed(entry)
+                && !(dragged && LiesIn(entry, dragged));
+        };
     }
 
     QRect GlobalRect(const QWidget &widget)
@@ -173,12 +179,14 @@ void QcDockDragController::processDockWidgetDraging(QcDockWidget *panel)
         return;
     }
     const QRect areaRect = GlobalRect(*area);
-    ShowIndicatorOver(areaRect, getDockPostionList(panel, area));
+    const QPointer<QWidget> place(area);
+    ShowIndicatorOver(*area, getDockPostionList(panel, area));
     const QcDockContainer *outer = getOuterMostDockContainerUnderMouse();
     const DockPosition target = m_dockIndicator->TargetAt(m_private->cursor);
     if (goesOn())
         panel->SetDragTipVisible(!GlobalRect(*m_dockIndicator).contains(m_private->cursor));
-    ShowMask(MaskRect(target, areaRect, outer ? GlobalRect(*outer) : QRect()));
+    if (place)
+        ShowMask(MaskRect(target, areaRect, outer ? GlobalRect(*outer) : QRect()), *place);
     if (!goesOn())
         HideFeedback();
 }
@@ -200,6 +208,8 @@ void QcDockDragController::processDockWidgetDragFinished(QcDockWidget *panel)
         panel->setWindowStyle(true);
     else
         DockAt(panel, target, getInnerMostDockAreaUnderMouse(), getOuterMostDockContainerUnderMouse());
+    if (living)
+        DockDrag::Reveal(*panel);
 }
 
 void QcDockDragController::DockAt(QcDockWidget *panel, DockPosition target, QcDockArea *area, QcDockContainer *outer)
@@ -224,8 +234,11 @@ void QcDockDragController::Preview(QcDockWidget *panel, QcDockArea *area, QcDock
 {
     BeginStep(panel);
     m_dockIndicator->Choose(place, spoken);
-    ShowIndicatorOver(GlobalRect(*area), getDockPostionList(panel, area));
-    ShowMask(MaskRect(place, GlobalRect(*area), GlobalRect(*outer)));
+    const QRect mask = MaskRect(place, GlobalRect(*area), GlobalRect(*outer));
+    const QPointer<QWidget> living(area);
+    ShowIndicatorOver(*area, getDockPostionList(panel, area));
+    if (living)
+        ShowMask(mask, *living);
 }
 
 void QcDockDragController::EndPreview()
@@ -247,6 +260,8 @@ void QcDockDragController::CancelDrag(QcDockWidget *panel)
         panel->SetDragTipVisible(false);
     if (living && panel->isFloating())
         panel->setWindowStyle(true);
+    if (living)
+        DockDrag::Reveal(*panel);
 }
 
 /// Takes note of cursor and panel, and sees to indicator and mask, which a host may have deleted among all top-level windows.
@@ -265,16 +280,23 @@ void QcDockDragController::BeginStep(QcDockWidget *panel)
         m_dockMask = new QcDockMask(nullptr); // deleted by the destructor
 }
 
-void QcDockDragController::ShowIndicatorOver(const QRect &area, const QList<DockPosition> &offered)
+void QcDockDragController::ShowIndicatorOver(const QWidget &area, const QList<DockPosition> &offered)
 {
     m_dockIndicator->Offer(offered);
-    m_dockIndicator->move(IndicatorTopLeft(area, m_dockIndicator->size()));
+    const QRect place(IndicatorTopLeft(GlobalRect(area), m_dockIndicator->size()), m_dockIndicator->size());
+    if (CompositorPlacesWindows() && (m_dockIndicator->isHidden() || m_dockIndicator->geometry() != place)) {
+        HideFeedback();
+        BelongTo(*m_dockIndicator, area);
+    }
+    m_dockIndicator->move(place.topLeft());
     m_dockIndicator->RepaintChangedLabels(m_private->cursor);
     ShowOnTop(*m_dockIndicator);
 }
 
-void QcDockDragController::ShowMask(const QRect &rect)
+void QcDockDragController::ShowMask(const QRect &rect, const QWidget &area)
 {
+    if (CompositorPlacesWindows())
+        return ShowMaskAnew(rect, area);
     if (rect.isNull()) {
         m_dockMask->hide();
         return;
@@ -282,6 +304,22 @@ void QcDockDragController::ShowMask(const QRect &rect)
     m_dockMask->setGeometry(rect);
     if (ShowOnTop(*m_dockMask))
         m_dockIndicator->raise(); // its labels stay in sight
+}
+
+/// On Wayland, where only what belongs to a popup is sure to lie above it, and popups neither move nor rise: they come anew.
+void QcDockDragController::ShowMaskAnew(const QRect &rect, const QWidget &area)
+{
+    if (rect == (m_dockMask->isVisible() ? m_dockMask->geometry() : QRect()))
+        return;
+    m_dockIndicator->hide(); // before what it belongs to
+    m_dockMask->hide();
+    if (!rect.isNull()) {
+        BelongTo(*m_dockMask, area);
+        m_dockMask->setGeometry(rect);
+        m_dockMask->show();
+    }
+    BelongTo(*m_dockIndicator, rect.isNull() ? area : *m_dockMask);
+    m_dockIndicator->show();
 }
 
 void QcDockDragController::HideFeedback()

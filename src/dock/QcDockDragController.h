@@ -74,8 +74,9 @@ private:
 
     void BeginStep(QcDockWidget *panel);
     void CancelDrag(QcDockWidget *panel);
-    void ShowIndicatorOver(const QRect &area, const QList<DockPosition> &offered);
-    void ShowMask(const QRect &rect);
+    void ShowIndicatorOver(const QWidget &area, const QList<DockPosition> &offered);
+    void ShowMask(const QRect &rect, const QWidget &area);
+    void ShowMaskAnew(const QRect &rect, const QWidget &area);
     void HideFeedback();
     void DockAt(QcDockWidget *panel, DockPosition target, QcDockArea *area, QcDockContainer *outer);
     void Preview(QcDockWidget *panel, QcDockArea *area, QcDockContainer *outer, DockPosition place, const QString &spoken);

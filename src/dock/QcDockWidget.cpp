@@ -11,6 +11,7 @@
 #include "core/LiesIn_p.h"
 #include "core/OwnText_p.h"
 #include "display/TextStyles_p.h"
+#include "display/Unobtrusive_p.h"
 #include "dock/DockAccessible_p.h"
 #include "dock/DockDrag_p.h"
 #include "dock/DockFocus_p.h"
@@ -291,6 +292,8 @@ void QcDockWidget::EndFloating()
         if (self)
             destroy();
     }
+    if (self)
+        DockDrag::LetShow(*this);
     if (self && property(kWindowProperty).toBool()) // one made to be docked never had it
         setWindowStyle(false);
 }
@@ -353,8 +356,12 @@ void QcDockWidget::mousePressEvent(QMouseEvent *event)
     if (event->button() == Qt::LeftButton) {
         ForgetPress();
         if (m_titleFrame->isVisible() && m_titleFrame->geometry().contains(event->pos())) {
-            m_lastGlobalPos = QCursor::pos();
             m_resizing = IsResizeCursor(cursor().shape());
+            // On Wayland a window is moved by the compositor only, which does not tell where it is: it cannot be dropped.
+            if (!isWindow() || !CompositorPlacesWindows())
+                m_lastGlobalPos = QCursor::pos();
+            else if (!m_resizing)
+                m_windowHandler->StartMove(*event);
         }
     }
     QWidget::mousePressEvent(event);

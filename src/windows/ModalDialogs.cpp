@@ -4,6 +4,7 @@
 
 #include <QDebug>
 #include <QDialog>
+#include <QPointer>
 
 namespace Velmora {
 
@@ -14,9 +15,11 @@ int exec(QDialog *dialog, QWidget *referenceWidget)
         return -1;
     }
     // Asked for first: while the dialog takes its size, its host may do away with the reference.
-    const QWidget *window = referenceWidget->window();
+    const QPointer<const QWidget> window(referenceWidget->window());
     const QPoint centre = window->mapToGlobal(window->rect().center());
     SettleSize(*dialog);
+    if (window)
+        BelongOver(*dialog, *window);
     dialog->move(centre - dialog->rect().center());
     return dialog->exec();
 }

@@ -1,6 +1,7 @@
 #include <Velmora/QcMaskWindow.h>
 
 #include "core/InstallAccessible_p.h"
+#include "display/Unobtrusive_p.h"
 #include "windows/Veil_p.h"
 
 namespace Velmora {
@@ -11,6 +12,7 @@ QcMaskWindow::QcMaskWindow(QWidget *parent)
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     InstallAccessible<VeilAccessible, QcMaskWindow>();
     SetUpVeil(*this);
+    StandWherePut(*this);
 }
 
 void QcMaskWindow::paintEvent(QPaintEvent * /*event*/)

@@ -4,9 +4,11 @@
 #include <Velmora/QcLabel.h>
 
 #include "buttons/IconButtonOfSize_p.h"
+#include "display/Unobtrusive_p.h"
 #include "windows/QcWindowHandler_p.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QSpacerItem>
 #include <QVBoxLayout>
 
@@ -178,12 +180,22 @@ void SettleSize(QWidget &window)
     }
 }
 
+void BelongOver(QWidget &window, const QWidget &reference)
+{
+    if (window.windowType() == Qt::Dialog && !window.parentWidget())
+        BelongTo(window, reference);
+}
+
 void ShowCentredOn(QWidget &window, const QWidget *reference)
 {
     if (!reference)
         return;
-    const QRect r = reference->window()->geometry(); // first: while the window takes its size, its host may do away with the reference
+    // First: while the window takes its size, its host may do away with the reference.
+    const QRect r = reference->window()->geometry();
+    const QPointer<const QWidget> over(reference);
     SettleSize(window);
+    if (over)
+        BelongOver(window, *over);
     window.move(r.x() + (r.width() - window.width()) / 2, r.y() + (r.height() - window.height()) / 2);
     window.show();
 }

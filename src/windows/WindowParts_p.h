@@ -110,6 +110,10 @@ QcWindowHandler *MakeHandler(QWidget &window, QWidget *titleRow);
 /// Gives \a window the size now that it would take when shown: what centres it before would otherwise miss.
 void SettleSize(QWidget &window);
 
+/// On Wayland, where no program centres a dialog: has a dialog without a parent belong to the window of \a reference, over which most
+/// compositors show it then.
+void BelongOver(QWidget &window, const QWidget &reference);
+
 /// Moves \a window so that it is centred on the window of \a reference, and shows it. Nothing happens if that is null.
 void ShowCentredOn(QWidget &window, const QWidget *reference);
 

@@ -31,10 +31,36 @@ def wait_for(condition, what, timeout=TIMEOUT):
         time.sleep(0.02)
 
 
-class Desktop:
-    """An X server on a free display number, with screens side by side, and a window manager; close() ends all that was started on it."""
+def steer(geometry, point_at, press, start, by, expected):
+    """Presses at a place and moves by as much until a window is as expected, as a hand does, which looks where the window is: the window
+    manager takes the pointer over when it gets around to it, and counts from where the pointer is then."""
+    before = last = geometry()
+    end = (start[0] + by[0], start[1] + by[1])
+    at = start
+    point_at(*at)
+    press()
 
-    def __init__(self, width, height, screens=1):
+    def arrives():
+        nonlocal at, last
+        now, previous = geometry(), last
+        last = now
+        if now == expected:
+            return previous == expected # at rest
+        if now == before:
+            at = start if at == end else end
+        elif now == previous:
+            at = tuple(at[axis] + (expected[axis] - now[axis] or expected[axis + 2] - now[axis + 2]) for axis in (0, 1))
+        point_at(*at)
+        return False
+
+    wait_for(arrives, f"{expected} after a drag", 20)
+
+
+class Desktop:
+    """An X server on a free display number, with screens side by side, a window manager, and with a compositing manager only if told to
+    have one; close() ends all that was started on it."""
+
+    def __init__(self, width, height, screens=1, compositing=False):
         self.manager = chosen_manager()
         self.folder = tempfile.mkdtemp(prefix="desktop-")
         self.processes = []
@@ -54,6 +80,8 @@ class Desktop:
             if screens > 1:
                 self._start_screens(width, height, screens)
             self._start_window_manager()
+            if compositing:
+                self.start(["xcompmgr", "-n"], log="compositor.log") # no shadows but the windows' own
         except BaseException:
             self.close()
             raise
@@ -202,29 +230,9 @@ class Desktop:
         self.release(button)
 
     def drag_until(self, window, start, by, expected, button=1):
-        """As a hand does it, which holds the button and looks where the window is: the window manager takes the pointer over when
-        it gets around to it, and counts from where the pointer is then."""
-        before = last = self.geometry(window)
-        end = (start[0] + by[0], start[1] + by[1])
-        at = start
-        self.point_at(*at)
-        self.press(button)
-
-        def arrives():
-            nonlocal at, last
-            now, previous = self.geometry(window), last
-            last = now
-            if now == expected:
-                return previous == expected # at rest
-            if now == before:
-                at = start if at == end else end
-            elif now == previous:
-                at = tuple(at[axis] + (expected[axis] - now[axis] or expected[axis + 2] - now[axis + 2]) for axis in (0, 1))
-            self.point_at(*at)
-            return False
-
+        """With the button held until the window is where it is to be."""
         try:
-            wait_for(arrives, f"{expected} after a drag", 20)
+            steer(lambda: self.geometry(window), self.point_at, lambda: self.press(button), start, by, expected)
         finally:
             self.release(button)
             # Qt names the left button to the window manager, whose move ends with a release of that one.

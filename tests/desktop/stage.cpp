@@ -4,10 +4,14 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcArrowTip.h>
 #include <Velmora/QcDialog.h>
+#include <Velmora/QcLoadingDialog.h>
+#include <Velmora/QcMaskFrame.h>
+#include <Velmora/QcMaskWindow.h>
 #include <Velmora/QcMenu.h>
 #include <Velmora/QcMenuTextButton.h>
 #include <Velmora/QcNotificationManager.h>
 #include <Velmora/QcPrimaryButton.h>
+#include <Velmora/QcProgressDialog.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/QcToastManager.h>
@@ -111,10 +115,10 @@ QAbstractButton *SetUp(Window &window, const QString &option)
     return AddButton(window.getContentFrame());
 }
 
-/// A dialog over the window, run until it is answered.
-void Ask(QWidget *window)
+/// A dialog over the window, which it belongs to unless told otherwise, run until it is answered.
+void Ask(QWidget *window, bool isOwned = true)
 {
-    QcDialog dialog(window);
+    QcDialog dialog(isOwned ? window : nullptr);
     dialog.setTitle(QStringLiteral("Question"));
     dialog.setWindowTitle(QStringLiteral("question"));
     dialog.setBottomFrameVisible(true);
@@ -151,6 +155,8 @@ int ShowWindow(const QString &option)
     QObject::connect(&window, &QcWindow::signalClose, [] { Say(QStringLiteral("closed")); });
     if (option == QLatin1String("asking"))
         QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { Ask(&window); });
+    if (option == QLatin1String("asking-alone"))
+        QObject::connect(button, &QAbstractButton::clicked, &window, [&window] { Ask(&window, false); });
     if (option == QLatin1String("keeping"))
         window.getTitleFrame()->installEventFilter(new PressKeeper(&window)); // the window's
     QcArrowTip tip(&window);
@@ -350,6 +356,54 @@ int ShowNotifications()
     });
 }
 
+/// The progress of work over the window that began it. It tells of being cancelled.
+int ShowProgress()
+{
+    QcWindow window(nullptr);
+    return ShowWithField(window, [&] {
+        auto *progress = QcProgressDialog::getInstance();
+        progress->setParent(&window);
+        progress->setObjectName(QStringLiteral("progress"));
+        progress->setWindowTitle(QStringLiteral("progress"));
+        progress->setRange(0, 4);
+        progress->setValue(3);
+        QObject::connect(progress, &QDialog::rejected, &window, [] { Say(QStringLiteral("cancelled")); });
+        progress->show();
+    });
+}
+
+/// A veil over a window with a button and a field, as told with a button of its own, which asks something in a dialog of the veil's and
+/// then lifts it, or with the loading dialog in it.
+int ShowVeil(const QString &option)
+{
+    QcWindow window(nullptr);
+    AddButton(window.getContentFrame());
+    return ShowWithField(window, [&] {
+        const bool isApart = option == QLatin1String("apart");
+        QFrame *veil = isApart ? static_cast<QFrame *>(new QcMaskWindow(&window)) : new QcMaskFrame(&window); // the window's
+        veil->setObjectName(QStringLiteral("veil"));
+        veil->setGeometry(isApart ? window.geometry() : window.rect());
+        if (option == QLatin1String("loading")) {
+            auto *loading = QcLoadingDialog::getInstance();
+            loading->setObjectName(QStringLiteral("loading"));
+            veil->layout()->addWidget(loading);
+            loading->show();
+        } else {
+            auto *lift = new QcPrimaryButton(veil);
+            lift->setObjectName(QStringLiteral("lift"));
+            lift->setText(QStringLiteral("Lift"));
+            veil->layout()->addWidget(lift);
+            veil->layout()->setAlignment(lift, Qt::AlignBottom);
+            QObject::connect(lift, &QAbstractButton::clicked, veil, [veil] {
+                Ask(veil);
+                veil->hide();
+                Say(QStringLiteral("lifted"));
+            });
+        }
+        veil->show();
+    });
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -373,6 +427,10 @@ int main(int argc, char **argv)
         return ShowSelector();
     if (what == QLatin1String("toast"))
         return ShowToast(arguments.value(2));
+    if (what == QLatin1String("progress"))
+        return ShowProgress();
+    if (what == QLatin1String("veil"))
+        return ShowVeil(arguments.value(2));
     if (what == QLatin1String("notifications"))
         return ShowNotifications();
     return 1;

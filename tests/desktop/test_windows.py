@@ -20,6 +20,19 @@ def token(name):
         return re.search(rf"^{re.escape(name)} *= *(#\w{{6}})", file.read(), re.MULTILINE).group(1).lower()
 
 
+def blended(name, ground):
+    """A token of the light table with an alpha, over a colour."""
+    with open(os.path.join(TABLES, "blue_light.ini"), encoding="utf-8-sig") as file:
+        color, alpha = re.search(rf"^{re.escape(name)} *= *#(\w{{6}}), *([0-9.]+)", file.read(), re.MULTILINE).groups()
+    parts = ((int(color[i:i + 2], 16), int(ground[i + 1:i + 3], 16)) for i in (0, 2, 4))
+    return "#" + "".join(f"{round(over * float(alpha) + under * (1 - float(alpha))):02x}" for over, under in parts)
+
+
+def are_alike(one, other):
+    """But for the last bit or two, by which two ways to blend differ."""
+    return all(abs(int(one[i:i + 2], 16) - int(other[i:i + 2], 16)) <= 3 for i in (1, 3, 5))
+
+
 class Stage:
     """The program that shows one window and tells how it is."""
 
@@ -38,7 +51,7 @@ class Stage:
         wait_for(lambda: self.active and (self.maximized or self.geometry[2:] == (400, 300)), "the stage's window")
         self.window = wait_for(lambda: self.windows("main window"), "the stage's window on the desktop")[0]
         # Shown is not yet painted, and the window manager may still place it.
-        wait_for(lambda: self.desktop.pixel(*self.inside(200, 60)) == token("bg/bg_box") or kind[0] in ("panel", "framed"),
+        wait_for(lambda: self.desktop.pixel(*self.inside(200, 60)) == token("bg/bg_box") or kind[0] in ("panel", "framed", "veil"),
                  "the window's ground")
 
     def _read(self):

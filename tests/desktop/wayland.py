@@ -11,34 +11,35 @@ import tempfile
 from desktop import MESSAGE_PATTERN, TIMEOUT, wait_for
 
 WIDTH, HEIGHT = 1600, 1100 # all of the gallery
-PLACE = (200, 150) # of each window
+PLACE = (200, 150) # of each main window
 
-# Windows as on other desktops, none of them tiled.
+# Main windows as on other desktops, and not tiled; what belongs to them is left to the compositor.
 CONFIG = f"""
 output HEADLESS-1 resolution {WIDTH}x{HEIGHT} position 0,0 bg #000000 solid_color
+default_border none
 default_floating_border none
 focus_follows_mouse no
+for_window [app_id=".*"] border none
 xwayland disable
-for_window [app_id=".*"] floating enable, move position {PLACE[0]} {PLACE[1]}
+for_window [title="^(main window|window|window2|.*Velmora Gallery)$"] floating enable, border none, move position {PLACE[0]} {PLACE[1]}
 """
 
 
-class Mouse:
-    """A pointer of the compositor's, without which it has none: a client of its virtual pointers, which speaks their protocol."""
+class Device:
+    """A device of the compositor's, without which it has none: a client of its virtual devices, which speaks their protocols."""
 
-    DISPLAY, REGISTRY, CALLBACK, SEAT, MANAGER, POINTER = range(1, 7)
-    LEFT_BUTTON = 0x110
+    DISPLAY, REGISTRY, CALLBACK, SEAT, MANAGER, DEVICE = range(1, 7)
 
-    def __init__(self, path):
+    def __init__(self, path, manager):
         self.socket = socket.socket(socket.AF_UNIX)
         self.socket.connect(path)
         self.time = 0
         self._send(self.DISPLAY, 1, struct.pack("=I", self.REGISTRY)) # get_registry
         self._send(self.DISPLAY, 0, struct.pack("=I", self.CALLBACK)) # sync: its answer ends the list
         names = self._read_registry()
-        for number, interface in ((self.SEAT, "wl_seat"), (self.MANAGER, "zwlr_virtual_pointer_manager_v1")):
+        for number, interface in ((self.SEAT, "wl_seat"), (self.MANAGER, manager)):
             self._send(self.REGISTRY, 0, struct.pack("=I", names[interface]) + self._text(interface) + struct.pack("=II", 1, number)) # bind
-        self._send(self.MANAGER, 0, struct.pack("=II", self.SEAT, self.POINTER)) # create_virtual_pointer
+        self._send(self.MANAGER, 0, struct.pack("=II", self.SEAT, self.DEVICE)) # create_virtual_pointer, create_virtual_keyboard
 
     def close(self):
         self.socket.close()
@@ -48,8 +49,12 @@ class Mouse:
         data = text.encode() + b"\0"
         return struct.pack("=I", len(data)) + data + b"\0" * (-len(data) % 4)
 
-    def _send(self, target, request, data):
-        self.socket.sendall(struct.pack("=II", target, (8 + len(data)) << 16 | request) + data)
+    def _send(self, target, request, data, files=()):
+        message = struct.pack("=II", target, (8 + len(data)) << 16 | request) + data
+        if files:
+            socket.send_fds(self.socket, [message], files)
+        else:
+            self.socket.sendall(message)
 
     def _receive(self, size):
         data = b""
@@ -71,10 +76,17 @@ class Mouse:
                 name, length = struct.unpack_from("=II", data)
                 names[data[8:8 + length - 1].decode()] = name
 
+
+class Mouse(Device):
+    LEFT_BUTTON = 0x110
+
+    def __init__(self, path):
+        super().__init__(path, "zwlr_virtual_pointer_manager_v1")
+
     def _act(self, request, *numbers):
         self.time += 1
-        self._send(self.POINTER, request, struct.pack(f"={1 + len(numbers)}I", self.time, *numbers))
-        self._send(self.POINTER, 4, b"") # frame
+        self._send(self.DEVICE, request, struct.pack(f"={1 + len(numbers)}I", self.time, *numbers))
+        self._send(self.DEVICE, 4, b"") # frame
 
     def point_at(self, x, y):
         self._act(1, x, y, WIDTH, HEIGHT)
@@ -91,13 +103,51 @@ class Mouse:
         self.release()
 
 
+class Keyboard(Device):
+    """Of the layout of the United States."""
+
+    KEYMAP = b"""xkb_keymap {
+        xkb_keycodes { include "evdev+aliases(qwerty)" };
+        xkb_types { include "complete" };
+        xkb_compat { include "complete" };
+        xkb_symbols { include "pc+us+inet(evdev)" };
+    };\0"""
+    # As the kernel numbers them.
+    KEYS = {"Escape": 1, "Tab": 15, "Return": 28, "Up": 103, "Left": 105, "Right": 106, "Down": 108, "F4": 62, "F10": 68,
+            "a": 30, "b": 48, "c": 46}
+    MODIFIERS = {"shift": 1, "ctrl": 4, "alt": 8} # as bits of the keymap
+
+    def __init__(self, path):
+        super().__init__(path, "zwp_virtual_keyboard_manager_v1")
+        keymap = os.memfd_create("keymap")
+        os.write(keymap, self.KEYMAP)
+        self._send(self.DEVICE, 0, struct.pack("=II", 1, len(self.KEYMAP)), [keymap]) # keymap
+        os.close(keymap)
+
+    def _hold(self, modifiers):
+        self._send(self.DEVICE, 2, struct.pack("=IIII", modifiers, 0, 0, 0)) # modifiers
+
+    def tap(self, *chords):
+        """Each a key, or a key with modifiers, as "shift+F10"."""
+        for chord in chords:
+            *modifiers, key = chord.split("+")
+            self._hold(sum(self.MODIFIERS[name] for name in modifiers))
+            for state in (1, 0):
+                self.time += 1
+                self._send(self.DEVICE, 1, struct.pack("=III", self.time, self.KEYS[key], state)) # key
+            self._hold(0)
+
+    def type(self, text):
+        self.tap(*text)
+
+
 class WaylandDesktop:
     """A compositor; close() ends all that was started on it."""
 
     def __init__(self):
         self.folder = tempfile.mkdtemp(prefix="wayland-")
         self.processes = []
-        self.mouse = None
+        self.mouse = self.keyboard = None
         # It refuses to be root, who runs the tests on a bare machine: then it is nobody.
         self.nobody = {"user": "nobody", "group": "nogroup", "extra_groups": []} if os.geteuid() == 0 else {}
         compositor_folder = os.path.join(self.folder, "compositor") # a runtime folder belongs to who uses it
@@ -134,7 +184,7 @@ class WaylandDesktop:
         path = os.path.join(folder, name)
         self.environment["WAYLAND_DISPLAY"] = path
         wait_for(lambda: self.ask("get_outputs"), "its screen")
-        self.mouse = Mouse(path)
+        self.mouse, self.keyboard = Mouse(path), Keyboard(path)
 
     def start(self, command, log, environment=None, stdout=None, **how):
         with open(os.path.join(self.folder, log), "w", encoding="utf-8") as file:
@@ -151,6 +201,10 @@ class WaylandDesktop:
         result = subprocess.run(["swaymsg", "--socket", self.control, "--raw", "--type", question], stdin=subprocess.DEVNULL,
                                 env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=TIMEOUT, check=False)
         return json.loads(result.stdout) if result.returncode == 0 else None
+
+    def command(self, *words):
+        subprocess.run(["swaymsg", "--socket", self.control, "--quiet", "--", *words], stdin=subprocess.DEVNULL, env=self.environment,
+                       timeout=TIMEOUT, check=True)
 
     def windows_of(self, process):
         """The windows of a program by their titles: place and whether it has the keyboard. Popups are none."""
@@ -173,8 +227,9 @@ class WaylandDesktop:
         return "#" + result.stdout[-3:].hex()
 
     def close(self):
-        if self.mouse:
-            self.mouse.close()
+        for device in (self.mouse, self.keyboard):
+            if device:
+                device.close()
         for process in reversed(self.processes):
             if process.poll() is None:
                 process.terminate()

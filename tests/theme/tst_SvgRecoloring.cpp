@@ -1,3 +1,4 @@
+#include "support/ColorValue.h"
 #include "support/TestCase.h"
 #include "theme/SvgRecoloring_p.h"
 
@@ -19,7 +20,7 @@ const QString kWarning = QStringLiteral("QcStyleManager::GetAdjustedSvgData: Fai
 QColor Faint()
 {
     QColor color(0x10, 0x20, 0xAB);
-    color.setAlphaF(0.4);
+    color.setAlphaF(VelmoraTest::ColorValue(0.4));
     return color;
 }
 
@@ -188,7 +189,7 @@ private Q_SLOTS:
     void the_opacity_has_six_digits()
     {
         QColor color(Qt::black);
-        color.setAlphaF(0.7); // reads back as 0.700008
+        color.setAlphaF(VelmoraTest::ColorValue(0.7)); // reads back as 0.700008
         QCOMPARE(FirstShape(RecolorSvg(Document(QStringLiteral("<r fill='#FFFFFF'/>")), kPath, color)),
                  QStringLiteral("r fill=#000000 fill-opacity=0.700008"));
         QCOMPARE(FirstShape(RecolorSvg(Document(QStringLiteral("<r fill='#FFFFFF'/>")), kPath, QColor(1, 2, 3))),

@@ -16,7 +16,9 @@ using EnterEvent = QEnterEvent;
 /// Where QAbstractNativeEventFilter::nativeEventFilter() and QWidget::nativeEvent() put their result.
 using NativeResult = qintptr;
 #else
+/// What QWidget::enterEvent() takes: void enterEvent(Velmora::EnterEvent *event) override.
 using EnterEvent = QEvent;
+/// Where QAbstractNativeEventFilter::nativeEventFilter() and QWidget::nativeEvent() put their result.
 using NativeResult = long;
 #endif
 

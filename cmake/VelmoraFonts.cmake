@@ -67,7 +67,7 @@ endfunction()
 #     velmora_provide_fonts("${CMAKE_CURRENT_BINARY_DIR}/resources")
 #     velmora_add_resources(bundle "${CMAKE_CURRENT_BINARY_DIR}/resources/fonts.qrc")
 #
-# The fonts' licences are installed to share/doc/velmora.
+# The fonts' licences are installed to share/doc/velmora, or velmora-qt6.
 function(velmora_provide_fonts out_dir)
     set(roboto "${out_dir}/fonts/Roboto-Bold.ttf")
     set(open_sans "${out_dir}/fonts/OpenSans-Medium.ttf")
@@ -127,7 +127,7 @@ function(_velmora_install_licence_of_package package)
     set(copyright "/usr/share/doc/${package}/copyright")
     if(EXISTS "${copyright}")
         install(FILES "${copyright}"
-            DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/velmora"
+            DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/velmora${VELMORA_SUFFIX}"
             RENAME "copyright.${package}"
             COMPONENT Runtime
         )
@@ -143,7 +143,7 @@ function(_velmora_install_licences_of_folder folder)
     file(GLOB licences LIST_DIRECTORIES false
         "${folder}/LICENSE*" "${folder}/LICENCE*" "${folder}/OFL*" "${folder}/copyright*")
     if(licences)
-        install(FILES ${licences} DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/velmora" COMPONENT Runtime)
+        install(FILES ${licences} DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/velmora${VELMORA_SUFFIX}" COMPONENT Runtime)
     else()
         message(WARNING "${folder} holds no licence text (LICENSE*, OFL*, copyright*) to install beside the library.")
     endif()

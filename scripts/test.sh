@@ -3,7 +3,8 @@
 #
 #   format   clang-format has nothing to change
 #   dev      every test: unit and package tests, the fuzz targets' seeds, and the desktop tests under a window manager
-#   asan     the same without package and desktop tests, and at scale 1 alone, under the address and undefined-behaviour sanitizers
+#   dev6     the same with Qt 6, but for what tests no code twice
+#   asan     those of dev without package and desktop tests, and at scale 1 alone, under the address and undefined-behaviour sanitizers
 #   tsan     what uses threads, under the thread sanitizer
 #   docs     the API reference, in which a warning is an error
 #
@@ -19,7 +20,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 steps=("$@")
-[ ${#steps[@]} -gt 0 ] || steps=(format dev asan tsan docs)
+[ ${#steps[@]} -gt 0 ] || steps=(format dev dev6 asan tsan docs)
 
 # Chains of &&: a step's result is tested, and there the shell does not stop at a failing command by itself.
 build_and_test() {
@@ -27,6 +28,7 @@ build_and_test() {
 }
 format() { scripts/format.sh --check; }
 dev() { build_and_test dev; }
+dev6() { build_and_test dev6; }
 asan() { build_and_test asan; }
 monkey() {
     cmake --preset asan --log-level=WARNING && cmake --build --preset asan --target tst_DockMonkey tst_DockMutations || return
@@ -51,7 +53,9 @@ docs() { cmake --preset dev --log-level=WARNING && cmake --build --preset dev --
 for step in "${steps[@]}"; do
     declare -F "$step" >/dev/null || { echo "test.sh: no step named $step" >&2; exit 2; }
 done
-scripts/install_packages.sh build test docs
+sets=(build build5 test test5 designer5 docs)
+[[ " ${steps[*]} " != *" dev6 "* ]] || sets+=(build6 test6 designer6)
+scripts/install_packages.sh "${sets[@]}"
 summary=""
 for step in "${steps[@]}"; do
     echo "== $step"

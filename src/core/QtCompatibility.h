@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Velmora/VelmoraExport.h>
+
 #include <QtGlobal>
 
 QT_BEGIN_NAMESPACE

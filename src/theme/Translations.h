@@ -16,7 +16,8 @@ namespace Velmora {
 /// Those of a language that is written from right to left have the program laid out so, until a host sets a direction itself.
 ///
 /// It is the folder `translations` beside the library, where the build puts it and a host that ships the library with its program may,
-/// or else share/velmora/translations of the installed package, wherever that was moved. Looked up at each call.
+/// or else share/velmora/translations of the installed package (with Qt 6 share/velmora-qt6), wherever that was moved. Looked up at each
+/// call.
 VELMORA_EXPORT QString TranslationsFolder();
 
 } // namespace Velmora

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# build_with_pkg_config.sh SOURCE PROGRAM [FLAG...]: compiles, links and runs a host with its own flags and what pkg-config says.
+# build_with_pkg_config.sh PACKAGE SOURCE PROGRAM [FLAG...]: compiles, links and runs a host with its own flags and what pkg-config
+# says of the package.
 set -euo pipefail
-read -ra flags <<<"$(pkg-config --cflags --libs 'Velmora >= 1')"
-"$CXX" "${@:3}" "$1" -o "$2" "${flags[@]}"
-"$2"
+read -ra flags <<<"$(pkg-config --cflags --libs "$1 >= 1")"
+"$CXX" "${@:4}" "$2" -o "$3" "${flags[@]}"
+"$3"

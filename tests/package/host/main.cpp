@@ -27,10 +27,10 @@ int main(int argc, char **argv)
     }
 
     QTranslator german;
-    german.load(QLocale(QStringLiteral("de_AT")), QStringLiteral("velmora"), QStringLiteral("_"), Velmora::TranslationsFolder(),
-                QStringLiteral(".qm"));
+    const bool isLoaded = german.load(QLocale(QStringLiteral("de_AT")), QStringLiteral("velmora"), QStringLiteral("_"),
+                                      Velmora::TranslationsFolder(), QStringLiteral(".qm"));
     QCoreApplication::installTranslator(&german);
-    if (QCoreApplication::translate("QcWindow", "Close") != QStringLiteral("Schließen")) {
+    if (!isLoaded || QCoreApplication::translate("QcWindow", "Close") != QStringLiteral("Schließen")) {
         std::fprintf(stderr, "no German in %s\n", qPrintable(Velmora::TranslationsFolder()));
         return 4;
     }

@@ -16,7 +16,7 @@ int main(int argc, char **argv)
     const Velmora::QcWindow window;
     Check(window.windowTitle() == QStringLiteral("نافذة"), "a window is named in the user's language");
     Check(QGuiApplication::isRightToLeft(), "and laid out as that is written");
-    kitTexts.load(QLocale(QStringLiteral("it_IT")), "velmora", "_", Velmora::TranslationsFolder(), ".qm");
+    Check(kitTexts.load(QLocale(QStringLiteral("it_IT")), "velmora", "_", Velmora::TranslationsFolder(), ".qm"), "another one loads");
     for (int i = 0; i < 2; ++i) // the application hears of it first, and tells its windows
         QCoreApplication::processEvents();
     Check(window.windowTitle() == QStringLiteral("Window"), "and follows to another: English, where there is none");

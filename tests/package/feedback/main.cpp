@@ -1,5 +1,6 @@
 #include "busy.h"
 #include "count.h"
+#include "loop.h"
 #include "toasts.h"
 
 #include "../Check.h"
@@ -7,7 +8,7 @@
 #include <Velmora/QcMultiLineText.h>
 #include <Velmora/QcStyleManager.h>
 
-#include <QTimer>
+#include <QKeyEvent>
 
 #include <thread>
 
@@ -61,6 +62,79 @@ void CheckProgress()
     Check(*isCancelled, "Escape cancels");
 }
 
+/// Cancels the dialog as the user does.
+void PressEscape(QWidget *widget)
+{
+    QCoreApplication::postEvent(widget, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+}
+
+class PaintCounter : public QObject
+{
+public:
+    int count = 0;
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+void CheckLoop()
+{
+    auto *progress = Velmora::QcProgressDialog::getInstance();
+    PaintCounter paints;
+    progress->installEventFilter(&paints);
+    auto *window = new QWidget;
+    window->show();
+    Check(progress->windowModality() == Qt::NonModal, "the dialog is not modal at first");
+    int steps = 0;
+    const bool isWhole = doSteps(window, 50, [&](int) {
+        ++steps;
+        Check(QApplication::activeModalWidget() == progress, "nothing else can be used meanwhile");
+    });
+    Check(isWhole && steps == 50 && progress->value() == 50, "a loop is done to its end");
+    Check(paints.count > 0 && progress->isHidden(), "its dialog is seen, and goes");
+    steps = 0;
+    const bool isCancelled = !doSteps(window, 50, [&](int) {
+        if (++steps == 20)
+            PressEscape(progress);
+    });
+    Check(isCancelled && steps == 20, "Escape ends it");
+    steps = 0;
+    const bool isLost = !doSteps(window, 50, [&](int) {
+        if (++steps == 20)
+            delete window;
+    });
+    Check(isLost && steps == 20 && progress->isHidden(), "and so does the death of the window");
+}
+
+/// What setValue() of QProgressDialog does this one leaves to the host.
+void CheckLoopWithoutEvents()
+{
+    auto *progress = Velmora::QcProgressDialog::getInstance();
+    PaintCounter paints;
+    progress->installEventFilter(&paints);
+    progress->setWindowModality(Qt::WindowModal);
+    progress->show();
+    for (int done = 1; done <= 50; ++done)
+        progress->setValue(done);
+    Check(paints.count == 0, "a loop that handles no events shows no dialog");
+    progress->hide();
+    progress->setWindowModality(Qt::NonModal);
+}
+
+void CheckStart()
+{
+    QWidget window;
+    window.resize(500, 400);
+    window.show();
+    auto *manager = Velmora::QcToastManager::getInstance();
+    manager->showToast(QStringLiteral("Saved"), Velmora::QcToast::Success, &window, false);
+    const auto *toast = window.findChild<Velmora::QcToast *>();
+    Check(toast->y() == 67 && qAbs(toast->geometry().center().x() - 250) <= 1, "the first toast stands 67 pixels down, in the middle");
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -68,8 +142,11 @@ int main(int argc, char **argv)
     Velmora::QcApplication app(argc, argv);
     Velmora::QcStyleManager::GetInstance()->SetColorFilePath(QStringLiteral(":/colors/blue_light.ini"));
     app.Initialize();
+    CheckStart();
     CheckToasts();
     CheckBusy();
     CheckProgress();
+    CheckLoop();
+    CheckLoopWithoutEvents();
     return failures;
 }

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QTest>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -18,6 +19,15 @@ using namespace Velmora;
 QColor Token(const char *code)
 {
     return QcStyleManager::GetInstance()->GetColor(code);
+}
+
+/// \a color as it shows on \a ground.
+QColor Over(const QColor &color, const QColor &ground)
+{
+    QImage pixel(1, 1, QImage::Format_RGB32);
+    pixel.fill(ground);
+    QPainter(&pixel).fillRect(0, 0, 1, 1, color);
+    return pixel.pixelColor(0, 0);
 }
 
 bool Has(const QImage &look, const QColor &color)
@@ -57,6 +67,43 @@ void CheckToolBar()
     SetPlainWidgetsFollowTable(false);
 }
 
+/// One action in a menu and a tool bar: both ask its icon for Active, for a row that is highlighted and a button under the mouse.
+void CheckHighlight()
+{
+    SetPlainWidgetsFollowTable(true);
+    QMainWindow window;
+    auto *bar = window.addToolBar(QStringLiteral("Tools"));
+    QAction *close = bar->addAction(ThemedIcon::of(QStringLiteral(":/images/close.svg")), QStringLiteral("\u2007"));
+    QMenu *menu = window.menuBar()->addMenu(QStringLiteral("&File"));
+    QMenu *inner = menu->addMenu(ThemedIcon::of(QStringLiteral(":/images/close.svg")), QStringLiteral("\u2007"));
+    inner->addAction(close);
+    auto *button = static_cast<QToolButton *>(bar->widgetForAction(close));
+    for (const char *table : {"blue_light", "blue_dark", "contrast_light", "contrast_dark"}) {
+        UseTable(table);
+        Shot(window);
+        button->setAttribute(Qt::WA_UnderMouse); // as by the mouse
+        Check(Has(Shot(*button), Token("icon/icon_toolbar")), "the icon of a hovered tool button keeps its colour");
+        menu->popup(QPoint(0, 0));
+        menu->setActiveAction(inner->menuAction());
+        inner->popup(QPoint(100, 0));
+        inner->setActiveAction(close);
+        Drain();
+        for (QMenu *shown : {menu, inner}) {
+            const QRect row = shown->actionGeometry(shown->activeAction());
+            const QImage look = shown->grab(QRect(row.left(), row.top(), row.height() * 2, row.height())).toImage();
+            Check(Has(look, Over(Token("text/text_button"), Token("brand/brand_press"))),
+                  "that of a highlighted row has the colour of its text");
+        }
+        inner->setActiveAction(nullptr);
+        Drain();
+        Check(Has(inner->grab().toImage(), Token("icon/icon_toolbar")), "and its own again behind it");
+        menu->hide();
+        Drain();
+    }
+    UseTable("blue_light");
+    SetPlainWidgetsFollowTable(false);
+}
+
 void CheckMenuBar()
 {
     QMainWindow window;
@@ -82,5 +129,6 @@ void CheckMenuBar()
 void CheckIcons()
 {
     CheckToolBar();
+    CheckHighlight();
     CheckMenuBar();
 }

@@ -2,6 +2,7 @@
 
 #include "highlight.h"
 
+#include <Velmora/PlainWidgets.h>
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcFrame.h>
 #include <Velmora/QcPrimaryButton.h>
@@ -14,6 +15,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStyle>
+#include <QTableView>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -98,6 +100,24 @@ void CheckSheets()
     Check(label.font() == Large(), "and takes it again");
 }
 
+/// In a dark table that plain widgets follow.
+void CheckGroundOfTrees()
+{
+    Velmora::SetPlainWidgetsFollowTable(true);
+    UseTable("blue_dark");
+    QWidget window;
+    QTreeView tree(&window);
+    QTableView table(&window);
+    table.move(0, 200);
+    window.resize(200, 400);
+    const auto groundOf = [&](const QWidget &view) { return Shot(window).pixelColor(view.x() + 50, view.y() + 50); };
+    Check(groundOf(tree) != groundOf(table), "a tree has another ground than a table beside it");
+    Theme()->RegisterStyleSheet(&tree, QStringLiteral("QTreeView { background: ${bg/bg_float}; }"));
+    Check(groundOf(tree) == groundOf(table), "until it is given the table's");
+    Velmora::SetPlainWidgetsFollowTable(false);
+    UseTable("blue_light");
+}
+
 } // namespace
 
 void CheckProgram()
@@ -143,6 +163,7 @@ void CheckLooks()
 {
     CheckPlainWidgets();
     CheckSheets();
+    CheckGroundOfTrees();
     Velmora::QcFrame surface;
     surface.resize(40, 40);
     Check(Ignores(surface, [&] { surface.setFrameShape(QFrame::Box); }), "a frame shape plays no part in a surface");

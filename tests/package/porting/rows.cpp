@@ -4,6 +4,7 @@
 #include "line_up.h"
 
 #include <Velmora/QcMultiLineText.h>
+#include <Velmora/QcRadioButton.h>
 #include <Velmora/QcSelector.h>
 #include <Velmora/QcSpinBox.h>
 
@@ -47,6 +48,7 @@ struct Form
     QcDoubleSpinBox *amount = new QcDoubleSpinBox;
     QDateEdit *date = new QDateEdit;
     QcSelector *list = new QcSelector;
+    QcTextEditFrame *text = new QcTextEditFrame;
 
     Form()
     {
@@ -54,13 +56,15 @@ struct Form
         auto *rows = new QFormLayout(&window);
         for (QWidget *row : All())
             rows->addRow(row);
+        rows->addRow(text);
+        text->setText(QStringLiteral("H"));
         amount->bSetBorder(true);
         field->setText(QStringLiteral("H"));
         number->setPrefix(QStringLiteral("H                "));
         amount->setPrefix(QStringLiteral("H                "));
         date->setDisplayFormat(QStringLiteral("'H'                d"));
         list->addItem(QStringLiteral("H"));
-        window.resize(300, 200);
+        window.resize(300, 300);
         window.setFocusPolicy(Qt::StrongFocus);
         window.setFocus(); // or a field would show its cursor
         Shot(window);
@@ -88,6 +92,7 @@ void CheckLines()
     lineUp(form.number);
     lineUp(form.amount);
     lineUp(form.date);
+    lineUp(form.text);
     for (const char *table : {"blue_light", "contrast_light"}) {
         UseTable(table);
         Shot(form.window);
@@ -99,8 +104,23 @@ void CheckLines()
             Check(qAbs(ink.place.top() - wanted.place.top()) <= 1, "on one line");
             Check(ink.place.size() == wanted.place.size() && ink.color == wanted.color, "and look the same");
         }
+        const Ink ink = InkOf(*form.text);
+        Check(ink.place.left() == wanted.place.left() && ink.color == wanted.color, "that of a text edit in the same column");
     }
     UseTable("blue_light");
+    const QList<QWidget *> rows = form.All() << form.text;
+    for (QWidget *row : rows) {
+        row->setEnabled(false);
+        // Right of the text, and the border where no corner is.
+        const auto at = [&](int x, int y) { return Shot(form.window).pixelColor(row->mapTo(&form.window, QPoint(x, y))); };
+        const auto of = [&](int x, int y) { return Shot(form.window).pixelColor(form.list->mapTo(&form.window, QPoint(x, y))); };
+        form.list->setEnabled(false);
+        Check(at(100, 14) == of(100, 14) && at(100, 0) == of(100, 0), "disabled rows have one ground and one border");
+        if (row != form.list)
+            Check(InkOf(*row).color.lightness() > InkOf(*form.list).color.lightness(), "and all but a selector a pale text");
+    }
+    for (QWidget *row : rows)
+        row->setEnabled(true);
     form.number->setValue(7);
     form.number->stepUp();
     Check(form.number->value() == 8, "a number without buttons still steps");
@@ -119,6 +139,24 @@ void CheckLines()
     form.list->setFixedHeight(24);
     Shot(form.window);
     Check(form.list->height() == 24 && InkOf(*form.list).place.height() > 5, "a selector can be as low as a field");
+}
+
+void CheckRadioButton()
+{
+    UseTable("blue_dark");
+    QWidget ground;
+    ground.setPalette(QPalette(Qt::black));
+    QcRadioButton button(&ground);
+    button.setText(QStringLiteral("\u2588\u2588\u2588\u2588"));
+    button.resize(100, 28);
+    const auto text = [&] { return Shot(ground).copy(24, 0, 76, 28); };
+    const QImage enabled = text();
+    Check(enabled.pixelColor(20, 14) == QColor(Qt::white), "a radio button's text is white in a dark table");
+    const QImage circle = Shot(ground).copy(0, 0, 20, 28);
+    button.setEnabled(false);
+    Check(text() == enabled && Shot(ground).copy(0, 0, 20, 28) != circle, "of one that is disabled the circle alone pales");
+    UseTable("blue_light");
+    Check(Shot(ground).pixelColor(44, 14) == QColor(Qt::black), "in a light one it is black");
 }
 
 void CheckDim()
@@ -165,5 +203,6 @@ void CheckDim()
 void CheckRows()
 {
     CheckLines();
+    CheckRadioButton();
     CheckDim();
 }

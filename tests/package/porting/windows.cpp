@@ -107,6 +107,14 @@ void CheckShell()
     notes->setWindowTitle(QStringLiteral("Other notes"));
     Check(shell.windowTitle() == QStringLiteral("Other notes") && RowOf(shell) == QStringLiteral("Other notes"),
           "its title is the shell's");
+    notes->setWindowTitle(QStringLiteral("Notes[*]"));
+    Check(RowOf(shell) == QStringLiteral("Notes") && !shell.isWindowModified(), "the mark of changes shows in no row without changes");
+    notes->setWindowModified(true);
+    Check(RowOf(shell) == QStringLiteral("Notes*") && shell.isWindowModified(), "and with them as a star");
+    notes->setWindowTitle(QStringLiteral("More[*] notes"));
+    Check(RowOf(shell) == QStringLiteral("More* notes") && shell.windowTitle() == QStringLiteral("More[*] notes"), "under any title");
+    notes->setWindowModified(false);
+    Check(RowOf(shell) == QStringLiteral("More notes") && !shell.isWindowModified(), "until all is saved");
     Check(!shell.close() && shell.isVisible(), "it may refuse to be closed");
     notes->isSaved = true;
     Check(shell.close() && !shell.isVisible(), "or agree");

@@ -58,7 +58,7 @@ constexpr Role kRoles[] = {
 /// None of them fills itself with that.
 constexpr const char *kOutlinedClasses[] = {
     "QPushButton", "QToolButton", "QCheckBox",  "QRadioButton", "QLineEdit",    "QAbstractSpinBox", "QComboBox",
-    "QGroupBox",   "QTabBar",     "QTabWidget", "QSlider",      "QProgressBar", "QScrollBar",
+    "QGroupBox",   "QTabBar",     "QTabWidget", "QSlider",      "QProgressBar", "QScrollBar",       "QMenu",
 };
 
 /// Classes to which a desktop or its style gives a palette of their own.
@@ -186,8 +186,10 @@ PlainPalette::PlainPalette()
     , m_sheet(qApp->styleSheet())
 {
     const QWidgetList widgets = QApplication::allWidgets();
-    for (const QWidget *widget : widgets)
+    for (QWidget *widget : widgets) {
         IsNewOfKit(*widget);
+        MendDrawings(*widget);
+    }
     connect(QcStyleManager::GetInstance(), &QcStyleManager::SignalColorChanged, this, &PlainPalette::TakeOver);
     FollowPalette(true);
     WatchApplicationEvents(this, {QEvent::Polish, QEvent::StyleChange});
@@ -296,6 +298,12 @@ bool PlainPalette::IsNewOfKit(const QWidget &widget)
     return true;
 }
 
+void PlainPalette::MendDrawings(QWidget &widget)
+{
+    if (!m_ofKit.contains(widget.metaObject()->className()))
+        m_drawings.Mend(widget);
+}
+
 bool PlainPalette::eventFilter(QObject *watched, QEvent *event)
 {
     LookAtSheet();
@@ -306,6 +314,7 @@ bool PlainPalette::eventFilter(QObject *watched, QEvent *event)
         const QByteArray name = widget.metaObject()->className();
         KeepAsBefore(name, m_ofKit.value(name));
     }
+    MendDrawings(widget);
     if (qobject_cast<QCalendarWidget *>(&widget))
         ReplaceBakedColors(widget, QtsBakedColors(m_shown), m_baked);
     return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "theme/BakedColors_p.h"
+#include "theme/PlainDrawings_p.h"
 
 #include <QHash>
 #include <QObject>
@@ -44,6 +45,7 @@ private:
     void SetClasses();
     void KeepAsBefore(const QByteArray &name, const ClassChain &chain);
     bool IsNewOfKit(const QWidget &widget);
+    void MendDrawings(QWidget &widget);
 
     QPalette m_before;
     QPalette m_shown;
@@ -52,6 +54,7 @@ private:
     QSet<QByteArray> m_known;              // classes
     QHash<QByteArray, ClassChain> m_ofKit; // those of them whose palette stays as it was
     QString m_sheet;                       // of the application, as it was last seen
+    PlainDrawings m_drawings;
     bool m_isOurChange = false;
     bool m_isAsking = false;
     bool m_areClassesSet = false;

@@ -10,12 +10,15 @@
 #include <QDial>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMessageBox>
 #include <QStyleFactory>
 #include <QTableView>
 #include <QTextCharFormat>
+#include <QToolBar>
 #include <QToolButton>
 #include <QToolTip>
 
@@ -36,6 +39,55 @@ double WantedOfDrawings(const QString &table)
 double ContrastOn(QWidget &widget, const QColor &ground)
 {
     return Contrast(InkColor(Render(widget, ground), ground), ground);
+}
+
+/// How much the pixels of \a part stand out of the one in its corner.
+double ContrastIn(const QImage &picture, const QRect &part)
+{
+    const QImage image = Part(picture, part);
+    const QColor ground = image.pixelColor(0, 0);
+    return Contrast(InkColor(image, ground), ground);
+}
+
+/// A column through the middle of \a action, from above to below it.
+QRect Across(const QMenu &menu, QAction *action)
+{
+    const QRect item = menu.actionGeometry(action);
+    return QRect(item.center().x(), item.top(), 1, item.height());
+}
+
+/// The box before its label.
+QRect BoxOf(const QMenu &menu, QAction *action)
+{
+    return menu.actionGeometry(action).adjusted(1, 1, 0, -1).intersected(QRect(0, 0, 20, 1000));
+}
+
+QToolButton *ArrowsOf(const QToolBar &bar)
+{
+    return bar.findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button"));
+}
+
+void FillTooFull(QToolBar &bar)
+{
+    for (int i = 0; i < 20; ++i)
+        bar.addAction(QStringLiteral("Action"));
+}
+
+/// What is painted of the left edge of \a group, half way down.
+QImage EdgeOf(QGroupBox &group)
+{
+    return Part(Render(group), QRect(0, group.height() / 2, 6, 1));
+}
+
+/// \a visit with each table, whose name it gets.
+template <typename Visit>
+void InEveryTable(const Visit &visit)
+{
+    for (const QString &table : TableNames()) {
+        UseTableNamed(table);
+        DrainEvents();
+        visit(table);
+    }
 }
 
 QFont LargeFont(const QWidget &widget)
@@ -184,6 +236,130 @@ private Q_SLOTS:
                          qPrintable(QStringLiteral("%1 in %2: %3").arg(QLatin1String(name), table).arg(contrast)));
             }
         }
+    }
+
+    void separators_and_empty_boxes_of_a_menu_can_be_seen()
+    {
+        QMenu menu;
+        menu.addAction(QStringLiteral("Open"));
+        QAction *separator = menu.addSeparator();
+        QAction *box = menu.addAction(QStringLiteral("Empty"));
+        box->setCheckable(true);
+        QAction *section = menu.addSection(QStringLiteral("S"));
+        menu.addAction(QStringLiteral("A label that is long enough"));
+        menu.popup(QPoint(10, 10));
+        InEveryTable([&](const QString &table) {
+            const QImage picture = Render(menu);
+            for (const QRect &part : {Across(menu, separator), BoxOf(menu, box), Across(menu, section)}) {
+                const double contrast = ContrastIn(picture, part);
+                QVERIFY2(contrast >= WantedOfDrawings(table), qPrintable(QStringLiteral("%1: %2").arg(table).arg(contrast)));
+            }
+        });
+    }
+
+    void the_title_of_a_section_stays_and_its_line_stands_beside_it()
+    {
+        UseTable(Table::Dark);
+        QMenu menu;
+        menu.addAction(QStringLiteral("Open"));
+        QAction *section = menu.addSection(QString(5, QChar(0x2588)));
+        menu.addAction(QStringLiteral("A label that is long enough"));
+        menu.popup(QPoint(10, 10));
+        DrainEvents();
+        const QRect item = menu.actionGeometry(section);
+        const QImage picture = Render(menu);
+        COMPARE_COLOR(PixelAt(picture, QPointF(item.right() - 20, item.center().y())), menu.palette().color(QPalette::Window).darker(140));
+        COMPARE_COLOR(PixelAt(picture, QPointF(item.left() + 15, item.center().y())), menu.palette().color(QPalette::Text));
+    }
+
+    void a_hosts_separators_win()
+    {
+        UseTable(Table::Dark);
+        QMenu menu;
+        menu.setStyleSheet(QStringLiteral("QMenu::separator { height: 9px; background: #ff00ff }"));
+        menu.addAction(QStringLiteral("Open"));
+        QAction *separator = menu.addSeparator();
+        menu.addAction(QStringLiteral("Close"));
+        menu.popup(QPoint(10, 10));
+        DrainEvents();
+        COMPARE_COLOR(PixelAt(Render(menu), menu.actionGeometry(separator).center()), QColor(Qt::magenta));
+    }
+
+    void the_arrows_of_a_narrow_tool_bar_can_be_seen()
+    {
+        QMainWindow window;
+        auto *bar = window.addToolBar(QString());
+        FillTooFull(*bar);
+        window.resize(200, 200);
+        window.show();
+        for (const auto area : {Qt::TopToolBarArea, Qt::LeftToolBarArea}) {
+            window.addToolBar(area, bar);
+            InEveryTable([&](const QString &table) {
+                auto *arrows = ArrowsOf(*bar);
+                QVERIFY(arrows->isVisible());
+                const double contrast = ContrastOn(*arrows, TokenNow("bg/bg_box"));
+                QVERIFY2(contrast >= WantedOfDrawings(table), qPrintable(QStringLiteral("%1: %2").arg(table).arg(contrast)));
+            });
+        }
+    }
+
+    void arrows_get_their_own_icon_back_and_a_hosts_icon_wins()
+    {
+        QToolBar bar;
+        QToolBar hosts;
+        FillTooFull(bar);
+        FillTooFull(hosts);
+        QPixmap own(16, 16);
+        own.fill(Qt::magenta);
+        ArrowsOf(hosts)->setIcon(own);
+        const QImage before = ArrowsOf(bar)->icon().pixmap(16).toImage();
+        UseTable(Table::Dark);
+        for (QToolBar *one : {&bar, &hosts}) {
+            one->resize(100, 30);
+            one->show();
+            DrainEvents();
+            Render(*one);
+        }
+        QVERIFY(ArrowsOf(bar)->icon().pixmap(16).toImage() != before);
+        QCOMPARE(ArrowsOf(hosts)->icon().pixmap(16).toImage(), own.toImage());
+        SetPlainWidgetsFollowTable(false);
+        QCOMPARE(ArrowsOf(bar)->icon().pixmap(16).toImage(), before);
+        QCOMPARE(ArrowsOf(hosts)->icon().pixmap(16).toImage(), own.toImage());
+    }
+
+    void the_outline_of_a_group_can_be_seen()
+    {
+        for (const bool isCheckable : {false, true}) {
+            QGroupBox group(QStringLiteral("Group"));
+            group.setCheckable(isCheckable);
+            group.resize(120, 80);
+            InEveryTable([&](const QString &table) {
+                const QColor ground = TokenNow("bg/bg_box");
+                const QImage picture = Render(group, ground);
+                for (const QRect &part : {QRect(0, 50, 6, 1), QRect(114, 50, 6, 1), QRect(100, 74, 1, 6), QRect(100, 10, 1, 25)}) {
+                    const double contrast = Contrast(InkColor(Part(picture, part), ground), ground);
+                    QVERIFY2(contrast >= WantedOfDrawings(table), qPrintable(QStringLiteral("%1: %2").arg(table).arg(contrast)));
+                }
+                QCOMPARE(InkBox(Part(picture, QRect(100, 0, 20, 10)), ground), QRectF()); // beside the title
+            });
+        }
+    }
+
+    void a_hosts_group_keeps_its_own_border_and_painting()
+    {
+        struct Empty : QGroupBox
+        {
+            void paintEvent(QPaintEvent *) override {}
+        };
+        UseTable(Table::Dark);
+        Empty empty;
+        QGroupBox styled;
+        styled.setStyleSheet(QStringLiteral("QGroupBox { border: 6px solid #ff00ff; background: #ff00ff }"));
+        for (QGroupBox *group : {static_cast<QGroupBox *>(&empty), &styled})
+            group->resize(120, 80);
+        COMPARE_COLOR(EdgeOf(styled).pixelColor(0, 0), QColor(Qt::magenta));
+        COMPARE_COLOR(EdgeOf(styled).pixelColor(5, 0), QColor(Qt::magenta));
+        COMPARE_COLOR(EdgeOf(empty).pixelColor(0, 0), EdgeOf(empty).pixelColor(5, 0));
     }
 
     void a_tool_tip_can_be_read_in_every_table()

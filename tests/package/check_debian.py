@@ -20,7 +20,7 @@ runtime, development, name, pkg_config, include, share, libraries, qt_developmen
     "6": (f"libvelmora-qt6-{major}", "libvelmora-qt6-dev", "VelmoraQt6", "Velmora-qt6", "include/velmora-qt6", "velmora-qt6",
           (r"\blibqt6widgets6\b", r"\blibqt6svg6\b"), r"\bqt6-base-dev\b"),
 }[qt]
-designer = next((packages.pop(name) for name in list(packages) if name.startswith("velmora-designer")), None) # with Designer's libraries
+designer = packages.pop("velmora-designer" + ("" if qt == "5" else "-qt6"), None) # where Designer's library is
 if set(packages) != {runtime, development}:
     sys.exit(f"not the two packages, but {sorted(packages)}")
 
@@ -54,8 +54,8 @@ refuse(development, "content", dpkg("--contents", development), r"_p\.h$", rf"/l
 
 if designer:
     packages["designer"] = designer
-    expect("designer", "dependencies", dpkg("--field", "designer", "Depends"), rf"{runtime} \(= {re.escape(version)}\)", r"\blibqt[56]designer[56]\b")
-    expect("designer", "content", dpkg("--contents", "designer"), r"/plugins/designer/libVelmoraDesigner\.so$")
+    expect("designer", "dependencies", dpkg("--field", "designer", "Depends"), rf"{runtime} \(= {re.escape(version)}\)", rf"\blibqt{qt}designer{qt}\b")
+    expect("designer", "content", dpkg("--contents", "designer"), rf"/qt{qt}/plugins/designer/libVelmoraDesigner\.so$")
 
 print("\n".join(faults))
 sys.exit(1 if faults else 0)

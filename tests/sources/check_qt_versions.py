@@ -14,7 +14,7 @@ import tempfile
 
 HEADER = "src/core/QtCompatibility.h"
 MOST = 10
-FOLDERS = ("src", "examples", "tests", "benchmarks")
+FOLDERS = ("src", "designer", "examples", "tests", "benchmarks")
 CONDITION = re.compile(r"^\s*#\s*(?:if|elif)\b.*\bQT_VERSION(?:_MAJOR)?\b")
 COMMENT = re.compile(r"//|^\s*\*/")
 

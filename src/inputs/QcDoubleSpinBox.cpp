@@ -2,12 +2,14 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "inputs/InnerEdit_p.h"
+#include "inputs/SpinBoxAccessible_p.h"
 
 namespace Velmora {
 
 QcDoubleSpinBox::QcDoubleSpinBox(QWidget *parent)
     : QDoubleSpinBox(parent)
 {
+    InstallSpinBoxAccessibility();
     setLineEdit(InnerEdit::InPlaceOf(*lineEdit(), this));
 }
 

@@ -11,8 +11,6 @@ namespace Velmora {
 class VELMORA_EXPORT QcDoubleSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT
-    // Under this name, which none of its own spin boxes has, Qt looks for the step that assistive technology is told.
-    Q_PROPERTY(double stepSize READ singleStep DESIGNABLE false STORED false)
     Q_PROPERTY(bool bordered MEMBER m_isBordered WRITE bSetBorder) // false, too, before the first call
 
 public:

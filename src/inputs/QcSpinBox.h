@@ -14,8 +14,6 @@ namespace Velmora {
 class VELMORA_EXPORT QcSpinBox : public QSpinBox
 {
     Q_OBJECT
-    // Under this name, which none of its own spin boxes has, Qt looks for the step that assistive technology is told.
-    Q_PROPERTY(int stepSize READ singleStep DESIGNABLE false STORED false)
 
 public:
     explicit QcSpinBox(QWidget *parent = nullptr);

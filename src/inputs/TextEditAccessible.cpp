@@ -5,6 +5,7 @@
 
 #include "core/InstallAccessible_p.h"
 #include "display/TextPieces_p.h"
+#include "inputs/EditText_p.h"
 #include "inputs/FramedEditAccessible_p.h"
 #include "inputs/TextEdit_p.h"
 
@@ -15,12 +16,18 @@ namespace Velmora {
 namespace {
 
 /// An editable text of many lines. Lines are those of the screen.
-class TextEditAccessible : public FramedEditAccessible
+class TextEditAccessible : public FramedEditAccessible, public EditText
 {
 public:
     explicit TextEditAccessible(TextEdit *edit)
         : FramedEditAccessible(edit)
     {
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        void *text = TextInterface(type);
+        return text ? text : QAccessibleWidget::interface_cast(type);
     }
 
     QString text(QAccessible::Text kind) const override

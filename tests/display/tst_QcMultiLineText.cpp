@@ -1,6 +1,7 @@
 #include "support/AccessibleEvents.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
+#include "support/ReadPieces.h"
 #include "support/TestMain.h"
 
 #include <Velmora/MultiLineTextElide.h>
@@ -832,6 +833,7 @@ private Q_SLOTS:
         QCOMPARE(start, 15);
         QCOMPARE(read->textBeforeOffset(35, QAccessible::LineBoundary, &start, &end).trimmed(), QStringLiteral("and another & more"));
 
+        QCOMPARE(FaultOfPieces(*read), QString());
         QCOMPARE(read->selectionCount(), 0);
         read->setSelection(0, 1, 2); // read only
         QCOMPARE(read->selectionCount(), 0);

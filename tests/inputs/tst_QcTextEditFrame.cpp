@@ -1,3 +1,4 @@
+#include "support/ReadPieces.h"
 #include "support/TestMain.h"
 
 #include "inputs/TextEditTest.h"
@@ -353,6 +354,7 @@ private Q_SLOTS:
         QCOMPARE(text->textAfterOffset(9, QAccessible::LineBoundary, &start, &end), QString());
         QCOMPARE(start, 13);
         QCOMPARE(text->textAfterOffset(0, QAccessible::CharBoundary, &start, &end), QStringLiteral("n"));
+        QCOMPARE(FaultOfPieces(*text), QString());
         // Lines of the screen.
         m_control->setText(QStringLiteral("word ").repeated(20));
         const QString line = text->textAtOffset(1, QAccessible::LineBoundary, &start, &end);

@@ -1,4 +1,6 @@
+#include "support/AccessibleEvents.h"
 #include "support/Pixels.h"
+#include "support/ReadPieces.h"
 #include "support/TestMain.h"
 
 #include "buttons/ButtonLooks.h"
@@ -296,34 +298,12 @@ private Q_SLOTS:
 
     // --- Assistive technology ---
 
-    void assistive_technology_reads_and_sets_the_value_data()
-    {
-        QTest::addColumn<bool>("isWhole");
-        QTest::newRow("whole numbers") << true;
-        QTest::newRow("decimals") << false;
-    }
-
+    void assistive_technology_reads_and_sets_the_value_data() { AddBoths(); }
     void assistive_technology_reads_and_sets_the_value()
     {
-        QFETCH(bool, isWhole);
-        QAbstractSpinBox *box = nullptr;
-        if (isWhole) {
-            auto *whole = Make<QcSpinBox>();
-            whole->setRange(1, 9);
-            whole->setSingleStep(2);
-            whole->setValue(4);
-            box = whole;
-        } else {
-            auto *decimal = Make<QcDoubleSpinBox>();
-            decimal->setRange(1, 9);
-            decimal->setSingleStep(2);
-            decimal->setValue(4);
-            box = decimal;
-        }
+        QAbstractSpinBox *box = MakeFour(false);
         box->setAccessibleName(QStringLiteral("Copies"));
-        QAccessibleInterface *described = QAccessible::queryAccessibleInterface(box);
-        QVERIFY(described);
-        QCOMPARE(described->role(), QAccessible::SpinBox);
+        QAccessibleInterface *described = Described(*box);
         QCOMPARE(described->text(QAccessible::Name), QStringLiteral("Copies"));
         QCOMPARE(described->text(QAccessible::Value).toDouble(), 4.0);
         QAccessibleValueInterface *value = described->valueInterface();
@@ -332,8 +312,131 @@ private Q_SLOTS:
         QCOMPARE(value->minimumValue().toDouble(), 1.0);
         QCOMPARE(value->maximumValue().toDouble(), 9.0);
         QCOMPARE(value->minimumStepSize().toDouble(), 2.0);
-        value->setCurrentValue(isWhole ? QVariant(7) : QVariant(7.0));
+        value->setCurrentValue(7);
         QCOMPARE(value->currentValue().toDouble(), 7.0);
+        value->setCurrentValue(99);
+        QCOMPARE(value->currentValue().toDouble(), 9.0);
+    }
+
+    void to_assistive_technology_it_is_what_a_spin_box_of_qt_is_data() { AddBoths(); }
+    void to_assistive_technology_it_is_what_a_spin_box_of_qt_is()
+    {
+        QAbstractSpinBox *box = MakeFour(false);
+        QAbstractSpinBox *plain = MakeFour(true);
+        for (QAbstractSpinBox *each : {box, plain}) {
+            each->setProperty("suffix", QStringLiteral(" mm"));
+            each->setProperty("prefix", QStringLiteral("about "));
+            each->setAccessibleDescription(QStringLiteral("Thickness"));
+            each->setSpecialValueText(QStringLiteral("none"));
+        }
+        const auto told = [](QAbstractSpinBox *each, double value, bool isEnabled) {
+            each->setEnabled(isEnabled);
+            each->setProperty("value", value);
+            each->setFocus();
+            each->selectAll();
+            return AllToldOf(*Described(*each));
+        };
+        for (const double value : {4.0, 1.0}) {
+            for (const bool isEnabled : {true, false})
+                QCOMPARE(told(box, value, isEnabled), told(plain, value, isEnabled));
+        }
+    }
+
+    void words_are_read_at_the_end_of_its_text_data() { AddBoths(); }
+    void words_are_read_at_the_end_of_its_text()
+    {
+        QAbstractSpinBox *box = MakeFour(false);
+        QAccessibleTextInterface *text = Described(*box)->textInterface();
+        for (const char *suffix : {"", " mm", " "}) {
+            box->setProperty("suffix", QLatin1String(suffix));
+            QCOMPARE(FaultOfPieces(*text), QString());
+        }
+        box->setProperty("suffix", QStringLiteral(" mm"));
+        int start = -1;
+        int end = -1;
+        const int length = text->characterCount();
+        QCOMPARE(text->textAtOffset(length, QAccessible::WordBoundary, &start, &end), QStringLiteral("mm"));
+        QCOMPARE(start, length - 2);
+        QCOMPARE(end, length);
+    }
+
+    void assistive_technology_types_what_a_user_could_data() { AddBoths(); }
+    void assistive_technology_types_what_a_user_could()
+    {
+        QAbstractSpinBox *box = MakeFour(false);
+        QAccessibleEditableTextInterface *text = Described(*box)->editableTextInterface();
+        text->replaceText(0, 1, QStringLiteral("6"));
+        QCOMPARE(box->property("value").toDouble(), 6.0);
+        text->replaceText(0, 1, QStringLiteral("12")); // out of range
+        text->insertText(1, QStringLiteral("x"));
+        QCOMPARE(box->property("value").toDouble(), 6.0);
+        QCOMPARE(box->text().left(1), QStringLiteral("6"));
+        box->setReadOnly(true);
+        text->replaceText(0, 1, QStringLiteral("7"));
+        QCOMPARE(box->property("value").toDouble(), 6.0);
+    }
+
+    void assistive_technology_hears_of_a_typed_number_data() { AddBoths(); }
+    void assistive_technology_hears_of_a_typed_number()
+    {
+        QAbstractSpinBox *box = MakeFour(false);
+        box->setFocus();
+        AccessibleEvents told(*box);
+        QTest::keyClick(box, Qt::Key_End);
+        told.Take();
+        QTest::keyClick(box, Qt::Key_Up);
+        QVERIFY(told.Take().contains(QStringLiteral("ValueChanged")));
+    }
+
+private:
+    static QAccessibleInterface *Described(QAbstractSpinBox &box) { return QAccessible::queryAccessibleInterface(&box); }
+
+    static void AddBoths()
+    {
+        QTest::addColumn<bool>("isWhole");
+        QTest::newRow("whole numbers") << true;
+        QTest::newRow("decimals") << false;
+    }
+
+    /// Of the kind that the row names, from 1 to 9 by 2, at 4.
+    QAbstractSpinBox *MakeFour(bool isPlain)
+    {
+        QFETCH(bool, isWhole);
+        QAbstractSpinBox *box = nullptr;
+        if (isWhole)
+            box = isPlain ? Make<QSpinBox>() : Make<QcSpinBox>();
+        else
+            box = isPlain ? Make<QDoubleSpinBox>() : static_cast<QDoubleSpinBox *>(Make<QcDoubleSpinBox>());
+        box->setSpecialValueText(QString());
+        box->setProperty("minimum", 1);
+        box->setProperty("maximum", 9);
+        box->setProperty("singleStep", 2);
+        box->setProperty("value", 4);
+        return box;
+    }
+
+    static QStringList AllToldOf(QAccessibleInterface &box)
+    {
+        QStringList told{QString::number(box.role())};
+        for (int i = 0; i < box.childCount(); ++i)
+            told << QString::number(box.child(i)->role());
+        for (const auto kind : {QAccessible::Name, QAccessible::Description, QAccessible::Value, QAccessible::Help})
+            told << box.text(kind);
+        const QAccessible::State state = box.state();
+        told << QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(&state), sizeof state).toHex());
+        told << box.actionInterface()->actionNames();
+        const QAccessibleValueInterface &value = *box.valueInterface();
+        for (const QVariant &number : {value.currentValue(), value.minimumValue(), value.maximumValue()})
+            told << QString::fromLatin1(number.typeName()) << number.toString();
+        const QAccessibleTextInterface &text = *box.textInterface();
+        const int count = text.characterCount();
+        int start = -1;
+        int end = -1;
+        text.selection(0, &start, &end);
+        told << text.text(1, count);
+        for (const int number : {count, text.cursorPosition(), text.selectionCount(), start, end})
+            told << QString::number(number);
+        return told;
     }
 };
 

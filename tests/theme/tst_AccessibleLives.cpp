@@ -44,11 +44,8 @@ int ReadAll(QAccessibleInterface *one, int depth = 0)
         text->text(0, count);
         text->cursorPosition();
         text->selection(0, &start, &end);
-        const bool isQts = one->role() == QAccessible::SpinBox; // whose search for a word at the end of the text never ends
         for (const int offset : {-1, 0, count / 2, count, count + 9}) {
             text->characterRect(offset);
-            if (isQts)
-                continue;
             text->textAtOffset(offset, QAccessible::WordBoundary, &start, &end);
             text->textBeforeOffset(offset, QAccessible::LineBoundary, &start, &end);
             text->textAfterOffset(offset, QAccessible::CharBoundary, &start, &end);

@@ -160,7 +160,7 @@ void VeilGuard::Lift()
     // Unless the program has given the keyboard to something else meanwhile, or it is all going.
     const QPointer<QWidget> previous = m_previous;
     m_previous = nullptr;
-    if (!previous || !previous->isVisible() || !previous->isEnabled())
+    if (!previous || !previous->isVisible())
         return;
     const QWidget *focus = previous->window()->focusWidget();
     if (!focus || focus == previous || focus == m_veil || m_veil->isAncestorOf(focus))
@@ -207,14 +207,14 @@ bool VeilGuard::Covers(const QWidget &widget) const
 
 bool VeilGuard::LiesUnderAny(const QWidget &widget)
 {
-    const auto lies = [&widget](const VeilGuard *guard) { return guard->IsBelow(widget) && guard->Covers(widget); };
+    const auto lies = [&widget](const VeilGuard *guard) { return guard->KeepsFrom(widget); };
     return std::any_of(Lowered().cbegin(), Lowered().cend(), lies);
 }
 
-/// Whether it is for this veil to keep the keyboard from \a widget: of those that lie over it, for the uppermost.
+/// The keyboard that it passes on itself is kept from it in turn by a veil above.
 bool VeilGuard::KeepsFrom(const QWidget &widget) const
 {
-    return IsBelow(widget) && Covers(widget) && !LiesUnderAny(*m_veil);
+    return IsBelow(widget) && Covers(widget);
 }
 
 /// Whether nothing from which \a receiver gets its keys can be reached.
@@ -233,8 +233,7 @@ void VeilGuard::TakeFocus()
     QWidget *focus = ground ? ground->window()->focusWidget() : nullptr;
     if (!focus || !LiesUnderAny(*focus))
         return;
-    if (!m_previous)
-        m_previous = focus;
+    m_previous = focus;
     PassFocusOn(*focus, Qt::OtherFocusReason);
 }
 

@@ -234,12 +234,17 @@ private Q_SLOTS:
         area.setGeometry(0, 0, 200, 100);
         auto *page = new QWidget;
         page->resize(180, 600);
+        auto *under = new QPushButton(page);
         auto *away = new QPushButton(page);
         away->move(0, 500);
         auto *veil = new QcMaskFrame(page);
-        veil->setGeometry(0, 0, 180, 200);
+        veil->setGeometry(0, 0, 180, 200); // over all that shows of the page
         area.setWidget(page);
+        area.show();
         QVERIFY(stage.IsActive());
+        stage.buttons[2]->setFocus();
+        under->setFocus();
+        QVERIFY(!under->hasFocus());
         away->setFocus();
         QVERIFY(away->hasFocus());
     }
@@ -273,6 +278,40 @@ private Q_SLOTS:
         QVERIFY(stage.window.focusWidget() != stage.buttons[0]);
     }
 
+    void the_keyboard_comes_back_to_what_had_it_last()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.buttons[0]->setFocus();
+        stage.veil->show();
+        stage.buttons[2]->setFocus();
+        stage.veil->setGeometry(stage.window.rect());
+        QVERIFY(stage.veil->hasFocus());
+        stage.veil->hide();
+        QVERIFY(stage.buttons[2]->hasFocus());
+    }
+
+    void what_was_hidden_under_a_veil_gets_no_keyboard()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        auto *page = new QWidget(&stage.window);
+        page->setGeometry(0, 40, 200, 60);
+        auto *onPage = new QPushButton(page);
+        page->show();
+        stage.veil->raise();
+        QVERIFY(stage.IsActive());
+        onPage->setFocus();
+        stage.veil->show();
+        page->hide();
+        stage.veil->hide();
+        QVERIFY(!onPage->hasFocus());
+        stage.buttons[2]->setFocus();
+        page->show();
+        QVERIFY(stage.buttons[2]->hasFocus());
+    }
+
     void what_is_above_a_veil_is_reached()
     {
         SetVeilsStopKeyboard(true);
@@ -303,6 +342,52 @@ private Q_SLOTS:
         QVERIFY(!stage.buttons[0]->hasFocus());
         stage.veil->hide();
         QVERIFY(stage.buttons[0]->hasFocus());
+    }
+
+    void the_uppermost_of_veils_has_the_keyboard_in_whatever_order_they_came()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.buttons[0]->setFocus();
+        QcMaskFrame upper(&stage.window);
+        auto *button = new QPushButton(&upper);
+        auto *lower = new QPushButton(stage.veil);
+        upper.setGeometry(stage.window.rect());
+        upper.show();
+        QVERIFY(button->hasFocus());
+        stage.veil->show();
+        QVERIFY(button->hasFocus());
+        for (QWidget *under :
+             {static_cast<QWidget *>(stage.buttons[0]), static_cast<QWidget *>(stage.veil), static_cast<QWidget *>(lower)}) {
+            under->setFocus();
+            QVERIFY(button->hasFocus());
+        }
+        upper.hide();
+        QVERIFY(lower->hasFocus());
+        stage.veil->hide();
+        QVERIFY(stage.buttons[0]->hasFocus());
+    }
+
+    void a_veil_over_another_one_keeps_the_keyboard_from_the_window_below_both()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.buttons[0]->setFocus();
+        QcMaskWindow lower(&stage.window);
+        QcMaskWindow upper(&lower);
+        for (QWidget *veil : {&lower, &upper}) {
+            veil->setGeometry(stage.window.geometry());
+            veil->show();
+            QTRY_VERIFY(veil->hasFocus());
+        }
+        EventCounter told(*stage.buttons[0], QEvent::FocusIn);
+        stage.window.activateWindow();
+        stage.buttons[0]->setFocus();
+        DrainEvents();
+        QTRY_VERIFY(upper.hasFocus());
+        QCOMPARE(told.Take(), 0);
     }
 
     void a_veil_as_a_window_covers_its_parents_window()

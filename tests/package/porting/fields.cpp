@@ -24,6 +24,7 @@ using namespace Velmora;
 /// Types \a text into \a field in place of what it has, and presses Enter.
 void Enter(QcLineEditFrame *field, const QString &text)
 {
+    Check(QTest::qWaitForWindowActive(field->window()), "a field is in a window that has the keyboard");
     field->setFocus();
     field->getLineEdit()->selectAll();
     QTest::keyClicks(QApplication::focusWidget(), text);

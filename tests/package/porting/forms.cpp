@@ -17,7 +17,7 @@ void CheckForm(const QWidget &form, const char *what)
         return;
     Check(save->text() == QStringLiteral("Save") && save->toolTip() == QStringLiteral("Keeps the name"), "with what the base class has");
     Check(label->text() == QStringLiteral("&Name") && label->buddy() == name, "texts and buddies");
-    Check(label->property("type") == int(Velmora::QcLabel::Body) && name->property("unit") == QStringLiteral("kg"),
+    Check(label->property("type").toInt() == Velmora::QcLabel::Body && name->property("unit") == QStringLiteral("kg"),
           "and with what the kit adds");
 }
 

@@ -4,10 +4,13 @@
 #include <Velmora/QcApplication.h>
 #include <Velmora/QcStyleManager.h>
 
+#include <QCursor>
+
 int main(int argc, char **argv)
 {
     Velmora::QcApplication app(argc, argv);
-    CheckProgram(); // it initializes the application
+    QCursor::setPos(1900, 1900); // the offscreen platform of Qt 6 hovers what shows under the mouse
+    CheckProgram();              // it initializes the application
     CheckLooks();
     CheckButtons();
     CheckLabels();

@@ -89,10 +89,8 @@ void CheckShell()
     notes->setWindowTitle(QStringLiteral("Notes"));
     Shell shell(notes);
     int quits = 0;
-    notes->menuBar()
-        ->addMenu(QStringLiteral("File"))
-        ->addAction(
-            QStringLiteral("Quit"), &shell, [&] { ++quits; }, QKeySequence(QStringLiteral("Ctrl+Q")));
+    QAction *quit = notes->menuBar()->addMenu(QStringLiteral("File"))->addAction(QStringLiteral("Quit"), &shell, [&] { ++quits; });
+    quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     auto *text = new QWidget;
     text->setFocusPolicy(Qt::StrongFocus);
     notes->setCentralWidget(text);

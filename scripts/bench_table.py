@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs the benchmarks and prints their ratios as one Markdown table.
 
-Usage: bench_table.py [--repetitions N] [--min-time SECONDS] [--json FILE] PROGRAM
+Usage: bench_table.py [--repetitions N] [--min-time SECONDS] [--only PATTERN] [--json FILE] PROGRAM
 
 PROGRAM is the built velmora_benchmarks. Each figure is the median CPU time of its repetitions. A figure and its yardsticks run
 in one process and in random order, so that a load on the machine meets them alike, and in a process of their own, since the
@@ -214,6 +214,7 @@ class Results:
         self._medians = {
             bare_name(entry["run_name"]): entry for entry in document["benchmarks"] if entry.get("aggregate_name") == "median"
         }
+        self._families = {family(name)[0] for name in self._medians}
 
     def cpu(self, name, count=None):
         """Of the benchmark NAME, for COUNT if it is one of several."""
@@ -222,6 +223,10 @@ class Results:
         if counter:
             return entry[counter]
         return entry["cpu_time"] * NANOSECONDS[entry["time_unit"]]
+
+    def has(self, *names):
+        """Whether all benchmarks of NAMES have run, for some count."""
+        return all(name is None or family(name)[0] in self._families for name in names)
 
     def counter(self, name, counter):
         return self._medians[name][counter]
@@ -259,13 +264,15 @@ def groups(names):
     return list(together.values())
 
 
-def run(program, repetitions, min_time):
+def run(program, repetitions, min_time, only=""):
     document = {"benchmarks": []}
     with tempfile.TemporaryDirectory() as folder: # private to us, as Qt wants its runtime folder
         output = os.path.join(folder, "results.json")
         environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", QT_FONT_DPI="96", LC_ALL="C.UTF-8", XDG_RUNTIME_DIR=folder)
         listed = subprocess.run([program, "--benchmark_list_tests"], env=environment, stdout=subprocess.PIPE, check=True, text=True)
         for group in groups(listed.stdout.split()):
+            if not any(re.search(only, name) for name in group):
+                continue
             wanted = "|".join(re.escape(name) for name in group)
             subprocess.run(
                 [program, f"--benchmark_filter=^({wanted})$", f"--benchmark_repetitions={repetitions}",
@@ -293,21 +300,22 @@ def verdict(ratio, aim):
 
 
 def table_rows(results):
-    for metric, ours, requests, first in REPEATS:
+    """A row for each comparison of which both have run."""
+    for metric, ours, requests, first in filter(lambda row: results.has(row[1], row[3]), REPEATS):
         a, b = results.cpu(ours) / requests, results.cpu(first)
         yield (metric, time_text(a), time_text(b), f"{a / b:.4f}", *verdict(a / b, REPEAT_AIM))
-    for metric, ours, yardstick, aim, words in COMPARISONS:
+    for metric, ours, yardstick, aim, words in filter(lambda row: results.has(row[1], row[2]), COMPARISONS):
         a, b = results.cpu(ours), results.cpu(yardstick)
         yield (metric, time_text(a), f"{time_text(b)} ({words})", f"{a / b:.2f}", *verdict(a / b, aim))
-    for metric, ours, yardstick, smallest in BESIDES:
+    for metric, ours, yardstick, smallest in filter(lambda row: results.has(row[1], row[2]), BESIDES):
         a, b = results.cpu(ours, 16 * smallest), results.cpu(yardstick, 16 * smallest)
         many = metric.replace(" N ", f" {16 * smallest:,} ")
         yield (many[0].upper() + many[1:], time_text(a), f"{time_text(b)} (plain ones)", f"{a / b:.2f}", "", "")
-    for metric, counter, exact in COUNTERS:
+    for metric, counter, exact in COUNTERS if results.has("SwitchTheme/velmora") else ():
         value = max(results.counter(f"SwitchTheme/velmora/{n}", counter) for n in (250, 1000, 4000))
         yield (metric, f"{value:g}", "", "", str(exact), "met" if value == exact else "**not met**")
     growths = [(*growth, GROWTH_AIM) for growth in GROWTHS] + [(*beside, BESIDE_AIM) for beside in BESIDES]
-    for metric, ours, yardstick, smallest, aim in growths:
+    for metric, ours, yardstick, smallest, aim in filter(lambda row: results.has(row[1], row[2]), growths):
         def growth(name, n=smallest):
             return results.cpu(name, 16 * n) / results.cpu(name, n)
         own = growth(ours)
@@ -320,10 +328,11 @@ def main():
     parser.add_argument("program", help="the built velmora_benchmarks")
     parser.add_argument("--repetitions", type=int, default=7)
     parser.add_argument("--min-time", type=float, default=0.02, help="seconds for each repetition")
+    parser.add_argument("--only", default="", metavar="PATTERN", help="those that are compared with a benchmark of such a name")
     parser.add_argument("--json", help="keep the raw results in this file")
     arguments = parser.parse_args()
 
-    document = run(arguments.program, arguments.repetitions, arguments.min_time)
+    document = run(arguments.program, arguments.repetitions, arguments.min_time, arguments.only)
     if arguments.json:
         with open(arguments.json, "w", encoding="utf-8") as copy:
             json.dump(document, copy, indent=1)

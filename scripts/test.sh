@@ -3,7 +3,8 @@
 #
 #   format   clang-format has nothing to change
 #   dev      every test: unit and package tests, the fuzz targets' seeds, and the desktop tests under a window manager
-#   asan     those of dev without package and desktop tests, and at scale 1 alone, under the address and undefined-behaviour sanitizers
+#   asan     those of dev at scale 1 under the address and undefined-behaviour sanitizers, without package and desktop tests and what compares
+#            pictures alone
 #   tsan     what uses threads, under the thread sanitizer
 #   docs     the API reference, in which a warning is an error
 #

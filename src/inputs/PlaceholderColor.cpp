@@ -2,6 +2,7 @@
 
 #include <Velmora/QcStyleManager.h>
 
+#include "theme/StyleSheetAlone_p.h"
 #include "theme/TokenPainting_p.h"
 
 #include <QEvent>
@@ -42,10 +43,21 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::PaletteChange)
-            ApplyPlaceholderToken(static_cast<QWidget *>(watched));
+        if (event->type() == QEvent::PaletteChange && !m_isWaiting) {
+            auto *edit = static_cast<QWidget *>(watched);
+            const auto apply = [this, edit] {
+                m_isWaiting = false;
+                ApplyPlaceholderToken(edit);
+            };
+            m_isWaiting = CallWhenStyled(this, apply);
+            if (!m_isWaiting)
+                apply();
+        }
         return QObject::eventFilter(watched, event);
     }
+
+private:
+    bool m_isWaiting = false; // for the end of a pass in which Qt sets the palette several times
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "theme/StyleSheetAlone_p.h"
 
+#include <QObject>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -12,6 +13,33 @@
 namespace Velmora {
 
 namespace {
+
+struct Call
+{
+    QPointer<QObject> owner;
+    std::function<void()> function;
+};
+
+int passes = 0; // one in another, where a host hears of a new style
+std::vector<Call> calls;
+
+/// While one lives, calls wait.
+class Pass
+{
+public:
+    Pass() { ++passes; }
+    Q_DISABLE_COPY(Pass)
+    ~Pass()
+    {
+        if (--passes > 0)
+            return;
+        const std::vector<Call> waiting = std::exchange(calls, {});
+        for (const Call &call : waiting) {
+            if (call.owner)
+                call.function();
+        }
+    }
+};
 
 bool IsPolished(QWidget *widget)
 {
@@ -50,12 +78,21 @@ private:
 
 void SetStyleSheetAlone(QWidget *widget, const QString &styleSheet)
 {
+    const Pass pass;
     if (styleSheet.isEmpty() || IsPolished(widget)) {
         widget->setStyleSheet(styleSheet);
         return;
     }
     const HiddenSheets hidden(widget);
     widget->setStyleSheet(styleSheet);
+}
+
+bool CallWhenStyled(QObject *owner, std::function<void()> function)
+{
+    if (passes == 0)
+        return false;
+    calls.push_back({owner, std::move(function)});
+    return true;
 }
 
 } // namespace Velmora

@@ -181,13 +181,16 @@ private Q_SLOTS:
 
     void a_wish_may_go_while_it_is_being_asked_for()
     {
+        DesktopWish witness;
+        witness.AwaitAnswers(10s);
         m_portal->HoldCalls();
         auto wish = std::make_unique<DesktopWish>();
         DrainEvents();
         wish.reset();
         m_portal->AnswerHeldCalls();
         m_portal->Announce(Change(kSpace, kDark, 1u));
-        DesktopWish later; // whose answers come behind those
+        QTRY_COMPARE(witness.WishedTable(), std::optional(Gallery::Table::Dark)); // it has come where the other listened
+        DesktopWish later;                                                        // which asks only now
         later.AwaitAnswers(10s);
         QVERIFY(!later.WishedTable());
     }

@@ -2,8 +2,10 @@
 #include "support/TestMain.h"
 
 #include "inputs/PlaceholderColor_p.h"
+#include "theme/StyleSheetAlone_p.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -17,6 +19,25 @@ namespace {
 
 const QString kToken = QStringLiteral("text/text_tertairy");
 const QString kPlaceholder(6, QChar(0x2588)); // full blocks
+
+/// Counts the changes of a palette that end with the token.
+class PutBackCounter : public QObject
+{
+public:
+    explicit PutBackCounter(QWidget &edit) { edit.installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const QPalette palette = static_cast<QWidget *>(watched)->palette();
+        if (event->type() == QEvent::PaletteChange && palette.color(QPalette::Text) == QColor(Qt::green)
+            && palette.color(QPalette::PlaceholderText) == TokenOf(Table::Light, kToken))
+            ++count;
+        return false;
+    }
+};
 
 } // namespace
 
@@ -87,6 +108,18 @@ private Q_SLOTS:
         COMPARE_COLOR(Ink(*edit), expected);
         edit->setEnabled(false);
         COMPARE_COLOR(Ink(*edit), expected);
+    }
+
+    void a_sheet_of_the_kit_has_it_put_back_once_data() { AddKinds(); }
+    void a_sheet_of_the_kit_has_it_put_back_once()
+    {
+        QWidget *edit = MakeEdit();
+        m_window->show();
+        DrainEvents();
+        PutBackCounter counter(*edit);
+        SetStyleSheetAlone(m_window.get(), QStringLiteral("QLineEdit, QTextEdit { color: lime; border: none; background: transparent }"));
+        QCOMPARE(edit->palette().color(QPalette::PlaceholderText), TokenOf(Table::Light, kToken));
+        QCOMPARE(counter.count, 1); // Qt styled the edit twice
     }
 
     void the_text_keeps_the_stylesheets_colour_data() { AddKinds(); }

@@ -187,6 +187,45 @@ private Q_SLOTS:
         QCOMPARE(composed.frame.styleSheet(), Composed::kSheet);
     }
 
+    void what_is_asked_for_meanwhile_runs_once_when_all_is_styled()
+    {
+        Composed composed;
+        composed.frame.show();
+        DrainEvents();
+        QStringList run;
+        const Answer answer(*composed.plain, [&] {
+            const Answer inner(composed.frame,
+                               [&] { QVERIFY(CallWhenStyled(&composed.frame, [&] { run.append(composed.frame.styleSheet()); })); });
+            SetStyleSheetAlone(&composed.frame, kBold); // a pass in a pass
+            QVERIFY(CallWhenStyled(composed.plain, [&] { run.append(composed.part->styleSheet()); }));
+            QVERIFY(run.isEmpty());
+        });
+        SetStyleSheetAlone(&composed.frame, Composed::kSheet);
+        QCOMPARE(run, QStringList({kBold, Composed::kOwn}));
+        SetStyleSheetAlone(&composed.frame, Composed::kSheet);
+        QCOMPARE(run.size(), 2);
+    }
+
+    void nothing_runs_for_who_has_gone()
+    {
+        Composed composed;
+        bool hasRun = false;
+        const Answer answer(*composed.plain, [&] {
+            QVERIFY(CallWhenStyled(composed.part, [&] { hasRun = true; }));
+            delete composed.part;
+        });
+        SetStyleSheetAlone(&composed.frame, Composed::kSheet);
+        QVERIFY(!composed.part);
+        QVERIFY(!hasRun);
+    }
+
+    void between_passes_nothing_is_taken()
+    {
+        QWidget widget;
+        QVERIFY(!CallWhenStyled(&widget, [] { QFAIL("nobody asked"); }));
+        SetStyleSheetAlone(&widget, kBold);
+    }
+
 private:
     CountingStyle *m_style = nullptr;
 };

@@ -1,6 +1,8 @@
 #include <Velmora/QcLabel.h>
 #include <Velmora/QcStyleManager.h>
 
+#include "core/InstallAccessible_p.h"
+#include "display/LabelAccessible_p.h"
 #include "display/TextStyles_p.h"
 #include "theme/Mnemonics_p.h"
 #include "theme/ThemedPixmap_p.h"
@@ -18,6 +20,7 @@ namespace Velmora {
 QcLabel::QcLabel(QWidget *parent)
     : QLabel(parent, Qt::WindowFlags())
 {
+    InstallAccessible<LabelAccessible, QcLabel>();
     QcStyleManager::GetInstance()->RegisterColorHandler(this, [this] {
         UpdateIcon();
         update();

@@ -66,6 +66,7 @@ protected:
 private:
     ImageParams IconParams() const;
     void UpdateIcon();
+    friend class LabelAccessible;
     bool MarksKeys() const;
     QSize TextSize() const;
     bool ShowsIcon() const;

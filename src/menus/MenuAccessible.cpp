@@ -5,6 +5,7 @@
 #include "core/AccessibleAction_p.h"
 #include "core/InstallAccessible_p.h"
 #include "core/QtCompatibility_p.h"
+#include "theme/Mnemonics_p.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
@@ -19,15 +20,7 @@ namespace {
 /// \a text as it is spoken: up to its tab, without the marks of mnemonics.
 QString Spoken(const QString &text)
 {
-    QString spoken;
-    const auto end = text.indexOf(QLatin1Char('\t'));
-    const auto length = end < 0 ? text.size() : end;
-    for (QString::size_type i = 0; i < length; ++i) {
-        if (text.at(i) == QLatin1Char('&') && ++i == length)
-            break;
-        spoken += text.at(i);
-    }
-    return spoken;
+    return WithoutMarks(text.section(QLatin1Char('\t'), 0, 0));
 }
 
 /// The shortcut that an item shows.

@@ -54,18 +54,21 @@ QString WithMarks(const QString &shown, const QString &text)
 
 } // namespace
 
-QString ShownText(const QString &text)
+QString WithoutMarks(const QString &text)
 {
-    if (!HasMarks(text))
-        return text;
-    QString shown;
-    shown.reserve(text.size());
+    QString plain;
+    plain.reserve(text.size());
     int place = 0;
     QChar letter;
     bool isMarked = false;
     while (TakeLetter(text, place, letter, isMarked))
-        shown += letter;
-    return shown;
+        plain += letter;
+    return plain;
+}
+
+QString ShownText(const QString &text)
+{
+    return HasMarks(text) ? WithoutMarks(text) : text;
 }
 
 QString ElidedMarked(const QFontMetrics &metrics, const QString &text, int width)

@@ -14,7 +14,10 @@ namespace Velmora {
 
 // The & of a text that names a key. Without keyboard cues a text is shown as it stands, marks and all.
 
-/// \a text as it is read and measured: "&Save" as "Save", "A && B" as "A & B".
+/// \a text as it is spoken, with cues or without: "&Save" as "Save", "A && B" as "A & B".
+QString WithoutMarks(const QString &text);
+
+/// \a text as it is read and measured: with cues without its marks.
 QString ShownText(const QString &text);
 
 /// \a text with its end elided to \a width pixels, and the marks of the letters that are left: for DrawMarked() and for styles.

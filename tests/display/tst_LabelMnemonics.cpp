@@ -7,6 +7,9 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QMovie>
+#include <QPainter>
+#include <QPicture>
 
 #include <memory>
 
@@ -210,11 +213,84 @@ private Q_SLOTS:
         for (const bool hasCues : {false, true}) {
             SetKeyboardCuesEnabled(hasCues);
             label.setBuddy(nullptr);
+            label.setText(QString());
+            label.setText(QStringLiteral("&Name && title"));
             QCOMPARE(name(), label.text());
             label.setBuddy(&buddy);
             QCOMPARE(name(), QStringLiteral("Name & title"));
         }
         SetKeyboardCuesEnabled(false);
+        label.setAccessibleName(QStringLiteral("&A && B"));
+        QCOMPARE(name(), label.accessibleName());
+    }
+
+    void assistive_technology_reads_no_mark_that_stays_out_of_sight_data()
+    {
+        marks_stay_out_of_sight_when_the_buddy_goes_as_in_a_plain_label_data();
+    }
+    void assistive_technology_reads_no_mark_that_stays_out_of_sight()
+    {
+        QFETCH(bool, dies);
+        const Cues cues;
+        QcLabel label;
+        Fill(label, QStringLiteral("&Name"));
+        const auto name = [&] { return QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name); };
+        auto buddy = std::make_unique<QLineEdit>();
+        label.setBuddy(buddy.get());
+        QVERIFY(!Render(label).isNull());
+        if (dies)
+            buddy.reset();
+        else
+            label.setBuddy(nullptr);
+        QCOMPARE(name(), QStringLiteral("Name"));
+        label.setText(QStringLiteral("R&D"));
+        QCOMPARE(name(), QStringLiteral("R&D"));
+        label.setText(QStringLiteral("<b>x</b>"));
+        QCOMPARE(name(), label.text()); // as it is shown
+    }
+
+    void to_assistive_technology_it_is_what_a_label_of_qt_is()
+    {
+        QWidget window;
+        QLineEdit buddy(&window);
+        QMovie movie;
+        QPicture picture;
+        QPainter(&picture).drawLine(0, 0, 9, 9);
+        const auto told = [&](QLabel &label) {
+            label.setParent(&window);
+            label.setGeometry(20, 30, 100, 40);
+            label.setToolTip(QStringLiteral("Tip"));
+            QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&label);
+            QStringList all;
+            const auto tell = [&] {
+                all << QString::number(accessible->role()) << accessible->text(QAccessible::Name)
+                    << accessible->text(QAccessible::Description);
+                if (const QAccessibleImageInterface *image = accessible->imageInterface()) {
+                    all << image->imageDescription();
+                    const QSize size = image->imageSize();
+                    all << QString::number(size.width()) << QString::number(size.height());
+                }
+                const auto relations = accessible->relations();
+                for (const auto &relation : relations)
+                    all << QString::number(relation.second) << relation.first->object()->objectName();
+            };
+            label.setText(QStringLiteral("Text"));
+            tell();
+            label.setBuddy(&buddy);
+            tell();
+            all << QString::number(accessible->relations(QAccessible::Label).size());
+            label.setPixmap(QPixmap(16, 20));
+            tell();
+            label.setPicture(picture);
+            tell();
+            label.setMovie(&movie);
+            tell();
+            return all;
+        };
+        buddy.setObjectName(QStringLiteral("buddy"));
+        QcLabel label;
+        QLabel plain;
+        QCOMPARE(told(label), told(plain));
     }
 
 private:

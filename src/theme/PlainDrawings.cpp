@@ -1,16 +1,18 @@
 #include "theme/PlainDrawings_p.h"
 
 #include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QGroupBox>
 #include <QImage>
+#include <QListView>
 #include <QMenu>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolBar>
 #include <QToolButton>
 
 #include <algorithm>
@@ -22,10 +24,10 @@ namespace {
 constexpr int kIconSize = 16;
 
 /// As the style Fusion does it.
-QColor OutlineColor(const QWidget &widget)
+QColor OutlineColor(const QPalette &palette)
 {
     constexpr int kDarker = 140; // percent
-    return widget.palette().color(QPalette::Window).darker(kDarker);
+    return palette.color(QPalette::Window).darker(kDarker);
 }
 
 /// What \a widget itself, which has just painted, paints in \a rect. Where it paints to is forgotten by that: a painter that is needed
@@ -126,7 +128,9 @@ PlainDrawings::~PlainDrawings()
 
 void PlainDrawings::Mend(QWidget &widget)
 {
-    if (qobject_cast<QMenu *>(&widget) || qobject_cast<QGroupBox *>(&widget) || widget.inherits("QToolBarExtension"))
+    const bool isOfComboBox = widget.parentWidget() && widget.parentWidget()->inherits("QComboBoxListView");
+    if (qobject_cast<QMenu *>(&widget) || qobject_cast<QGroupBox *>(&widget) || isOfComboBox || widget.inherits("QToolBarExtension")
+        || widget.inherits("QToolBarSeparator"))
         widget.installEventFilter(this);
 }
 
@@ -149,6 +153,10 @@ bool PlainDrawings::eventFilter(QObject *watched, QEvent *event)
         PaintSeparators(*menu);
     else if (auto *group = qobject_cast<QGroupBox *>(widget.data()))
         PaintOutline(*group);
+    else if (auto *list = widget ? qobject_cast<QListView *>(widget->parent()) : nullptr)
+        PaintSeparators(*list);
+    else if (widget)
+        PaintSeparator(*static_cast<QWidget *>(widget.data()));
     m_painted = outer;
     return true;
 }
@@ -186,8 +194,76 @@ void PlainDrawings::PaintSeparators(QMenu &menu) const
         const QRect rows(item.left(), item.center().y() - 1, item.width(), 2);
         const QRect line = FusionsLine(Painted(menu, rows), menu.isRightToLeft());
         if (!line.isEmpty())
-            painter.fillRect(line.translated(rows.topLeft()), OutlineColor(menu));
+            painter.fillRect(line.translated(rows.topLeft()), OutlineColor(menu.palette()));
     }
+}
+
+/// Of a combo box, which shows them as a menu or, with a line to edit, as a tool bar does.
+void PlainDrawings::PaintSeparators(QListView &list) const
+{
+    QWidget &viewport = *list.viewport();
+    QPainter painter(&viewport);
+    for (QModelIndex index = list.indexAt(QPoint()); index.isValid(); index = index.sibling(index.row() + 1, index.column())) {
+        const QRect row(0, list.visualRect(index).top(), viewport.width(), list.visualRect(index).height());
+        if (row.top() >= viewport.height())
+            return;
+        const bool isSeparator = index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator"); // as Qt marks it
+        if (!isSeparator || row.isEmpty())
+            continue;
+        const QImage painted = Painted(viewport, row);
+        QStyleOption option;
+        option.rect = painted.rect();
+        const bool isBar = IsFusionsSeparator(painted, option);
+        const int y = isBar ? row.height() / 2 : painted.rect().center().y();
+        const QRgb line = painted.pixel(row.width() / 2, y);
+        if (!isBar && !IsFusionsLine(line, painted.pixel(0, y)))
+            continue;
+        int margin = 0;
+        while (painted.pixel(margin, y) != line)
+            ++margin;
+        painter.fillRect(QRect(margin, row.top() + y, row.width() - 2 * margin, 1), OutlineColor(QApplication::palette("QMenu")));
+    }
+}
+
+/// Of a tool bar.
+void PlainDrawings::PaintSeparator(QWidget &separator) const
+{
+    QStyleOption option;
+    option.initFrom(&separator);
+    const auto *bar = qobject_cast<QToolBar *>(separator.parentWidget());
+    const bool isUpright = bar && bar->orientation() == Qt::Horizontal;
+    if (isUpright)
+        option.state |= QStyle::State_Horizontal;
+    QPainter painter(&separator);
+    if (!IsFusionsSeparator(Painted(separator, separator.rect()), option))
+        return;
+    constexpr int kMargin = 6; // of Fusion's line
+    const QRect all = separator.rect();
+    const QRect line = isUpright ? QRect(all.width() / 2, kMargin, 1, all.height() - 2 * kMargin)
+                                 : QRect(kMargin, all.height() / 2, all.width() - 2 * kMargin, 1);
+    painter.fillRect(line, OutlineColor(QApplication::palette("QToolButton")));
+}
+
+/// Whether \a painted is what Fusion paints between the buttons of a tool bar by \a option.
+bool PlainDrawings::IsFusionsSeparator(const QImage &painted, const QStyleOption &option) const
+{
+    QImage fusions(painted.size(), QImage::Format_ARGB32_Premultiplied);
+    fusions.fill(Qt::transparent);
+    QPainter painter(&fusions);
+    m_fusion->drawPrimitive(QStyle::PE_IndicatorToolBarSeparator, &option, &painter);
+    painter.end();
+    bool isAny = false;
+    for (int y = 0; y < fusions.height(); ++y) {
+        for (int x = 0; x < fusions.width(); ++x) {
+            const QRgb pixel = fusions.pixel(x, y);
+            if (qAlpha(pixel) == 0)
+                continue;
+            if (painted.pixel(x, y) != pixel)
+                return false;
+            isAny = true;
+        }
+    }
+    return isAny;
 }
 
 void PlainDrawings::PaintOutline(QGroupBox &group) const
@@ -208,7 +284,7 @@ void PlainDrawings::PaintOutline(QGroupBox &group) const
     if (Painted(group, probe) != FusionsFrame(*m_fusion, group, option, all, probe))
         return;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(OutlineColor(group));
+    painter.setPen(OutlineColor(group.palette()));
     painter.drawRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
 }
 

@@ -58,7 +58,7 @@ constexpr Role kRoles[] = {
 /// None of them fills itself with that.
 constexpr const char *kOutlinedClasses[] = {
     "QPushButton", "QToolButton", "QCheckBox",  "QRadioButton", "QLineEdit",    "QAbstractSpinBox", "QComboBox",
-    "QGroupBox",   "QTabBar",     "QTabWidget", "QSlider",      "QProgressBar", "QScrollBar",       "QMenu",
+    "QGroupBox",   "QTabBar",     "QTabWidget", "QSlider",      "QProgressBar", "QScrollBar",
 };
 
 /// Classes to which a desktop or its style gives a palette of their own.
@@ -90,6 +90,15 @@ QPalette OutlinedPalette(QPalette palette)
             group, QPalette::Window,
             QColor::fromHsvF(qMax(border.hsvHueF(), Share(0)), border.hsvSaturationF(), qMin(border.valueF() * kDarker, Share(1))));
     }
+    return palette;
+}
+
+/// \a palette, by which nothing is filled with what it only says for outlines: Qt gives the items of a combo box that drops down as a menu
+/// the ground of menus, which these never show.
+QPalette UnfilledPalette(QPalette palette)
+{
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        palette.setBrush(group, QPalette::Window, QBrush(palette.color(group, QPalette::Window), Qt::NoBrush));
     return palette;
 }
 
@@ -274,6 +283,7 @@ void PlainPalette::SetClasses()
     const QPalette outlined = OutlinedPalette(QApplication::palette());
     for (const char *name : kOutlinedClasses)
         QApplication::setPalette(outlined, name);
+    QApplication::setPalette(UnfilledPalette(outlined), "QMenu");
     QApplication::setPalette(TitledPalette(QApplication::palette()), "QMdiSubWindow");
 }
 

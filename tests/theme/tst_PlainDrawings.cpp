@@ -5,8 +5,10 @@
 
 #include <Velmora/PlainWidgets.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QComboBox>
 #include <QDial>
 #include <QDockWidget>
 #include <QFileDialog>
@@ -15,7 +17,9 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPainter>
 #include <QStyleFactory>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTextCharFormat>
 #include <QToolBar>
@@ -60,6 +64,17 @@ QRect Across(const QMenu &menu, QAction *action)
 QRect BoxOf(const QMenu &menu, QAction *action)
 {
     return menu.actionGeometry(action).adjusted(1, 1, 0, -1).intersected(QRect(0, 0, 20, 1000));
+}
+
+void FillWithSeparator(QComboBox &box)
+{
+    box.addItems({QString(3, QChar(0x2588)), QString(3, QChar(0x2588))}); // full blocks, whose colour is the text's
+    box.insertSeparator(1);
+}
+
+QRect RowOf(const QComboBox &box, int row)
+{
+    return box.view()->visualRect(box.model()->index(row, 0));
 }
 
 QToolButton *ArrowsOf(const QToolBar &bar)
@@ -255,6 +270,68 @@ private Q_SLOTS:
                 QVERIFY2(contrast >= WantedOfDrawings(table), qPrintable(QStringLiteral("%1: %2").arg(table).arg(contrast)));
             }
         });
+    }
+
+    void texts_and_separators_of_an_open_combo_box_can_be_seen_data()
+    {
+        QTest::addColumn<bool>("isEditable");
+        QTest::newRow("as a menu") << false;
+        QTest::newRow("as a list") << true;
+    }
+
+    void texts_and_separators_of_an_open_combo_box_can_be_seen()
+    {
+        QFETCH(bool, isEditable);
+        QComboBox box;
+        FillWithSeparator(box);
+        box.setEditable(isEditable);
+        box.show();
+        box.showPopup();
+        InEveryTable([&](const QString &table) {
+            const QImage picture = Render(*box.view()->viewport());
+            for (const int row : {0, 1, 2}) {
+                const double contrast = ContrastIn(picture, RowOf(box, row));
+                const double wanted = row == 1 ? WantedOfDrawings(table) : kReadable;
+                QVERIFY2(contrast >= wanted, qPrintable(QStringLiteral("%1, row %2: %3").arg(table).arg(row).arg(contrast)));
+            }
+        });
+    }
+
+    void a_hosts_rows_of_a_combo_box_win()
+    {
+        struct Magenta : QStyledItemDelegate
+        {
+            void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &) const override
+            {
+                painter->fillRect(option.rect, Qt::magenta);
+            }
+        };
+        UseTable(Table::Dark);
+        QComboBox box;
+        FillWithSeparator(box);
+        Magenta delegate;
+        box.setItemDelegate(&delegate);
+        box.show();
+        box.showPopup();
+        DrainEvents();
+        QCOMPARE(InkBox(Part(Render(*box.view()->viewport()), RowOf(box, 1)), Qt::magenta), QRectF());
+        box.hidePopup();
+    }
+
+    void separators_of_a_tool_bar_can_be_seen()
+    {
+        for (const Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+            QToolBar bar;
+            bar.setOrientation(orientation);
+            bar.addAction(QStringLiteral("Open"));
+            QAction *separator = bar.addSeparator();
+            bar.addAction(QStringLiteral("Close"));
+            bar.show();
+            InEveryTable([&](const QString &table) {
+                const double contrast = ContrastIn(Render(bar, TokenNow("bg/bg_box")), bar.actionGeometry(separator));
+                QVERIFY2(contrast >= WantedOfDrawings(table), qPrintable(QStringLiteral("%1: %2").arg(table).arg(contrast)));
+            });
+        }
     }
 
     void the_title_of_a_section_stays_and_its_line_stands_beside_it()

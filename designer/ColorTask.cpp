@@ -3,14 +3,20 @@
 #include "ControlTable.h"
 #include "TokenChooser.h"
 
+#include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerFormWindowManagerInterface>
+#include <QtDesigner/QDesignerPropertySheetExtension>
+#include <QtDesigner/QExtensionManager>
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QMetaProperty>
 #include <QPointer>
 #include <QWidget>
+
+#include <memory>
 
 namespace VelmoraDesigner {
 
@@ -28,6 +34,17 @@ QStringList ColorCodesOf(const QObject &object)
     return names;
 }
 
+/// \a text as the value of a property that no translator is to see. Designer's type for that is its own: a form that is read holds one.
+QVariant UntranslatedText(QDesignerFormEditorInterface &core, const QString &text)
+{
+    const std::unique_ptr<QDesignerFormWindowInterface> form(core.formWindowManager()->createFormWindow());
+    form->setContents(QStringLiteral(R"(<ui version="4.0"><class>Form</class><widget class="QWidget" name="Form">)"
+                                     R"(<property name="accessibleName"><string notr="true">%1</string></property></widget></ui>)")
+                          .arg(text.toHtmlEscaped()));
+    const auto *values = qt_extension<QDesignerPropertySheetExtension *>(core.extensionManager(), form->mainContainer());
+    return values ? values->property(values->indexOf(QStringLiteral("accessibleName"))) : text;
+}
+
 /// By way of the form, which makes it a step that can be undone.
 void ChooseColor(QWidget &widget, const QString &property)
 {
@@ -38,7 +55,7 @@ void ChooseColor(QWidget &widget, const QString &property)
     TokenChooser chooser(widget.property(property.toLatin1()).toString(), form);
     chooser.setWindowTitle(property);
     if (chooser.exec() == QDialog::Accepted && alive && form)
-        form->cursor()->setWidgetProperty(alive, property, chooser.Code());
+        form->cursor()->setWidgetProperty(alive, property, UntranslatedText(*form->core(), chooser.Code()));
 }
 
 class ColorTask : public QObject, public QDesignerTaskMenuExtension

@@ -338,7 +338,7 @@ private Q_SLOTS:
         });
         QCOMPARE(frame->property("backgroundColorParams").toString(), QStringLiteral("brand/brand"));
         const QString saved = m_form->contents();
-        QVERIFY2(saved.contains(">brand/brand</string>"), qPrintable(saved));
+        QVERIFY2(saved.contains("<string notr=\"true\">brand/brand</string>"), qPrintable(saved));
         QVERIFY(m_form->isDirty());
 
         m_form->commandHistory()->undo();
@@ -346,6 +346,23 @@ private Q_SLOTS:
         QVERIFY(!m_form->contents().contains("brand/brand<"));
         m_form->commandHistory()->redo();
         QCOMPARE(frame->property("backgroundColorParams").toString(), QStringLiteral("brand/brand"));
+    }
+
+    void a_colour_that_is_chosen_for_the_first_time_is_no_text_for_translators()
+    {
+        OpenForm("Velmora::QcLabel"); // has no colour of its icon yet
+        const int forms = designer->core->formWindowManager()->formWindowCount();
+        Choose(ActionFor(The<QcLabel>(), "iconColorParams"), [](QDialog *dialog) {
+            dialog->findChild<QLineEdit *>("code")->setText("${brand/brand, 0.5} <&>");
+            dialog->accept();
+        });
+        const QString saved = m_form->contents();
+        QVERIFY2(saved.contains("<string notr=\"true\">${brand/brand, 0.5} &lt;&amp;&gt;</string>"), qPrintable(saved));
+        QCOMPARE(designer->core->formWindowManager()->formWindowCount(), forms);
+        QCOMPARE(designer->core->formWindowManager()->activeFormWindow(), m_form.get());
+
+        m_form->commandHistory()->undo();
+        QVERIFY(!m_form->contents().contains("iconColorParams"));
     }
 
     void a_chooser_that_is_cancelled_changes_nothing()

@@ -55,7 +55,9 @@ public:
     {
         const auto parts = widget->findChildren<QWidget *>();
         for (QWidget *part : parts) {
-            if (!part->styleSheet().isEmpty() && !IsPolished(part))
+            // One with a style of its own gets another all the same, and Qt keeps the rules that it asks of it meanwhile.
+            const bool takesOverStyle = !part->testAttribute(Qt::WA_SetStyle);
+            if (!part->styleSheet().isEmpty() && !IsPolished(part) && takesOverStyle)
                 m_sheets.emplace_back(part, std::exchange(SheetOf(part), QString()));
         }
     }

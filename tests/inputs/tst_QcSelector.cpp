@@ -325,6 +325,38 @@ private Q_SLOTS:
         selector->hidePopup();
     }
 
+    void the_one_bar_has_its_own_look_from_the_first_time_on_data()
+    {
+        QTest::addColumn<bool>("isFilledFirst");
+        QTest::newRow("filled before it has a place") << true;
+        QTest::newRow("filled in its window") << false;
+    }
+
+    void the_one_bar_has_its_own_look_from_the_first_time_on()
+    {
+        QFETCH(bool, isFilledFirst);
+        QWidget window;
+        window.setGeometry(kWindowPlace);
+        QcSelector selector(&window);
+        const auto fill = [&] {
+            for (int i = 0; i < 20; ++i)
+                selector.addItem(QString::number(i));
+        };
+        if (isFilledFirst)
+            fill();
+        window.show();
+        DrainEvents();
+        if (!isFilledFirst)
+            fill();
+        selector.showPopup();
+        MoveCursorAway();
+        DrainEvents();
+        auto *bar = selector.view()->findChild<QcScrollBar *>();
+        QVERIFY(bar->isVisible());
+        QCOMPARE(InkBox(Render(*bar, Qt::magenta), Qt::magenta), QRectF());
+        selector.hidePopup();
+    }
+
     void few_items_need_no_scroll_bar()
     {
         Open();

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QMenu>
 #include <QSet>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -65,6 +66,23 @@ private Q_SLOTS:
             const QImage image = picture->pixmap(Qt::ReturnByValue).toImage();
             QCOMPARE(image.pixelColor(6, image.height() / 2), TokenColor(QStringLiteral("base/neutral/neutral_invert")));
         }
+    }
+
+    void menus_of_a_page_have_a_filled_item_whenever_it_is_opened()
+    {
+        GalleryWindow window(Gallery::Table::Light);
+        window.show();
+        for (const char *page : {"menu", "buttons", "menu"})
+            QVERIFY(window.ShowPage(QLatin1String(page)));
+        DrainEvents();
+        int open = 0;
+        for (const QMenu *menu : window.findChildren<QMenu *>()) {
+            if (!menu->isVisible())
+                continue;
+            ++open;
+            QVERIFY2(menu->activeAction(), qPrintable(menu->title()));
+        }
+        QCOMPARE(open, 5);
     }
 
     void a_page_shows_no_control_of_qt_that_the_kit_has_data()

@@ -5,6 +5,7 @@
 #include <Velmora/QcMenuTextButton.h>
 
 #include <QContextMenuEvent>
+#include <QEvent>
 #include <QHBoxLayout>
 
 #include <algorithm>
@@ -149,6 +150,30 @@ private:
     QcMenu *m_menu;
 };
 
+/// Fills \a action of a menu that is part of the page whenever the page is opened: Qt forgets the active item of a menu that is hidden.
+class FilledItem : public QObject
+{
+public:
+    FilledItem(QcMenu *menu, QAction *action)
+        : QObject(menu)
+        , m_menu(menu)
+        , m_action(action)
+    {
+        menu->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show)
+            m_menu->setActiveAction(m_action);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QcMenu *m_menu;
+    QAction *m_action;
+};
+
 class MenuPage : public PageWidget
 {
 public:
@@ -204,7 +229,7 @@ private:
         menu->setWindowFlags(Qt::Widget);
         const QList<QAction *> actions = menu->actions();
         const auto plain = std::find_if(actions.cbegin(), actions.cend(), [](const QAction *action) { return !action->menu(); });
-        menu->setActiveAction(*plain); // one with a submenu would open it
+        new FilledItem(menu, *plain); // one with a submenu would open it
         MakeSpecimen(menu);
         return menu;
     }

@@ -135,6 +135,19 @@ class DesignerTest(unittest.TestCase):
         self.assertEqual(custom.findtext("header"), "Velmora/QcPrimaryButton.h")
         self.assertEqual(custom.find("header").get("location"), "global")
 
+    def test_a_colour_chosen_from_the_context_menu_is_painted_and_saved_for_no_translator(self):
+        x, y = self.find(TARGET)
+        self.desktop.click(x, y, button=3)
+        wait_for(lambda: self.desktop.pixel(x + 40, y + 30) != "#" + TARGET.hex(), "the context menu")
+        self.desktop.keys("Down", "Return")
+        wait_for(lambda: "backgroundColorParams" in self.desktop.property(self.desktop.active_window(), "_NET_WM_NAME"), "the chooser")
+        self.desktop.keys("Tab", "Tab", "ctrl+a") # behind the search and the list the code
+        self.desktop.type("#00FE00")
+        self.desktop.keys("Return")
+        wait_for(lambda: self.find(bytes.fromhex("00fe00")), "the chosen colour")
+        code = self.saved().find(".//widget[@name='target']/property[@name='backgroundColorParams']/string")
+        self.assertEqual((code.text, code.get("notr")), ("#00FE00", "true"))
+
     def test_the_menu_shows_the_form_on_the_ground_of_another_table(self):
         light, dark = (token(table, "bg/bg_box") for table in ("blue_light.ini", "blue_dark.ini"))
         x, y = self.find(TARGET)

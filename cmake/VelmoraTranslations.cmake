@@ -67,15 +67,17 @@ function(velmora_add_translations target)
     endif()
 endfunction()
 
-# velmora_add_translations_update(<target> <include-dir> <source-dir> <ts-file>...)
+# velmora_add_translations_update(<target> INCLUDES dir... SOURCES dir... FILES ts-file...)
 #
 # Makes <target>, which brings the texts of the sources into the files and takes those out that are gone. What is new there, a
 # translator writes; a test tells what is wanting.
-function(velmora_add_translations_update target include_dir source_dir)
+function(velmora_add_translations_update target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "INCLUDES;SOURCES;FILES")
+    list(TRANSFORM arg_INCLUDES PREPEND -I)
     velmora_find_qt_tool(lupdate)
     if(VELMORA_LUPDATE)
         add_custom_target(${target}
-            COMMAND "${VELMORA_LUPDATE}" -silent -no-obsolete -locations none -I "${include_dir}" -I "${source_dir}" "${source_dir}" -ts ${ARGN}
+            COMMAND "${VELMORA_LUPDATE}" -silent -no-obsolete -locations none ${arg_INCLUDES} ${arg_SOURCES} -ts ${arg_FILES}
             VERBATIM
         )
     endif()

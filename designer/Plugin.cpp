@@ -8,16 +8,35 @@
 #include "Tables.h"
 
 #include <Velmora/QcStyleManager.h>
+#include <Velmora/Translations.h>
 
 #include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QExtensionManager>
 
 #include <QApplication>
 #include <QIcon>
+#include <QLocale>
+#include <QTranslator>
 
 using namespace Velmora;
 
 namespace VelmoraDesigner {
+
+namespace {
+
+/// The plugin's own texts in the language of Designer, out of the kit's catalogue, whose other texts stay away from what is designed.
+class OwnTexts : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+
+    QString translate(const char *context, const char *text, const char *meaning, int number) const override
+    {
+        return qstrcmp(context, "VelmoraDesigner") == 0 ? QTranslator::translate(context, text, meaning, number) : QString();
+    }
+};
+
+} // namespace
 
 ControlPlugin::ControlPlugin(const Control &control, Plugin &plugin)
     : QObject(&plugin)
@@ -107,6 +126,9 @@ void Plugin::Begin(QDesignerFormEditorInterface &core)
         return;
     m_core = &core;
     ServeWithTable();
+    auto *texts = new OwnTexts(&core);
+    if (texts->load(QLocale(), QStringLiteral("velmora"), QStringLiteral("_"), TranslationsFolder(), QStringLiteral(".qm")))
+        QCoreApplication::installTranslator(texts);
     QExtensionManager *extensions = core.extensionManager();
     extensions->registerExtensions(new PagesFactory(extensions), Q_TYPEID(QDesignerContainerExtension));
     extensions->registerExtensions(new ColorTaskFactory(extensions), Q_TYPEID(QDesignerTaskMenuExtension));

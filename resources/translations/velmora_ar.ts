@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>اختيار %1...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;فاتح</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;داكن</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>تباين عالٍ، فا&amp;تح</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>تباين عالٍ، دا&amp;كن</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>بحث</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>رمز لون أو #RRGGBB أو اسم لون أو أحدها مع درجة شفافية: ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>

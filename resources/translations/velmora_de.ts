@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>%1 wählen...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>Hoher Kontrast, h&amp;ell</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>Hoher Kontrast, d&amp;unkel</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>Ein Token, #RRGGBB, der Name einer Farbe oder eines davon mit Deckkraft: ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>

@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>Choose %1...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Light</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dark</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>High contrast, l&amp;ight</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>High contrast, d&amp;ark</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>

@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>Elegir %1...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Claro</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Oscuro</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>Alto contraste, c&amp;laro</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>Alto contraste, o&amp;scuro</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>Un token, #RRGGBB, el nombre de un color o uno de ellos con una opacidad: ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>

@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>Choisir %1...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Clair</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Sombre</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>Contraste élevé, c&amp;lair</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>Contraste élevé, s&amp;ombre</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>Un jeton, #RRGGBB, le nom d&apos;une couleur ou l&apos;un d&apos;eux avec une opacité : ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>
@@ -533,7 +564,7 @@
     </message>
     <message>
         <source>%1: This is more than can be read at once.</source>
-        <translation>%1 : il y en a plus que ce qui peut être lu en une fois.</translation>
+        <translation>%1&#xa0;: il y en a plus que ce qui peut être lu en une fois.</translation>
     </message>
     <message>
         <source>This is more than a template has memory for, which is %1 MiB.</source>

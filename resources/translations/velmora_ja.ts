@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>%1 を選択...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>明るい(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>暗い(&amp;D)</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>ハイコントラスト、明るい(&amp;I)</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>ハイコントラスト、暗い(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>トークン、#RRGGBB、色名、またはそのいずれかに不透明度を付けたもの: ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>

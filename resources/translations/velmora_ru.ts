@@ -237,6 +237,37 @@
     </message>
 </context>
 <context>
+    <name>VelmoraDesigner</name>
+    <message>
+        <source>Choose %1...</source>
+        <translation>Выбрать %1...</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Светлая</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Тёмная</translation>
+    </message>
+    <message>
+        <source>High contrast, l&amp;ight</source>
+        <translation>Высокая контрастность, с&amp;ветлая</translation>
+    </message>
+    <message>
+        <source>High contrast, d&amp;ark</source>
+        <translation>Высокая контрастность, т&amp;ёмная</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Поиск</translation>
+    </message>
+    <message>
+        <source>A token, #RRGGBB, a colour&apos;s name, or one of them with an alpha: ${brand/brand, 0.5}</source>
+        <translation>Токен, #RRGGBB, имя цвета или одно из них с непрозрачностью: ${brand/brand, 0.5}</translation>
+    </message>
+</context>
+<context>
     <name>XlsxTemplate</name>
     <message>
         <source>The date is not between %1 and 9999-12-31.</source>

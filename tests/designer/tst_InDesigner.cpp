@@ -9,6 +9,7 @@
 #include <Velmora/QcStackedWidget.h>
 #include <Velmora/QcStyleManager.h>
 #include <Velmora/QcWindow.h>
+#include <Velmora/Translations.h>
 
 #include <QtDesigner/QDesignerComponents>
 #include <QtDesigner/QDesignerContainerExtension>
@@ -25,8 +26,10 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
+#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -365,6 +368,40 @@ private Q_SLOTS:
         QVERIFY(!m_form->contents().contains("iconColorParams"));
     }
 
+    void each_property_of_a_control_that_is_a_colour_can_be_chosen_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QStringList>("properties");
+        QTest::newRow("frame") << "Velmora::QcFrame" << QStringList{"backgroundColorParams", "borderColorParams"};
+        QTest::newRow("label") << "Velmora::QcLabel" << QStringList{"iconColorParams"};
+        QTest::newRow("button, disabled too") << "Velmora::QcToolColorButton" << QStringList{"iconColorParams", "iconDisableColorParams"};
+    }
+
+    void each_property_of_a_control_that_is_a_colour_can_be_chosen()
+    {
+        QFETCH(QString, className);
+        QFETCH(QStringList, properties);
+        OpenForm(className);
+        QWidget *control = nullptr;
+        const auto widgets = m_form->mainContainer()->findChildren<QWidget *>();
+        for (QWidget *widget : widgets) {
+            if (widget->metaObject()->className() == className)
+                control = widget;
+        }
+        QVERIFY(control);
+        for (const QString &property : properties) {
+            QAction *action = ActionFor(control, property);
+            QVERIFY2(action, qPrintable(property));
+            Choose(action, [](QDialog *dialog) {
+                dialog->findChild<QLineEdit *>("code")->setText("brand/brand_hover");
+                dialog->accept();
+            });
+            QCOMPARE(control->property(property.toLatin1()).toString(), QStringLiteral("brand/brand_hover"));
+        }
+        const QString saved = m_form->contents();
+        QCOMPARE(saved.count("<string notr=\"true\">brand/brand_hover</string>"), properties.size());
+    }
+
     void a_chooser_that_is_cancelled_changes_nothing()
     {
         OpenForm("Velmora::QcFrame");
@@ -407,6 +444,27 @@ private Q_SLOTS:
         });
     }
 
+    void the_plugin_speaks_the_language_of_designer_and_leaves_forms_alone()
+    {
+        if (!QFile::exists(TranslationsFolder() + "/velmora_de.qm"))
+            QSKIP("built without translations");
+        QStringList tables;
+        const auto actions = designer->top.menuBar()->actions().at(1)->menu()->actions();
+        for (const QAction *action : actions)
+            tables.append(action->text());
+        QCOMPARE(
+            tables,
+            (QStringList{"&Hell", "&Dunkel", QString::fromUtf8("Hoher Kontrast, h&ell"), QString::fromUtf8("Hoher Kontrast, d&unkel")}));
+        OpenForm("Velmora::QcFrame");
+        QAction *action = ActionFor(The<QcFrame>(), "borderColorParams");
+        QCOMPARE(action->text(), QString::fromUtf8("borderColorParams wählen..."));
+        Choose(action, [](QDialog *dialog) {
+            QCOMPARE(dialog->findChild<QLineEdit *>("search")->placeholderText(), QStringLiteral("Suchen"));
+            dialog->reject();
+        });
+        QCOMPARE(QCoreApplication::translate("QcDialog", "Minimize"), QStringLiteral("Minimize"));
+    }
+
     // --- The table ---
 
     void the_menu_stands_before_help_and_chooses_the_table_of_forms()
@@ -440,6 +498,7 @@ private Q_SLOTS:
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    QLocale::setDefault(QLocale::German);
     LogGuard quiet;          // the start-up facts have a test of their own
     designer = new Designer; // to the end of the process: its parts know each other in no order
     DrainEvents();

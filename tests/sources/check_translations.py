@@ -1,7 +1,7 @@
 """Checks that every text of the sources is translated into every language, with what a text must keep.
 
-check_translations.py LUPDATE INCLUDE_FOLDER SRC_FOLDER TRANSLATIONS_FOLDER               check the folder of .ts files
-check_translations.py --self-check LUPDATE INCLUDE_FOLDER SRC_FOLDER TRANSLATIONS_FOLDER  plant faults in copies, and see each found
+check_translations.py LUPDATE INCLUDE_FOLDER SOURCE_FOLDER... TRANSLATIONS_FOLDER               check the folder of .ts files
+check_translations.py --self-check LUPDATE INCLUDE_FOLDER SOURCE_FOLDER... TRANSLATIONS_FOLDER  plant faults in copies, and see each found
 
 To bring new texts into the files: cmake --build --preset dev --target VelmoraUpdateTranslations
 """
@@ -38,12 +38,12 @@ def messages_of(file):
                                   for context in root.iter("context") for element in context.iter("message")]
 
 
-def texts_of_sources(lupdate, include, source, language):
+def texts_of_sources(lupdate, include, sources, language):
     """What lupdate writes for the language when it begins anew."""
     with tempfile.TemporaryDirectory() as scratch:
         file = pathlib.Path(scratch) / "fresh.ts"
-        subprocess.run([lupdate, "-silent", "-source-language", "en", "-target-language", language, "-I", include, "-I", source, source,
-                        "-ts", file], check=True)
+        subprocess.run([lupdate, "-silent", "-source-language", "en", "-target-language", language, "-I", include, "-I", sources[0],
+                        *sources, "-ts", file], check=True)
         return messages_of(file)[1]
 
 
@@ -83,11 +83,11 @@ def faults_of_text(language, message, index, text):
         yield "is not translated"
 
 
-def check_file(lupdate, include, source, file):
+def check_file(lupdate, include, sources, file):
     language, messages = messages_of(file)
     if f"velmora_{language}.ts" != file.name:
         yield f"says that its language is {language}"
-    fresh = {message.key: message for message in texts_of_sources(lupdate, include, source, language or "en")}
+    fresh = {message.key: message for message in texts_of_sources(lupdate, include, sources, language or "en")}
     if not fresh:
         yield "cannot be compared: the sources have no texts"
     found = {message.key: message for message in messages}
@@ -103,12 +103,12 @@ def check_file(lupdate, include, source, file):
             yield from (f"has {key}, whose text {text!r} {fault}" for fault in faults_of_text(language, message, index, text))
 
 
-def check(lupdate, include, source, folder):
+def check(lupdate, include, sources, folder):
     """The faults of the folder, each a line."""
     faults = [f"there is no velmora_{language}.ts" for language in sorted(LANGUAGES)
               if not (folder / f"velmora_{language}.ts").exists()]
     for file in sorted(folder.glob("*.ts")):
-        faults += [f"{file.name} {fault}" for fault in check_file(lupdate, include, source, file)]
+        faults += [f"{file.name} {fault}" for fault in check_file(lupdate, include, sources, file)]
     return faults
 
 
@@ -135,8 +135,8 @@ PLANTED = [
 ]
 
 
-def self_check(lupdate, include, source, folder):
-    before = set(check(lupdate, include, source, folder))
+def self_check(lupdate, include, sources, folder):
+    before = set(check(lupdate, include, sources, folder))
     for name, old, new, words in PLANTED:
         with tempfile.TemporaryDirectory() as scratch:
             copy = pathlib.Path(scratch) / "translations"
@@ -145,7 +145,7 @@ def self_check(lupdate, include, source, folder):
             if old not in text:
                 yield f"cannot be planted: {name} has no {old}"
             (copy / name).write_text(text.replace(old, new, 1), encoding="utf-8")
-            found = [fault for fault in check(lupdate, include, source, copy) if fault not in before]
+            found = [fault for fault in check(lupdate, include, sources, copy) if fault not in before]
         if words and not any(fault.startswith(name) and words in fault for fault in found):
             yield f"planted, not found: {new} in {name} ({found})"
         if not words and found:
@@ -154,13 +154,14 @@ def self_check(lupdate, include, source, folder):
         copy = pathlib.Path(scratch) / "translations"
         shutil.copytree(folder, copy)
         (copy / "velmora_ja.ts").unlink()
-        if "there is no velmora_ja.ts" not in check(lupdate, include, source, copy):
+        if "there is no velmora_ja.ts" not in check(lupdate, include, sources, copy):
             yield "not found: a language that is gone"
 
 
 if __name__ == "__main__":
-    *option, lupdate, include, source, folder = sys.argv[1:]
-    arguments = lupdate, include, pathlib.Path(source), pathlib.Path(folder)
-    faults = list(self_check(*arguments)) if option == ["--self-check"] else check(*arguments)
+    wants_self_check = sys.argv[1] == "--self-check"
+    lupdate, include, *sources, folder = sys.argv[2 if wants_self_check else 1:]
+    arguments = lupdate, include, sources, pathlib.Path(folder)
+    faults = list(self_check(*arguments)) if wants_self_check else check(*arguments)
     print("\n".join(faults))
     sys.exit(1 if faults else 0)

@@ -436,7 +436,7 @@ private Q_SLOTS:
     void one_filter_serves_all_watchers()
     {
         // Qt would call a filter of its own for each watcher: only one object was added to the application.
-        const int before = qApp->children().size();
+        const auto before = qApp->children().size();
         const auto a = Watch('a', {kFirst});
         const auto b = Watch('b', {kFirst, kSecond});
         QCOMPARE(qApp->children().size(), before + 1);

@@ -1,6 +1,7 @@
 #include "ByHand.h"
 #include "Looks.h"
 
+#include "support/FontLines.h"
 #include "support/TestMain.h"
 
 #include <Velmora/PlainApplication.h>
@@ -24,20 +25,12 @@ class tst_PlainForms : public VelmoraTest::TestCase
 {
     Q_OBJECT
 
-private:
-    void ExpectFonts()
-    {
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: .*\\(\"Roboto\"\\)")); // each Qt has its way to write lists
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: .*\\(\"Open Sans.*\"\\)"));
-    }
-
 private Q_SLOTS:
     // First: nobody has chosen a table in this process yet.
     void controls_are_painted_in_a_plain_program_and_nothing_is_said()
     {
         QApplication application(argc, argv);
-        ExpectFonts();
+        ExpectFontLines(Log());
         const auto form = Loaded("every_control");
         form->show();
         DrainEvents();
@@ -54,11 +47,11 @@ private Q_SLOTS:
         Look plain;
         {
             QApplication application(argc, argv);
-            ExpectFonts();
+            ExpectFontLines(Log());
             plain = LookOf(*Loaded("every_control"));
         }
         QcApplication application(argc, argv);
-        ExpectFonts();
+        ExpectFontLines(Log());
         application.Initialize();
         const Look ours = LookOf(*Loaded("every_control"));
         QCOMPARE(plain.picture, ours.picture);
@@ -67,7 +60,7 @@ private Q_SLOTS:
     void a_form_in_a_plain_program_follows_the_table()
     {
         QApplication application(argc, argv);
-        ExpectFonts();
+        ExpectFontLines(Log());
         const auto form = Loaded("every_control");
         form->show();
         DrainEvents();
@@ -84,7 +77,7 @@ private Q_SLOTS:
     {
         QApplication application(argc, argv);
         UseTable(Table::Dark);
-        ExpectFonts();
+        ExpectFontLines(Log());
         const auto form = Loaded("every_control");
         QCOMPARE(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Dark, "brand/brand"));
         UseTable(Table::Light);

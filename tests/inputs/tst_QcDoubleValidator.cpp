@@ -9,6 +9,20 @@
 using namespace Velmora;
 using namespace VelmoraTest;
 
+namespace {
+
+/// What Qt's own validator says.
+QValidator::State OfQt(double bottom, double top, int decimals, const char *text)
+{
+    QDoubleValidator validator(bottom, top, decimals, nullptr);
+    validator.setNotation(QDoubleValidator::StandardNotation);
+    QString typed = QString::fromLatin1(text);
+    int position = 0;
+    return validator.validate(typed, position);
+}
+
+} // namespace
+
 class TestQcDoubleValidator : public NumberValidatorTest
 {
     Q_OBJECT
@@ -41,12 +55,12 @@ private Q_SLOTS:
             QTest::newRow(name) << bottom << top << decimals << QString::fromLatin1(text) << state;
         };
         add("infinite", -qInf(), qInf(), 2, "1.5", kAcceptable);
-        add("infinite, turned round", qInf(), -qInf(), 2, "1.5", kAcceptable); // out of range, as every number is
-        add("no numbers", qQNaN(), qQNaN(), 2, "1.5", kIntermediate);          // neither in range nor out of it
+        add("infinite, turned round", qInf(), -qInf(), 2, "1.5", kAcceptable);           // out of range, as every number is
+        add("no numbers", qQNaN(), qQNaN(), 2, "1.5", OfQt(qQNaN(), qQNaN(), 2, "1.5")); // neither in range nor out of it
         add("huge", -1e308, 1e308, 2, "1.5", kAcceptable);
         add("no places", 0, 9, 0, "1.5", kInvalid);
         add("no places, whole", 0, 9, 0, "3", kAcceptable);
-        add("fewer than no places", 0, 9, -3, "1.5", kInvalid);
+        add("fewer than no places", 0, 9, -3, "1.5", OfQt(0, 9, -3, "1.5")); // none in Qt 5, and any number of them in Qt 6
         add("fewer than no places, whole", 0, 9, -3, "3", kAcceptable);
         add("fewest places", 0, 9, kLeast, "3", kAcceptable);
         add("more places than a double has", 0, 9, 400, "1.5", kAcceptable);

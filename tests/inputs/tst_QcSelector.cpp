@@ -1,12 +1,12 @@
 #include "support/AccessibleEvents.h"
 #include "support/EventCounter.h"
-#include "support/HoverEventAt.h"
 #include "support/PaintedRegion.h"
 #include "support/Pixels.h"
 #include "support/SquareIcon.h"
 #include "support/TestMain.h"
 
 #include "buttons/ControlTest.h"
+#include "core/QtCompatibility_p.h"
 
 #include <Velmora/ImageParams.h>
 #include <Velmora/QcLineEdit.h>

@@ -241,7 +241,7 @@ private Q_SLOTS:
         QVector<std::shared_ptr<QSignalSpy>> clicks;
         for (QAbstractButton *button : control->findChildren<QAbstractButton *>())
             clicks.append(std::make_shared<QSignalSpy>(button, &QAbstractButton::clicked));
-        const int before = QApplication::topLevelWidgets().size();
+        const auto before = QApplication::topLevelWidgets().size();
         AskForEverything(tree);
         delete control;
         DrainEvents();

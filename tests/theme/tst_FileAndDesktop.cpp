@@ -61,7 +61,7 @@ int ReadBeyondMemory(const QString &path)
         lines += (type == QtWarningMsg ? "warning: " : "other: ") + line.toUtf8() + '\n';
     });
     const QString content = GetFileContent(path);
-    std::fprintf(stdout, "%scharacters: %d\n", lines.constData(), content.size());
+    std::fprintf(stdout, "%scharacters: %d\n", lines.constData(), int(content.size()));
     return 0;
 }
 

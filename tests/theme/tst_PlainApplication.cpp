@@ -1,3 +1,4 @@
+#include "support/FontLines.h"
 #include "support/TestMain.h"
 
 #include <Velmora/QcPrimaryButton.h>
@@ -20,14 +21,6 @@ class tst_PlainApplication : public VelmoraTest::TestCase
 {
     Q_OBJECT
 
-private:
-    void ExpectFonts()
-    {
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(\"Open Sans.*\"\\)"));
-    }
-
 private Q_SLOTS:
     // First, because it is said once a process.
     void the_first_registration_warns_and_says_what_to_do()
@@ -43,7 +36,7 @@ private Q_SLOTS:
         QCOMPARE(Log().Announced().size(), 1);
         manager->RegisterColorHandler(&widget, [] {});
         manager->RegisterStyleSheet(&widget, kSheet);
-        ExpectFonts();
+        ExpectFontLines(Log());
         manager->Initialize();
     }
 

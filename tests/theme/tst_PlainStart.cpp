@@ -1,6 +1,7 @@
 // Before there is an application object, and after it has gone. The test makes them itself.
 
 #include "support/CommandLine.h"
+#include "support/FontLines.h"
 #include "support/TestMain.h"
 #include "theme/TokenNow.h"
 
@@ -20,9 +21,7 @@ class TestPlainStart : public TestCase
     void Initialize(QcApplication &application)
     {
         UseTable(Table::Dark);
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(\"Open Sans.*\"\\)"));
+        ExpectFontLines(Log());
         application.Initialize();
     }
 

@@ -1,4 +1,5 @@
 #include "contrast/Measures.h"
+#include "core/QtCompatibility_p.h"
 #include "support/EventCounter.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
@@ -172,7 +173,7 @@ private Q_SLOTS:
         QVERIFY(area.background() != ground);
         SetPlainWidgetsFollowTable(false);
         QCOMPARE(QApplication::palette(), before);
-        QCOMPARE(QApplication::palette().resolve(), before.resolve());
+        QCOMPARE(ResolveMaskOf(QApplication::palette()), ResolveMaskOf(before));
         QCOMPARE(qApp->styleSheet(), sheet);
         QCOMPARE(label.palette(), ofLabel);
         QCOMPARE(area.background(), ground);

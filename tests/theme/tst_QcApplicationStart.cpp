@@ -1,6 +1,7 @@
 // From the load of the library to a second Initialize(). The test makes the application objects itself.
 
 #include "support/CommandLine.h"
+#include "support/FontLines.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -71,9 +72,7 @@ class tst_QcApplicationStart : public TestCase
 private:
     void InitializeQuietly(QcApplication &application)
     {
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(\"Open Sans.*\"\\)"));
+        ExpectFontLines(Log());
         application.Initialize();
     }
 

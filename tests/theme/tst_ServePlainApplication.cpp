@@ -1,3 +1,4 @@
+#include "support/FontLines.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -41,14 +42,6 @@ class tst_ServePlainApplication : public VelmoraTest::TestCase
 {
     Q_OBJECT
 
-private:
-    void ExpectFonts()
-    {
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: .*\\(\"Roboto\"\\)")); // each Qt has its way to write lists
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: .*\\(\"Open Sans.*\"\\)"));
-    }
-
 private Q_SLOTS:
     void nothing_is_served_without_an_application_for_widgets()
     {
@@ -61,7 +54,7 @@ private Q_SLOTS:
     {
         QApplication application(argc, argv);
         UseTable(Table::Light);
-        ExpectFonts();
+        ExpectFontLines(Log());
         QVERIFY(ServePlainApplication());
         QCursor::setPos(700, 500); // no hover
         QcPrimaryButton button;
@@ -78,7 +71,7 @@ private Q_SLOTS:
     void serving_twice_is_serving_once()
     {
         QApplication application(argc, argv);
-        ExpectFonts();
+        ExpectFontLines(Log());
         QVERIFY(ServePlainApplication());
         QVERIFY(!ServePlainApplication());
         QCOMPARE(RunsPerChange(), 1);
@@ -88,7 +81,7 @@ private Q_SLOTS:
     {
         QApplication application(argc, argv);
         application.setStyleSheet("QLabel { color: red; }");
-        ExpectFonts();
+        ExpectFontLines(Log());
         ServePlainApplication();
         QCOMPARE(application.styleSheet(), QStringLiteral("QLabel { color: red; }"));
         QWidget first;
@@ -105,7 +98,7 @@ private Q_SLOTS:
     {
         {
             QApplication application(argc, argv);
-            ExpectFonts();
+            ExpectFontLines(Log());
             QVERIFY(ServePlainApplication());
         }
         bool ran = false;
@@ -114,7 +107,7 @@ private Q_SLOTS:
             &application, [&ran] { ran = true; }, "");
         DrainEvents();
         QVERIFY(!ran);
-        ExpectFonts();
+        ExpectFontLines(Log());
         QVERIFY(ServePlainApplication());
         PostOwnedTask(
             &application, [&ran] { ran = true; }, "");
@@ -126,7 +119,7 @@ private Q_SLOTS:
     {
         QcApplication application(argc, argv);
         QVERIFY(!ServePlainApplication());
-        ExpectFonts();
+        ExpectFontLines(Log());
         application.Initialize();
         QVERIFY(!ServePlainApplication());
         QCOMPARE(RunsPerChange(), 1);
@@ -136,7 +129,7 @@ private Q_SLOTS:
     void a_plain_program_that_initialised_the_theme_itself_follows_once()
     {
         QApplication application(argc, argv);
-        ExpectFonts();
+        ExpectFontLines(Log());
         Log().ExpectMatch(QtWarningMsg, QStringLiteral("QcStyleManager::Initialize: the application object is not a QcApplication.*"));
         QcStyleManager::GetInstance()->Initialize();
         QVERIFY(ServePlainApplication());

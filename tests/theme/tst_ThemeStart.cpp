@@ -1,3 +1,4 @@
+#include "support/FontLines.h"
 #include "support/TestMain.h"
 
 #include <Velmora/FileAndDesktop.h>
@@ -28,13 +29,6 @@ private:
     int m_argc = 1;
     char m_name[5] = "test";
     char *m_argv[2] = {m_name, nullptr};
-
-    void ExpectFontFacts()
-    {
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont"));
-        Log().Expect(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
-        Log().ExpectMatch(QtInfoMsg, QStringLiteral("QcStyleManager::LoadFont: \\(.*\"Open Sans.*\"\\)"));
-    }
 
 private Q_SLOTS:
     // First, because Qt forgets what was installed only with the first application of a process.
@@ -98,10 +92,10 @@ private Q_SLOTS:
         UseTable(Table::Light);
         const QString own = QStringLiteral("QLabel { color: ${brand/brand}; }");
         application.setStyleSheet(own);
-        ExpectFontFacts();
+        ExpectFontLines(Log());
         application.Initialize();
         QCOMPARE(Log().Announced().first(), QStringLiteral("QcStyleManager::LoadFont"));
-        QCOMPARE(Log().Announced().at(1), QStringLiteral("QcStyleManager::LoadFont: (\"Roboto\")"));
+        QVERIFY(Log().Announced().at(1).contains(QLatin1String("(\"Roboto\")")));
 
         const QString global = GetFileContent(QStringLiteral(":/qss/Global.qss"));
         const QString light = QStringLiteral("QLabel { color: rgba(51, 111, 255, 1); }") + global;
@@ -125,7 +119,7 @@ private Q_SLOTS:
             QCOMPARE(QcStyleManager::GetInstance()->GetPixmap(params).cacheKey(), firstKey);
         }
         QcApplication application(m_argc, m_argv);
-        ExpectFontFacts();
+        ExpectFontLines(Log());
         application.Initialize();
         const QPixmap pixmap = QcStyleManager::GetInstance()->GetPixmap(params);
         QVERIFY(pixmap.cacheKey() != firstKey); // no pixmap outlives its application

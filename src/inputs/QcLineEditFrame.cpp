@@ -84,18 +84,25 @@ QString NormalisedDouble(const QString &text, const QDoubleValidator &range)
     return isAccepted ? QLocale().toString(value, 'f', WrittenPlaces(range.decimals())) : QString();
 }
 
+/// \a value within the bounds. Bounds that are turned round, which qBound() does not take, give the lower one.
+template <typename Number>
+Number Clamped(Number bottom, Number value, Number top)
+{
+    return qMax(bottom, qMin(top, value));
+}
+
 QString ClampedInteger(const QString &text, const QIntValidator &range)
 {
     bool isNumber = false;
     const int value = text.toInt(&isNumber, 10);
-    return isNumber ? QString::number(qBound(range.bottom(), value, range.top()), 10) : QString();
+    return isNumber ? QString::number(Clamped(range.bottom(), value, range.top()), 10) : QString();
 }
 
 QString ClampedDouble(const QString &text, const QDoubleValidator &range)
 {
     bool isNumber = false;
     const double value = text.toDouble(&isNumber);
-    return isNumber ? QString::number(qBound(range.bottom(), value, range.top()), 'f', WrittenPlaces(range.decimals())) : QString();
+    return isNumber ? QString::number(Clamped(range.bottom(), value, range.top()), 'f', WrittenPlaces(range.decimals())) : QString();
 }
 
 } // namespace

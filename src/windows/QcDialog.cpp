@@ -421,7 +421,7 @@ void QcDialog::paintEvent(QPaintEvent *event)
     const QRect panel = rect().marginsRemoved(shadow.margins);
     // Most repaints are of something on the panel, where there is no shadow but under the corners, and setting up its gradients
     // would cost eight times as much as painting a button's ground.
-    const int corner = qBound(0, m_borderRadius, std::max(panel.width(), panel.height()));
+    const int corner = qMax(0, qMin(m_borderRadius, std::max(panel.width(), panel.height()))); // margins may leave no panel
     if (!panel.adjusted(corner, corner, -corner, -corner).contains(event->rect()))
         DrawShadow(painter, panel, shadow);
 

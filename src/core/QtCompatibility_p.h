@@ -14,6 +14,9 @@ namespace Velmora {
 // What Qt 6 calls by another name, and what it gives as objects of more kinds.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 
+/// Whether placeholders get half of the colour that a stylesheet gives texts.
+constexpr bool kSheetsFadePlaceholders = true;
+
 inline void SetResolveMask(QFont &font, uint mask)
 {
     font.setResolveMask(mask);
@@ -42,6 +45,8 @@ inline QHoverEvent HoverEventAt(QEvent::Type type, const QPointF &position, cons
 }
 
 #else
+
+constexpr bool kSheetsFadePlaceholders = false;
 
 inline void SetResolveMask(QFont &font, uint mask)
 {

@@ -2,6 +2,7 @@
 
 #include <Velmora/QcStyleManager.h>
 
+#include "core/QtCompatibility_p.h"
 #include "theme/StyleSheetAlone_p.h"
 #include "theme/TokenPainting_p.h"
 
@@ -9,34 +10,51 @@
 #include <QPalette>
 #include <QWidget>
 
-#include <algorithm>
-#include <iterator>
-
 namespace Velmora {
 
 namespace {
 
 constexpr QPalette::ColorGroup kGroups[] = {QPalette::Active, QPalette::Disabled, QPalette::Inactive};
 
-void ApplyPlaceholderToken(QWidget *edit)
+/// What the placeholder is to be in a group of a palette.
+using BrushOf = QBrush (*)(const QPalette &palette, QPalette::ColorGroup group);
+
+void Apply(QWidget *edit, BrushOf brushOf)
 {
-    const QBrush token(TokenColor(QStringLiteral("text/text_tertairy")));
     QPalette palette = edit->palette();
-    const bool isSet = std::all_of(std::begin(kGroups), std::end(kGroups),
-                                   [&](QPalette::ColorGroup group) { return palette.brush(group, QPalette::PlaceholderText) == token; });
-    if (isSet) // which Qt would find out at the end of a long way
-        return;
-    palette.setBrush(QPalette::All, QPalette::PlaceholderText, token);
-    edit->setPalette(palette);
+    bool isSet = true;
+    for (const QPalette::ColorGroup group : kGroups) {
+        const QBrush brush = brushOf(palette, group);
+        isSet = isSet && palette.brush(group, QPalette::PlaceholderText) == brush;
+        palette.setBrush(group, QPalette::PlaceholderText, brush);
+    }
+    if (!isSet) // or Qt would find out at the end of a long way
+        edit->setPalette(palette);
 }
 
-/// Puts the token back whenever something else sets the palette. A stylesheet that names a text colour does, each time that it
+QBrush TokenBrush(const QPalette & /*palette*/, QPalette::ColorGroup /*group*/)
+{
+    return TokenColor(QStringLiteral("text/text_tertairy"));
+}
+
+/// The colour of text, if the placeholder has that faded.
+QBrush UnfadedBrush(const QPalette &palette, QPalette::ColorGroup group)
+{
+    const QBrush text = palette.brush(group, QPalette::Text);
+    const QBrush placeholder = palette.brush(group, QPalette::PlaceholderText);
+    QColor faded = text.color();
+    faded.setAlpha((faded.alpha() + 1) / 2);
+    return placeholder.color() == faded ? text : placeholder;
+}
+
+/// Puts the colour back whenever something else sets the palette. A stylesheet that names a text colour does, each time that it
 /// polishes the widget: with the first show, in a new parent, after a change of the application's stylesheet.
 class PlaceholderKeeper : public QObject
 {
 public:
-    explicit PlaceholderKeeper(QWidget *edit)
+    PlaceholderKeeper(QWidget *edit, BrushOf brushOf)
         : QObject(edit)
+        , m_brushOf(brushOf)
     {
         edit->installEventFilter(this);
     }
@@ -47,7 +65,7 @@ public:
             auto *edit = static_cast<QWidget *>(watched);
             const auto apply = [this, edit] {
                 m_isWaiting = false;
-                ApplyPlaceholderToken(edit);
+                Apply(edit, m_brushOf);
             };
             m_isWaiting = CallWhenStyled(this, apply);
             if (!m_isWaiting)
@@ -57,6 +75,7 @@ public:
     }
 
 private:
+    BrushOf m_brushOf;
     bool m_isWaiting = false; // for the end of a pass in which Qt sets the palette several times
 };
 
@@ -64,8 +83,14 @@ private:
 
 void FollowPlaceholderToken(QWidget *edit)
 {
-    new PlaceholderKeeper(edit); // owned by the edit
-    QcStyleManager::GetInstance()->RegisterColorHandler(edit, [edit] { ApplyPlaceholderToken(edit); });
+    new PlaceholderKeeper(edit, TokenBrush); // owned by the edit
+    QcStyleManager::GetInstance()->RegisterColorHandler(edit, [edit] { Apply(edit, TokenBrush); });
+}
+
+void KeepPlaceholderUnfaded(QWidget *edit)
+{
+    if (kSheetsFadePlaceholders)
+        new PlaceholderKeeper(edit, UnfadedBrush); // owned by the edit
 }
 
 } // namespace Velmora

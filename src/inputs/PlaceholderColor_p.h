@@ -12,4 +12,7 @@ namespace Velmora {
 /// colour table.
 void FollowPlaceholderToken(QWidget *edit);
 
+/// Shows the placeholder text of \a edit in the colour that a stylesheet gives texts, with Qt 6 too, which takes half of it.
+void KeepPlaceholderUnfaded(QWidget *edit);
+
 } // namespace Velmora

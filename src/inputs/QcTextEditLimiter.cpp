@@ -3,6 +3,7 @@
 #include <Velmora/QcTextEditLimiter.h>
 
 #include "core/OwnText_p.h"
+#include "inputs/PlaceholderColor_p.h"
 #include "inputs/TextEdit_p.h"
 #include "theme/FocusShape_p.h"
 #include "theme/StyleProperty_p.h"
@@ -56,6 +57,7 @@ QcTextEditLimiter::QcTextEditLimiter(QWidget *parent)
     connect(m_textEdit, &QTextEdit::textChanged, this, &QcTextEditLimiter::onTextChanged); // first, so that hosts see what is cut
     connect(m_textEdit, &QTextEdit::textChanged, this, &QcTextEditLimiter::AnnounceText);
     updateCounter();
+    KeepPlaceholderUnfaded(m_textEdit);
     TranslatePlaceholder();
     installEventFilter(this);
     m_textEdit->installEventFilter(this);

@@ -28,6 +28,19 @@
 
 namespace Velmora {
 
+namespace {
+
+/// A text ends at a zero byte, as Qt 5 converts it. Qt 6 would go on.
+QByteArray UpToZero(QByteArray bytes)
+{
+    const auto end = bytes.indexOf('\0');
+    if (end >= 0)
+        bytes.truncate(end);
+    return bytes;
+}
+
+} // namespace
+
 QString GetFileContent(const QString &path)
 {
     QFile file(path);
@@ -41,7 +54,7 @@ QString GetFileContent(const QString &path)
     }
     QString content;
     try {
-        content = QString::fromUtf8(file.readAll());
+        content = QString::fromUtf8(UpToZero(file.readAll()));
     } catch (const std::exception &error) {
         qWarning() << "GetFileContent: readAll failed:" << path << error.what();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "buttons/ButtonLooks.h"
+#include "support/KeepsHover.h"
 #include "support/Tokens.h"
 
 #include <QWidget>
@@ -26,6 +27,7 @@ protected:
         m_control = new Control(m_window.get());
         Prepare();
         m_window->show();
+        new KeepsHover(*m_window); // owned by it
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         DrainEvents();
     }

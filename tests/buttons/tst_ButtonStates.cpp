@@ -1,3 +1,4 @@
+#include "support/KeepsHover.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -408,6 +409,7 @@ private:
         m_widget->setMinimumSize(28, 14);
         m_widget->move(10, 10);
         m_window->show();
+        new KeepsHover(*m_window); // owned by it
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         DrainEvents();
         kKinds[kind].dress(*m_widget); // now that the variants have filled their tables

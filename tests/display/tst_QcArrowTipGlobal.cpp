@@ -1,6 +1,7 @@
 #include "support/AccessibleEvents.h"
 #include "support/Cues.h"
 #include "support/EventCounter.h"
+#include "support/KeepsHover.h"
 #include "support/Pixels.h"
 #include "support/TestMain.h"
 
@@ -51,6 +52,7 @@ struct Stage
         first->setGeometry(50, 100, 60, 30);
         second->setGeometry(160, 100, 60, 30);
         window.show();
+        new KeepsHover(window); // owned by it
         DrainEvents();
         Hover(QPoint(5, 295));
     }
@@ -79,8 +81,8 @@ struct KeyboardStage
         QcArrowTipGlobal::instance()->registerWidget(first, QStringLiteral("One"));
         QcArrowTipGlobal::instance()->registerWidget(second, QStringLiteral("Two"));
         third->setFocus();
+        QCursor::setPos(window.mapToGlobal(QPoint(5, 295))); // first: the window may hear at once what the cursor is over
         window.show();
-        QCursor::setPos(window.mapToGlobal(QPoint(5, 295)));
     }
 
     bool IsActive() { return QTest::qWaitForWindowActive(&window); }

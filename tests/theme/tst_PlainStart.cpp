@@ -49,6 +49,7 @@ private Q_SLOTS:
         QLabel label;
         QCOMPARE(label.palette().color(QPalette::Window), Ground());
         SetPlainWidgetsFollowTable(false);
+        DrainEvents();
         QCOMPARE(QApplication::palette(), before);
         QCOMPARE(label.palette().color(QPalette::Window), before.color(QPalette::Window));
     }

@@ -26,6 +26,18 @@ bool IsFabric(const QWidget *widget)
         || qobject_cast<const QcDockAreaTabStackedWidget *>(widget);
 }
 
+/// Whether a panel, or a container that is kept, lies below \a object, at any depth. Not by QObject::findChild(), which in Qt 6 asks a
+/// child that has all but died.
+bool IsSomethingBelow(const QObject &object)
+{
+    const QObjectList &children = object.children();
+    return std::any_of(children.begin(), children.end(), [](const QObject *child) {
+        const auto *container = qobject_cast<const QcDockContainer *>(child);
+        const bool isSomething = qobject_cast<const QcDockWidget *>(child) || (container && container->isEmptyKeep());
+        return isSomething || (child && IsSomethingBelow(*child));
+    });
+}
+
 } // namespace
 
 DockAreaRecord &DockTree::RecordOf(QcDockArea *area)
@@ -274,10 +286,7 @@ bool HoldsSomething(const QObject *start)
             return container->isEmptyKeep();
         if (qobject_cast<QcDockArea *>(widget))
             return false;
-        if (qobject_cast<QcDockWidget *>(widget) || widget->findChild<QcDockWidget *>())
-            return true;
-        const auto below = widget->findChildren<QcDockContainer *>();
-        return std::any_of(below.begin(), below.end(), [](const QcDockContainer *container) { return container->isEmptyKeep(); });
+        return qobject_cast<QcDockWidget *>(widget) || IsSomethingBelow(*widget);
     });
 }
 

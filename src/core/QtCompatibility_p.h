@@ -44,6 +44,19 @@ inline QHoverEvent HoverEventAt(QEvent::Type type, const QPointF &position, cons
     return QHoverEvent(type, position, position, before);
 }
 
+/// Gives \a widget another parent, and makes it a window. Qt 6.4 takes the focus away when the parent has changed, and leaves the old
+/// ancestors with a pointer to what had it, which they follow when it has died.
+inline void MakeWindow(QWidget &widget, QWidget *parent, Qt::WindowFlags flags)
+{
+    if (widget.testAttribute(Qt::WA_WState_Created) && !widget.isHidden()) { // as setParent() does it
+        widget.hide();
+        widget.setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    }
+    if (QWidget *focus = widget.focusWidget())
+        focus->clearFocus();
+    widget.setParent(parent, flags);
+}
+
 #else
 
 constexpr bool kSheetsFadePlaceholders = false;
@@ -66,6 +79,11 @@ inline QList<QWidget *> WidgetsWith(const QAction &action)
 inline QHoverEvent HoverEventAt(QEvent::Type type, const QPointF &position, const QPointF &before)
 {
     return QHoverEvent(type, position, before);
+}
+
+inline void MakeWindow(QWidget &widget, QWidget *parent, Qt::WindowFlags flags)
+{
+    widget.setParent(parent, flags);
 }
 
 #endif

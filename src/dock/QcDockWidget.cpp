@@ -10,6 +10,7 @@
 
 #include "core/LiesIn_p.h"
 #include "core/OwnText_p.h"
+#include "core/QtCompatibility_p.h"
 #include "display/TextStyles_p.h"
 #include "display/Unobtrusive_p.h"
 #include "dock/DockAccessible_p.h"
@@ -252,7 +253,7 @@ void QcDockWidget::swichToFloating()
     }
     if (!self)
         return;
-    setParent(root, Qt::Window | Qt::FramelessWindowHint);
+    MakeWindow(*this, root, Qt::Window | Qt::FramelessWindowHint);
     if (tabFrame && other && other != self)
         tabFrame->addTab(other->windowTitle(), other);
     if (!self)

@@ -148,6 +148,12 @@ public:
     {
         return setValue(name, QVariant::fromValue(value));
     }
+    /// UTF-8. No QVariant of Qt 6 is made of text that could be written to.
+    template <typename Text, std::enable_if_t<std::is_same<Text, char>::value, int> = 0>
+    bool setValue(const QString &name, const Text *value)
+    {
+        return setValue(name, QVariant(QString::fromUtf8(value)));
+    }
     /// No pointer is a truth value, which QVariant makes of L"" and u"", too.
     template <typename Pointed, std::enable_if_t<!std::is_same<Pointed, char>::value, int> = 0>
     bool setValue(const QString &name, const Pointed *value) = delete;

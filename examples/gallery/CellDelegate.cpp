@@ -4,7 +4,17 @@
 
 #include <Velmora/QcLineEdit.h>
 
+#include <QEvent>
+
 namespace Gallery {
+
+CellDelegate::CellDelegate(QObject *parent)
+    : QStyledItemDelegate(parent)
+{
+    // The view lets go of the field before it takes the focus from it, which in Qt 6 must not close the field once more.
+    connect(this, &QAbstractItemDelegate::closeEditor, this,
+            [this](QWidget *field) { static_cast<Field *>(field)->getLineEdit()->removeEventFilter(this); });
+}
 
 QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/, const QModelIndex &index) const
 {
@@ -41,6 +51,8 @@ void CellDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewI
 bool CellDelegate::eventFilter(QObject *watched, QEvent *event)
 {
     auto *edit = qobject_cast<Velmora::QcLineEdit *>(watched);
+    if (!edit && event->type() == QEvent::KeyPress && static_cast<Field *>(watched)->getLineEdit()->hasFocus())
+        return false; // served where it came from
     return QStyledItemDelegate::eventFilter(edit ? edit->parent() : watched, event);
 }
 

@@ -36,6 +36,7 @@ DesktopWish::DesktopWish(QObject *parent)
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
+    qRegisterMetaType<QDBusVariant>(); // by whose name Qt 6 looks for the slot's argument
     bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(OnSettingChanged(QString, QString, QDBusVariant)));
     Ask(kDark, kReadOne);

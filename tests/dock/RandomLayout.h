@@ -17,7 +17,7 @@ inline Velmora::LayoutArea RandomArea(QRandomGenerator &random)
     Velmora::LayoutArea area;
     for (int i = random.bounded(4); i > 0; --i)
         area.panels.append(RandomPanel(random));
-    area.currentIndex = random.bounded(-1, area.panels.size() + 1);
+    area.currentIndex = random.bounded(-1, int(area.panels.size()) + 1);
     return area;
 }
 

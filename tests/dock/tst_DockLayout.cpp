@@ -346,7 +346,7 @@ private Q_SLOTS:
         QByteArrayList entries;
         for (int i = 0; i < 5000; ++i)
             entries.append("1e9");
-        const QList<int> sizes = SizesOf("[" + entries.join(',') + "]", entries.size());
+        const QList<int> sizes = SizesOf("[" + entries.join(',') + "]", int(entries.size()));
         QCOMPARE(sizes.size(), entries.size());
         const qint64 sum = std::accumulate(sizes.cbegin(), sizes.cend(), qint64(0));
         QVERIFY(sum > 0 && sum <= kMaxLayoutLength);

@@ -128,11 +128,11 @@ private Q_SLOTS:
         QVERIFY(OpenMenu());
         OpenMenu()->close();
 
-        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(1, 1));
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(1, 1), tab->mapToGlobal(QPoint(1, 1)));
         QCoreApplication::sendEvent(tab, &byKey);
         QVERIFY(OpenMenu());
         OpenMenu()->close();
-        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(1, 1));
+        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(1, 1), tab->mapToGlobal(QPoint(1, 1)));
         QCoreApplication::sendEvent(tab, &byMouse);
         QVERIFY(!OpenMenu());
 

@@ -77,7 +77,7 @@ bool ComesBack(Host &host, const QByteArray &layout)
 bool LoadDamaged(Host &host, const QByteArray &text, QStringList &faults)
 {
     const QcDockContainer *before = Controller().getRootDockContainer();
-    const int widgets = QApplication::allWidgets().size();
+    const auto widgets = QApplication::allWidgets().size();
     const bool isAccepted = [&] {
         const VelmoraTest::LeaksExcused excused; // where a key stands twice, Qt's parser forgets what the first one held
         return host.Load(text);

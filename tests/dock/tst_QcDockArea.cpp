@@ -251,7 +251,7 @@ private Q_SLOTS:
 
     void types_are_not_asked_when_a_panel_is_added()
     {
-        const TypeGroups groups({{1}});
+        const TypeGroups groups(QList<QList<int>>{{1}});
         QcDockArea area(nullptr);
         area.addWidget(NewPanel(2));
         QVERIFY(!area.isSupportType(1));

@@ -1019,7 +1019,7 @@ private Q_SLOTS:
     void an_outer_drop_leaves_nothing_in_the_registry()
     {
         Row row({1, 2});
-        const int areas = DockRegistry::Areas().size();
+        const auto areas = DockRegistry::Areas().size();
         row.root.addWidget(NewPanel(3), nullptr, Top);
         QCOMPARE(DockRegistry::Areas().size(), areas + 2); // the newcomer's, and the wrapper
         QCOMPARE(DockRegistry::Containers().size(), 2);
@@ -1525,7 +1525,7 @@ private Q_SLOTS:
         QCOMPARE(root.getDockWidgetTypeList().size(), 143);
         QcDockContainer *deepest = EnclosingContainer(AreaOf(*last));
         const Qt::Orientation orientation = deepest->getOrientation();
-        const int panes = deepest->getDockAreaList().size();
+        const auto panes = deepest->getDockAreaList().size();
         QVERIFY(panes > 2);
         root.addWidget(NewPanel(4), AreaOf(*last), orientation == Qt::Horizontal ? Bottom : Right);
         QCOMPARE(deepest->getOrientation(), orientation);

@@ -342,7 +342,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, text);
         QcDockContainer root;
         Controller().setRootDockContainer(&root);
-        const int widgets = QApplication::allWidgets().size();
+        const auto widgets = QApplication::allWidgets().size();
         QCOMPARE(Load(text), &root);
         QCOMPARE(QApplication::allWidgets().size(), widgets);
         QCOMPARE(Controller().getRootDockContainer().data(), &root);

@@ -82,9 +82,12 @@ inline void EndMotion(const Velmora::QcNotification &card)
     }
 }
 
+/// From its next start on to the millisecond, so that its remaining time tells whether it began anew.
 inline QTimer *TimerOf(const Velmora::QcNotification &card)
 {
-    return card.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    auto *timer = card.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    timer->setTimerType(Qt::PreciseTimer);
+    return timer;
 }
 
 /// Lets the ten seconds be over.

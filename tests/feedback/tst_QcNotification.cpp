@@ -263,7 +263,7 @@ private Q_SLOTS:
         const int width = page->width();
         QCOMPARE(page->pos(), QPoint(width, 0));
         SlideOf(*page)->setCurrentTime(50);
-        QCOMPARE(page->pos(), QPoint(width - width / 4, 0));
+        QCOMPARE(page->pos(), QPoint(width, 0) + QPoint(-width, 0) * 0.25); // Qt 6 rounds halves below zero down
         EndMotion(*m_card);
         QCOMPARE(page->pos(), QPoint(0, 0));
         QCOMPARE(OpacityOf(*page), 1.0);

@@ -174,7 +174,7 @@ private Q_SLOTS:
         QMenu menu(stage.buttons[1]);
         stage.buttons[1]->addAction(menu.menuAction());
         QAction *action = menu.addAction(QStringLiteral("Item"));
-        action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_M));
+        action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
         QSignalSpy triggered(action, &QAction::triggered);
         QVERIFY(stage.IsActive());
         stage.buttons[2]->setFocus();
@@ -191,7 +191,7 @@ private Q_SLOTS:
         SetVeilsStopKeyboard(true);
         Stage stage;
         auto *action = new QAction(&stage.window);
-        action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A));
+        action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A));
         stage.buttons[1]->addAction(action);
         stage.buttons[2]->addAction(action);
         QSignalSpy triggered(action, &QAction::triggered);

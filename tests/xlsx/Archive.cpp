@@ -175,7 +175,7 @@ namespace {
 template <typename Visit>
 void ForEachRecord(const QByteArray &archive, const Visit &visit)
 {
-    const int end = archive.lastIndexOf(QByteArrayLiteral("PK\x05\x06"));
+    const int end = int(archive.lastIndexOf(QByteArrayLiteral("PK\x05\x06")));
     if (end < 0)
         return;
     const int count = Get16(archive, end + 10);
@@ -199,7 +199,7 @@ QList<QByteArray> ArchiveNames(const QByteArray &archive)
 QList<ArchiveEntry> ReadEntries(const QByteArray &archive, int mostBytes)
 {
     QList<ArchiveEntry> entries;
-    const int end = archive.lastIndexOf(QByteArrayLiteral("PK\x05\x06"));
+    const int end = int(archive.lastIndexOf(QByteArrayLiteral("PK\x05\x06")));
     if (end < 0 || end + 22 > archive.size())
         return entries;
     int record = int(Get32(archive, end + 16));

@@ -12,8 +12,8 @@ namespace VelmoraTest {
 /// The text between the first \a begin and the next \a end, both left out; "none" if there is none.
 inline QByteArray Between(const QByteArray &text, const QByteArray &begin, const QByteArray &end)
 {
-    const int from = text.indexOf(begin);
-    const int to = from < 0 ? -1 : text.indexOf(end, from + begin.size());
+    const auto from = text.indexOf(begin);
+    const auto to = from < 0 ? -1 : text.indexOf(end, from + begin.size());
     return to < 0 ? QByteArrayLiteral("none") : text.mid(from + begin.size(), to - from - begin.size());
 }
 

@@ -65,8 +65,8 @@ QByteArray XlsxTestCase::Saved(const Template &source, const std::function<void(
 QByteArray XlsxTestCase::OutputBetween(const QByteArray &name, const QByteArray &begin, const QByteArray &end) const
 {
     const QByteArray content = Output().value(name);
-    const int from = content.indexOf(begin);
-    const int to = content.indexOf(end, from + begin.size());
+    const auto from = content.indexOf(begin);
+    const auto to = content.indexOf(end, from + begin.size());
     return from < 0 || to < 0 ? QByteArray("<not found>") : content.mid(from + begin.size(), to - from - begin.size());
 }
 

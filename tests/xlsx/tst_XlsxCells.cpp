@@ -95,7 +95,7 @@ private Q_SLOTS:
         XlsxOperator op;
         QVERIFY(Load(op, OneCell(attributes, content)));
         const QVariant read = op.getCellValue(kA);
-        QCOMPARE(int(read.type()), int(value.type()));
+        QCOMPARE(read.userType(), value.userType());
         QCOMPARE(read, value);
     }
 
@@ -184,8 +184,9 @@ private Q_SLOTS:
                                   QStringLiteral(" "), QStringLiteral("\n"), QStringLiteral("\u00e9")};
         // Every text of up to three of these, and some longer ones.
         QStringList texts{QString()};
-        for (int begin = 0, length = 1; length <= 3; ++length) {
-            const int end = texts.size();
+        auto begin = texts.size() - 1;
+        for (int length = 1; length <= 3; ++length) {
+            const auto end = texts.size();
             for (; begin < end; ++begin) {
                 for (const QString &letter : letters)
                     texts.append(texts.at(begin) + letter);

@@ -1,5 +1,7 @@
 #include "xlsx/XlsxTestCase.h"
 
+#include <QLibraryInfo>
+
 #include <algorithm>
 
 using namespace Velmora;
@@ -41,7 +43,7 @@ class tst_XlsxLoading : public XlsxTestCase
             return {QStringLiteral("not saved")};
         QStringList cells;
         const QByteArray content = Output().value(kSheet1);
-        for (int at = content.indexOf("<c r=\""); at >= 0; at = content.indexOf("<c r=\"", at + 1))
+        for (auto at = content.indexOf("<c r=\""); at >= 0; at = content.indexOf("<c r=\"", at + 1))
             cells.append(QString::fromUtf8(content.mid(at + 6, content.indexOf('"', at + 6) - at - 6)));
         return cells;
     }
@@ -63,7 +65,9 @@ class tst_XlsxLoading : public XlsxTestCase
             QStringLiteral("XlsxOperator::getDataValidationNodeFromSheetDocument:  pSheetDocument is nullptr,  \"%1\"").arg(position));
     }
 
-    /// Different names of one length on which qHash() agrees, whether or not it takes the processor's checksum instruction.
+    static auto HashOf(const QByteArray &name) { return qHash(QString::fromLatin1(name), decltype(qHash(QString()))(qGlobalQHashSeed())); }
+
+    /// Different names of one length on which qHash() of Qt 5 agrees, whether or not it takes the processor's checksum instruction.
     static QList<QByteArray> NamesOfOneHash(int count)
     {
         constexpr int kLetters = 64;
@@ -73,14 +77,13 @@ class tst_XlsxLoading : public XlsxTestCase
                 name[i] = (bits >> i & 1U) != 0 ? 'q' : 'a'; // one bit apart
             return name;
         };
-        const auto hashOf = [](const QByteArray &name) { return qHash(QString::fromLatin1(name), uint(qGlobalQHashSeed())); };
         // A checksum is linear: by elimination, sets of letters that may change at once without changing it.
-        QVector<QPair<uint, quint64>> basis;
+        QVector<QPair<quint64, quint64>> basis;
         QVector<quint64> free;
         for (int i = 0; i < kLetters; ++i) {
             quint64 bits = quint64(1) << i;
-            uint difference = hashOf(nameOf(bits)) ^ hashOf(nameOf(0));
-            for (const QPair<uint, quint64> &known : qAsConst(basis)) {
+            quint64 difference = HashOf(nameOf(bits)) ^ HashOf(nameOf(0));
+            for (const QPair<quint64, quint64> &known : qAsConst(basis)) {
                 if ((difference ^ known.first) < difference) {
                     difference ^= known.first;
                     bits ^= known.second;
@@ -92,7 +95,7 @@ class tst_XlsxLoading : public XlsxTestCase
                 free.append(bits);
             std::sort(basis.begin(), basis.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
         }
-        const bool isLinear = free.size() >= 12 && hashOf(nameOf(free.at(0) ^ free.at(1) ^ free.at(2))) == hashOf(nameOf(0));
+        const bool isLinear = free.size() >= 12 && HashOf(nameOf(free.at(0) ^ free.at(1) ^ free.at(2))) == HashOf(nameOf(0));
         QList<QByteArray> names;
         for (int n = 0; n < count; ++n) {
             quint64 bits = 0;
@@ -101,12 +104,20 @@ class tst_XlsxLoading : public XlsxTestCase
                 bits ^= isLinear && (n >> i & 1) != 0 ? free.at(i) : 0;
                 pairs += (n >> i & 1) != 0 ? "Aa" : "BB"; // 31 * first + second is the same
             }
-            const QByteArray name = isLinear ? nameOf(bits) : pairs;
-            if (names.isEmpty() || hashOf(name) == hashOf(names.first()))
-                names.append(name);
+            names.append(isLinear ? nameOf(bits) : pairs);
         }
         return names;
     }
+
+    /// How many of \a names have the hash of the first.
+    static int Meeting(const QList<QByteArray> &names)
+    {
+        const auto meets = [&names](const QByteArray &name) { return HashOf(name) == HashOf(names.first()); };
+        return int(std::count_if(names.begin(), names.end(), meets));
+    }
+
+    /// Qt 6 gives its hash a seed that an author of names cannot know, and does without a checksum: they do not meet.
+    static bool CanNamesMeet() { return QLibraryInfo::version().majorVersion() == 5; }
 
 private Q_SLOTS:
     // --- What is missing is added ---
@@ -550,8 +561,9 @@ private Q_SLOTS:
 
     void meta_types_have_their_names()
     {
-        QCOMPARE(QMetaType::typeName(qMetaTypeId<XlsxOperator::DropDownInfo>()), "Velmora::XlsxOperator::DropDownInfo");
-        QCOMPARE(QMetaType::typeName(qMetaTypeId<XlsxOperator::PictureInfo>()), "Velmora::XlsxOperator::PictureInfo");
+        QCOMPARE(QByteArray(QMetaType(qMetaTypeId<XlsxOperator::DropDownInfo>()).name()),
+                 QByteArray("Velmora::XlsxOperator::DropDownInfo"));
+        QCOMPARE(QByteArray(QMetaType(qMetaTypeId<XlsxOperator::PictureInfo>()).name()), QByteArray("Velmora::XlsxOperator::PictureInfo"));
     }
 
     // --- Copies and reloading ---
@@ -749,7 +761,7 @@ private Q_SLOTS:
     void names_made_to_meet_are_bounded()
     {
         const QList<QByteArray> names = NamesOfOneHash(1001);
-        QCOMPARE(names.size(), 1001);
+        QCOMPARE(Meeting(names), CanNamesMeet() ? 1001 : 1);
         Template source;
         source.Sheet(1, "<row r=\"1\"><c r=\"A1\"><v>1</v></c></row>");
         QByteArray definitions;
@@ -758,26 +770,28 @@ private Q_SLOTS:
         // One that was taken stays taken.
         definitions += "<definedName name=\"" + names.first() + "\">Sheet1!$B$1</definedName>";
         source.parts[kWorkbook].replace("<calcPr", "<definedNames>" + definitions + "</definedNames><calcPr");
-        ExpectWarning(QStringLiteral("XlsxOperator::loadCellNameToPosInfosHash:  too many names of one hash,  \"%1\"")
-                          .arg(QString::fromLatin1(names.last())));
+        if (CanNamesMeet())
+            ExpectWarning(QStringLiteral("XlsxOperator::loadCellNameToPosInfosHash:  too many names of one hash,  \"%1\"")
+                              .arg(QString::fromLatin1(names.last())));
         XlsxOperator op;
         QVERIFY(Load(op, source));
-        QCOMPARE(Names(op).size(), 1000);
-        QVERIFY(!Names(op).contains(QString::fromLatin1(names.last())));
+        QCOMPARE(Names(op).size(), CanNamesMeet() ? 1000 : 1001);
+        QCOMPARE(Names(op).contains(QString::fromLatin1(names.last())), !CanNamesMeet());
     }
 
     void pictures_whose_names_were_made_to_meet_are_bounded()
     {
         const QList<QByteArray> names = NamesOfOneHash(1001);
-        QCOMPARE(names.size(), 1001);
+        QCOMPARE(Meeting(names), CanNamesMeet() ? 1001 : 1);
         QList<QPair<QByteArray, QByteArray>> pictures;
         for (const QByteArray &name : names)
             pictures.append({name, "rId1"});
-        ExpectWarning(QStringLiteral("XlsxOperator::loadDrawingNameToIDInfosHash:  too many names of one hash,  \"%1\"")
-                          .arg(QString::fromLatin1(names.last())));
+        if (CanNamesMeet())
+            ExpectWarning(QStringLiteral("XlsxOperator::loadDrawingNameToIDInfosHash:  too many names of one hash,  \"%1\"")
+                              .arg(QString::fromLatin1(names.last())));
         XlsxOperator op;
         QVERIFY(Load(op, Template().Drawing(1, pictures, Relationship("rId1", "image", "../media/image1.png"))));
-        QCOMPARE(Names(op).size(), 1000);
+        QCOMPARE(Names(op).size(), CanNamesMeet() ? 1000 : 1001);
     }
 
     void other_encodings_are_read()

@@ -64,7 +64,7 @@ QByteArray Image(int bytes)
     static const char begin[] = "\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\x08\0\0\0\x08\x08\x06\0\0\0";
     QByteArray image(bytes, Qt::Uninitialized);
     const QByteArray noise = Noise(kMiB);
-    for (int at = 0; at < bytes; at += noise.size())
+    for (auto at = noise.size() * 0; at < bytes; at += noise.size())
         std::memcpy(image.data() + at, noise.constData(), std::size_t(qMin(noise.size(), bytes - at)));
     std::memcpy(image.data(), begin, sizeof begin - 1);
     return image;

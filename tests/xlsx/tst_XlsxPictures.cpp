@@ -27,7 +27,7 @@ Template WithPictures()
 QList<QByteArray> Embedded(const QByteArray &drawing)
 {
     QList<QByteArray> ids;
-    for (int at = drawing.indexOf("r:embed=\""); at >= 0; at = drawing.indexOf("r:embed=\"", at + 1))
+    for (auto at = drawing.indexOf("r:embed=\""); at >= 0; at = drawing.indexOf("r:embed=\"", at + 1))
         ids.append(drawing.mid(at + 9, drawing.indexOf('"', at + 9) - at - 9));
     return ids;
 }

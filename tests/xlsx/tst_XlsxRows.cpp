@@ -61,8 +61,8 @@ QByteArray FormulasOf(const QByteArray &sheet)
 {
     QByteArray told;
     const QByteArray data = SheetDataOf(sheet);
-    for (int at = data.indexOf("<c "); at >= 0; at = data.indexOf("<c ", at + 1)) {
-        const int next = data.indexOf("<c ", at + 1);
+    for (auto at = data.indexOf("<c "); at >= 0; at = data.indexOf("<c ", at + 1)) {
+        const auto next = data.indexOf("<c ", at + 1);
         const QByteArray cell = data.mid(at, next < 0 ? -1 : next - at);
         if (!cell.contains("</f>"))
             continue;

@@ -77,8 +77,8 @@ QByteArray Kept(const QByteArray &sheet)
 {
     QByteArray kept;
     const QByteArray data = SheetDataOf(sheet);
-    for (int at = data.indexOf("<c "); at >= 0;) {
-        const int next = data.indexOf("<c ", at + 1);
+    for (auto at = data.indexOf("<c "); at >= 0;) {
+        const auto next = data.indexOf("<c ", at + 1);
         const QByteArray cell = data.mid(at, next < 0 ? -1 : next - at);
         if (cell.contains("<v>") && !cell.startsWith("<c r=\"A1\">"))
             kept += (kept.isEmpty() ? "" : " ") + Between(cell, "r=\"", "\"");

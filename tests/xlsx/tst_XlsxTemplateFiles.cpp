@@ -99,7 +99,7 @@ private Q_SLOTS:
         QFETCH(bool, isLarge);
         QFETCH(int, missing);
         XlsxTemplate &workbook = isLarge ? m_large : m_small;
-        const int size = workbook.save().size();
+        const auto size = workbook.save().size();
         const QStringList before = Entries();
         QCOMPARE(Refusal(workbook, OutputPath(), rlim_t(missing < 0 ? 0 : size - missing)),
                  OutputPath() + QStringLiteral(": ") + qt_error_string(EFBIG));

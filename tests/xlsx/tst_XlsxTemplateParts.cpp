@@ -307,8 +307,8 @@ private Q_SLOTS:
         source.parts.remove("xl/styles.xml");
         for (const char *part : {"[Content_Types].xml", "xl/_rels/workbook.xml.rels"}) {
             QByteArray &bytes = source.parts[part];
-            const int end = bytes.indexOf("styles.xml");
-            const int begin = bytes.lastIndexOf('<', end);
+            const auto end = bytes.indexOf("styles.xml");
+            const auto begin = bytes.lastIndexOf('<', end);
             bytes.remove(begin, bytes.indexOf('>', begin) + 1 - begin);
         }
         XlsxTemplate workbook;

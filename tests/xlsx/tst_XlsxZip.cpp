@@ -396,7 +396,7 @@ private Q_SLOTS:
     void a_cut_archive_is_unpacked_whole_or_not_at_all()
     {
         const QByteArray archive = MakeArchive({Entry("a", "1"), Entry("xl/b", "content")}, {{}, "comment", {}, {}, {}, {}});
-        const int end = archive.lastIndexOf("PK\x05\x06") + 22;
+        const int end = int(archive.lastIndexOf("PK\x05\x06")) + 22;
         for (int size = 0; size < end; ++size) {
             QVERIFY2(Extract(archive.left(size)), QByteArray::number(size));
             QCOMPARE(FilesBelow(WorkPath()), Parts());

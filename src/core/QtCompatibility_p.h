@@ -16,6 +16,8 @@ namespace Velmora {
 
 /// Whether placeholders get half of the colour that a stylesheet gives texts.
 constexpr bool kSheetsFadePlaceholders = true;
+/// Whether widgets hear of a new palette of the application in the next turn of the event loop, and windows alone do.
+constexpr bool kTellsWindowsOfPaletteLater = true;
 
 inline void SetResolveMask(QFont &font, uint mask)
 {
@@ -60,6 +62,7 @@ inline void MakeWindow(QWidget &widget, QWidget *parent, Qt::WindowFlags flags)
 #else
 
 constexpr bool kSheetsFadePlaceholders = false;
+constexpr bool kTellsWindowsOfPaletteLater = false;
 
 inline void SetResolveMask(QFont &font, uint mask)
 {

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QMetaObject>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QWidget>
 
@@ -169,6 +170,20 @@ QPalette WordsOfHost(const QPalette &palette, const QPalette &shown, const QPale
     return words;
 }
 
+/// What a window is told does not come to what lies in it while the application has a stylesheet.
+void TellAllWidgets()
+{
+    if (!kTellsWindowsOfPaletteLater)
+        return;
+    const QWidgetList widgets = QApplication::allWidgets();
+    const QVector<QPointer<QWidget>> guarded(widgets.cbegin(), widgets.cend());
+    for (const QPointer<QWidget> &widget : guarded) {
+        QEvent change(QEvent::ApplicationPaletteChange);
+        if (widget)
+            QCoreApplication::sendEvent(widget, &change);
+    }
+}
+
 } // namespace
 
 QPalette TablePalette(const QPalette &base)
@@ -223,6 +238,7 @@ void PlainPalette::GiveBack()
     QApplication::setPalette(m_before); // which forgets those of all classes
     for (auto one = m_beforeOfClasses.cbegin(); one != m_beforeOfClasses.cend(); ++one)
         QApplication::setPalette(one.value(), one.key().constData());
+    TellAllWidgets();
     ReplaceBakedColors(m_baked, QtsBakedColors(m_before));
 }
 
@@ -234,6 +250,7 @@ void PlainPalette::TakeOver()
     QApplication::setPalette(tables);
     if (!m_areClassesSet) // it was the table's already, so that nobody heard of it
         SetClasses();
+    TellAllWidgets();
     const BakedColors baked = TablesBakedColors(tables);
     ReplaceBakedColors(m_baked, baked);
     m_shown = tables;

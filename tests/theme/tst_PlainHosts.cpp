@@ -127,7 +127,6 @@ private Q_SLOTS:
         UseTable(Table::Light);
         QVERIFY(IsOfTable(label));
         SetPlainWidgetsFollowTable(false);
-        DrainEvents();
         QCOMPARE(QApplication::palette(), expected);
         QCOMPARE(label.palette().color(QPalette::Window), expected.color(QPalette::Window));
         QApplication::setStyle(Fusion());

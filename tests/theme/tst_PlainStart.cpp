@@ -49,7 +49,6 @@ private Q_SLOTS:
         QLabel label;
         QCOMPARE(label.palette().color(QPalette::Window), Ground());
         SetPlainWidgetsFollowTable(false);
-        DrainEvents();
         QCOMPARE(QApplication::palette(), before);
         QCOMPARE(label.palette().color(QPalette::Window), before.color(QPalette::Window));
     }

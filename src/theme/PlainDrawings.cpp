@@ -80,6 +80,21 @@ QIcon Tinted(const QIcon &icon, const QColor &color)
     return QIcon(pixmap);
 }
 
+/// Whether two pictures of one size are the same but for roundings: Qt 6 stretches a picture a little otherwise in another place.
+bool IsAbout(const QImage &one, const QImage &other)
+{
+    const auto isNear = [](int a, int b) { return qAbs(a - b) <= 2; };
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            if (!isNear(qAlpha(a), qAlpha(b)) || !isNear(qRed(a), qRed(b)) || !isNear(qGreen(a), qGreen(b)) || !isNear(qBlue(a), qBlue(b)))
+                return false;
+        }
+    }
+    return true;
+}
+
 QStyleOptionGroupBox OptionOf(const QGroupBox &group)
 {
     QStyleOptionGroupBox option;
@@ -281,7 +296,7 @@ void PlainDrawings::PaintOutline(QGroupBox &group) const
 
     const QRect probe(frame.left(), frame.center().y(), kRounded, 1);
     QPainter painter(&group);
-    if (Painted(group, probe) != FusionsFrame(*m_fusion, group, option, all, probe))
+    if (!IsAbout(Painted(group, probe), FusionsFrame(*m_fusion, group, option, all, probe)))
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(OutlineColor(group.palette()));

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QEventLoop>
+#include <QLabel>
 #include <QPushButton>
 #include <QTextDocument>
 #include <QTimer>
@@ -320,6 +321,20 @@ private Q_SLOTS:
         QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
         SetKeyboardCuesEnabled(false);
         QVERIFY(!SharedTip()->isVisible());
+    }
+
+    void it_shows_for_what_a_key_of_a_label_reaches()
+    {
+        const Cues cues;
+        KeyboardStage stage;
+        QLabel label(QStringLiteral("&Next"), &stage.window);
+        label.setBuddy(stage.second);
+        label.show();
+        QVERIFY(stage.IsActive());
+        QTest::keyClick(&stage.window, Qt::Key_N, Qt::AltModifier);
+        QVERIFY(stage.second->hasFocus());
+        QVERIFY(SharedTip()->isVisible());
+        QCOMPARE(TextOf(*SharedTip()), QStringLiteral("Two"));
     }
 
     void without_keyboard_cues_it_shows_for_the_mouse_alone()

@@ -665,6 +665,7 @@ private Q_SLOTS:
     {
         TextInDialog stage;
         QVERIFY(stage.Show());
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(stage.text);
         const QImage marked = Render(*stage.text);
         {
             QWidget other;
@@ -672,10 +673,14 @@ private Q_SLOTS:
             other.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&other));
             QVERIFY(!stage.text->hasFocus());
+            QVERIFY(!accessible->child(0)->state().focused);
+            QVERIFY(accessible->focusChild() != accessible->child(0));
+            QCOMPARE(accessible->textInterface()->cursorPosition(), -1);
         }
         stage.dialog.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&stage.dialog));
         QTRY_VERIFY(stage.text->hasFocus());
+        QVERIFY(accessible->child(0)->state().focused);
         QCOMPARE(Render(*stage.text), marked);
         QTest::keyClick(stage.text, Qt::Key_Return);
         QCOMPARE(stage.clicks.count(), 1);
@@ -803,6 +808,7 @@ private Q_SLOTS:
         QCOMPARE(told.Take(), QStringList());
         shower.text.resize(50, 100);
         QCOMPARE(told.Take(), QStringList(QStringLiteral("TextUpdated"))); // less of it shows
+        QCOMPARE(told.TextUpdate(), (QStringList{QStringLiteral("Some words"), Shown(shower.text)}));
         shower.text.clear();
         QCOMPARE(told.Take(), (QStringList{QStringLiteral("NameChanged"), QStringLiteral("TextUpdated")}));
         QCOMPARE(accessible->text(QAccessible::Name), QString());
@@ -926,6 +932,7 @@ private Q_SLOTS:
         QCOMPARE(presses.takeFirst().first().toString(), QStringLiteral("two"));
         second->actionInterface()->doAction(press);
         shower.text.setEnabled(false);
+        QCOMPARE(second->actionInterface()->actionNames(), QStringList());
         DrainEvents();
         shower.text.setEnabled(true);
         second->actionInterface()->doAction(press);
@@ -981,6 +988,26 @@ private Q_SLOTS:
         QCOMPARE(accessible->textInterface()->cursorPosition(), 8);
         shower.text.clearFocus();
         QCOMPARE(accessible->textInterface()->cursorPosition(), -1);
+    }
+
+    void assistive_technology_hears_last_of_what_tab_goes_on_to()
+    {
+        QWidget window;
+        QcMultiLineText text(&window);
+        QPushButton next(&window);
+        text.resize(300, 40);
+        text.setText(QStringLiteral("<a href='one'>one</a>"));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        next.setFocus();
+        const AccessibleEvents told(text);
+        QTest::keyClick(&next, Qt::Key_Tab);
+        DrainEvents();
+        QCOMPARE(told.Focused(), &text);
+        QTest::keyClick(&text, Qt::Key_Tab);
+        DrainEvents();
+        QVERIFY(next.hasFocus());
+        QCOMPARE(told.Focused(), &next);
     }
 
     void a_frame_is_painted_around_the_text()

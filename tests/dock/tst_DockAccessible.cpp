@@ -56,6 +56,8 @@ private Q_SLOTS:
         for (int i = 0; i < 2; ++i)
             QCOMPARE(Seen(stage.Row())->child(i)->role(), QAccessible::PageTab);
         QCOMPARE(NameOf(stage.Tab(0)), title);
+        stage.Tab(1)->setAccessibleName(QStringLiteral("The host's"));
+        QCOMPARE(NameOf(stage.Tab(1)), QStringLiteral("The host's"));
         QVERIFY(Seen(stage.Tab(0))->state().selectable);
         QVERIFY(!Seen(stage.Tab(0))->state().selected);
         QVERIFY(Seen(stage.Tab(1))->state().selected);

@@ -375,6 +375,9 @@ private Q_SLOTS:
         QCOMPARE(start, 4);
         QCOMPARE(end, 7);
         QCOMPARE(Edit()->textCursor().selectedText(), QStringLiteral("two"));
+        text->removeSelection(1);
+        text->setSelection(1, 0, 3);
+        QCOMPARE(Edit()->textCursor().selectedText(), QStringLiteral("two"));
         text->removeSelection(0);
         QCOMPARE(text->selectionCount(), 0);
         text->setCursorPosition(99);
@@ -391,6 +394,7 @@ private Q_SLOTS:
         const QRect below = text->characterRect(4);
         QCOMPARE(second.left(), first.right() + 1);
         QCOMPARE(below.left(), first.left());
+        QCOMPARE(text->characterRect(3), QRect(text->characterRect(2).right() + 1, first.top(), 0, first.height())); // ends the line
         QVERIFY(below.top() > first.bottom() - 2);
         QVERIFY(QRect(Edit()->mapToGlobal(QPoint(0, 0)), Edit()->size()).contains(first));
         QCOMPARE(text->offsetAtPoint(QPoint(below.left() + 1, below.center().y())), 4);

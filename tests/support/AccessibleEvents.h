@@ -19,7 +19,9 @@ public:
     explicit AccessibleEvents(const QObject &watched)
     {
         s_watched = &watched;
+        s_focused = nullptr;
         s_told.clear();
+        s_update.clear();
         QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
         m_previous = QAccessible::installUpdateHandler(Note);
     }
@@ -33,6 +35,12 @@ public:
     AccessibleEvents(const AccessibleEvents &) = delete;
     AccessibleEvents &operator=(const AccessibleEvents &) = delete;
 
+    /// What was said last to have the keyboard, of whatever object it was said. Null if of none.
+    static const QObject *Focused() { return s_focused; }
+
+    /// What the last update of a text said: what was there before, and what is there now.
+    static QStringList TextUpdate() { return s_update; }
+
     /// The events since the last call, such as "NameChanged" or "StateChanged checked".
     QStringList Take()
     {
@@ -44,8 +52,14 @@ public:
 private:
     static void Note(QAccessibleEvent *event)
     {
+        if (event->type() == QAccessible::Focus)
+            s_focused = event->object();
         if (event->object() != s_watched)
             return;
+        if (event->type() == QAccessible::TextUpdated) {
+            const auto *update = static_cast<QAccessibleTextUpdateEvent *>(event);
+            s_update = QStringList{update->textRemoved(), update->textInserted()};
+        }
         QString told = QString::fromLatin1(QMetaEnum::fromType<QAccessible::Event>().valueToKey(event->type()));
         if (event->type() == QAccessible::StateChanged) {
             const QAccessible::State changed = static_cast<QAccessibleStateChangeEvent *>(event)->changedStates();
@@ -62,7 +76,9 @@ private:
     }
 
     static inline const QObject *s_watched = nullptr; // Qt's handler is a plain function
+    static inline const QObject *s_focused = nullptr;
     static inline QStringList s_told;
+    static inline QStringList s_update;
     QAccessible::UpdateHandler m_previous;
 };
 

@@ -24,6 +24,16 @@ inline void SetResolveMask(QFont &font, uint mask)
     font.setResolveMask(mask);
 }
 
+/// Gives \a font the family \a names, families separated by commas. Qt 5 takes the string apart when it looks for a font, and keeps the
+/// families that the application's font may have; Qt 6 would look for one family of that name, and then take any.
+inline void SetFamily(QFont &font, const QString &names)
+{
+    QStringList families(names);
+    for (const QString &name : names.split(QLatin1Char(',')))
+        families.append(name.trimmed());
+    font.setFamilies(families + font.families());
+}
+
 inline auto ResolveMaskOf(const QPalette &palette)
 {
     return palette.resolveMask();
@@ -67,6 +77,11 @@ constexpr bool kTellsWindowsOfPaletteLater = false;
 inline void SetResolveMask(QFont &font, uint mask)
 {
     font.resolve(mask);
+}
+
+inline void SetFamily(QFont &font, const QString &names)
+{
+    font.setFamily(names);
 }
 
 inline auto ResolveMaskOf(const QPalette &palette)

@@ -3,6 +3,7 @@
 #include <Velmora/QcStyleManager.h>
 
 #include "core/MainThreadPosting_p.h"
+#include "core/QtCompatibility_p.h"
 #include "theme/ColorTable_p.h"
 #include "theme/ImageCache_p.h"
 #include "theme/StyleSheetAlone_p.h"
@@ -151,7 +152,7 @@ void QcStyleManager::LoadFont()
 QFont QcStyleManager::GetDefaultFont()
 {
     QFont font;
-    font.setFamily(QStringLiteral("Microsoft YaHei UI, Segoe UI"));
+    SetFamily(font, QStringLiteral("Microsoft YaHei UI, Segoe UI"));
     font.setPixelSize(14);
     return font;
 }

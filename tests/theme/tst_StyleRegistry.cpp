@@ -968,6 +968,27 @@ private Q_SLOTS:
         QCOMPARE(font.family(), QStringLiteral("Microsoft YaHei UI, Segoe UI"));
         QCOMPARE(font.pixelSize(), 14);
     }
+
+    void the_default_font_is_found_by_each_of_its_families_and_else_among_those_of_the_application()
+    {
+        QFont font = QcStyleManager::GetDefaultFont();
+        for (const QString &name : {QStringLiteral("Microsoft YaHei UI"), QStringLiteral("Segoe UI")}) {
+            font.setPixelSize(font.pixelSize() + 1); // found anew
+            QVERIFY(QFontInfo(font).family() != QStringLiteral("Roboto"));
+            font.setPixelSize(font.pixelSize() + 1);
+            QFont::insertSubstitution(name, QStringLiteral("Roboto"));
+            QCOMPARE(QFontInfo(font).family(), QStringLiteral("Roboto"));
+            QFont::removeSubstitutions(name);
+        }
+
+        const QFont before = QApplication::font();
+        QFont own = before;
+        own.setFamilies({QStringLiteral("Open Sans Medium")});
+        QApplication::setFont(own);
+        const QString found = QFontInfo(QcStyleManager::GetDefaultFont()).family();
+        QApplication::setFont(before);
+        QVERIFY2(found.startsWith(QStringLiteral("Open Sans")), qPrintable(found));
+    }
 };
 
 VELMORA_TEST_MAIN(tst_StyleRegistry)

@@ -87,6 +87,18 @@ IconLabel MakeIconLabel(int index)
     return label;
 }
 
+/// Qt's label as on a screen of ratio 1. On others that of Qt 6 stretches its pixmap for the screen, also where it is painted to an image.
+class LabelOfRatioOne : public QLabel
+{
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        if (metric == PdmDevicePixelRatio)
+            return 1;
+        return metric == PdmDevicePixelRatioScaled ? int(devicePixelRatioFScale()) : QLabel::metric(metric);
+    }
+};
+
 QPixmap PixmapOf(const QcLabel &label)
 {
     return label.pixmap(Qt::ReturnByValue);
@@ -486,7 +498,7 @@ private Q_SLOTS:
     {
         QFETCH(int, index);
         const IconLabel label = MakeIconLabel(index);
-        QLabel plain;
+        LabelOfRatioOne plain;
         label.Prepare(plain);
         plain.setScaledContents(false); // by which the picture, of just their size, would be scaled for the screen and back
         plain.setPixmap(QcStyleManager::GetInstance()->GetPixmap(label.params));

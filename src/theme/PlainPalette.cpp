@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QLinearGradient>
 #include <QMetaObject>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -94,13 +95,18 @@ QPalette OutlinedPalette(QPalette palette)
     return palette;
 }
 
-/// \a palette, by which nothing is filled with what it only says for outlines: Qt gives the items of a combo box that drops down as a menu
-/// the ground of menus, which these never show.
-QPalette UnfilledPalette(QPalette palette)
+/// \a outlined, by which still all is filled with the ground of \a palette: Qt gives the items of a combo box that drops down as a menu
+/// the ground of menus. A brush may fill with other colours than the one that styles ask it for.
+QPalette FilledPalette(QPalette outlined, const QPalette &palette)
 {
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-        palette.setBrush(group, QPalette::Window, QBrush(palette.color(group, QPalette::Window), Qt::NoBrush));
-    return palette;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        QLinearGradient ground;
+        ground.setStops({{0, palette.color(group, QPalette::Window)}, {1, palette.color(group, QPalette::Window)}});
+        QBrush brush(ground);
+        brush.setColor(outlined.color(group, QPalette::Window));
+        outlined.setBrush(group, QPalette::Window, brush);
+    }
+    return outlined;
 }
 
 /// \a palette, of which Fusion makes a ground for white titles: it lightens what is highlighted.
@@ -300,7 +306,7 @@ void PlainPalette::SetClasses()
     const QPalette outlined = OutlinedPalette(QApplication::palette());
     for (const char *name : kOutlinedClasses)
         QApplication::setPalette(outlined, name);
-    QApplication::setPalette(UnfilledPalette(outlined), "QMenu");
+    QApplication::setPalette(FilledPalette(outlined, QApplication::palette()), "QMenu");
     QApplication::setPalette(TitledPalette(QApplication::palette()), "QMdiSubWindow");
 }
 

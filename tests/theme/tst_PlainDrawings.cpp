@@ -26,6 +26,8 @@
 #include <QToolButton>
 #include <QToolTip>
 
+#include <memory>
+
 using namespace Velmora;
 using namespace VelmoraTest;
 
@@ -331,6 +333,24 @@ private Q_SLOTS:
                 const double contrast = ContrastIn(Render(bar, TokenNow("bg/bg_box")), bar.actionGeometry(separator));
                 QVERIFY2(contrast >= WantedOfDrawings(table), qPrintable(QStringLiteral("%1: %2").arg(table).arg(contrast)));
             });
+        }
+    }
+
+    void a_menu_in_another_style_has_its_ground()
+    {
+        UseTable(Table::Dark);
+        const std::unique_ptr<QStyle> style(QStyleFactory::create(QStringLiteral("Windows")));
+        QMenu menu;
+        menu.setStyle(style.get());
+        menu.addAction(QStringLiteral("Open"));
+        menu.popup(QPoint(10, 10));
+        DrainEvents();
+        QImage picture(menu.size(), QImage::Format_ARGB32);
+        picture.fill(Qt::transparent);
+        menu.render(&picture);
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y)
+                QCOMPARE(picture.pixelColor(x, y).alpha(), 255);
         }
     }
 

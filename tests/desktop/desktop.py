@@ -101,8 +101,13 @@ class Desktop:
         self.environment["DISPLAY"] = f":{number}"
 
     def _start_screens(self, width, height, count):
-        """Side by side, in a server inside of the other one, which would lay them over each other. Without the extension that says
-        there is but one screen."""
+        """Side by side. Qt 6 knows screens by the monitors of one server. Qt 5 wants a server inside of the other one, which would lay
+        them over each other, without the extension that says there is but one screen."""
+        if os.environ.get("DESKTOP_QT") == "6":
+            for number in range(count):
+                self.run("xrandr", "--setmonitor", f"screen-{number}", f"{width}/200x{height}/150+{number * width}+0",
+                         "none" if number else "screen")
+            return
         screens = (("-origin", f"{number * width},0", "-screen", f"{width}x{height}") for number in range(count))
         self._start_server("Xephyr", "+xinerama", "-extension", "RANDR", *(word for screen in screens for word in screen))
 

@@ -32,7 +32,7 @@ void Measure(const LayoutContainer &container, int depth, Extent &extent)
     }
     for (const LayoutNode &child : container.children) {
         if (const auto *area = std::get_if<LayoutArea>(&child))
-            extent.widgets += area->panels.size();
+            extent.widgets += int(area->panels.size());
         else
             Measure(std::get<LayoutContainer>(child), depth + 1, extent);
     }

@@ -22,7 +22,7 @@ QString ReplaceSlowly(const QString &styleSheet)
         if (!match.hasMatch())
             break;
         colors.append(manager->GetStyleSheetColor(manager->GetColor(match.captured())));
-        offset = match.capturedEnd();
+        offset = int(match.capturedEnd());
     }
     if (colors.isEmpty())
         return styleSheet;

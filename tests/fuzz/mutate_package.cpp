@@ -20,14 +20,14 @@ constexpr int kMostBytesOfEntry = 64 * 1024;
 
 using Random = std::minstd_rand;
 
-int Below(Random &random, int limit)
+int Below(Random &random, qsizetype limit)
 {
-    return limit > 0 ? int(random() % unsigned(limit)) : 0;
+    return limit > 0 ? int(random() % quint64(limit)) : 0;
 }
 
 QByteArray Mutated(QByteArray bytes)
 {
-    const int size = bytes.size();
+    const auto size = bytes.size();
     bytes.resize(size + 64);
     bytes.truncate(int(LLVMFuzzerMutate(reinterpret_cast<std::uint8_t *>(bytes.data()), std::size_t(size), std::size_t(bytes.size()))));
     return bytes;
@@ -144,7 +144,7 @@ void MutateEntries(QList<ArchiveEntry> &entries, Random &random)
     case 8: {
         // In front of a tag, most of the time.
         const int from = Below(random, entry.data.size() + 1);
-        const int tag = entry.data.indexOf('<', from);
+        const auto tag = entry.data.indexOf('<', from);
         entry.data.insert(tag >= 0 && Below(random, 4) ? tag : from, Snippet(random));
         break;
     }

@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>ألوان الحالات</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>اختيار %1...</translation>
     </message>

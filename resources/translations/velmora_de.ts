@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>Farben der Zustände</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>%1 wählen...</translation>
     </message>

@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>Colours of states</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>Choose %1...</translation>
     </message>

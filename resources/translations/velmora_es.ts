@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>Colores de los estados</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>Elegir %1...</translation>
     </message>

@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>Couleurs des états</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>Choisir %1...</translation>
     </message>

@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>状態ごとの色</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>%1 を選択...</translation>
     </message>

@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>Цвета состояний</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>Выбрать %1...</translation>
     </message>

@@ -239,6 +239,10 @@
 <context>
     <name>VelmoraDesigner</name>
     <message>
+        <source>Colours of states</source>
+        <translation>各状态的颜色</translation>
+    </message>
+    <message>
         <source>Choose %1...</source>
         <translation>选择 %1...</translation>
     </message>

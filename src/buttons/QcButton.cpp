@@ -5,6 +5,7 @@
 #include "buttons/ButtonAccessible_p.h"
 #include "buttons/ButtonPainting_p.h"
 #include "buttons/ButtonStateTracker_p.h"
+#include "buttons/StateColorProperties_p.h"
 #include "buttons/TextWidth_p.h"
 #include "theme/FocusShape_p.h"
 #include "theme/Mnemonics_p.h"
@@ -45,6 +46,7 @@ QcButton::QcButton(QWidget *parent)
     PostOwnedTask(
         this, [this] { UpdateUiParams(); }, std::string());
     m_tracker->LetButtonWatchPresses();
+    StateColorProperties::Watch();
 }
 
 QcButton::~QcButton() = default;
@@ -178,9 +180,12 @@ void QcButton::paintEvent(QPaintEvent * /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     const QStyle::State look = m_tracker->Look();
 
-    PaintBackground(painter, rect(), m_borderRadius, m_backgroundColorParams.value(look));
-    PaintBorder(painter, rect(), m_borderRadius, m_borderColorParams.value(look));
-    PaintContent(painter, m_iconParams.value(look), m_textColorParams.value(look));
+    const auto codeOf = [this, look](const char *ending, const CodeTable &table) {
+        return StateColorProperties::CodeOf(*this, ending, look, table);
+    };
+    PaintBackground(painter, rect(), m_borderRadius, codeOf("BackgroundColorParams", m_backgroundColorParams));
+    PaintBorder(painter, rect(), m_borderRadius, codeOf("BorderColorParams", m_borderColorParams));
+    PaintContent(painter, m_iconParams.value(look), codeOf("TextColorParams", m_textColorParams));
 }
 
 void QcButton::PaintContent(QPainter &painter, const ImageParams &icon, const QString &textCode)

@@ -37,6 +37,9 @@ struct FilledTables;
 ///
 /// A variant overrides UpdateUiParams(), which runs once, on the first turn of the main loop after construction: what it
 /// sets replaces what the host set before that, and what the host sets later stays.
+///
+/// Dynamic properties named by state and table, "hoverBackgroundColorParams" and the like, stand over the tables: they are what a form
+/// can name. The states are normal, hover, pressed, disabled, checked, checkedHover, checkedPressed and checkedDisabled.
 class VELMORA_EXPORT QcButton : public QPushButton
 {
     Q_OBJECT

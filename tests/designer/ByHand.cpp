@@ -62,6 +62,7 @@ void FillWithButtons(QWidget &form)
 
     auto *button = Place(new QcButton(&form), "button", {142, 54, 120, 24});
     button->setText("Plain");
+    button->SetBackgroundColorParams(QStyle::State_Enabled, "brand/brand_disable");
 
     auto *iconButton = Place(new QcIconButton(&form), "iconButton", {274, 54, 24, 24});
     iconButton->setCheckable(true);

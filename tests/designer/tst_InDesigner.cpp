@@ -17,6 +17,7 @@
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 #include <QtDesigner/QDesignerIntegration>
+#include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QDesignerWidgetFactoryInterface>
@@ -33,10 +34,12 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 #include <QUndoStack>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Velmora;
@@ -400,6 +403,57 @@ private Q_SLOTS:
         }
         const QString saved = m_form->contents();
         QCOMPARE(saved.count("<string notr=\"true\">brand/brand_hover</string>"), properties.size());
+    }
+
+    void the_colour_of_a_buttons_state_becomes_a_property_of_the_form_and_can_be_undone()
+    {
+        OpenForm("Velmora::QcPrimaryButton");
+        auto *button = The<QcPrimaryButton>();
+        const auto ground = [&] { return PixelAt(Render(*m_form), button->mapTo(m_form.get(), QPoint(8, 4))); };
+        designer->core->propertyEditor()->setObject(button);
+        QAction *states = ActionFor(button, "Farben der Zust");
+        QVERIFY(states && states->menu());
+        const QList<QAction *> actions = states->menu()->actions();
+        QCOMPARE(std::count_if(actions.cbegin(), actions.cend(), [](const QAction *entry) { return !entry->isSeparator(); }), 24);
+        const auto normal = [](const QAction *action) { return action->text().startsWith("normalBackgroundColorParams"); };
+        QAction *action = *std::find_if(actions.cbegin(), actions.cend(), normal);
+        const auto choose = [&](const QString &code) {
+            Choose(action, [&](QDialog *dialog) {
+                dialog->findChild<QLineEdit *>("code")->setText(code);
+                dialog->accept();
+            });
+            DrainEvents();
+        };
+        choose("base/red/red-60");
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "base/red/red-60"));
+        const QString saved = m_form->contents();
+        const QRegularExpression written("<property name=\"normalBackgroundColorParams\" stdset=\"0\">\\s*"
+                                         "<string notr=\"true\">base/red/red-60</string>");
+        QVERIFY2(written.match(saved).hasMatch(), qPrintable(saved));
+
+        choose("brand/brand_press");
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "brand/brand_press"));
+        m_form->commandHistory()->undo();
+        DrainEvents();
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "base/red/red-60"));
+        m_form->commandHistory()->undo();
+        DrainEvents();
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "brand/brand"));
+        QVERIFY(!m_form->contents().contains("normalBackgroundColorParams"));
+        QVERIFY(!m_form->commandHistory()->canUndo());
+        m_form->commandHistory()->redo();
+        DrainEvents();
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "base/red/red-60"));
+        QVERIFY(written.match(m_form->contents()).hasMatch());
+
+        m_form->commandHistory()->undo();
+        choose("brand/brand_press");
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "brand/brand_press"));
+        QVERIFY(m_form->contents().contains("<string notr=\"true\">brand/brand_press</string>"));
+
+        OpenContents(saved); // as another day
+        button = The<QcPrimaryButton>();
+        COMPARE_COLOR(ground(), TokenOf(Table::Light, "base/red/red-60"));
     }
 
     void a_chooser_that_is_cancelled_changes_nothing()

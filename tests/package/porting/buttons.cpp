@@ -110,6 +110,10 @@ void CheckColours()
     Check(Shot(early).pixelColor(4, 12) != own, "a colour set right after the construction is gone");
     early.SetBackgroundColorParams(QStyle::State_Enabled, QStringLiteral("#00ff00"));
     Check(Shot(early).pixelColor(4, 12) == own, "one set later stays");
+    QcPrimaryButton named;
+    named.setText(QStringLiteral("x"));
+    named.setProperty("normalBackgroundColorParams", QStringLiteral("#00ff00"));
+    Check(Shot(named).pixelColor(4, 12) == own, "a property need not wait");
     QcCombinedToolButton combined;
     combined.SetBackgroundColorParams(QStyle::State_Enabled, QStringLiteral("#00ff00"));
     Check(Shot(combined).pixelColor(4, 12) != own, "the combined tool button does the same");

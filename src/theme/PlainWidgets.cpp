@@ -1,11 +1,16 @@
 #include <Velmora/PlainWidgets.h>
 
+#include "core/QtCompatibility_p.h"
 #include "theme/PlainPalette_p.h"
 
 #include <Velmora/FileAndDesktop.h>
 
 #include <QApplication>
+#include <QFont>
+#include <QPalette>
 #include <QPointer>
+#include <QVector>
+#include <QWidget>
 
 namespace Velmora {
 
@@ -13,6 +18,37 @@ namespace {
 
 bool isFollowing = false;
 QPointer<PlainPalette> palette; // a child of the application object
+
+/// What a host may have given a widget.
+struct Look
+{
+    QPointer<QWidget> widget;
+    QPalette palette;
+    QFont font;
+};
+
+bool IsSame(const QPalette &one, const QPalette &other)
+{
+    return one == other && ResolveMaskOf(one) == ResolveMaskOf(other);
+}
+
+/// Gives the application another stylesheet, with which Qt would bring back what widgets had when they were styled with the last.
+void ChangeSheet(const QString &sheet)
+{
+    QVector<Look> looks;
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets)
+        looks.append({widget, widget->palette(), widget->font()});
+    qApp->setStyleSheet(sheet);
+    for (const Look &look : qAsConst(looks)) {
+        if (!look.widget)
+            continue; // hosts hear of each change
+        if (!IsSame(look.widget->palette(), look.palette))
+            look.widget->setPalette(look.palette);
+        if (look.widget->font() != look.font)
+            look.widget->setFont(look.font);
+    }
+}
 
 } // namespace
 
@@ -29,7 +65,7 @@ void FollowSheet()
     if (isFollowing && wanted.contains(GetFileContent(QStringLiteral(":/qss/Global.qss"))))
         wanted.prepend(sheet);
     if (wanted != present)
-        qApp->setStyleSheet(wanted);
+        ChangeSheet(wanted);
 }
 
 QPalette OwnPalette()

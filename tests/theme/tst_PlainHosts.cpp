@@ -173,6 +173,42 @@ private Q_SLOTS:
         QCOMPARE(painted.palette(), QApplication::palette());
     }
 
+    void what_shown_widgets_were_given_or_gave_back_stays()
+    {
+        QWidget window;
+        QLabel given(&window);
+        QLabel pinned(&window);
+        QLabel givenBack(&window);
+        QLabel other(&window);
+        const QPalette usual = QApplication::palette();
+        QPalette green;
+        green.setColor(QPalette::WindowText, Qt::green);
+        QPalette asUsual;
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            asUsual.setBrush(group, QPalette::WindowText, usual.brush(group, QPalette::WindowText));
+        QFont large;
+        large.setPixelSize(33);
+        givenBack.setPalette(green);
+        givenBack.setFont(large);
+        window.show();
+        DrainEvents();
+        given.setPalette(green);
+        given.setFont(large);
+        pinned.setPalette(asUsual);
+        givenBack.setPalette(QPalette());
+        givenBack.setFont(QFont());
+        for (const bool follows : {true, false}) {
+            SetPlainWidgetsFollowTable(follows);
+            UseTable(Table::Dark);
+            DrainEvents();
+            QCOMPARE(given.palette().color(QPalette::WindowText), QColor(Qt::green));
+            QCOMPARE(given.font().pixelSize(), 33);
+            QCOMPARE(pinned.palette().color(QPalette::WindowText), usual.color(QPalette::WindowText));
+            QCOMPARE(givenBack.palette(), other.palette());
+            QCOMPARE(givenBack.font(), other.font());
+        }
+    }
+
     void what_is_made_later_follows_too()
     {
         SetPlainWidgetsFollowTable(true);

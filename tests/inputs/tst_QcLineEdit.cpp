@@ -81,6 +81,8 @@ private Q_SLOTS:
         state = Described()->state();
         QVERIFY(state.readOnly && state.passwordEdit && state.disabled);
         QVERIFY(!state.hasPopup);
+        m_edit->setContextMenuPolicy(Qt::PreventContextMenu);
+        QVERIFY(!Described()->state().hasPopup);
     }
 
     void words_are_read_at_the_end_of_a_text()

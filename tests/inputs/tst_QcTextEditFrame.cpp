@@ -416,6 +416,8 @@ private Q_SLOTS:
         QCOMPARE(m_control->getText(), QStringLiteral("1 two"));
         text->deleteText(1, 99);
         QCOMPARE(m_control->getText(), QStringLiteral("1"));
+        edit->setText(QAccessible::Value, QStringLiteral("2"));
+        QCOMPARE(m_control->getText(), QStringLiteral("2"));
         edit->setText(QAccessible::Value, QStringLiteral("much too long"));
         QCOMPARE(m_control->getText(), QStringLiteral("much too l"));
         Edit()->setReadOnly(true);

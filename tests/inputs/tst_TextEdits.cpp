@@ -275,6 +275,7 @@ private Q_SLOTS:
         QCOMPARE(frame->role(), QAccessible::Grouping);
         QCOMPARE(edit->role(), QAccessible::EditableText);
         QCOMPARE(edit->parent(), frame);
+        QVERIFY(edit->state().selectableText);
         QVERIFY(edit->state().multiLine && edit->state().editable && edit->state().focusable && !edit->state().readOnly);
         SetPlaceholderText(QStringLiteral("placeholder"));
         QCOMPARE(edit->text(QAccessible::Name), QStringLiteral("placeholder"));

@@ -163,7 +163,7 @@ void VeilGuard::Lift()
     if (!previous || !previous->isVisible())
         return;
     const QWidget *focus = previous->window()->focusWidget();
-    if (!focus || focus == previous || focus == m_veil || m_veil->isAncestorOf(focus))
+    if (!focus || focus == m_veil || m_veil->isAncestorOf(focus))
         previous->setFocus(Qt::OtherFocusReason);
 }
 

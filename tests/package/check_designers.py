@@ -1,4 +1,4 @@
-"""Makes the packages of the plugins for both Qt, unpacks them into one tree, and has each Qt's Designer and QUiLoader use its own there.
+"""Makes all packages for both Qt, unpacks them into one tree, and has each Qt's Designer and QUiLoader use its own plugin there.
 
 check_designers.py CMAKE CPACK CXX SOURCES FORM FOLDER BUILD_OF_QT5 BUILD_OF_QT6
 
@@ -18,7 +18,7 @@ cmake, cpack, cxx, sources, form, folder, *builds = sys.argv[1:]
 folder = pathlib.Path(folder)
 shutil.rmtree(folder, ignore_errors=True)
 root = folder / "root"
-NAMES = {"5": {"velmora-designer", "libvelmora1"}, "6": {"velmora-designer-qt6", "libvelmora-qt6-1"}}
+NAMES = {"5": {"velmora-designer", "libvelmora1", "libvelmora-dev"}, "6": {"velmora-designer-qt6", "libvelmora-qt6-1", "libvelmora-qt6-dev"}}
 PLUGIN = "libVelmoraDesigner.so"
 STARTS_WITHIN = 120
 faults = []
@@ -27,7 +27,7 @@ faults = []
 def unpack(qt, build):
     """The files of a build's packages, which are then in the tree."""
     made = folder / qt
-    subprocess.run([cpack, "--config", f"{build}/CPackConfig.cmake", "-B", made, "-D", "CPACK_COMPONENTS_ALL=Runtime;Designer"], check=True,
+    subprocess.run([cpack, "--config", f"{build}/CPackConfig.cmake", "-B", made, "-D", "CPACK_COMPONENTS_ALL=Runtime;Development;Designer"], check=True,
                    stdout=subprocess.DEVNULL)
     packages = {package.name.split("_")[0]: package for package in made.glob("*.deb")}
     if set(packages) != NAMES[qt]:
@@ -54,6 +54,11 @@ def environment_of(qt):
     return {**environment, "QT_PLUGIN_PATH": f"{plugins[other].parent.parent}:{plugins[qt].parent.parent}"}
 
 
+def cached(build, name):
+    cache = pathlib.Path(build, "CMakeCache.txt").read_text(encoding="utf-8")
+    return re.search(rf"^{name}:\w+=(.*)$", cache, re.MULTILINE).group(1)
+
+
 def classes_of_form():
     for widget in xml.etree.ElementTree.parse(form).iter("widget"):
         if widget.get("class").startswith("Velmora::"):
@@ -72,16 +77,25 @@ def check_loader(qt):
     faults.extend(f"the loader of Qt {qt} made no {entry}" for entry in classes_of_form() if entry not in told)
     if run.returncode != 0:
         faults.append(f"the loader of Qt {qt} ended with {run.returncode}: {run.stderr}")
+    return {line.split(" ", 1)[1] for line in told if line.startswith("plugins: ")}
 
 
-def designer_of(build):
-    cache = pathlib.Path(build, "CMakeCache.txt").read_text(encoding="utf-8")
-    return re.search(r"^VELMORA_DESIGNER_PROGRAM:FILEPATH=(.*)$", cache, re.MULTILINE).group(1)
+def check_place(qt, looked_in):
+    """A release lays the plugin where its Qt looks without being told."""
+    preset = "release" if qt == "5" else "release6"
+    build = folder / preset
+    run = subprocess.run([cmake, "--preset", preset, "-B", build, f"-DCMAKE_CXX_COMPILER={cxx}"], cwd=f"{sources}/../..",
+                         capture_output=True, text=True)
+    if run.returncode != 0:
+        sys.exit(run.stdout + run.stderr)
+    place = "/usr/" + cached(build, "VELMORA_DESIGNER_DIR")
+    if os.path.dirname(place) not in looked_in:
+        faults.append(f"a release for Qt {qt} has the plugin in {place}, which is in none of {sorted(looked_in)}")
 
 
 def check_designer(qt, build):
     """Designer tells which plugins it loads, and is ended then."""
-    process = subprocess.Popen([designer_of(build), form], env={**environment_of(qt), "QT_DEBUG_PLUGINS": "1"}, stdin=subprocess.DEVNULL,
+    process = subprocess.Popen([cached(build, "VELMORA_DESIGNER_PROGRAM"), form], env={**environment_of(qt), "QT_DEBUG_PLUGINS": "1"}, stdin=subprocess.DEVNULL,
                                stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
     told = b""
     end = time.monotonic() + STARTS_WITHIN
@@ -99,7 +113,7 @@ def check_designer(qt, build):
 
 
 for qt, build in zip(NAMES, builds):
-    check_loader(qt)
+    check_place(qt, check_loader(qt))
     check_designer(qt, build)
 print("\n".join(faults))
 sys.exit(1 if faults else 0)

@@ -1,4 +1,5 @@
-// A plain program that loads the form it is given, and names the class of each widget that has a name. It knows nothing of the kit.
+// A plain program that loads the form it is given, and names the class of each widget that has a name, and before them the folders in
+// which its Qt looks for plugins. It knows nothing of the kit.
 
 #include <QApplication>
 #include <QFile>
@@ -19,6 +20,9 @@ int main(int argc, char **argv)
         return 3;
     form->show();
     QCoreApplication::processEvents();
+    const QStringList folders = QCoreApplication::libraryPaths();
+    for (const QString &folder : folders)
+        std::printf("plugins: %s\n", qPrintable(folder));
     const QList<QWidget *> widgets = form->findChildren<QWidget *>();
     for (const QWidget *widget : widgets)
         std::printf("%s: %s\n", qPrintable(widget->objectName()), widget->metaObject()->className());

@@ -77,9 +77,10 @@ QIcon ControlPlugin::icon() const
     ImageParams image;
     image.path = QStringLiteral(":/velmora-designer/%1.svg").arg(m_control.ShortName());
     const QString ink = QApplication::palette().color(QPalette::WindowText).name();
-    image.mulColor = {{QStringLiteral("#000000"), ink},
-                      {QStringLiteral("#808080"), QStringLiteral("${%1, 0.25}").arg(ink)},
-                      {QStringLiteral("#0000FF"), QStringLiteral("#2F7BF5")}};
+    // They are replaced one after the other: what one becomes must not be another one.
+    image.mulColor = {{QStringLiteral("#000001"), ink},
+                      {QStringLiteral("#808081"), QStringLiteral("${%1, 0.25}").arg(ink)},
+                      {QStringLiteral("#0000FE"), QStringLiteral("#2F7BF5")}};
     QIcon icon;
     for (const int size : {16, 22, 24, 32, 44, 48}) {
         image.size = QSize(size, size);

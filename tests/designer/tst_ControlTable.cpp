@@ -136,6 +136,33 @@ private Q_SLOTS:
         }
     }
 
+    void icons_are_in_the_ink_of_the_program_and_soft_inside_data()
+    {
+        QTest::addColumn<QColor>("ink");
+        for (const char *ink : {"#000000", "#ffffff", "#808080", "#0000ff", "#2f7bf5"})
+            QTest::newRow(ink) << QColor(ink);
+    }
+
+    void icons_are_in_the_ink_of_the_program_and_soft_inside()
+    {
+        QFETCH(QColor, ink);
+        const QPalette palette = QApplication::palette();
+        QPalette inked = palette;
+        inked.setColor(QPalette::WindowText, ink);
+        QApplication::setPalette(inked);
+        QImage icon;
+        const auto controls = Controls();
+        for (const QDesignerCustomWidgetInterface *control : controls) {
+            if (control->name() == "Velmora::QcFrame")
+                icon = control->icon().pixmap(48).toImage();
+        }
+        QApplication::setPalette(palette);
+        COMPARE_COLOR(icon.pixelColor(5, 24), ink);
+        QColor soft = ink;
+        soft.setAlphaF(0.25);
+        COMPARE_COLOR(icon.pixelColor(24, 24), soft);
+    }
+
     void each_control_is_made_from_what_designer_writes_when_it_is_dropped_data()
     {
         QTest::addColumn<QString>("className");

@@ -29,7 +29,9 @@ QIcon SwatchOf(const QString &code)
     painter.fillRect(swatch.rect(), QcStyleManager::GetInstance()->GetColor(code));
     painter.setPen(Qt::gray);
     painter.drawRect(0, 0, kSwatchSize - 1, kSwatchSize - 1);
-    return QIcon(swatch);
+    QIcon icon(swatch);
+    icon.addPixmap(swatch, QIcon::Selected); // which Qt would tint
+    return icon;
 }
 
 } // namespace

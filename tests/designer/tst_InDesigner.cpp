@@ -487,8 +487,10 @@ private Q_SLOTS:
                 codes.append(tokens->item(row)->text());
             QCOMPARE(codes, TokensOf(Table::Light));
             const QListWidgetItem *item = tokens->findItems("base/red/red-60", Qt::MatchExactly).value(0);
-            const QImage swatch = item->icon().pixmap(20).toImage();
-            COMPARE_COLOR(swatch.pixelColor(10, 5), TokenOf(Table::Light, "base/red/red-60"));
+            for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) {
+                const QImage swatch = item->icon().pixmap(20, mode).toImage();
+                COMPARE_COLOR(swatch.pixelColor(10, 5), TokenOf(Table::Light, "base/red/red-60"));
+            }
             QVERIFY(!item->toolTip().isEmpty());
 
             dialog->findChild<QLineEdit *>("search")->setText("RED-60");
@@ -546,6 +548,20 @@ private Q_SLOTS:
         }
         tables.at(0)->trigger();
         COMPARE_COLOR(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Light, "brand/brand"));
+    }
+
+    void a_form_looks_the_same_opened_before_and_after_its_table_was_chosen()
+    {
+        QFile file(FORMS "/every_control.ui");
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString form = QString::fromUtf8(file.readAll());
+        OpenContents(form);
+        UseTable(Table::Dark);
+        DrainEvents();
+        const QImage before = Render(*m_form->mainContainer());
+        OpenContents(form);
+        const QImage after = Render(*m_form->mainContainer());
+        QCOMPARE(before, after);
     }
 };
 

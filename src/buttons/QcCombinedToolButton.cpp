@@ -105,6 +105,14 @@ void QcCombinedToolButton::SetBorderRadius(int radius)
     update();
 }
 
+void QcCombinedToolButton::KeepBorderRadius(int radius)
+{
+    SetBorderRadius(radius);
+    if (m_backgroundColors.isEmpty()) // UpdateUiParams() is still to come
+        PostOwnedTask(
+            this, [this, radius] { SetBorderRadius(radius); }, std::string());
+}
+
 QString QcCombinedToolButton::GetIconPath() const
 {
     return m_iconPath;

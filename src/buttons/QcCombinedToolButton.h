@@ -38,7 +38,7 @@ class VELMORA_EXPORT QcCombinedToolButton : public QFrame
 {
     Q_OBJECT
     Q_PROPERTY(QString iconPath MEMBER m_iconPath WRITE SetIconPath)
-    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE SetBorderRadius)
+    Q_PROPERTY(int borderRadius MEMBER m_borderRadius WRITE KeepBorderRadius) // of a form, which sets it at once
 
 public:
     explicit QcCombinedToolButton(QWidget *parent = nullptr);
@@ -97,6 +97,7 @@ private:
     bool FilterHold();
     void HoverHalfAt(const QPoint &position);
     void ShowMenu();
+    void KeepBorderRadius(int radius);
 
     QStyle::State m_mainState = QStyle::State_Enabled;
     QStyle::State m_arrowState = QStyle::State_Enabled;

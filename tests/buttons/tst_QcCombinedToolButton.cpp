@@ -156,6 +156,20 @@ private Q_SLOTS:
         QCOMPARE(button.fills, 0);
     }
 
+    void a_radius_that_a_form_sets_right_after_the_construction_stays()
+    {
+        HostButton button;
+        button.setProperty("borderRadius", 9);
+        DrainEvents();
+        QCOMPARE(button.fills, 1);
+        QCOMPARE(button.property("borderRadius").toInt(), 9);
+        button.setProperty("borderRadius", 7);
+        QCOMPARE(button.property("borderRadius").toInt(), 7);
+        button.SetBorderRadius(5);
+        DrainEvents();
+        QCOMPARE(button.property("borderRadius").toInt(), 5); // nothing comes behind
+    }
+
     void the_tables_are_filled_once_on_the_first_turn()
     {
         HostButton button;

@@ -14,10 +14,12 @@
 #include <QtDesigner/QDesignerComponents>
 #include <QtDesigner/QDesignerContainerExtension>
 #include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 #include <QtDesigner/QDesignerIntegration>
 #include <QtDesigner/QDesignerPropertyEditorInterface>
+#include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QDesignerWidgetFactoryInterface>
@@ -34,6 +36,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMetaProperty>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
@@ -83,11 +86,13 @@ class tst_InDesigner : public VelmoraTest::TestCase
     Q_OBJECT
 
 private:
-    /// A form that holds what the control called \a className is dropped as.
+    /// A form that holds what the control called \a className is dropped as, or is that, of a window.
     QDesignerFormWindowInterface *OpenForm(const QString &className)
     {
         QString xml = DomXmlOf(className);
         xml.replace("<ui language=\"c++\"", "<ui version=\"4.0\"");
+        if (xml.contains("name=\"content\""))
+            return OpenContents(xml);
         const auto begin = xml.indexOf("<widget");
         xml.insert(begin,
                    "<class>Form</class><widget class=\"QWidget\" name=\"Form\"><property name=\"geometry\"><rect><x>0</x><y>0</y>"
@@ -125,6 +130,97 @@ private:
     Control *The()
     {
         return m_form->mainContainer()->findChild<Control *>();
+    }
+
+    /// The first one whose very class is \a className.
+    QWidget *InstanceOf(const QString &className)
+    {
+        QWidget *form = m_form->mainContainer();
+        QList<QWidget *> widgets = form->findChildren<QWidget *>();
+        widgets.prepend(form);
+        const auto found = std::find_if(widgets.cbegin(), widgets.cend(),
+                                        [&](const QWidget *widget) { return widget->metaObject()->className() == className; });
+        return found == widgets.cend() ? nullptr : *found;
+    }
+
+    /// Of all controls in the widget box.
+    static QStringList ClassNames()
+    {
+        QStringList names;
+        QDesignerWidgetBoxInterface *box = designer->core->widgetBox();
+        for (int category = 0; category < box->categoryCount(); ++category) {
+            for (int i = 0; i < box->widgetCount(category); ++i) {
+                static const QRegularExpression ofKit("class=\"(Velmora::\\w+)\"");
+                const QRegularExpressionMatch found = ofKit.match(box->widget(category, i).domXml());
+                if (found.hasMatch())
+                    names.append(found.captured(1));
+            }
+        }
+        return names;
+    }
+
+    /// Those that the kit adds to its classes of Qt. Not the focus, from which Designer keeps widgets of a form, nor what decides about
+    /// another one.
+    static QVector<QMetaProperty> PropertiesOf(const QWidget &control)
+    {
+        const QByteArrayList exceptions = {"focusPolicy", "autoAlignment"};
+        QVector<QMetaProperty> properties;
+        for (int i = 0; i < control.metaObject()->propertyCount(); ++i) {
+            const QMetaProperty property = control.metaObject()->property(i);
+            const bool isOfKit = QByteArray(property.enclosingMetaObject()->className()).startsWith("Velmora::");
+            if (isOfKit && property.isWritable() && property.isDesignable() && !exceptions.contains(property.name()))
+                properties.append(property);
+        }
+        return properties;
+    }
+
+    static int NumberOf(const QVariant &value)
+    {
+        return value.userType() == QMetaType::Int ? value.toInt() : *static_cast<const int *>(value.constData()); // an enumeration
+    }
+
+    static QVariant Changed(const QMetaProperty &property, const QWidget &control)
+    {
+        const QVariant value = property.read(&control);
+        if (property.isEnumType()) {
+            for (int i = 0;; ++i) {
+                const int other = property.enumerator().value(i);
+                if (other != 0 && other != NumberOf(value))
+                    return other;
+            }
+        }
+        switch (value.userType()) {
+        case QMetaType::Bool:
+            return !value.toBool();
+        case QMetaType::Int:
+            return value.toInt() + 1;
+        case QMetaType::Double:
+            return value.toDouble() + 1;
+        default:
+            return value.toString() + QStringLiteral("x");
+        }
+    }
+
+    static QString TextOf(const QVariant &value)
+    {
+        QString text;
+        QDebug(&text) << value;
+        return text;
+    }
+
+    static QString ValueOf(const QMetaProperty &property, const QWidget &control)
+    {
+        const QVariant value = property.read(&control);
+        return TextOf(property.isEnumType() ? NumberOf(value) : value);
+    }
+
+    static QStringList ValuesOf(const QWidget &control)
+    {
+        QStringList values;
+        const QVector<QMetaProperty> properties = PropertiesOf(control);
+        for (const QMetaProperty &property : properties)
+            values.append(QString(property.name()) + ": " + ValueOf(property, control));
+        return values;
     }
 
     QDesignerContainerExtension *PagesOf(QObject *object)
@@ -311,8 +407,7 @@ private Q_SLOTS:
     void windows_and_dialogs_are_forms_with_a_content()
     {
         QFETCH(QString, className);
-        QString xml = DomXmlOf(className);
-        OpenContents(xml.replace("<ui language=\"c++\"", "<ui version=\"4.0\""));
+        OpenForm(className);
         QWidget *window = m_form->mainContainer();
         QCOMPARE(QString(window->metaObject()->className()), className);
         QVERIFY(!window->isWindow()); // but a part of Designer's
@@ -326,6 +421,48 @@ private Q_SLOTS:
         QVERIFY2(saved.contains("<addpagemethod>setContentWidget</addpagemethod>"), qPrintable(saved));
         QVERIFY(saved.contains("name=\"content\""));
         QVERIFY(!saved.contains("m_contentFrame"));
+    }
+
+    // --- Properties ---
+
+    void each_property_of_the_kit_can_be_edited_undone_and_saved_data()
+    {
+        QTest::addColumn<QString>("className");
+        const QStringList names = ClassNames();
+        for (const QString &name : names)
+            QTest::newRow(qPrintable(name)) << name;
+    }
+
+    void each_property_of_the_kit_can_be_edited_undone_and_saved()
+    {
+        QFETCH(QString, className);
+        OpenForm(className);
+        QWidget *control = InstanceOf(className);
+        QVERIFY(control);
+        const auto *sheet = qt_extension<QDesignerPropertySheetExtension *>(designer->core->extensionManager(), control);
+        const QVector<QMetaProperty> properties = PropertiesOf(*control);
+        const QStringList before = ValuesOf(*control);
+        for (const QMetaProperty &property : properties) {
+            const QString name = property.name();
+            QVERIFY2(sheet->isVisible(sheet->indexOf(name)), property.name());
+            const QVariant changed = Changed(property, *control);
+            m_form->cursor()->setWidgetProperty(control, name, changed);
+            QVERIFY2(ValueOf(property, *control) == TextOf(changed), property.name());
+        }
+        const QString saved = m_form->contents();
+        const QStringList values = ValuesOf(*control);
+        for (int i = 0; i < properties.size(); ++i)
+            m_form->commandHistory()->undo();
+        QCOMPARE(ValuesOf(*control), before);
+
+        OpenContents(saved);
+        QCOMPARE(ValuesOf(*InstanceOf(className)), values);
+        for (const QMetaProperty &property : properties) {
+            // By a setter of the class only if it is called as uic thinks.
+            const char *way = property.hasStdCppSet() ? "" : " stdset=\"0\"";
+            const QString written = QStringLiteral("<property name=\"%1\"%2>").arg(property.name(), way);
+            QVERIFY2(saved.contains(written), qPrintable(written));
+        }
     }
 
     // --- Colours ---

@@ -70,9 +70,14 @@ private Q_SLOTS:
     void ten_thousand_messages_under_the_mouse_cost_each_what_a_thousand_do()
     {
         CostOf(100); // what is made once
-        const double thousand = CostOf(1000);
-        const double tenThousand = CostOf(10000);
-        QVERIFY2(tenThousand < 30 * thousand, qPrintable(QStringLiteral("%1 times a thousand").arg(tenThousand / thousand)));
+        // Once is enough: were each to cost what all before it do, it would be a hundred times at every attempt. A busy machine's caches,
+        // on the other hand, can make any one attempt dear.
+        double times = 0;
+        for (int attempt = 0; attempt < 3 && (attempt == 0 || times >= 30); ++attempt) {
+            const double thousand = CostOf(1000);
+            times = CostOf(10000) / thousand;
+        }
+        QVERIFY2(times < 30, qPrintable(QStringLiteral("%1 times a thousand").arg(times)));
     }
 };
 

@@ -123,15 +123,19 @@ void ChooseColor(QWidget &widget, const QString &property)
     const QPointer<QDesignerFormWindowInterface> form = QDesignerFormWindowInterface::findFormWindow(&widget);
     if (!form)
         return;
-    TokenChooser chooser(widget.property(property.toLatin1()).toString(), form);
-    chooser.setWindowTitle(property);
-    if (chooser.exec() != QDialog::Accepted || !alive || !form)
+    const QString present = widget.property(property.toLatin1()).toString();
+    const QPointer<TokenChooser> chooser = new TokenChooser(present, form); // goes with the form, too
+    chooser->setWindowTitle(property);
+    const bool isChosen = chooser->exec() == QDialog::Accepted && chooser;
+    const QString code = isChosen ? chooser->Code() : present;
+    delete chooser;
+    if (code == present || !alive || !form)
         return;
     form->beginCommand(property);
     const auto *properties = qt_extension<QDesignerDynamicPropertySheetExtension *>(form->core()->extensionManager(), alive);
     if (properties && properties->canAddDynamicProperty(property))
         form->commandHistory()->push(new AddProperty(*form->core(), *alive, property)); // the history's
-    form->cursor()->setWidgetProperty(alive, property, UntranslatedText(*form->core(), chooser.Code()));
+    form->cursor()->setWidgetProperty(alive, property, UntranslatedText(*form->core(), code));
     form->endCommand();
 }
 

@@ -37,6 +37,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
@@ -103,7 +104,7 @@ private:
 
     QDesignerFormWindowInterface *OpenContents(const QString &xml)
     {
-        QDesignerFormWindowManagerInterface *manager = designer->core->formWindowManager();
+        QDesignerFormWindowManagerInterface *manager = Manager();
         m_form.reset(manager->createFormWindow(&designer->top));
         m_form->setContents(xml);
         manager->setActiveFormWindow(m_form.get());
@@ -257,6 +258,67 @@ private:
         QVERIFY(hasAnswered);
     }
 
+    static QDesignerFormWindowManagerInterface *Manager() { return designer->core->formWindowManager(); }
+
+    /// Of a container's context menu. Designer keeps all this to its end.
+    struct PageActions
+    {
+        PageActions() = default;
+        PageActions(const PageActions &) = delete;
+        PageActions(PageActions &&) = default;
+        PageActions &operator=(const PageActions &) = delete;
+        PageActions &operator=(PageActions &&) = delete;
+        ~PageActions()
+        {
+            delete extension;
+            const QWidgetList after = QApplication::topLevelWidgets();
+            for (QWidget *widget : after) {
+                if (qobject_cast<QMenu *>(widget) && !before.contains(widget))
+                    delete widget;
+            }
+        }
+
+        QWidgetList before = QApplication::topLevelWidgets();
+        QObject *extension = nullptr;
+        QAction *insert = nullptr;
+        QAction *remove = nullptr;
+    };
+
+    PageActions PageActionsOf(QObject *container)
+    {
+        PageActions found;
+        // Where Designer keeps the tasks that it has itself.
+        found.extension = designer->core->extensionManager()->extension(container, "QDesignerInternalTaskMenuExtension");
+        const auto *tasks = qobject_cast<QDesignerTaskMenuExtension *>(found.extension);
+        const auto actions = tasks ? tasks->taskActions() : QList<QAction *>();
+        for (QAction *action : actions) {
+            if (!action->menu())
+                continue;
+            if (action->text().startsWith("Insert"))
+                found.insert = action->menu()->actions().value(0);
+            else if (action->text().startsWith("Page"))
+                found.remove = action->menu()->actions().value(0);
+        }
+        return found;
+    }
+
+    /// A stack in a frame, and in its first page a frame with a button.
+    QString NestedForm()
+    {
+        const char *begin = R"(<ui version="4.0"><class>Form</class><widget class="QWidget" name="Form"><property name="geometry"><rect>)"
+                            R"(<x>0</x><y>0</y><width>700</width><height>500</height></rect></property>)"
+                            R"(<widget class="Velmora::QcFrame" name="frame"><property name="geometry"><rect><x>10</x><y>10</y>)"
+                            R"(<width>300</width><height>200</height></rect></property>)"
+                            R"(<widget class="Velmora::QcStackedWidget" name="stack"><property name="geometry"><rect><x>10</x><y>10</y>)"
+                            R"(<width>280</width><height>180</height></rect></property>)"
+                            R"(<widget class="QWidget" name="page"><widget class="Velmora::QcFrame" name="inner">)"
+                            R"(<property name="geometry"><rect><x>5</x><y>5</y><width>200</width><height>100</height></rect></property>)"
+                            R"(<widget class="Velmora::QcPrimaryButton" name="button"/></widget></widget>)"
+                            R"(<widget class="QWidget" name="page_2"/></widget></widget></widget>)";
+        const QString dropped = DomXmlOf("Velmora::QcStackedWidget");
+        return begin + dropped.mid(dropped.indexOf("<customwidgets>"));
+    }
+
     void SetUp() override { QCursor::setPos(1900, 1900); } // no hover
 
     void TearDown() override
@@ -354,37 +416,72 @@ private Q_SLOTS:
     {
         OpenForm("Velmora::QcStackedWidget");
         auto *stack = The<QcStackedWidget>();
-        const QWidgetList before = QApplication::topLevelWidgets();
-        // Where Designer keeps the tasks that it has itself.
-        QObject *extension = designer->core->extensionManager()->extension(stack, "QDesignerInternalTaskMenuExtension");
-        const auto *tasks = qobject_cast<QDesignerTaskMenuExtension *>(extension);
-        QVERIFY(tasks);
-        const auto actions = tasks->taskActions();
-        QAction *insert = nullptr;
-        QAction *remove = nullptr;
-        for (QAction *action : actions) {
-            if (!action->menu())
-                continue;
-            if (action->text().startsWith("Insert"))
-                insert = action->menu()->actions().value(0);
-            else if (action->text().startsWith("Page"))
-                remove = action->menu()->actions().value(0);
+        const PageActions actions = PageActionsOf(stack);
+        QVERIFY(actions.insert && actions.remove);
+        actions.insert->trigger();
+        QCOMPARE(stack->count(), 3);
+        actions.remove->trigger();
+        QCOMPARE(stack->count(), 2);
+        m_form->commandHistory()->undo();
+        QCOMPARE(stack->count(), 3);
+        m_form->commandHistory()->undo();
+        QCOMPARE(stack->count(), 2);
+    }
+
+    void a_deleted_page_comes_back_with_all_that_lies_on_it()
+    {
+        OpenContents(NestedForm());
+        auto *stack = The<QcStackedWidget>();
+        const QPointer<QWidget> button = The<QcPrimaryButton>();
+        const PageActions actions = PageActionsOf(stack);
+        QVERIFY(actions.remove);
+        actions.remove->trigger();
+        QCOMPARE(stack->count(), 1);
+        QVERIFY(!m_form->contents().contains("QcPrimaryButton\" name"));
+        for (int i = 0; i < 3; ++i) {
+            m_form->commandHistory()->undo();
+            DrainEvents();
+            QCOMPARE(stack->count(), 2);
+            QVERIFY(button && stack->widget(0)->isAncestorOf(button) && button->isVisible());
+            m_form->commandHistory()->redo();
+            DrainEvents();
+            QCOMPARE(stack->count(), 1);
+            QVERIFY(!stack->isAncestorOf(button));
         }
-        QVERIFY(insert && remove);
-        insert->trigger();
-        QCOMPARE(stack->count(), 3);
-        remove->trigger();
-        QCOMPARE(stack->count(), 2);
         m_form->commandHistory()->undo();
-        QCOMPARE(stack->count(), 3);
+        const QString saved = m_form->contents();
+        OpenContents(saved);
+        QVERIFY(The<QcStackedWidget>()->widget(0)->findChild<QcPrimaryButton *>());
+    }
+
+    void containers_in_containers_are_copied_with_all_that_lies_in_them()
+    {
+        OpenContents(NestedForm());
+        m_form->clearSelection();
+        m_form->selectWidget(The<QcFrame>());
+        DrainEvents();
+        QVERIFY(Manager()->action(QDesignerFormWindowManagerInterface::CopyAction)->isEnabled());
+        Manager()->action(QDesignerFormWindowManagerInterface::CopyAction)->trigger();
+        Manager()->action(QDesignerFormWindowManagerInterface::PasteAction)->trigger();
+        DrainEvents();
+        const auto buttons = m_form->mainContainer()->findChildren<QcPrimaryButton *>();
+        QCOMPARE(buttons.size(), 2);
+        QVERIFY(buttons.at(0)->objectName() != buttons.at(1)->objectName());
+        const QString saved = m_form->contents();
         m_form->commandHistory()->undo();
-        QCOMPARE(stack->count(), 2);
-        // Designer keeps all this to its end.
-        delete extension;
-        const QWidgetList after = QApplication::topLevelWidgets();
-        for (QWidget *widget : after) {
-            if (qobject_cast<QMenu *>(widget) && !before.contains(widget))
-                delete widget;
+        DrainEvents();
+        QCOMPARE(m_form->contents().count("class=\"Velmora::QcPrimaryButton\""), 1);
+        m_form->commandHistory()->redo();
+        DrainEvents();
+        QCOMPARE(m_form->contents(), saved);
+
+        OpenContents(saved);
+        const auto stacks = m_form->mainContainer()->findChildren<QcStackedWidget *>();
+        QCOMPARE(stacks.size(), 2);
+        for (const QcStackedWidget *stack : stacks) {
+            QCOMPARE(stack->count(), 2);
+            QVERIFY(stack->widget(0)->findChild<QcPrimaryButton *>());
+            QVERIFY(qobject_cast<QcFrame *>(stack->parentWidget()));
         }
     }
 
@@ -602,6 +699,76 @@ private Q_SLOTS:
         });
         QCOMPARE(The<QcFrame>()->property("borderColorParams").toString(), QStringLiteral("border/border_tertairy"));
         QVERIFY(!m_form->commandHistory()->canUndo());
+    }
+
+    void a_choice_that_is_the_present_one_changes_nothing()
+    {
+        OpenForm("Velmora::QcPrimaryButton");
+        const auto accept = [](QDialog *dialog) { dialog->accept(); };
+        Choose(ActionFor(The<QcPrimaryButton>(), "Farben der Zust")->menu()->actions().constLast(), accept);
+        QVERIFY(!m_form->commandHistory()->canUndo());
+        QVERIFY(!m_form->contents().contains("checkedDisabledTextColorParams"));
+        OpenForm("Velmora::QcFrame");
+        Choose(ActionFor(The<QcFrame>(), "borderColorParams"), accept);
+        QVERIFY(!m_form->isDirty());
+    }
+
+    void a_chooser_may_be_open_while_its_form_or_its_control_goes_data()
+    {
+        QTest::addColumn<bool>("isForm");
+        QTest::newRow("form") << true;
+        QTest::newRow("control") << false;
+    }
+
+    void a_chooser_may_be_open_while_its_form_or_its_control_goes()
+    {
+        QFETCH(bool, isForm);
+        OpenForm("Velmora::QcFrame");
+        QAction *action = ActionFor(The<QcFrame>(), "borderColorParams");
+        bool hasGone = false;
+        QTimer::singleShot(0, this, [&] {
+            const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+            QVERIFY(dialog);
+            if (isForm)
+                m_form.reset();
+            else
+                delete The<QcFrame>();
+            hasGone = true;
+            if (dialog)
+                qobject_cast<QDialog *>(dialog)->accept();
+        });
+        action->trigger();
+        QVERIFY(hasGone);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void codes_that_nothing_knows_open_and_are_saved_as_they_are_data()
+    {
+        QTest::addColumn<QString>("code");
+        for (const char *code :
+             {"no/such_token", "${no/such_token, 0.5}", "${brand/brand, much}", "a,b,c,", "#12", "", "${", "\xE2\x82\xAC"})
+            QTest::newRow(code) << QString::fromUtf8(code);
+    }
+
+    void codes_that_nothing_knows_open_and_are_saved_as_they_are()
+    {
+        QFETCH(QString, code);
+        QString form = NestedForm();
+        form.replace("name=\"inner\">",
+                     "name=\"inner\"><property name=\"backgroundColorParams\"><string notr=\"true\">" + code + "</string></property>");
+        form.replace("name=\"button\"/>",
+                     "name=\"button\"><property name=\"hoverTextColorParams\" stdset=\"0\"><string notr=\"true\">" + code
+                         + "</string></property></widget>");
+        OpenContents(form);
+        auto *inner = m_form->mainContainer()->findChild<QcFrame *>("inner");
+        QCOMPARE(inner->property("backgroundColorParams").toString(), code);
+        QVERIFY(!Render(*m_form).isNull());
+        QVERIFY(m_form->contents().count("<string notr=\"true\">" + code + "</string>") >= 2 || code.isEmpty());
+        Choose(ActionFor(inner, "backgroundColorParams"), [&](QDialog *dialog) {
+            QCOMPARE(dialog->findChild<QLineEdit *>("code")->text(), code);
+            dialog->accept();
+        });
+        QVERIFY(!m_form->isDirty());
     }
 
     void a_code_that_is_no_token_can_be_typed()

@@ -221,7 +221,7 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
         Hide();
         break;
     case QEvent::ZOrderChange:
-        if (m_overlay && watched != m_overlay && watched->parent() == m_overlay->parent())
+        if (m_overlay && watched->parent() == m_overlay->parent())
             UpdateLater();
         break;
     // Of what is followed
@@ -254,7 +254,6 @@ void FocusRing::FollowReason(Qt::FocusReason reason)
         break;
     case Qt::ActiveWindowFocusReason: // it comes back, or a key has brought it there
         m_isNavigating = m_isNavigating || (m_opened && m_opened == QApplication::activeWindow());
-        m_opened.clear();
         break;
     case Qt::MouseFocusReason:
         m_isNavigating = false;

@@ -63,7 +63,7 @@ private:
     bool m_isKeyLast = false;    // what the user pressed last
     bool m_isArriving = false;   // by the key that moved the focus just now
     bool m_isUpdatePending = false;
-    QPointer<QObject> m_opened;                // the window that a key has opened, until a window gets the keyboard
+    QPointer<QObject> m_opened;                // the window that a key has opened, until a press of the mouse
     std::vector<QPointer<QWidget>> m_followed; // the control with the ring, and all that it lies in
     QPointer<FocusRingOverlay> m_overlay;      // in the window that has the focus, or had it last
 };

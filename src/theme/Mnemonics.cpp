@@ -21,14 +21,11 @@ bool HasMarks(const QString &text)
 }
 
 /// Takes the next letter of \a text, from \a place on; a mark goes with the letter behind it, and one behind which there is none is lost.
-/// A mark that is marked is a letter like any other.
+/// A mark behind a mark is a letter like any other.
 bool TakeLetter(const QString &text, int &place, QChar &letter, bool &isMarked)
 {
-    isMarked = false;
-    if (place < text.size() && text.at(place) == kMark) {
-        ++place;
-        isMarked = place < text.size() && text.at(place) != kMark;
-    }
+    isMarked = place < text.size() && text.at(place) == kMark;
+    place += isMarked ? 1 : 0;
     if (place >= text.size())
         return false;
     letter = text.at(place++);
@@ -45,7 +42,7 @@ QString WithMarks(const QString &shown, const QString &text)
     bool isOfText = true;
     for (const QChar character : shown) {
         isOfText = isOfText && TakeLetter(text, place, letter, isMarked) && letter == character;
-        if (character == kMark || (isOfText && isMarked))
+        if (isOfText && isMarked)
             marked += kMark;
         marked += character;
     }

@@ -18,6 +18,7 @@
 #include <QGraphicsProxyWidget>
 #include <QGraphicsScene>
 #include <QGraphicsView>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPainter>
@@ -257,7 +258,17 @@ private Q_SLOTS:
         COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(kPlace.left() - 2.5, kPlace.top() - 2.5)), RingColor());
         m_first->SetBorderRadius(12); // while the ring is shown
         FinishPainting();
-        COMPARE_COLOR(PixelAt(m_stage->Look(), QPointF(kPlace.left() - 2.5, kPlace.top() - 2.5)), QColor(Qt::white));
+        const QImage round = m_stage->Look();
+        COMPARE_COLOR(PixelAt(round, QPointF(kPlace.left() - 2.5, kPlace.top() - 2.5)), QColor(Qt::white));
+        const QImage corner = Part(round, QRect(kPlace.topLeft() - QPoint(4, 4), QSize(12, 12)));
+        const auto isBetween = [&](const QPoint &at) {
+            const int red = corner.pixelColor(at).red();
+            return red > RingColor().red() + 20 && red < 235;
+        };
+        int smooth = 0;
+        for (int i = 0; i < corner.width() * corner.height(); ++i)
+            smooth += isBetween(QPoint(i % corner.width(), i / corner.width())) ? 1 : 0;
+        QVERIFY(smooth > 4); // it has no steps
     }
 
     void a_change_of_the_table_repaints_it()
@@ -310,6 +321,36 @@ private Q_SLOTS:
         const QRectF ink = InkBox(Part(m_bare, box->geometry()), Qt::white).translated(box->pos());
         QVERIFY(ringed.contains(ink));
         QCOMPARE(ringed.center().x() < 190, direction == Qt::LeftToRight);
+    }
+
+    void a_check_box_with_an_icon_is_ringed_with_all_of_its_label()
+    {
+        auto *box = m_stage->Add<QCheckBox>(QRect(40, 200, 300, 40));
+        QPixmap icon(32, 32);
+        icon.fill(Qt::green);
+        box->setIcon(icon);
+        box->setIconSize(icon.size());
+        box->setText(QStringLiteral("Short"));
+        QVERIFY(m_stage->Begin());
+        const QRectF ink = InkBox(Part(m_stage->Look(), box->geometry()), Qt::white).translated(box->pos());
+        m_second->setFocus();
+        m_stage->Press(Qt::Key_Tab);
+        QVERIFY(box->hasFocus());
+        QVERIFY(QRectF(RingIn(*m_stage)->geometry()).contains(ink));
+    }
+
+    void a_group_is_ringed_at_its_title()
+    {
+        auto *group = m_stage->Add<QGroupBox>(QRect(40, 180, 300, 100));
+        group->setCheckable(true);
+        group->setTitle(QStringLiteral("Title"));
+        QVERIFY(m_stage->Begin());
+        m_second->setFocus();
+        m_stage->Press(Qt::Key_Tab);
+        QVERIFY(group->hasFocus());
+        QVERIFY(RingIn(*m_stage)->geometry().center().x() < group->geometry().center().x());
+        group->setAlignment(Qt::AlignRight);
+        QVERIFY(RingIn(*m_stage)->geometry().center().x() > group->geometry().center().x());
     }
 
     void a_tab_bar_shows_which_tab_has_the_keyboard()
@@ -371,6 +412,24 @@ private Q_SLOTS:
         QVERIFY(!RingIn(*m_stage));
         m_stage->Press(Qt::Key_Tab);
         QVERIFY(RingIn(*m_stage)->geometry().contains(kOtherPlace));
+    }
+
+    void a_touch_takes_it()
+    {
+        class Touched : public QWidget
+        {
+        public:
+            using QWidget::QWidget;
+
+        protected:
+            bool event(QEvent *event) override { return event->type() == QEvent::TouchBegin || QWidget::event(event); }
+        };
+        auto *touched = m_stage->Add<Touched>(QRect(200, 40, 100, 100));
+        touched->setAttribute(Qt::WA_AcceptTouchEvents); // so that Qt makes no press of the mouse of it
+        Arrive();
+        QTest::touchEvent(m_stage.get(), QTest::createTouchDevice()).press(0, touched->geometry().center(), m_stage.get());
+        QVERIFY(!RingIn(*m_stage));
+        QVERIFY(m_first->hasFocus());
     }
 
     void focus_given_by_the_program_shows_it_as_an_answer_to_a_key_only()
@@ -459,6 +518,61 @@ private Q_SLOTS:
         QTRY_VERIFY(field->hasFocus());
         QVERIFY(RingIn(dialog));
         QVERIFY(RingIn(dialog)->geometry().contains(field->geometry().center()));
+    }
+
+    void a_dialog_that_a_key_opens_shows_it_whatever_comes_with_it_data()
+    {
+        QTest::addColumn<Qt::WindowFlags>("flags");
+        QTest::newRow("a tip") << Qt::WindowFlags(Qt::ToolTip);
+        QTest::newRow("a card") << Qt::WindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    }
+
+    void a_dialog_that_a_key_opens_shows_it_whatever_comes_with_it()
+    {
+        class Dialog : public QDialog
+        {
+        public:
+            using QDialog::QDialog;
+            QWidget *card = nullptr;
+
+        protected:
+            void showEvent(QShowEvent * /*event*/) override { card->show(); }
+        };
+        QFETCH(Qt::WindowFlags, flags);
+        Dialog dialog(m_stage.get());
+        QLineEdit first(&dialog);
+        QLineEdit field(&dialog);
+        field.setFocus();
+        QWidget card(m_stage.get(), flags);
+        card.setAttribute(Qt::WA_ShowWithoutActivating, card.windowType() != Qt::ToolTip);
+        dialog.card = &card;
+        QShortcut shortcut(QKeySequence(Qt::Key_F2), m_stage.get());
+        connect(&shortcut, &QShortcut::activated, &dialog, &QDialog::open);
+        QVERIFY(m_stage->Begin());
+        QTest::mouseClick(m_second, Qt::LeftButton);
+        m_stage->Press(Qt::Key_F2);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(field.hasFocus());
+        QVERIFY(RingIn(dialog));
+    }
+
+    void a_dialog_that_a_key_opened_shows_none_after_a_press_of_the_mouse()
+    {
+        QDialog dialog(m_stage.get());
+        QLineEdit field(&dialog);
+        QShortcut shortcut(QKeySequence(Qt::Key_F2), m_stage.get());
+        connect(&shortcut, &QShortcut::activated, &dialog, &QDialog::show);
+        QVERIFY(m_stage->Begin());
+        m_stage->Press(Qt::Key_F2);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(RingIn(dialog));
+        QTest::mouseClick(&field, Qt::LeftButton);
+        m_stage->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_stage.get()));
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_VERIFY(field.hasFocus());
+        QVERIFY(!RingIn(dialog));
     }
 
     void a_window_that_was_there_shows_none_when_the_user_comes_back_from_another_program()

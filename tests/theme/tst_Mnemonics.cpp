@@ -158,6 +158,17 @@ private Q_SLOTS:
         QCOMPARE(ElidedMarked(metrics, text, metrics.horizontalAdvance(QStringLiteral("Sa\u2026")) + 1), QStringLiteral("&Sa\u2026"));
     }
 
+    void an_ellipsis_takes_no_mark_of_a_letter_that_was_cut_away()
+    {
+        const Cues cues;
+        const QFontMetrics metrics(TextFont());
+        const QString text = QStringLiteral("Save &xyz");
+        for (int width = 0; width < metrics.horizontalAdvance(text); ++width) {
+            const QString elided = ElidedMarked(metrics, text, width);
+            QCOMPARE(elided.contains(QLatin1Char('&')), elided.contains(QLatin1Char('x')));
+        }
+    }
+
     void a_switch_of_cues_is_told_to_widgets_as_a_change_of_style()
     {
         class Listener : public QWidget

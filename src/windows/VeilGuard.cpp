@@ -113,7 +113,7 @@ bool VeilGuard::eventFilter(QObject *watched, QEvent *event)
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
-        return m_isLowered && IsRefused(watched);
+        return IsRefused(watched);
     default:
         if (watched == m_veil)
             FollowVeil(event->type());
@@ -163,7 +163,7 @@ void VeilGuard::Lift()
     if (!previous || !previous->isVisible())
         return;
     const QWidget *focus = previous->window()->focusWidget();
-    if (!focus || focus == m_veil || m_veil->isAncestorOf(focus))
+    if (!focus || m_veil->isAncestorOf(focus))
         previous->setFocus(Qt::OtherFocusReason);
 }
 
@@ -175,7 +175,7 @@ bool VeilGuard::IsBelow(const QWidget &widget) const
     const QWidget *parent = m_veil->parentWidget();
     if (m_veil->isWindow())
         return parent && parent->window() == widget.window();
-    if (widget.window() != m_veil->window() || &widget == m_veil || m_veil->isAncestorOf(&widget))
+    if (widget.window() != m_veil->window() || m_veil->isAncestorOf(&widget))
         return false;
     if (widget.isAncestorOf(m_veil))
         return true;
@@ -185,7 +185,7 @@ bool VeilGuard::IsBelow(const QWidget &widget) const
         branch = branch->parentWidget();
     const QObjectList &siblings = branch->parentWidget()->children();
     const auto holdsVeil = [this](const QObject *sibling) {
-        return sibling == m_veil || (sibling->isWidgetType() && static_cast<const QWidget *>(sibling)->isAncestorOf(m_veil));
+        return sibling->isWidgetType() && static_cast<const QWidget *>(sibling)->isAncestorOf(m_veil);
     };
     const auto veil = std::find_if(siblings.begin(), siblings.end(), holdsVeil);
     return std::find(siblings.begin(), veil, branch) != veil;

@@ -98,6 +98,9 @@ private Q_SLOTS:
         Stage stage;
         auto *first = new QPushButton(stage.veil);
         auto *second = new QPushButton(stage.veil);
+        auto *page = new QWidget(stage.veil); // that passes the keyboard on
+        page->setFocusPolicy(Qt::StrongFocus);
+        page->setFocusProxy(first);
         QVERIFY(stage.IsActive());
         stage.buttons[1]->setFocus();
         stage.buttons[2]->setEnabled(false);
@@ -124,12 +127,16 @@ private Q_SLOTS:
         QVERIFY(stage.IsActive());
         stage.buttons[0]->setFocus();
         QSignalSpy clicks(stage.buttons[0], &QPushButton::clicked);
+        EventCounter presses(stage.window, QEvent::KeyPress);
+        EventCounter releases(stage.window, QEvent::KeyRelease);
+        EventCounter overrides(stage.window, QEvent::ShortcutOverride);
         stage.veil->show();
         QVERIFY(stage.veil->hasFocus());
         for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape})
             Stage::Key(key);
         QVERIFY(stage.veil->hasFocus());
         QCOMPARE(clicks.count(), 0);
+        QCOMPARE(presses.Take() + releases.Take() + overrides.Take(), 0);
         QVERIFY(stage.window.isVisible());
         delete stage.veil;
         QVERIFY(stage.buttons[0]->hasFocus());
@@ -259,6 +266,33 @@ private Q_SLOTS:
         QVERIFY(stage.buttons[2]->hasFocus());
         stage.veil->setGeometry(stage.window.rect());
         QVERIFY(stage.veil->hasFocus());
+    }
+
+    void a_veil_that_moves_takes_the_keyboard_from_what_it_comes_over()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.buttons[2]->setFocus();
+        stage.veil->show();
+        stage.veil->move(100, 0);
+        QVERIFY(stage.veil->hasFocus());
+        stage.buttons[0]->setFocus();
+        QVERIFY(stage.buttons[0]->hasFocus());
+    }
+
+    void a_veil_that_hears_twice_that_it_is_shown_goes_at_once()
+    {
+        SetVeilsStopKeyboard(true);
+        Stage stage;
+        QVERIFY(stage.IsActive());
+        stage.veil->show();
+        QShowEvent again; // as when a window comes back from the task bar
+        QCoreApplication::sendEvent(stage.veil, &again);
+        stage.veil->hide();
+        QVERIFY(!QAccessible::queryAccessibleInterface(stage.veil)->state().modal);
+        stage.buttons[0]->setFocus();
+        QVERIFY(stage.buttons[0]->hasFocus());
     }
 
     void the_keyboard_stays_where_the_program_or_the_user_has_put_it_meanwhile()

@@ -129,7 +129,7 @@ QRect LineText::characterRect(int offset) const
     const qreal origin = caret.center().x() - line.cursorToX(Edit()->cursorPosition());
     // Each edge rounded by itself, so that neighbours meet.
     const int one = qRound(origin + line.cursorToX(offset));
-    const int other = qRound(origin + line.cursorToX(int(qMin(offset + 1, shown.size()))));
+    const int other = qRound(origin + line.cursorToX(offset + 1));
     const QPoint topLeft(qMin(one, other), caret.top());
     return QRect(Edit()->mapToGlobal(topLeft), QSize(qAbs(one - other), caret.height()));
 }

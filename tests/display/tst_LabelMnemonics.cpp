@@ -249,6 +249,17 @@ private Q_SLOTS:
         QCOMPARE(name(), label.text()); // as it is shown
     }
 
+    void assistive_technology_finds_its_picture_on_the_screen()
+    {
+        QWidget window;
+        QcLabel label(&window);
+        label.setGeometry(20, 30, 100, 40);
+        label.setPixmap(QPixmap(10, 10));
+        window.show();
+        QAccessibleImageInterface *image = QAccessible::queryAccessibleInterface(&label)->imageInterface();
+        QCOMPARE(image->imagePosition(), window.mapToGlobal(label.pos()));
+    }
+
     void to_assistive_technology_it_is_what_a_label_of_qt_is()
     {
         QWidget window;

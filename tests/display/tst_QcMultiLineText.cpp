@@ -10,6 +10,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
 #include <QDialog>
+#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -686,6 +687,22 @@ private Q_SLOTS:
         QCOMPARE(stage.clicks.count(), 1);
     }
 
+    void the_marked_link_stays_marked_while_a_menu_is_open()
+    {
+        TextInDialog stage;
+        QVERIFY(stage.Show());
+        const QImage marked = Render(*stage.text);
+        QMenu menu(stage.text);
+        menu.addAction(QStringLiteral("Copy"));
+        menu.popup(stage.text->mapToGlobal(QPoint()));
+        QTest::keyClick(&menu, Qt::Key_Escape);
+        QTRY_VERIFY(!menu.isVisible());
+        QVERIFY(stage.text->hasFocus());
+        QCOMPARE(Render(*stage.text), marked);
+        QTest::keyClick(stage.text, Qt::Key_Return);
+        QCOMPARE(stage.clicks.count(), 1);
+    }
+
     void a_receiver_of_a_press_may_delete_it_data()
     {
         QTest::addColumn<bool>("byKey");
@@ -887,6 +904,7 @@ private Q_SLOTS:
         QVERIFY(rectOf(0).bottom() <= rectOf(5).top());
         QVERIFY(rectOf(5).bottom() <= rectOf(10).top());
         QCOMPARE(rectOf(-1), QRect());
+        QCOMPARE(rectOf(9), QRect()); // the end of a paragraph
         QCOMPARE(rectOf(14), QRect());
         QCOMPARE(read->offsetAtPoint(place.topLeft() - QPoint(5, 5)), -1);
         QCOMPARE(read->offsetAtPoint(place.bottomRight()), -1);

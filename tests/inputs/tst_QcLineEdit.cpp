@@ -7,6 +7,8 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QPointer>
+#include <QPushButton>
+#include <QSet>
 #include <QSignalSpy>
 #include <QValidator>
 #include <QWidget>
@@ -80,6 +82,10 @@ private Q_SLOTS:
         m_edit->setEnabled(false);
         state = Described()->state();
         QVERIFY(state.readOnly && state.passwordEdit && state.disabled);
+        for (const QLineEdit::EchoMode mode : {QLineEdit::NoEcho, QLineEdit::PasswordEchoOnEdit}) {
+            m_edit->setEchoMode(mode);
+            QVERIFY(Described()->state().passwordEdit);
+        }
         QVERIFY(!state.hasPopup);
         m_edit->setContextMenuPolicy(Qt::PreventContextMenu);
         QVERIFY(!Described()->state().hasPopup);
@@ -207,6 +213,15 @@ private Q_SLOTS:
         QCOMPARE(Described()->textInterface()->characterRect(124), QRect());
     }
 
+    void the_place_behind_the_last_character_is_that_of_the_caret()
+    {
+        m_edit->setText(QStringLiteral("WiW"));
+        m_edit->grab();
+        const QRect last = Described()->textInterface()->characterRect(2);
+        const QRect end = Described()->textInterface()->characterRect(3);
+        QCOMPARE(end, QRect(last.left() + last.width(), last.top(), 0, last.height()));
+    }
+
     void the_end_of_a_sentence_is_found_on_the_side_where_it_stands_data()
     {
         QTest::addColumn<QString>("text");
@@ -267,13 +282,17 @@ private Q_SLOTS:
         }
     }
 
-    void what_hears_of_its_text_is_related_to_it()
+    void what_hears_of_its_text_or_its_enter_is_related_to_it()
     {
         QLabel listener(m_window.get());
         connect(m_edit, &QLineEdit::textChanged, &listener, &QLabel::setText);
+        QPushButton pressed(m_window.get());
+        connect(m_edit, &QLineEdit::returnPressed, &pressed, &QPushButton::click);
+        QSet<QObject *> related;
         const auto relations = Described()->relations(QAccessible::Controlled);
-        QCOMPARE(relations.size(), 1);
-        QCOMPARE(relations.constFirst().first, QAccessible::queryAccessibleInterface(&listener));
+        for (const auto &relation : relations)
+            related.insert(relation.first->object());
+        QCOMPARE(related, (QSet<QObject *>{&listener, &pressed}));
     }
 
     void it_is_edited()

@@ -8,8 +8,11 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPointer>
 
 namespace VelmoraDesigner {
 
@@ -17,21 +20,54 @@ TableMenu::TableMenu(QDesignerFormEditorInterface &core)
     : QObject(&core)
     , m_core(core)
     , m_menu(std::make_unique<QMenu>(QStringLiteral("Vel&mora")))
+    , m_tables(new QActionGroup(this))
 {
     m_menu->setObjectName(QStringLiteral("velmoraMenu"));
-    auto *group = new QActionGroup(this);
     for (const Table &table : BuiltInTables()) {
-        QAction *action = m_menu->addAction(table.title);
-        action->setCheckable(true);
-        action->setChecked(table.path == ChosenTable());
-        group->addAction(action);
+        const QAction *action = Add(table.title, table.path);
         connect(action, &QAction::triggered, this, [path = table.path] { ChooseTable(path); });
     }
+    m_menu->addSeparator();
+    m_file = Add(QCoreApplication::translate("VelmoraDesigner", "Other &file..."), QString());
+    connect(m_file, &QAction::triggered, this, &TableMenu::ChooseFile);
+    ShowChoice();
     // Designer makes its windows when it has loaded its plugins, and moves the bar from one to another.
     QCoreApplication::instance()->installEventFilter(this);
 }
 
 TableMenu::~TableMenu() = default;
+
+QAction *TableMenu::Add(const QString &title, const QString &path)
+{
+    QAction *action = m_menu->addAction(title);
+    action->setCheckable(true);
+    action->setData(path);
+    m_tables->addAction(action);
+    return action;
+}
+
+void TableMenu::ChooseFile()
+{
+    const QPointer<TableMenu> alive(this);
+    const QPointer<QWidget> top = m_core.topLevel();
+    const QString path = QFileDialog::getOpenFileName(top, QString(), m_file->data().toString(), QStringLiteral("INI (*.ini)"));
+    if (!alive)
+        return;
+    const bool isTable = !path.isEmpty() && ChooseTable(path);
+    if (isTable)
+        m_file->setData(path);
+    ShowChoice();
+    if (!path.isEmpty() && !isTable)
+        QMessageBox::warning(top, QString(), QCoreApplication::translate("VelmoraDesigner", "%1 has no colours.").arg(path));
+}
+
+/// The choice that failed or was cancelled is checked by Qt.
+void TableMenu::ShowChoice()
+{
+    const QList<QAction *> actions = m_tables->actions();
+    for (QAction *action : actions)
+        action->setChecked(action->data().toString() == ChosenTable());
+}
 
 bool TableMenu::eventFilter(QObject *watched, QEvent *event)
 {

@@ -4,7 +4,9 @@
 #include <Velmora/PlainApplication.h>
 #include <Velmora/QcStyleManager.h>
 
+#include <QColor>
 #include <QCoreApplication>
+#include <QHash>
 #include <QStringList>
 
 using namespace Velmora;
@@ -13,10 +15,40 @@ namespace VelmoraDesigner {
 
 namespace {
 
-QString &Chosen()
+/// Of the table at \a path. The last of a name counts, and only colours do.
+QList<Token> TokensOf(const QString &path)
 {
-    static QString path = BuiltInTables().constFirst().path;
-    return path;
+    QList<Token> tokens;
+    QHash<QString, int> places;
+    const QStringList lines = GetFileContent(path).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QString entry = line.section(QLatin1Char(';'), 0, 0);
+        QString code = entry.section(QLatin1Char('='), 0, 0).trimmed();
+        code.remove(QChar(QChar::ByteOrderMark));
+        const QString value = entry.section(QLatin1Char('='), 1).section(QLatin1Char(','), 0, 0).remove(QLatin1Char('"')).trimmed();
+        if (code.isEmpty() || !QColor::isValidColor(value))
+            continue;
+        const Token token{code, line.section(QLatin1Char(';'), 1).trimmed()};
+        if (places.contains(code)) {
+            tokens[places.value(code)] = token;
+        } else {
+            places.insert(code, int(tokens.size()));
+            tokens.append(token);
+        }
+    }
+    return tokens;
+}
+
+struct Choice
+{
+    QString path = BuiltInTables().constFirst().path;
+    QList<Token> tokens = TokensOf(path);
+};
+
+Choice &Chosen()
+{
+    static Choice choice;
+    return choice;
 }
 
 } // namespace
@@ -31,38 +63,36 @@ QList<Table> BuiltInTables()
     };
 }
 
-void ChooseTable(const QString &path)
+bool ChooseTable(const QString &path)
 {
-    Chosen() = path;
-    QcStyleManager::GetInstance()->SetColorFilePath(path);
+    const QList<Token> tokens = TokensOf(path);
+    if (tokens.isEmpty())
+        return false;
+    const bool isAgain = path == Chosen().path;
+    Chosen().path = path;
+    Chosen().tokens = tokens;
+    QcStyleManager *manager = QcStyleManager::GetInstance();
+    if (isAgain) // which the manager would not read
+        manager->SetColorFilePath(BuiltInTables().constFirst().path);
+    manager->SetColorFilePath(path);
+    return true;
 }
 
 QString ChosenTable()
 {
-    return Chosen();
+    return Chosen().path;
 }
 
 void ServeWithTable()
 {
     const bool hasTable = QcStyleManager::GetInstance()->GetColor(ColorParams("text/text_primary")).isValid();
     if (ServePlainApplication() && !hasTable)
-        ChooseTable(Chosen());
+        ChooseTable(Chosen().path);
 }
 
 QList<Token> TokensOfChosenTable()
 {
-    QList<Token> tokens;
-    const QStringList lines = GetFileContent(Chosen()).split(QLatin1Char('\n'));
-    for (const QString &line : lines) {
-        const auto equals = line.indexOf(QLatin1Char('='));
-        const auto comment = line.indexOf(QLatin1Char(';'));
-        if (equals < 0 || (comment >= 0 && comment < equals))
-            continue;
-        QString code = line.left(equals).trimmed();
-        code.remove(QChar(QChar::ByteOrderMark));
-        tokens.append({code, comment < 0 ? QString() : line.mid(comment + 1).trimmed()});
-    }
-    return tokens;
+    return Chosen().tokens;
 }
 
 } // namespace VelmoraDesigner

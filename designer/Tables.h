@@ -14,8 +14,8 @@ struct Table
 
 QList<Table> BuiltInTables();
 
-/// The table at \a path in place of the present one.
-void ChooseTable(const QString &path);
+/// The table at \a path in place of the present one, read anew if it is that. False, and nothing changes, if it has no colours.
+bool ChooseTable(const QString &path);
 /// The one that was chosen last here.
 QString ChosenTable();
 
@@ -29,7 +29,7 @@ struct Token
     QString use; ///< what the table says of it
 };
 
-/// In the order of the table.
+/// In the order of the table as it was read when it was chosen.
 QList<Token> TokensOfChosenTable();
 
 } // namespace VelmoraDesigner

@@ -263,6 +263,14 @@
         <translation>تباين عالٍ، دا&amp;كن</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>ملف آ&amp;خر...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>لا يحتوي %1 على ألوان.</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>بحث</translation>
     </message>

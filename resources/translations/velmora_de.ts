@@ -263,6 +263,14 @@
         <translation>Hoher Kontrast, d&amp;unkel</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>Andere D&amp;atei...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>%1 enthält keine Farben.</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>Suchen</translation>
     </message>

@@ -263,6 +263,14 @@
         <translation>High contrast, d&amp;ark</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>Other &amp;file...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>%1 has no colours.</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>Search</translation>
     </message>

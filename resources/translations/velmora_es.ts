@@ -263,6 +263,14 @@
         <translation>Alto contraste, o&amp;scuro</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>Otro &amp;archivo...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>%1 no contiene colores.</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>Buscar</translation>
     </message>

@@ -263,6 +263,14 @@
         <translation>Contraste élevé, s&amp;ombre</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>Autre &amp;fichier...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>%1 ne contient aucune couleur.</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>Rechercher</translation>
     </message>

@@ -263,6 +263,14 @@
         <translation>ハイコントラスト、暗い(&amp;A)</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>別のファイル(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>%1 に色がありません。</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>検索</translation>
     </message>

@@ -263,6 +263,14 @@
         <translation>Высокая контрастность, т&amp;ёмная</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>Другой &amp;файл...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>В файле %1 нет цветов.</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>Поиск</translation>
     </message>

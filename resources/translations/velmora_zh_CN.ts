@@ -263,6 +263,14 @@
         <translation>高对比度，深色(&amp;A)</translation>
     </message>
     <message>
+        <source>Other &amp;file...</source>
+        <translation>其他文件(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>%1 has no colours.</source>
+        <translation>%1 中没有颜色。</translation>
+    </message>
+    <message>
         <source>Search</source>
         <translation>搜索</translation>
     </message>

@@ -30,20 +30,24 @@
 #include <QCursor>
 #include <QDialog>
 #include <QFile>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMetaProperty>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QUndoStack>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 using namespace Velmora;
@@ -317,6 +321,29 @@ private:
                             R"(<widget class="QWidget" name="page_2"/></widget></widget></widget>)";
         const QString dropped = DomXmlOf("Velmora::QcStackedWidget");
         return begin + dropped.mid(dropped.indexOf("<customwidgets>"));
+    }
+
+    static QList<QAction *> TableActions() { return designer->top.menuBar()->actions().at(1)->menu()->actions(); }
+
+    static void Write(const QString &path, const QByteArray &content)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    /// By the dialog that \a action opens, which is cancelled for an empty \a path. What is told then is for \a then.
+    void ChooseFile(QAction *action, const QString &path, const std::function<void()> &then = nullptr)
+    {
+        Choose(action, [&](QDialog *dialog) {
+            auto *files = qobject_cast<QFileDialog *>(dialog);
+            QVERIFY(files);
+            if (then)
+                QTimer::singleShot(0, dialog->parent(), then);
+            files->selectFile(path);
+            dialog->done(path.isEmpty() ? QDialog::Rejected : QDialog::Accepted);
+        });
+        DrainEvents();
     }
 
     void SetUp() override { QCursor::setPos(1900, 1900); } // no hover
@@ -809,12 +836,11 @@ private Q_SLOTS:
         if (!QFile::exists(TranslationsFolder() + "/velmora_de.qm"))
             QSKIP("built without translations");
         QStringList tables;
-        const auto actions = designer->top.menuBar()->actions().at(1)->menu()->actions();
+        const auto actions = TableActions();
         for (const QAction *action : actions)
             tables.append(action->text());
-        QCOMPARE(
-            tables,
-            (QStringList{"&Hell", "&Dunkel", QString::fromUtf8("Hoher Kontrast, h&ell"), QString::fromUtf8("Hoher Kontrast, d&unkel")}));
+        const QStringList expected = {"&Hell", "&Dunkel", "Hoher Kontrast, h&ell", "Hoher Kontrast, d&unkel", "", "Andere D&atei..."};
+        QCOMPARE(tables, expected);
         OpenForm("Velmora::QcFrame");
         QAction *action = ActionFor(The<QcFrame>(), "borderColorParams");
         QCOMPARE(action->text(), QString::fromUtf8("borderColorParams wählen..."));
@@ -832,8 +858,7 @@ private Q_SLOTS:
         const QList<QAction *> menus = designer->top.menuBar()->actions();
         QCOMPARE(menus.size(), 3);
         QCOMPARE(menus.at(1)->text(), QStringLiteral("Vel&mora"));
-        const QList<QAction *> tables = menus.at(1)->menu()->actions();
-        QCOMPARE(tables.size(), 4);
+        const QList<QAction *> tables = TableActions().mid(0, 4);
         QVERIFY(tables.at(0)->isChecked());
 
         OpenForm("Velmora::QcPrimaryButton");
@@ -854,6 +879,70 @@ private Q_SLOTS:
         COMPARE_COLOR(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Light, "brand/brand"));
     }
 
+    void a_table_of_ones_own_is_shown_and_its_tokens_are_offered()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath("own.ini");
+        Write(path, "; mine\nbrand/brand = #123456 ; the first\nmine/one = #abcdef, 0.5\nnone\nbrand/brand = \"#654321\" ; the last\n");
+        OpenForm("Velmora::QcPrimaryButton");
+        const QPoint corner = The<QcPrimaryButton>()->mapTo(m_form.get(), QPoint(8, 4));
+        QAction *own = TableActions().constLast();
+        ChooseFile(own, path);
+        COMPARE_COLOR(PixelAt(Render(*m_form), corner), QColor("#654321"));
+        QVERIFY(own->isChecked());
+
+        Write(path, "brand/brand = #00ff00\n");
+        ChooseFile(own, path); // once more
+        COMPARE_COLOR(PixelAt(Render(*m_form), corner), QColor("#00ff00"));
+        Write(path, "brand/brand = #654321 ; the last\nmine/one = #abcdef, 0.5\n");
+        ChooseFile(own, path);
+        QVERIFY(QFile::remove(path));
+
+        OpenForm("Velmora::QcFrame");
+        Choose(ActionFor(The<QcFrame>(), "borderColorParams"), [](QDialog *dialog) {
+            const auto *tokens = dialog->findChild<QListWidget *>("tokens");
+            QCOMPARE(tokens->count(), 2);
+            QCOMPARE(tokens->item(0)->text(), QStringLiteral("brand/brand"));
+            QCOMPARE(tokens->item(0)->toolTip(), QStringLiteral("the last"));
+            COMPARE_COLOR(tokens->item(0)->icon().pixmap(20).toImage().pixelColor(10, 5), QColor("#654321"));
+            QCOMPARE(tokens->item(1)->text(), QStringLiteral("mine/one"));
+            dialog->reject();
+        });
+        TableActions().constFirst()->trigger();
+        QVERIFY(!own->isChecked());
+        COMPARE_COLOR(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Light, "brand/brand"));
+    }
+
+    void a_file_without_colours_leaves_the_table_as_it_is_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("damaged") << QByteArray("\x01=\xff\n=\n;=#fff\nbrand/brand = #12\nbrand/brand #123456\n[brand\n").prepend('\0');
+    }
+
+    void a_file_without_colours_leaves_the_table_as_it_is()
+    {
+        QFETCH(QByteArray, content);
+        QTemporaryDir folder;
+        const QString path = folder.filePath("damaged.ini");
+        Write(path, content);
+        const QList<QAction *> tables = TableActions();
+        tables.at(1)->trigger();
+        QString told;
+        ChooseFile(tables.constLast(), path, [&] {
+            auto *message = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(message);
+            told = message->text();
+            message->accept();
+        });
+        QVERIFY2(told.contains(path), qPrintable(told));
+        QVERIFY(tables.at(1)->isChecked() && !tables.constLast()->isChecked());
+        COMPARE_COLOR(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Dark, "brand/brand"));
+        ChooseFile(tables.constLast(), QString()); // cancelled
+        QVERIFY(tables.at(1)->isChecked());
+        tables.at(0)->trigger();
+    }
+
     void a_form_looks_the_same_opened_before_and_after_its_table_was_chosen()
     {
         QFile file(FORMS "/every_control.ui");
@@ -871,6 +960,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QLocale::setDefault(QLocale::German);
     LogGuard quiet;          // the start-up facts have a test of their own

@@ -6,30 +6,39 @@
 #include <QtDesigner/QDesignerFormWindowInterface>
 #include <QtDesigner/QDesignerFormWindowManagerInterface>
 
-#include <utility>
-
 using namespace Velmora;
 
 namespace VelmoraDesigner {
 
 namespace {
 
+struct Role
+{
+    QPalette::ColorRole role;
+    const char *token;
+    const char *disabled;
+};
+
+constexpr Role kRoles[] = {
+    {QPalette::Window, "bg/bg_box", "bg/bg_box"},
+    {QPalette::Base, "bg/bg_float", "bg/bg_box"},
+    {QPalette::Button, "bg/bg_primary", "bg/bg_primary"},
+    {QPalette::WindowText, "text/text_primary", "text/text_disabled"},
+    {QPalette::Text, "text/text_primary", "text/text_disabled"},
+    {QPalette::ButtonText, "text/text_primary", "text/text_disabled"},
+    {QPalette::PlaceholderText, "text/text_secondary", "text/text_disabled"},
+};
+
 /// What plain widgets of a form need to be read on the ground of a table.
 QPalette PaletteOfTable(QPalette palette)
 {
-    constexpr std::pair<QPalette::ColorRole, const char *> kRoles[] = {
-        {QPalette::Window, "bg/bg_box"},       {QPalette::Base, "bg/bg_float"},
-        {QPalette::Button, "bg/bg_primary"},   {QPalette::WindowText, "text/text_primary"},
-        {QPalette::Text, "text/text_primary"}, {QPalette::ButtonText, "text/text_primary"},
-    };
-    for (const auto &[role, token] : kRoles) {
-        const QColor color = QcStyleManager::GetInstance()->GetColor(token);
-        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (const Role &role : kRoles) {
+            const QColor color = QcStyleManager::GetInstance()->GetColor(group == QPalette::Disabled ? role.disabled : role.token);
             if (color.isValid())
-                palette.setColor(group, role, color);
+                palette.setColor(group, role.role, color);
         }
     }
-    palette.setColor(QPalette::Disabled, QPalette::Window, palette.color(QPalette::Active, QPalette::Window));
     return palette;
 }
 

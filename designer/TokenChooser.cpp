@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Velmora;
@@ -61,6 +62,8 @@ TokenChooser::TokenChooser(const QString &code, QWidget *parent)
     Fill();
     Mark(code);
     connect(m_search, &QLineEdit::textChanged, this, &TokenChooser::ShowMatching);
+    connect(new QShortcut(Qt::Key_Down, m_search, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+            &TokenChooser::GoToList);
     connect(m_tokens, &QListWidget::currentTextChanged, m_code, &QLineEdit::setText);
     connect(m_tokens, &QListWidget::itemActivated, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -88,6 +91,18 @@ void TokenChooser::ShowMatching(const QString &words)
         QListWidgetItem *item = m_tokens->item(row);
         const QString text = item->text() + QLatin1Char(' ') + item->toolTip();
         item->setHidden(!text.contains(words.trimmed(), Qt::CaseInsensitive));
+    }
+}
+
+/// To the first token that is shown, unless the marked one is.
+void TokenChooser::GoToList()
+{
+    m_tokens->setFocus();
+    if (m_tokens->currentItem() && !m_tokens->currentItem()->isHidden())
+        return;
+    for (int row = 0; row < m_tokens->count(); ++row) {
+        if (!m_tokens->item(row)->isHidden())
+            return m_tokens->setCurrentRow(row);
     }
 }
 

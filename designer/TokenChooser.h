@@ -22,6 +22,7 @@ public:
 private:
     void Fill();
     void ShowMatching(const QString &words);
+    void GoToList();
     void Mark(const QString &code);
 
     QLineEdit *m_search;

@@ -831,6 +831,22 @@ private Q_SLOTS:
         });
     }
 
+    void a_token_is_found_and_chosen_by_the_keyboard_alone()
+    {
+        OpenForm("Velmora::QcFrame");
+        Choose(ActionFor(The<QcFrame>(), "borderColorParams"), [](QDialog *dialog) {
+            dialog->activateWindow();
+            auto *search = dialog->findChild<QLineEdit *>("search");
+            QTRY_VERIFY(search->hasFocus());
+            QTest::keyClicks(search, "red-60");
+            QTest::keyClick(search, Qt::Key_Down);
+            QVERIFY(dialog->findChild<QListWidget *>("tokens")->hasFocus());
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+            QVERIFY(!dialog->isVisible());
+        });
+        QCOMPARE(The<QcFrame>()->property("borderColorParams").toString(), QStringLiteral("base/red/red-60"));
+    }
+
     void the_plugin_speaks_the_language_of_designer_and_leaves_forms_alone()
     {
         if (!QFile::exists(TranslationsFolder() + "/velmora_de.qm"))
@@ -877,6 +893,23 @@ private Q_SLOTS:
         }
         tables.at(0)->trigger();
         COMPARE_COLOR(QcStyleManager::GetInstance()->GetColor("brand/brand"), TokenOf(Table::Light, "brand/brand"));
+    }
+
+    void plain_widgets_of_a_form_are_on_the_ground_of_the_table_enabled_or_not()
+    {
+        OpenContents(R"(<ui version="4.0"><class>Form</class><widget class="QWidget" name="Form"><property name="geometry"><rect><x>0</x>)"
+                     R"(<y>0</y><width>400</width><height>200</height></rect></property><widget class="QPushButton" name="button">)"
+                     R"(<property name="enabled"><bool>false</bool></property></widget><widget class="QLineEdit" name="edit">)"
+                     R"(<property name="geometry"><rect><x>0</x><y>50</y><width>90</width><height>30</height></rect></property>)"
+                     R"(<property name="placeholderText"><string>MMMMM</string></property></widget></widget></ui>)");
+        TableActions().at(1)->trigger();
+        DrainEvents();
+        const QImage button = Render(*m_form->mainContainer()->findChild<QWidget *>("button"));
+        QVERIFY(button.pixelColor(button.rect().center()).lightness() < 80);
+        auto *edit = m_form->mainContainer()->findChild<QLineEdit *>("edit");
+        QVERIFY(InkBox(Render(*edit).copy(edit->rect().adjusted(4, 4, -4, -4)), TokenOf(Table::Dark, "bg/bg_float")).width() > 20);
+        QCOMPARE(edit->palette().color(QPalette::PlaceholderText), TokenOf(Table::Dark, "text/text_secondary"));
+        TableActions().at(0)->trigger();
     }
 
     void a_table_of_ones_own_is_shown_and_its_tokens_are_offered()

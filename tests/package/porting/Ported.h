@@ -16,6 +16,7 @@
 
 void CheckProgram();
 void CheckLooks();
+void CheckClasses();
 void CheckButtons();
 void CheckLabels();
 void CheckFields();

@@ -12,6 +12,7 @@ int main(int argc, char **argv)
     QCursor::setPos(1900, 1900); // the offscreen platform of Qt 6 hovers what shows under the mouse
     CheckProgram();              // it initializes the application
     CheckLooks();
+    CheckClasses();
     CheckButtons();
     CheckLabels();
     CheckFields();

@@ -541,6 +541,9 @@ private Q_SLOTS:
         QCOMPARE(pages->widget(0)->objectName(), QStringLiteral("content"));
         QVERIFY(!pages->canAddWidget());
         QVERIFY(!pages->canRemove(0));
+        const PageActions actions = PageActionsOf(window);
+        QVERIFY(actions.insert && !actions.insert->isEnabled());
+        QVERIFY(actions.remove && !actions.remove->isEnabled());
         const QString saved = m_form->contents();
         QVERIFY2(saved.contains("<addpagemethod>setContentWidget</addpagemethod>"), qPrintable(saved));
         QVERIFY(saved.contains("name=\"content\""));
@@ -706,6 +709,16 @@ private Q_SLOTS:
         DrainEvents();
         COMPARE_COLOR(ground(), TokenOf(Table::Light, "base/red/red-60"));
         QVERIFY(written.match(m_form->contents()).hasMatch());
+
+        m_form->clearSelection();
+        m_form->selectWidget(button);
+        DrainEvents();
+        Manager()->action(QDesignerFormWindowManagerInterface::CopyAction)->trigger();
+        Manager()->action(QDesignerFormWindowManagerInterface::PasteAction)->trigger();
+        DrainEvents();
+        QCOMPARE(m_form->contents().count(written), 2);
+        m_form->commandHistory()->undo();
+        DrainEvents();
 
         m_form->commandHistory()->undo();
         choose("brand/brand_press");

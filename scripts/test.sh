@@ -3,6 +3,7 @@
 #
 #   format   clang-format has nothing to change
 #   dev      every test: unit and package tests, the fuzz targets' seeds, and the desktop tests under a window manager
+#   dev6     the same with Qt 6, but for what tests no code twice
 #   asan     those of dev at scale 1 under the address and undefined-behaviour sanitizers, without package and desktop tests and what compares
 #            pictures alone
 #   tsan     what uses threads, under the thread sanitizer
@@ -10,7 +11,6 @@
 #
 # Left out, because it takes long or must be looked at:
 #
-#   Qt 6              scripts/test.sh dev6: the step dev with Qt 6, but for what tests no code twice (not all of them pass yet)
 #   fuzzing           VELMORA_FUZZ=3600 scripts/test.sh fuzz: so many seconds of each target's search, under the sanitizers (needs clang)
 #   docking           VELMORA_MONKEY=100000 scripts/test.sh monkey: so many random operations, and damaged layouts, under the sanitizers
 #   coverage          cmake --preset coverage && cmake --build --preset coverage --target coverage
@@ -21,7 +21,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 steps=("$@")
-[ ${#steps[@]} -gt 0 ] || steps=(format dev asan tsan docs)
+[ ${#steps[@]} -gt 0 ] || steps=(format dev dev6 asan tsan docs)
 
 # Chains of &&: a step's result is tested, and there the shell does not stop at a failing command by itself.
 build_and_test() {

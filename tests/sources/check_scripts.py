@@ -32,7 +32,7 @@ def run(name, *arguments, **environment):
         for tool in TOOLS:
             (root / "bin").mkdir(exist_ok=True)
             os.symlink(shutil.which(tool), root / "bin" / tool)
-        for tool in ("cmake", "ctest"):
+        for tool in ("cmake", "ctest", "git", "xargs"):
             script(root / "bin" / tool, STAND_IN)
         script(root / "bin/dpkg-query", DPKG_QUERY)
         for preset in ("release", "release6"):
@@ -84,7 +84,12 @@ for arguments, value in ((("--qt", "4"), "4"), (("--qt",), ""), (("--qt=",), "")
     expect(f"gallery.sh {' '.join(arguments)} refuses it and does nothing",
            (status, said, lines) == (2, f'gallery.sh: --qt takes 5 or 6, and not "{value}"\n', []), (status, said, lines))
 
-for steps, presets, wants_qt6 in ((("dev",), ["dev"], False), (("dev", "dev6"), ["dev", "dev6"], True), (("asan", "tsan"), ["asan", "tsan"], False)):
+for steps, presets, wants_qt6 in (
+    ((), ["dev", "dev6", "asan", "tsan"], True),
+    (("dev",), ["dev"], False),
+    (("dev", "dev6"), ["dev", "dev6"], True),
+    (("asan", "tsan"), ["asan", "tsan"], False),
+):
     status, said, lines = run("test.sh", *steps)
     case = f"test.sh {' '.join(steps)}"
     expect(f"{case} succeeds", status == 0, said)

@@ -209,6 +209,29 @@ private Q_SLOTS:
         }
     }
 
+    void in_a_container_with_a_sheet_stay_palettes_from_before_the_first_show_and_sheets()
+    {
+        QWidget window;
+        QLabel painted(&window);
+        QLabel dressed(&window);
+        QPalette green;
+        green.setColor(QPalette::WindowText, Qt::green);
+        painted.setPalette(green);
+        QcStyleManager::GetInstance()->RegisterStyleSheet(&window, QStringLiteral("QLabel#another { color: ${brand/brand}; }"));
+        window.show();
+        DrainEvents();
+        dressed.setStyleSheet(QStringLiteral("color: #00ff00"));
+        for (const bool follows : {true, false}) {
+            SetPlainWidgetsFollowTable(follows);
+            for (const Table table : {Table::Dark, Table::Light}) {
+                UseTable(table);
+                DrainEvents();
+                QCOMPARE(painted.palette().color(QPalette::WindowText), QColor(Qt::green));
+                QCOMPARE(dressed.palette().color(QPalette::WindowText), QColor(Qt::green));
+            }
+        }
+    }
+
     void what_is_made_later_follows_too()
     {
         SetPlainWidgetsFollowTable(true);
